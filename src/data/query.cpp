@@ -1,0 +1,93 @@
+#include "data/query.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+namespace tarnwick {
+
+Query::Query(Connection& connection, std::string_view sql)
+    : connection_(&connection)
+    , statement_(connection.take_statement(sql))
+{
+}
+
+Query::~Query()
+{
+    if (statement_)
+        connection_->keep_statement(std::move(statement_));
+}
+
+Query::Query(Query&& other) noexcept = default;
+
+void Query::bind(int index, int value)
+{
+    statement_->bind(index, value);
+}
+
+void Query::bind(int index, bool value)
+{
+    statement_->bind(index, value ? 1 : 0);
+}
+
+void Query::bind(int index, const QString& value)
+{
+    statement_->bind(index, value.toStdString());
+}
+
+void Query::bind(int index, const QDate& value)
+{
+    if (value.isValid())
+        statement_->bind(index, value.toString(Qt::ISODate).toStdString());
+    else
+        statement_->bind(index);
+}
+
+void Query::reset()
+{
+    statement_->reset();
+    statement_->clearBindings();
+}
+
+bool Query::next()
+{
+    return statement_->executeStep();
+}
+
+int Query::run()
+{
+    return statement_->exec();
+}
+
+bool Query::is_null(int column) const
+{
+    return statement_->getColumn(column).isNull();
+}
+
+int Query::number(int column) const
+{
+    return statement_->getColumn(column).getInt();
+}
+
+Key Query::key(int column) const
+{
+    return to_int16(static_cast<double>(statement_->getColumn(column).getInt64()));
+}
+
+bool Query::flag(int column) const
+{
+    return number(column) != 0;
+}
+
+QString Query::text(int column) const
+{
+    const SQLite::Column value = statement_->getColumn(column);
+    const char* bytes = value.getText("");
+    return QString::fromUtf8(bytes, value.getBytes());
+}
+
+QDate Query::date(int column) const
+{
+    return QDate::fromString(text(column).left(10), Qt::ISODate);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,35 @@
+#include "data/runtime_error.h"
+
+#include <SQLiteCpp/Exception.h>
+
+#include <new>
+
+namespace tarnwick {
+
+runtime_error::runtime_error(int number, QString description)
+    : number_(number)
+    , description_(std::move(description))
+    , what_(description_.toStdString())
+{
+}
+
+runtime_error current_error()
+{
+    constexpr int out_of_memory = 7;
+    constexpr int application_defined = 440;
+    try {
+        throw;
+    } catch (const runtime_error& error) {
+        return error;
+    } catch (const SQLite::Exception& error) {
+        return {error.getErrorCode(), QString::fromUtf8(error.what())};
+    } catch (const std::bad_alloc&) {
+        return {out_of_memory, QStringLiteral("Out of memory")};
+    } catch (const std::exception& error) {
+        return {application_defined, QString::fromUtf8(error.what())};
+    } catch (...) {
+        return {application_defined, QStringLiteral("Application-defined or object-defined error")};
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <cstdint>
+
+namespace tarnwick {
+
+/// A record key, 16-bit as in every table. 0 and negative values are sentinels.
+using Key = std::int16_t;
+
+/// The text without leading and trailing blanks; tabs and line ends stay.
+QString trim(QStringView text);
+
+/// The number at the start of a text, blanks ignored; 0 when there is none.
+double val(QStringView text);
+
+/// A number as 16-bit integer, rounded half to even. Throws error 6 outside -32768 to 32767.
+Key to_int16(double number);
+
+/// The leading number of a text as 16-bit integer. Throws error 6 as above.
+Key to_int16(QStringView text);
+
+/// The four digits of a key in a node key, "0000" to "9999"; empty for any other number.
+QString key_str(int key);
+
+/// The record key in the last four characters of a node key.
+Key record_key(QStringView node_key);
+
+/// Removes every apostrophe from the text in place, and returns the result as well.
+QString strip_apostrophes(QString& text);
+
+/// The text, or one blank where it is empty: fields of the tables that must not be empty.
+QString or_blank(const QString& text);
+
+} // namespace tarnwick

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "data/connection.h"
+#include "data/text.h"
+
+#include <vector>
+#include <optional>
+
+namespace tarnwick {
+
+/// The ways to clear a list. The numbers are those of `clear_list`.
+namespace clear_mode {
+inline constexpr int uncheck = 1;
+inline constexpr int delete_unchecked = 2;
+inline constexpr int delete_all = 3;
+} // namespace clear_mode
+
+/// A stock item that stays behind list rows that changed or went, and its new status code.
+struct ItemStatus {
+    Key item;
+    int status;
+};
+
+/// Whether a clearing in this mode, 1 to 3, finds rows on the list.
+bool has_rows_to_clear(Connection& connection, Key list, int mode);
+
+/// Clears a list in mode 1 to 3 and repairs `tie`, in one transaction; without rows nothing is written.
+/// Returns each stock item behind the rows once, if it still exists. Throws SQLite::Exception.
+std::vector<ItemStatus> clear_rows(Connection& connection, Key list, int mode);
+
+/// Deletes one list row with its link and repairs `tie`, in one transaction. Returns the stock item
+/// behind it; nothing when the row had no link. Throws SQLite::Exception.
+std::optional<ItemStatus> remove_list_row(Connection& connection, Key groc_key);
+
+} // namespace tarnwick

@@ -1,0 +1,22 @@
+#include "stock/category_store.h"
+
+#include "data/keys.h"
+#include "data/query.h"
+
+namespace tarnwick {
+
+bool category_name_taken(Connection& connection, const QString& name)
+{
+    return Query(connection, "SELECT key_id FROM cat WHERE cat.cat_desc LIKE ?", name).next();
+}
+
+Key insert_category(Connection& connection, const QString& name)
+{
+    Transaction transaction(connection);
+    const Key key = get_node(connection, Table::cat);
+    Query(connection, "INSERT INTO cat (key_id, cat_desc, expand) VALUES (?, ?, 0)", key, name).run();
+    transaction.commit();
+    return key;
+}
+
+} // namespace tarnwick

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "data/connection.h"
+#include "data/text.h"
+
+#include <QString>
+
+namespace tarnwick {
+
+/// Whether a category has a name that matches this one, case-blind and with `%` and `_` as patterns.
+bool category_name_taken(Connection& connection, const QString& name);
+
+/// Makes a closed category. Returns its key. Throws error 6 when the keys are used up.
+Key insert_category(Connection& connection, const QString& name);
+
+} // namespace tarnwick

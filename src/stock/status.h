@@ -1,0 +1,60 @@
+#pragma once
+
+#include "data/connection.h"
+#include "data/text.h"
+
+#include <QString>
+
+namespace tarnwick {
+
+/// How a stock item stands with the shopping lists. The numbers are the tree's pictures as well.
+namespace status_code {
+inline constexpr int unlisted = 5;
+inline constexpr int inactive = 6;
+inline constexpr int buy_it = 7;
+inline constexpr int buy_it_plus = 8;
+inline constexpr int non_stock = 9;
+} // namespace status_code
+
+/// Resource numbers of the lights and boxes on the page colour 0; the colour index is added to them.
+namespace picture_base {
+inline constexpr int check_off = 113;
+inline constexpr int coupon_off = 117;
+inline constexpr int check_on = 122;
+inline constexpr int coupon_on = 126;
+inline constexpr int check_plus = 130;
+inline constexpr int light_non_stock = 171;
+inline constexpr int light_unlisted = 175;
+inline constexpr int light_on = 179;
+inline constexpr int light_off = 183;
+} // namespace picture_base
+
+/// The light and the box that stand for a status code.
+struct StatusPictures {
+    int light;
+    int check;
+    bool check_enabled;
+};
+
+/// The pictures of a code 5 to 9; Non-stock for any other.
+StatusPictures status_pictures(int code);
+
+/// The true status code of a stock item, computed from its list rows.
+int lite_status(Connection& connection, Key item);
+
+/// The status of a stock item in words: its lists and its category, joined by " :: ".
+QString get_status(Connection& connection, Key item);
+
+/// The item's name, " - " and its status in words; names of one character are left out.
+QString get_ttt(Connection& connection, Key item);
+
+/// The name of a stock item; empty when there is none.
+QString get_ingred_name(Connection& connection, Key item);
+
+/// The name of a shopping list; "All" when the key has no row.
+QString get_list_name(Connection& connection, Key list);
+
+/// Words for the compact form of list states: pairs of a mark ("1" inactive) and a one-digit list key.
+QString trans_status(Connection& connection, const QString& status);
+
+} // namespace tarnwick
