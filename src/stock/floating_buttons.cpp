@@ -1,0 +1,236 @@
+#include "stock/floating_buttons.h"
+
+#include "app/frmmain.h"
+#include "lists/list_grid.h"
+#include "lists/list_pane.h"
+#include "lists/lists.h"
+#include "lists/placing.h"
+#include "lists/row_editor.h"
+#include "recipes/recipe_page.h"
+#include "shell/layout.h"
+#include "shell/pictures.h"
+#include "shell/tree_view.h"
+#include "stock/status.h"
+#include "stock/stock_store.h"
+#include "stock/stock_tree.h"
+#include "shell/tool_tip.h"
+
+#include <QApplication>
+#include <QToolButton>
+
+#include <cmath>
+
+namespace tarnwick {
+namespace {
+
+constexpr int add_to_list = 0;
+constexpr int add_to_page = 1;
+constexpr int locate_row = 2;
+
+constexpr int first_picture = 147;
+constexpr int side = 18; // pixels
+constexpr int left_of_text = 60; // pixels
+constexpr int least_indent = 60; // pixels: 900 twips; further left the button would leave the pane
+constexpr int full_view_margin = 100; // twips
+
+/// Pixels from the top of a row to its button.
+int button_offset(int type_size)
+{
+    const int twips = type_size == 12 ? 90 : type_size == 10 ? 70 : 40;
+    return static_cast<int>(std::lround(static_cast<double>(twips) / Layout::twips_per_pixel));
+}
+
+bool is_unlisted(const QTreeWidgetItem& node)
+{
+    return TreeView::tag(&node) == QString::number(status_code::unlisted);
+}
+
+} // namespace
+
+FloatingButtons::FloatingButtons(frmmain& main, QWidget* parent)
+    : main_(main)
+{
+    for (size_t i = 0; i < buttons_.size(); ++i) {
+        const int index = static_cast<int>(i);
+        auto* button = new QToolButton(parent);
+        buttons_[i] = button;
+        button->setObjectName(QStringLiteral("flt_btn(%1)").arg(i));
+        button->setIcon(picture_icon(first_picture + index));
+        button->setIconSize(picture_size(first_picture + index));
+        button->setFixedSize(side, side);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::NoFocus);
+        button->setCursor(Qt::ArrowCursor);
+        button->hide();
+        connect(button, &QToolButton::clicked, this, [this, index] { clicked(index); });
+    }
+}
+
+void FloatingButtons::hide_all()
+{
+    for (QToolButton* button : buttons_)
+        button->hide();
+}
+
+void FloatingButtons::hide(int index)
+{
+    button(index).hide();
+}
+
+void FloatingButtons::set_rest(int left)
+{
+    for (const int index : {add_to_list, add_to_page})
+        button(index).move(left, button(index).y());
+}
+
+void FloatingButtons::tree_lost_focus()
+{
+    const QWidget* now = QApplication::focusWidget();
+    for (const QToolButton* button : buttons_) {
+        if (now == button)
+            return;
+    }
+    hide(add_to_list);
+    hide(add_to_page);
+}
+
+void FloatingButtons::show_for(QTreeWidgetItem& node)
+{
+    const TreeView& tree = main_.stock_tree().view();
+    const int indent = main_.stock_tree().get_indent();
+    const int topdent = main_.stock_tree().get_topdent();
+    const int rows_height = tree.get_visible_count() * tree.row_height();
+    if ((topdent - tree.y()) * Layout::twips_per_pixel + full_view_margin
+        >= rows_height * Layout::twips_per_pixel) {
+        hide(add_to_list);
+        hide(add_to_page);
+        return;
+    }
+    const int top = topdent + button_offset(main_.shared.type_size);
+    if (!main_.shared.list_pane_shown)
+        show_recipe_button(node, indent, top);
+    else if (is_unlisted(node))
+        show_list_button(node, indent, top);
+    else
+        show_locate_button(node, indent, top);
+}
+
+void FloatingButtons::show_recipe_button(QTreeWidgetItem& node, int indent, int top)
+{
+    hide(add_to_list);
+    hide(locate_row);
+    const Key item = record_key(TreeView::key(&node));
+    if (indent <= least_indent || main_.recipe_page().shows_item(item)) {
+        hide(add_to_page);
+        return;
+    }
+    show_at(add_to_page, indent, top,
+            QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to ") + main_.shared.cur_recipe_name
+                + QStringLiteral(" recipe"));
+}
+
+void FloatingButtons::show_locate_button(QTreeWidgetItem& node, int indent, int top)
+{
+    hide(add_to_list);
+    hide(add_to_page);
+    if (indent <= least_indent) {
+        hide(locate_row);
+        return;
+    }
+    if (main_.row_editor().is_open())
+        return;
+    show_at(locate_row, indent, top,
+            QStringLiteral("Locate ") + node.text(0) + QStringLiteral(" on shopping lists"));
+}
+
+void FloatingButtons::show_list_button(QTreeWidgetItem& node, int indent, int top)
+{
+    hide(locate_row);
+    hide(add_to_page);
+    const Key list = main_.shared.current_list;
+    if (indent <= least_indent || list < 1) {
+        hide(add_to_list);
+        return;
+    }
+    show_at(add_to_list, indent, top,
+            QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to ") + get_list_name(main_.connection(), list)
+                + QStringLiteral(" list"));
+}
+
+void FloatingButtons::show_for_recipe(QTreeWidgetItem& node)
+{
+    hide_all();
+    const StockTree& tree = main_.stock_tree();
+    show_at(add_to_page, tree.get_indent(), tree.get_topdent() + button_offset(main_.shared.type_size),
+            QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to recipe"));
+}
+
+void FloatingButtons::show_at(int index, int indent, int top, const QString& tool_tip)
+{
+    QToolButton& shown = button(index);
+    shown.setToolTip(plain_tool_tip(tool_tip));
+    shown.move(indent - left_of_text, top);
+    shown.raise();
+    shown.show();
+}
+
+QTreeWidgetItem* FloatingButtons::selected_item() const
+{
+    QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    return node && TreeView::key(node).startsWith(QLatin1String("item")) ? node : nullptr;
+}
+
+void FloatingButtons::clicked(int index)
+{
+    if (index == add_to_list)
+        place_on_list();
+    else if (index == add_to_page)
+        add_to_recipe();
+    else
+        locate();
+}
+
+void FloatingButtons::place_on_list()
+{
+    hide(add_to_list);
+    const QTreeWidgetItem* node = selected_item();
+    if (!node || !is_unlisted(*node))
+        return;
+    main_.placing().stock_to_list(record_key(TreeView::key(node)));
+    main_.shared.editor_mode = edit_mode::place_item;
+    hide_all();
+}
+
+void FloatingButtons::add_to_recipe()
+{
+    constexpr int from_tree = 1;
+    hide(add_to_page);
+    const QTreeWidgetItem* node = selected_item();
+    if (!node)
+        return;
+    main_.shared.placing_source = from_tree;
+    main_.recipe_page().drag_ingred(node->text(0));
+}
+
+void FloatingButtons::locate()
+{
+    if (main_.shared.list_pane_shown)
+        main_.row_editor().lv_edit_off();
+    const auto tied = first_tied_row(main_.connection(), main_.shared.item_in_work);
+    hide(locate_row);
+    if (!tied)
+        return;
+    if (!main_.shared.all_lists_view && tied->list_key != main_.shared.current_list) {
+        main_.shared.current_list = tied->list_key;
+        main_.lists().set_mnu_lists();
+    }
+    ListGrid& grid = main_.list_pane().grid();
+    const int row = grid.rows().find_row(tied->groc_key);
+    if (row < 0)
+        return;
+    grid.set_current(row, grid_column::item);
+    grid.set_top_row(std::max(0, row - grid.rows_in_view() / 2));
+    grid.rows().change_row(row, [](GridRow& located) { located.located = true; });
+}
+
+} // namespace tarnwick

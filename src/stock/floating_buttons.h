@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QObject>
+
+#include <array>
+
+class QToolButton;
+class QTreeWidgetItem;
+class QWidget;
+
+namespace tarnwick {
+
+class frmmain;
+
+/// The small buttons `flt_btn` beside the selected stock item: add to the list, add to the recipe,
+/// locate on the lists.
+class FloatingButtons : public QObject {
+    Q_OBJECT
+public:
+    FloatingButtons(frmmain& main, QWidget* parent);
+
+    QToolButton& button(int index) { return *buttons_.at(static_cast<size_t>(index)); }
+    void hide_all();
+    void hide(int index);
+
+    /// Resting places of the tree's load: pixels from the left of the central area.
+    void set_rest(int left);
+
+    /// Shows the buttons that fit the item under the selection, after a click on its row.
+    void show_for(QTreeWidgetItem& node);
+
+    /// Shows the recipe button beside an item's node, for a new item that was put on no list.
+    void show_for_recipe(QTreeWidgetItem& node);
+
+    /// Hides the first two after the tree lost the focus, unless one of the buttons took it.
+    void tree_lost_focus();
+
+private:
+    void clicked(int index);
+    void show_recipe_button(QTreeWidgetItem& node, int indent, int top);
+    void show_locate_button(QTreeWidgetItem& node, int indent, int top);
+    void show_list_button(QTreeWidgetItem& node, int indent, int top);
+    void show_at(int index, int indent, int top, const QString& tool_tip);
+    void place_on_list();
+    void add_to_recipe();
+    void locate();
+    QTreeWidgetItem* selected_item() const;
+
+    frmmain& main_;
+    std::array<QToolButton*, 3> buttons_{};
+};
+
+} // namespace tarnwick

@@ -1,0 +1,265 @@
+#include "stock/stock_tree.h"
+
+#include "app/busy_pointer.h"
+#include "app/frmmain.h"
+#include "shell/toolbar.h"
+#include "shell/tree_view.h"
+#include "shell/view_state.h"
+#include "stock/floating_buttons.h"
+#include "stock/status.h"
+#include "stock/stock_commands.h"
+#include "stock/stock_store.h"
+
+#include <QHash>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace tarnwick {
+namespace {
+
+constexpr int category_closed = 1;
+constexpr int category_open = 2;
+constexpr int other_closed = 3;
+constexpr int other_open = 4;
+constexpr int rest_by_category = 47; // pixels: 700 twips
+constexpr int rest_by_name = 10; // pixels: 150 twips
+const QColor other_color(255, 0, 0);
+
+QString item_key(Key item)
+{
+    return QStringLiteral("item") + key_str(item);
+}
+QString category_key(Key category)
+{
+    return QStringLiteral("cat") + key_str(category);
+}
+
+int folder_picture(bool other, bool open)
+{
+    if (other)
+        return open ? other_open : other_closed;
+    return open ? category_open : category_closed;
+}
+
+} // namespace
+
+StockTree::StockTree(frmmain& main, TreeView& tree, FloatingButtons& buttons)
+    : main_(main)
+    , tree_(tree)
+    , buttons_(buttons)
+{
+    connect_events();
+}
+
+void StockTree::connect_events()
+{
+    connect(&tree_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* node) { expanded(node, true); });
+    connect(&tree_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* node) { expanded(node, false); });
+    connect(&tree_, &TreeView::node_click, this, &StockTree::node_click);
+    connect(&tree_, &TreeView::mouse_down, this, &StockTree::mouse_down);
+    connect(&tree_, &TreeView::mouse_up, this, &StockTree::mouse_up);
+    connect(&tree_, &TreeView::key_down, this, &StockTree::key_down);
+    connect(&tree_, &TreeView::key_up, this, &StockTree::key_up);
+    connect(&tree_, &TreeView::got_focus, &buttons_, &FloatingButtons::hide_all);
+    connect(&tree_, &TreeView::lost_focus, &buttons_, &FloatingButtons::tree_lost_focus);
+    connect(tree_.verticalScrollBar(), &QScrollBar::valueChanged, &buttons_, &FloatingButtons::hide_all);
+    connect(&tree_, &TreeView::before_label_edit, this, [](QTreeWidgetItem* node, bool& cancel) {
+        const QString key = TreeView::key(node);
+        cancel = key == QLatin1String("cat0000") || key == QLatin1String("ns");
+    });
+    connect(&tree_, &TreeView::after_label_edit, this,
+            [this](QTreeWidgetItem* node, const QString& text, bool& cancel) {
+                cancel = !main_.stock_commands().after_label_edit(*node, text);
+            });
+}
+
+void StockTree::tv_load(bool alpha)
+{
+    const BusyPointer busy;
+    const QScopedValueRollback quiet(quiet_, true);
+    const bool had_focus = tree_.hasFocus();
+    tree_.hide();
+    tree_.clear_nodes();
+    tree_.set_flat(alpha);
+    buttons_.set_rest(alpha ? rest_by_name : rest_by_category);
+    if (!alpha)
+        load_folders();
+    load_items(alpha);
+    open_folders();
+    main_.toolbar().widget().update();
+    tree_.show();
+    if (had_focus)
+        tree_.setFocus();
+}
+
+/// Adds the folders. What holds an item is marked open as stored; it opens when the items are there.
+void StockTree::load_folders()
+{
+    open_at_load_.clear();
+    prepare_folders(main_.connection());
+    QList<QTreeWidgetItem*> folders;
+    const auto categories = read_categories(main_.connection());
+    int nodes = static_cast<int>(categories.size());
+    for (const CatalogueFolder& category : categories)
+        nodes += category.items;
+    tree_.reserve_nodes(nodes);
+    for (const CatalogueFolder& category : categories) {
+        const bool other = category.key == 0;
+        const bool open = category.expand && category.items > 0;
+        const int picture = other && category.items == 0 ? 0 : folder_picture(other, open);
+        const QString key = category_key(category.key);
+        QTreeWidgetItem* node = tree_.make_node(key, other ? QStringLiteral("OTHER") : category.name, picture,
+                                                picture > 0 ? QString::number(picture) : QString());
+        if (other && category.items > 0)
+            node->setForeground(0, other_color);
+        if (open && !other)
+            open_at_load_.push_back(key);
+        folders.append(node);
+    }
+    tree_.addTopLevelItems(folders);
+}
+
+/// Adds the items folder by folder in one piece each; the query has them in name order already.
+void StockTree::load_items(bool alpha)
+{
+    QList<QTreeWidgetItem*> flat;
+    QHash<Key, QList<QTreeWidgetItem*>> by_category;
+    const auto take = [&](const CatalogueItem& item) {
+        if (!alpha && !category_node(item.category))
+            return;
+        QTreeWidgetItem* node
+            = tree_.make_node(item_key(item.key), item.name, item.status, QString::number(item.status));
+        (alpha ? flat : by_category[item.category]).append(node);
+    };
+    try {
+        read_items(main_.connection(), take);
+    } catch (...) {
+        // Nodes that have no place in the tree yet belong to nobody.
+        tree_.clear_nodes();
+        qDeleteAll(flat);
+        for (const auto& nodes : std::as_const(by_category))
+            qDeleteAll(nodes);
+        throw;
+    }
+    tree_.addTopLevelItems(flat);
+    for (auto folder = by_category.cbegin(); folder != by_category.cend(); ++folder)
+        category_node(folder.key())->addChildren(folder.value());
+}
+
+void StockTree::open_folders()
+{
+    for (const QString& key : open_at_load_) {
+        QTreeWidgetItem& folder = tree_.require_node(key);
+        if (folder.childCount() > 0)
+            folder.setExpanded(true);
+    }
+    open_at_load_.clear();
+}
+
+void StockTree::tv_refresh(Key item)
+{
+    tree_.set_picture(&tree_.require_node(item_key(item)), plain_status(main_.connection(), item));
+}
+
+void StockTree::close_folders()
+{
+    {
+        const QScopedValueRollback quiet(quiet_, true);
+        for (int i = 0; i < tree_.topLevelItemCount(); ++i) {
+            QTreeWidgetItem* folder = tree_.topLevelItem(i);
+            if (folder->isExpanded()) {
+                folder->setExpanded(false);
+                tree_.set_picture(folder, folder_picture(folder == category_node(0), false));
+            }
+        }
+    }
+    store_all_closed(main_.connection());
+    main_.view_state().set_mnu_stock();
+}
+
+void StockTree::expanded(QTreeWidgetItem* node, bool open)
+{
+    if (main_.shared.form_loading || quiet_)
+        return;
+    const QString key = TreeView::key(node);
+    tree_.set_picture(node, folder_picture(key == QLatin1String("cat0000"), open));
+    store_expand(main_.connection(), record_key(key), open);
+}
+
+QTreeWidgetItem* StockTree::item_node(Key item) const
+{
+    return tree_.node(item_key(item));
+}
+
+QTreeWidgetItem* StockTree::category_node(Key category) const
+{
+    return tree_.node(category_key(category));
+}
+
+void StockTree::set_item_picture(Key item, int code, bool tag_too)
+{
+    QTreeWidgetItem* node = item_node(item);
+    if (!node)
+        return;
+    tree_.set_picture(node, code);
+    if (tag_too)
+        TreeView::set_tag(node, QString::number(code));
+}
+
+void StockTree::show_status_if_selected(Key item)
+{
+    const QTreeWidgetItem* node = tree_.selected();
+    if (node && node == item_node(item))
+        main_.set_status(get_status(main_.connection(), item));
+}
+
+void StockTree::add_category_node(Key category, const QString& name)
+{
+    if (main_.shared.stock_alpha)
+        return;
+    const bool other_last = category_node(0) != nullptr;
+    const int place = tree_.place_of(nullptr, name, tree_.topLevelItemCount() - (other_last ? 1 : 0));
+    QTreeWidgetItem* node = tree_.insert_node(nullptr, place, category_key(category), name, category_closed,
+                                              QString::number(category_closed));
+    tree_.select(node);
+    tree_.ensure_visible(node);
+}
+
+QTreeWidgetItem* StockTree::add_item_node(Key item, Key category, const QString& name, int code)
+{
+    QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &tree_.require_node(category_key(category));
+    const int count = folder ? folder->childCount() : tree_.topLevelItemCount();
+    QTreeWidgetItem* node = tree_.insert_node(folder, tree_.place_of(folder, name, count), item_key(item), name,
+                                              code, QString::number(code));
+    tree_.select(node);
+    tree_.ensure_visible(node);
+    return node;
+}
+
+void StockTree::move_item_node(Key item, Key category)
+{
+    QTreeWidgetItem* node = item_node(item);
+    if (!node || tree_.is_flat())
+        return;
+    tree_.move_node(node, &tree_.require_node(category_key(category)));
+    tree_.ensure_visible(node);
+    tree_.select(node);
+}
+
+int StockTree::get_indent() const
+{
+    const QTreeWidgetItem* node = tree_.selected();
+    const QRect text = node ? tree_.text_rect(node) : QRect();
+    return text.isNull() ? 0 : tree_.x() + text.left();
+}
+
+int StockTree::get_topdent() const
+{
+    const QTreeWidgetItem* node = tree_.selected();
+    const QRect text = node ? tree_.text_rect(node) : QRect();
+    return text.isNull() ? 0 : tree_.y() + text.top();
+}
+
+} // namespace tarnwick

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "data/text.h"
+
+#include <QObject>
+#include <QPoint>
+
+#include <vector>
+
+class QTreeWidgetItem;
+
+namespace tarnwick {
+
+class frmmain;
+class FloatingButtons;
+class TreeView;
+
+/// The stock tree `TreeView1(0)`: its load, its events and the pictures of its items.
+class StockTree : public QObject {
+    Q_OBJECT
+public:
+    StockTree(frmmain& main, TreeView& tree, FloatingButtons& buttons);
+
+    TreeView& view() { return tree_; }
+
+    /// Rebuilds the tree: folders with their items, or one flat list when `alpha`.
+    void tv_load(bool alpha);
+
+    /// Sets one item's picture from its list rows: 5, 6 or 7.
+    void tv_refresh(Key item);
+
+    /// Closes every folder and stores that.
+    void close_folders();
+
+    /// The node of a stock item or a category; none when the tree does not hold it.
+    QTreeWidgetItem* item_node(Key item) const;
+    QTreeWidgetItem* category_node(Key category) const;
+
+    /// Sets the picture of an item's node, and its Tag too when asked. No node: nothing.
+    void set_item_picture(Key item, int code, bool tag_too);
+
+    /// Writes an item's status into the first status panel, when its node is the selected one.
+    void show_status_if_selected(Key item);
+
+    /// Adds a node for a new category in its place by name, selects and shows it. Category view only.
+    void add_category_node(Key category, const QString& name);
+
+    /// Adds a node for a stock item under its category, or at root level in the flat view, at its place
+    /// by name; selects and shows it.
+    QTreeWidgetItem* add_item_node(Key item, Key category, const QString& name, int code);
+
+    /// Moves an item's node to another folder; keeps picture and Tag.
+    void move_item_node(Key item, Key category);
+
+    /// Left and top of the selected row's text, pixels in the window's central area; 0 without one.
+    int get_indent() const;
+    int get_topdent() const;
+
+    /// The press on the tree that is not released yet, and where the last one happened (viewport).
+    bool tree_mouse_down() const { return tree_mouse_down_; }
+    void clear_mouse_down() { tree_mouse_down_ = false; }
+    QPoint tree_down() const { return tree_down_; }
+
+private:
+    void connect_events();
+    void load_folders();
+    void load_items(bool alpha);
+    void open_folders();
+    void expanded(QTreeWidgetItem* node, bool open);
+    void node_click(QTreeWidgetItem* node);
+    void mouse_down(Qt::MouseButton button, QPoint position);
+    void mouse_up(Qt::MouseButton button, QPoint position);
+    void key_down(int key);
+    void key_up(int key);
+    void show_item_menus(const QTreeWidgetItem& node);
+    void show_list_captions(const QString& text);
+    void show_category_menus(const QTreeWidgetItem& node);
+    void show_status_of(const QTreeWidgetItem& node);
+
+    /// The click on an item's check box. False ends the handling of the release.
+    bool click_box(QTreeWidgetItem& node);
+    bool hits_box(int x) const;
+    void activate(QTreeWidgetItem& node, Key item);
+    void inactivate(QTreeWidgetItem& node, Key item);
+    void common_refresh(Key item, Key groc_key, Key list_key, int code);
+
+    frmmain& main_;
+    TreeView& tree_;
+    FloatingButtons& buttons_;
+    bool tree_mouse_down_ = false;
+    QPoint tree_down_;
+    std::vector<QString> open_at_load_; ///< keys of folders that a load opens once they hold their items
+    bool quiet_ = false; ///< folders open and close without being stored
+};
+
+} // namespace tarnwick
