@@ -1,0 +1,44 @@
+#pragma once
+
+#include "data/text.h"
+
+#include <QString>
+#include <QStringView>
+
+namespace tarnwick {
+
+/// The columns of a list grid, in the main window and in the item editor alike.
+namespace grid_column {
+inline constexpr int light = 0;
+inline constexpr int check = 1;
+inline constexpr int item = 2;
+inline constexpr int desc = 3;
+inline constexpr int qty = 4;
+inline constexpr int coupon = 5;
+inline constexpr int date = 6;
+inline constexpr int aisle = 7;
+inline constexpr int count = 8;
+} // namespace grid_column
+
+/// Dates as the screen shows them.
+inline constexpr QStringView screen_date_format = u"M/d/yyyy";
+
+/// One row of a grid with its keys: the grid's own record, so that rows and mirror cannot part.
+struct GridRow {
+    Key groc_key = 0; ///< `groc_1.key_id`; the grid's RowData
+    Key list_key = 0; ///< the list that the row stands on
+    Key item_key = 0; ///< the stock item behind it
+    bool to_get = false; ///< the row's buy-it mark
+    int light = 0; ///< picture base numbers of cells 0, 1 and 5; 0 for no picture
+    int check = 0;
+    int coupon = 0;
+    QString item;
+    QString desc;
+    QString qty;
+    QString date; ///< coupon expiry as on the screen, M/d/yyyy; one blank without a coupon
+    QString aisle;
+    bool bold = false; ///< cell 2 is bold: the row is being edited
+    bool located = false; ///< the row was looked up from the tree: its name is red
+};
+
+} // namespace tarnwick

@@ -1,0 +1,161 @@
+#include "lists/list_mouse.h"
+
+#include "app/frmmain.h"
+#include "app/update_lock.h"
+#include "lists/clearing.h"
+#include "lists/header_bar.h"
+#include "lists/list_grid.h"
+#include "lists/list_pane.h"
+#include "lists/placing.h"
+#include "lists/row_editor.h"
+#include "shell/commands.h"
+#include "stock/l_item_edit.h"
+
+#include <QMenu>
+
+namespace tarnwick {
+namespace {
+
+namespace key_code {
+constexpr int up = 38;
+constexpr int down = 40;
+constexpr int remove = 46;
+} // namespace key_code
+
+/// In the all-lists view a row's own list stands in for the current one while the row is worked on.
+class RowList {
+public:
+    RowList(SharedValues& shared, Key list_key)
+        : shared_(shared)
+        , all_lists_(shared.all_lists_view)
+    {
+        if (all_lists_)
+            shared_.current_list = list_key;
+    }
+    ~RowList()
+    {
+        if (all_lists_)
+            shared_.current_list = 0;
+    }
+    RowList(const RowList&) = delete;
+    RowList& operator=(const RowList&) = delete;
+
+private:
+    SharedValues& shared_;
+    bool all_lists_;
+};
+
+} // namespace
+
+ListMouse::ListMouse(frmmain& main)
+    : main_(main)
+{
+    connect(&grid(), &ListGrid::mouse_down, this, &ListMouse::mouse_down);
+    connect(&grid(), &ListGrid::mouse_up, this, &ListMouse::mouse_up);
+    connect(&grid(), &ListGrid::key_down, this, &ListMouse::lv1_keyhandler);
+    connect(&main_.commands(), &Commands::edit_row_wanted, this, [this] { edit_row(grid().current_row()); });
+    connect(&main_.commands(), &Commands::remove_row_wanted, this, [this] { remove_row(grid().current_row()); });
+    connect(&main_.list_pane().header(), &HeaderBar::separator_moved, &main_.row_editor(), &RowEditor::place_again);
+}
+
+ListGrid& ListMouse::grid()
+{
+    return main_.list_pane().grid();
+}
+
+void ListMouse::mouse_down(Qt::MouseButton button, QPoint position)
+{
+    pressed_row_ = grid().row_at(position.y());
+    pressed_column_ = grid().columnAt(position.x());
+    if (pressed_row_ < 0 || button != Qt::RightButton)
+        return;
+    grid().set_current(pressed_row_, grid_column::item);
+    main_.row_editor().lv_edit_off();
+    main_.row_editor().mark_row(pressed_row_);
+    main_.shared.item_in_work = grid().rows().row(pressed_row_).item_key;
+}
+
+void ListMouse::mouse_up(Qt::MouseButton button, QPoint position)
+{
+    if (grid().current_row() < 0)
+        return;
+    if (button == Qt::RightButton) {
+        if (grid().row_at(position.y()) >= 0)
+            main_.placing().show_row_status(grid().current_row());
+        main_.commands().menu(QStringLiteral("mnu_lv")).popup(grid().viewport()->mapToGlobal(position));
+        return;
+    }
+    if (grid().row_at(position.y()) < 0 || pressed_row_ < 0) {
+        main_.row_editor().lv_edit_off();
+        return;
+    }
+    int width = 0;
+    for (int column = 0; column < grid_column::count; ++column)
+        width += grid().col_width(column);
+    if (position.x() > width - 2 || pressed_column_ < 0)
+        return;
+    row_clicked(button);
+}
+
+void ListMouse::row_clicked(Qt::MouseButton button)
+{
+    const UpdateLock lock(main_);
+    const int row = grid().current_row();
+    const int column = grid().current_col();
+    const bool left = button == Qt::LeftButton;
+    RowEditor& editor = main_.row_editor();
+    {
+        const GridRow& clicked = grid().rows().row(row);
+        const RowList row_list(main_.shared, clicked.list_key);
+        if (left && column == grid_column::coupon)
+            editor.switch_coupon(row, trim(clicked.date).isEmpty());
+        main_.placing().show_row_status(row);
+        if (left && column == grid_column::check)
+            main_.placing().toggle_buy_it(row);
+    }
+    if (left && column >= grid_column::item)
+        editor.show_l_line();
+    grid().set_current(row, grid_column::item);
+}
+
+void ListMouse::lv1_keyhandler(int key)
+{
+    const int row = grid().current_row();
+    if (row < 0)
+        return;
+    if (key == key_code::remove)
+        remove_row(row);
+    else if (key == key_code::up && row > 0)
+        move_to(row - 1);
+    else if (key == key_code::down && row < grid().rows().rows() - 1)
+        move_to(row + 1);
+}
+
+void ListMouse::move_to(int row)
+{
+    grid().set_current(row, grid_column::item);
+    main_.placing().show_row_status(row);
+    main_.row_editor().show_l_line();
+}
+
+void ListMouse::edit_row(int row)
+{
+    if (row < 0)
+        return;
+    const GridRow& chosen = grid().rows().row(row);
+    main_.shared.item_in_work = chosen.item_key;
+    main_.shared.last_groc_key = chosen.groc_key;
+    main_.shared.editor_mode = edit_mode::edit_item;
+    show_item_editor(main_);
+}
+
+void ListMouse::remove_row(int row)
+{
+    if (row < 0)
+        return;
+    const Key key = grid().rows().row(row).groc_key;
+    main_.shared.last_groc_key = key;
+    main_.clearing().groc_del(key, true, true);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,331 @@
+#include "lists/list_pane.h"
+
+#include "app/frmmain.h"
+#include "app/update_lock.h"
+#include "lists/column_layout.h"
+#include "lists/header_bar.h"
+#include "lists/list_grid.h"
+#include "lists/list_store.h"
+#include "lists/row_editor.h"
+#include "shell/commands.h"
+#include "shell/layout.h"
+#include "shell/pictures.h"
+#include "shell/toolbar.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QFrame>
+#include <QHash>
+#include <QLabel>
+#include <QTabBar>
+#include <QTextBrowser>
+#include <QTextDocument>
+#include <QTextOption>
+
+#include <algorithm>
+#include <array>
+
+namespace tarnwick {
+namespace {
+
+constexpr int notice_picture_number = 167;
+
+struct ColumnGroup {
+    const char* setting;
+    const char* command;
+    const char* caption;
+};
+
+constexpr std::array column_groups = {ColumnGroup{"cpn", "mnu_view_cpn", "coupon-expiry column"},
+                                      ColumnGroup{"aisle", "mnu_view_aisle", "aisle column"}};
+
+const ColumnGroup& column_group(int group)
+{
+    return column_groups.at(static_cast<size_t>(group));
+}
+
+} // namespace
+
+ListPane::ListPane(frmmain& main, QWidget* parent)
+    : main_(main)
+    , grid_(new ListGrid(parent))
+    , header_(new HeaderBar(*grid_, parent))
+    , frmCreateList_(new QFrame(parent))
+    , notice_picture_(new QLabel(frmCreateList_))
+    , txtCreateList_(new QTextBrowser(frmCreateList_))
+{
+    header_->setParent(this);
+    grid_->setObjectName(QStringLiteral("Listview1"));
+    frmCreateList_->setObjectName(QStringLiteral("frmCreateList"));
+    frmCreateList_->setFrameShape(QFrame::NoFrame);
+    frmCreateList_->setAutoFillBackground(true);
+    frmCreateList_->hide();
+    notice_picture_->setAlignment(Qt::AlignCenter);
+    txtCreateList_->setObjectName(QStringLiteral("txtCreateList"));
+    txtCreateList_->setFrameShape(QFrame::NoFrame);
+    txtCreateList_->setFocusPolicy(Qt::NoFocus);
+    txtCreateList_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    txtCreateList_->setTextInteractionFlags(Qt::NoTextInteraction);
+    QTextOption centred;
+    centred.setAlignment(Qt::AlignHCenter);
+    centred.setWrapMode(QTextOption::WordWrap);
+    txtCreateList_->document()->setDefaultTextOption(centred);
+
+    connect(header_, &HeaderBar::group_toggled, this, &ListPane::show_column_group);
+    connect(header_, &HeaderBar::separator_moved, this, &ListPane::set_headers);
+}
+
+void ListPane::lv_load(Key list_key)
+{
+    main_.connection().reopen();
+    const bool bar_was_shown = grid_->scroll_bar_shown();
+    if (main_.row_editor().is_open())
+        main_.row_editor().lv_edit_off();
+    main_.shared.all_lists_view = list_key < 1;
+    show_rows(list_store::read_rows(main_.connection(), list_key));
+    if (grid_->scroll_bar_shown() != bar_was_shown && grid_->rows().rows() > 0)
+        grid_->set_current(0, grid_column::desc);
+    show_list_record(list_key);
+    set_col_widths();
+    set_headers();
+    main_.shared.list_pane_shown = true;
+    main_.l_r_refresh();
+    tick_list_entry(list_key);
+    main_.toolbar().toolbar_fit();
+}
+
+void ListPane::show_rows(std::vector<GridRow> rows)
+{
+    const UpdateLock lock(*grid_);
+    grid_->set_type_size(main_.shared.type_size);
+    grid_->rows().set_rows(std::move(rows));
+    if (grid_->rows().rows() == 0)
+        return;
+    grid_->set_top_row(0);
+    grid_->set_current(0, grid_column::item);
+}
+
+/// The rename entry of the menu follows the list on show, and the list is marked as active.
+void ListPane::show_list_record(Key list_key)
+{
+    const QString entry = QStringLiteral("mnu_list_RenameList");
+    const std::optional<QString> name = list_store::mark_active(main_.connection(), list_key);
+    main_.commands().set_caption(
+        entry, name ? QStringLiteral("Rename %1 List").arg(*name) : QStringLiteral("Rename List"));
+    main_.commands().set_visible(entry, name.has_value());
+}
+
+void ListPane::tick_list_entry(Key list_key)
+{
+    const QString tag = QString::number(main_.shared.all_lists_view ? 0 : list_key);
+    for (int i = 0; i < main_.commands().list_entries(); ++i) {
+        QAction& entry = main_.commands().list_entry(i);
+        entry.setChecked(trim(Commands::list_entry_tag(entry)) == tag);
+    }
+}
+
+void ListPane::rebuild_array(Key list_key)
+{
+    main_.shared.all_lists_view = list_key < 1;
+    const std::vector<list_store::RowKeys> records = list_store::read_row_keys(main_.connection(), list_key);
+    if (records.empty())
+        return;
+    QHash<Key, const list_store::RowKeys*> by_key;
+    by_key.reserve(static_cast<qsizetype>(records.size()));
+    for (const list_store::RowKeys& record : records)
+        by_key.insert(record.groc_key, &record);
+    size_t index = 0;
+    grid_->rows().change_all([&](GridRow& row) {
+        // Rows and records mostly run in step; a row out of step is looked up.
+        const bool in_step = index < records.size() && records[index].groc_key == row.groc_key;
+        const list_store::RowKeys* record = in_step ? &records[index] : by_key.value(row.groc_key);
+        ++index;
+        if (!record)
+            return;
+        row.list_key = record->list_key;
+        row.item_key = record->item_key;
+        row.to_get = record->to_get;
+    });
+}
+
+bool ListPane::set_row(Key groc_key)
+{
+    const int row = grid_->rows().find_row(groc_key);
+    if (row < 0)
+        return false;
+    grid_->set_current(row, std::max(grid_->current_col(), 0));
+    return true;
+}
+
+void ListPane::set_col_widths()
+{
+    column_layout::share_text_columns(*grid_, *header_);
+}
+
+void ListPane::set_headers()
+{
+    QRect row = main_.layout_manager().header_row();
+    if (row.height() <= 0)
+        row = {grid_->x(), grid_->y() - header_->wanted_height(), grid_->width(), header_->wanted_height()};
+    header_->set_headers(row.top(), row.height());
+    if (auto* tabs
+        = grid_->parentWidget()->findChild<QTabBar*>(QStringLiteral("TabStrip1(1)"), Qt::FindDirectChildrenOnly))
+        tabs->raise();
+}
+
+void ListPane::show_column_group(int group)
+{
+    main_.settings().write(QLatin1String(settings_app::columns), QStringLiteral("prefs"),
+                           QLatin1String(column_group(group).setting),
+                           column_group_shown(group) ? QStringLiteral("1") : QStringLiteral("0"));
+    set_group_caption(group);
+    {
+        const UpdateLock lock(*grid_);
+        column_layout::apply_column_group(*grid_, *header_, group);
+        set_headers();
+        make_room_for_columns();
+        column_layout::level_text_columns(*grid_);
+        // In the smallest windows the last columns would stand beyond the grid, and their boxes with them.
+        if (column_layout::columns_overflow(*grid_))
+            set_col_widths();
+        set_headers();
+    }
+    if (main_.row_editor().is_open())
+        main_.row_editor().place_again();
+}
+
+/// Where tree and grid are too narrow for the columns the separator of the panes gives way.
+void ListPane::make_room_for_columns()
+{
+    constexpr int least_grid_width = 400;
+    constexpr int separator_room = 14;
+    constexpr int text_width = 115;
+    const QRect tree = main_.layout_manager().left_pane();
+    const int left_for_grid = grid_->parentWidget()->width() - 2 * tree.left() - tree.width() - separator_room;
+    if (left_for_grid >= least_grid_width)
+        return;
+    main_.layout_manager().separator_fix();
+    grid_->set_col_width(grid_column::item, text_width);
+    grid_->set_col_width(grid_column::desc, text_width);
+}
+
+bool ListPane::column_group_shown(int group) const
+{
+    return header_->group_shown(group);
+}
+
+void ListPane::set_group_caption(int group)
+{
+    const QString verb = column_group_shown(group) ? QStringLiteral("Hide ") : QStringLiteral("Show ");
+    main_.commands().set_caption(QLatin1String(column_group(group).command),
+                                 verb + QLatin1String(column_group(group).caption));
+}
+
+void ListPane::restore_column_groups()
+{
+    for (const int group : {0, 1}) {
+        const QString stored
+            = main_.settings().pref(QLatin1String(column_group(group).setting), QStringLiteral("0"));
+        header_->show_box(group).setChecked(val(stored) == 1);
+        column_layout::set_group_widths(*grid_, *header_, group);
+        set_group_caption(group);
+    }
+}
+
+void ListPane::set_CreateList(bool show)
+{
+    if (show) {
+        const QRect grid = grid_->geometry();
+        frmCreateList_->setGeometry(grid.translated(0, grid.height() / 4));
+        txtCreateList_->setPlainText(QStringLiteral("There are no shopping lists: \n\n"
+                                                    "To create a new shopping list, click the 'New' list button \n"
+                                                    "on the toolbar (notepad icon marked 'New' on the far left) \n"
+                                                    " - or choose 'Shopping list/New list' from the menu bar"));
+        QFont font = txtCreateList_->font();
+        font.setPointSize(main_.shared.type_size > 0 ? main_.shared.type_size : font.pointSize());
+        txtCreateList_->setFont(font);
+        place_notice();
+        frmCreateList_->raise();
+    }
+    frmCreateList_->setVisible(show);
+}
+
+/// The text in the frame's horizontal middle, half the frame high, under its picture.
+void ListPane::place_notice()
+{
+    constexpr int widest_text = 440;
+    constexpr int gap = 8;
+    const QSize frame = frmCreateList_->size();
+    notice_picture_->setPixmap(picture(notice_picture_number, frmCreateList_->devicePixelRatioF()));
+    notice_picture_->setGeometry(0, 0, frame.width(), picture_size(notice_picture_number).height());
+    const int width = std::min(frame.width(), widest_text);
+    txtCreateList_->setGeometry((frame.width() - width) / 2, notice_picture_->height() + gap, width,
+                                frame.height() / 2);
+}
+
+bool ListPane::notice_shown() const
+{
+    return !frmCreateList_->isHidden();
+}
+
+void ListPane::set_page_color()
+{
+    if (!main_.shared.page_color)
+        return;
+    grid_->set_page_color(*main_.shared.page_color, main_.shared.color_index);
+    for (QWidget* part : {static_cast<QWidget*>(frmCreateList_), static_cast<QWidget*>(txtCreateList_)})
+        part->setPalette(grid_->palette());
+}
+
+void ListPane::set_type_size()
+{
+    grid_->set_type_size(main_.shared.type_size);
+    header_->set_type_size(main_.shared.type_size);
+    if (frmCreateList_->isVisible())
+        set_CreateList(true);
+}
+
+void ListPane::show_pane(bool shown)
+{
+    grid_->setVisible(shown);
+    header_->set_visible(shown);
+    if (!shown)
+        set_CreateList(false);
+}
+
+int ListPane::add_row(GridRow row, bool make_current)
+{
+    const bool bar_was_shown = grid_->scroll_bar_shown();
+    const int index = grid_->rows().insert_sorted(std::move(row));
+    if (make_current || grid_->current_row() < 0)
+        grid_->set_current(index, grid_column::item);
+    follow_scroll_state(bar_was_shown);
+    return index;
+}
+
+void ListPane::remove_row(Key groc_key)
+{
+    if (!set_row(groc_key))
+        return;
+    const bool bar_was_shown = grid_->scroll_bar_shown();
+    const int index = grid_->current_row();
+    const int column = grid_->current_col();
+    grid_->rows().remove_row(index);
+    if (grid_->rows().rows() == 0)
+        main_.row_editor().lv_edit_off();
+    else
+        grid_->set_current(std::min(index, grid_->rows().rows() - 1), column);
+    follow_scroll_state(bar_was_shown);
+}
+
+void ListPane::follow_scroll_state(bool was_shown)
+{
+    if (grid_->scroll_bar_shown() == was_shown)
+        return;
+    set_col_widths();
+    set_headers();
+    if (main_.row_editor().is_open())
+        main_.row_editor().place_again();
+}
+
+} // namespace tarnwick

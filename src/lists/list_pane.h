@@ -1,0 +1,88 @@
+#pragma once
+
+#include "data/text.h"
+#include "lists/grid_row.h"
+
+#include <QObject>
+
+#include <vector>
+
+class QFrame;
+class QLabel;
+class QTextBrowser;
+class QWidget;
+
+namespace tarnwick {
+
+class frmmain;
+class HeaderBar;
+class ListGrid;
+
+/// The right pane's list: the grid `Listview1`, the header bar over it and the notice of the empty state.
+class ListPane : public QObject {
+    Q_OBJECT
+public:
+    ListPane(frmmain& main, QWidget* parent);
+
+    ListGrid& grid() { return *grid_; }
+    HeaderBar& header() { return *header_; }
+
+    /// Loads the grid with a list; below 1 with all lists together. Marks the list active.
+    void lv_load(Key list_key);
+
+    /// Reads the keys and marks of the mirror again without touching the texts on show. A query without
+    /// rows leaves the mirror as it was.
+    void rebuild_array(Key list_key);
+
+    /// Makes the first row of a `groc_1` key current. False, and no change, when there is none.
+    bool set_row(Key groc_key);
+
+    /// Shares the free width between name and description by their ratio.
+    void set_col_widths();
+
+    /// Lays the header bar out over the columns.
+    void set_headers();
+
+    /// Shows or hides a column group by the state of its box: 0 coupon and expiry, 1 aisle. Stores the
+    /// switch, and changes the menu caption.
+    void show_column_group(int group);
+    bool column_group_shown(int group) const;
+
+    /// Load's own step: widths from the settings `cpn` and `aisle`, nothing stored.
+    void restore_column_groups();
+
+    /// The notice that invites the first list; also re-centres it after a resize.
+    void set_CreateList(bool show);
+    bool notice_shown() const;
+
+    void set_page_color();
+    void set_type_size();
+
+    /// Shows grid and header, or hides them for the recipe page.
+    void show_pane(bool shown);
+
+    /// A new row of the grid, filled by the item's status as a placing does it. Sorted in; made current
+    /// when asked. Returns its grid row.
+    int add_row(GridRow row, bool make_current = true);
+
+    /// Removes the row of a `groc_1` key from the grid; widths and headers follow the scroll bar.
+    void remove_row(Key groc_key);
+
+private:
+    void show_rows(std::vector<GridRow> rows);
+    void show_list_record(Key list_key);
+    void tick_list_entry(Key list_key);
+    void set_group_caption(int group);
+    void make_room_for_columns();
+    void follow_scroll_state(bool was_shown);
+    void place_notice();
+
+    frmmain& main_;
+    ListGrid* grid_;
+    HeaderBar* header_;
+    QFrame* frmCreateList_;
+    QLabel* notice_picture_;
+    QTextBrowser* txtCreateList_;
+};
+
+} // namespace tarnwick

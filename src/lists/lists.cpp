@@ -1,0 +1,217 @@
+#include "lists/lists.h"
+
+#include "app/frmmain.h"
+#include "app/message_box.h"
+#include "app/update_lock.h"
+#include "lists/clearing.h"
+#include "lists/header_bar.h"
+#include "lists/list_pane.h"
+#include "recipes/new_item_rcp.h"
+#include "recipes/recipe_page.h"
+#include "shell/commands.h"
+#include "stock/status.h"
+
+#include <QAction>
+#include <QCheckBox>
+
+namespace tarnwick {
+namespace {
+
+const QString separator_name = QStringLiteral("mnu_list_sep");
+const QString all_lists_tag = QStringLiteral("0");
+
+QString numbered(int index, const QString& name)
+{
+    return QStringLiteral("%1: ").arg(index + 1) + name;
+}
+
+void fill_entry(QAction& entry, const QString& caption, const QString& tag, bool ticked)
+{
+    Commands::set_plain_caption(entry, caption);
+    Commands::set_list_entry_tag(entry, tag);
+    entry.setChecked(ticked);
+    entry.setVisible(true);
+}
+
+} // namespace
+
+Lists::Lists(frmmain& main)
+    : main_(main)
+{
+    connect(&main_.commands(), &Commands::list_chosen, this, &Lists::choose);
+}
+
+void Lists::new_list()
+{
+    main_.shared.dialog_kind = naming::list;
+    new_item_rcp(main_, &main_).exec();
+}
+
+void Lists::list_made(Key list)
+{
+    main_.shared.current_list = list;
+    main_.settings().write(QLatin1String(settings_app::dialogs), QStringLiteral("prefs"), QStringLiteral("alist"),
+                           QString::number(list));
+    set_mnu_lists();
+}
+
+void Lists::set_mnu_lists()
+{
+    Commands& commands = main_.commands();
+    const std::vector<ShoppingList> all = shopping_lists(main_.connection());
+    const bool with_all_entry = all.size() > 1;
+    commands.set_list_entry_count(static_cast<int>(all.size()) + (with_all_entry || all.empty() ? 1 : 0));
+    if (all.empty()) {
+        show_no_lists();
+        return;
+    }
+    main_.list_pane().set_CreateList(false);
+    commands.set_visible(separator_name, true);
+    show_list_entries(all);
+    main_.list_pane().lv_load(main_.shared.current_list);
+}
+
+void Lists::no_list()
+{
+    main_.shared.list_pane_shown = true;
+    main_.l_r_refresh();
+    set_mnu_lists();
+}
+
+void Lists::show_no_lists()
+{
+    Commands& commands = main_.commands();
+    main_.shared.current_list = -1;
+    main_.shared.all_lists_view = false;
+    commands.set_visible(separator_name, false);
+    QAction& entry = commands.list_entry(0);
+    fill_entry(entry, QStringLiteral("list"), QStringLiteral("-1"), false);
+    entry.setVisible(false);
+    main_.list_pane().set_CreateList(main_.shared.list_pane_shown);
+}
+
+void Lists::show_list_entries(const std::vector<ShoppingList>& all)
+{
+    Commands& commands = main_.commands();
+    const SharedValues& shared = main_.shared;
+    const int count = static_cast<int>(all.size());
+    for (int i = 0; i < count; ++i) {
+        const ShoppingList& list = all[static_cast<size_t>(i)];
+        fill_entry(commands.list_entry(i), numbered(i, list.name), QString::number(list.key),
+                   count == 1 || list.key == shared.current_list);
+    }
+    if (count == 1)
+        return;
+    fill_entry(commands.list_entry(count), numbered(count, QStringLiteral("All")), all_lists_tag,
+               shared.all_lists_view);
+    if (shared.all_lists_view)
+        commands.set_visible(QStringLiteral("mnu_list_RenameList"), false);
+}
+
+void Lists::choose(int entry)
+{
+    const QAction& action = main_.commands().list_entry(entry);
+    const QString caption = trim(Commands::plain_caption(action));
+    if (caption == QLatin1String("Create a shopping list")) {
+        new_list();
+        const UpdateLock lock(main_);
+        main_.shared.list_pane_shown = true;
+        main_.l_r_refresh();
+        return;
+    }
+    const UpdateLock lock(main_);
+    choose_list(caption, trim(Commands::list_entry_tag(action)));
+    tick(entry);
+    main_.shared.list_pane_shown = true;
+    main_.l_r_refresh();
+}
+
+void Lists::choose_list(const QString& caption, const QString& tag)
+{
+    SharedValues& shared = main_.shared;
+    const bool all = caption == QLatin1String("All");
+    shared.all_lists_view = all;
+    shared.current_list = all ? Key{0} : to_int16(tag);
+    main_.settings().set_pref(QStringLiteral("s_all"), all ? QStringLiteral("1") : QStringLiteral("0"));
+    main_.settings().set_pref(QStringLiteral("alist"), QString::number(shared.current_list));
+    main_.list_pane().lv_load(shared.current_list);
+}
+
+void Lists::tick(int entry)
+{
+    Commands& commands = main_.commands();
+    for (int i = 0; i < commands.list_entries(); ++i)
+        commands.list_entry(i).setChecked(i == entry);
+}
+
+void Lists::rename_list()
+{
+    Connection& connection = main_.connection();
+    const Key list = main_.shared.current_list;
+    const auto old_name = list_name_of(connection, list);
+    if (!old_name)
+        return;
+    QString name = input_box(&main_,
+                             QStringLiteral("Enter a new name for the ") + *old_name
+                                 + QStringLiteral(" list\n- or choose CANCEL\n\nNew name:"),
+                             QStringLiteral("Tarnwick"));
+    if (trim(name).isEmpty())
+        return;
+    strip_apostrophes(name);
+    name = trim(name);
+    rename_list_record(connection, list, name);
+
+    Commands& commands = main_.commands();
+    const QString tag = QString::number(list);
+    for (int i = 0; i < commands.list_entries(); ++i) {
+        QAction& entry = commands.list_entry(i);
+        if (trim(Commands::list_entry_tag(entry)) == tag)
+            Commands::set_plain_caption(entry, numbered(i, name));
+    }
+    main_.l_r_refresh();
+}
+
+void Lists::list_del()
+{
+    Connection& connection = main_.connection();
+    SharedValues& shared = main_.shared;
+    const Key list = shared.current_list;
+    const QString name = get_list_name(connection, list);
+    const int rows = count_list_rows(connection, list);
+    const QString text = rows == 0
+        ? QStringLiteral("Are you sure you want to \ndelete the ") + name + QStringLiteral(" list?")
+        : QStringLiteral("The ") + name + QStringLiteral(" list has ") + QString::number(rows)
+            + QStringLiteral(" items on it\nAre you sure you want to delete it?");
+    if (msg_box(&main_, text, box::yes_no | box::exclamation, QStringLiteral("Warning")) != Answer::yes)
+        return;
+    // Links alone, their rows gone, are nothing that a clearing could delete.
+    if (rows > 0 && !has_rows_to_clear(connection, list, clear_mode::delete_all))
+        main_.clearing().say_no_rows(clear_mode::delete_all);
+
+    const ListDeletion deletion = delete_list(connection, list);
+    const UpdateLock lock(main_);
+    main_.clearing().show_cleared(clear_mode::delete_all, deletion.items);
+    shared.current_list = deletion.first_list.value_or(Key{-1});
+    // The setting takes "1" and not the key of the list that follows.
+    main_.settings().set_pref(QStringLiteral("alist"),
+                              deletion.first_list ? QStringLiteral("1") : QStringLiteral("-1"));
+    if (!deletion.first_list)
+        hide_column_groups();
+    if (main_.recipe_page().has_recipe())
+        main_.recipe_page().set_recipe(shared.cur_recipe);
+    main_.l_r_refresh();
+    set_mnu_lists();
+}
+
+void Lists::hide_column_groups()
+{
+    for (const int group : {0, 1}) {
+        QCheckBox& box = main_.list_pane().header().show_box(group);
+        if (!box.isChecked())
+            continue;
+        box.setChecked(false);
+        main_.list_pane().show_column_group(group);
+    }
+}
+
+} // namespace tarnwick

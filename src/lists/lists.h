@@ -1,0 +1,43 @@
+#pragma once
+
+#include "lists/lists_store.h"
+
+#include <QObject>
+
+namespace tarnwick {
+
+class frmmain;
+
+/// The life of shopping lists: made, chosen, renamed, deleted, and the menu of them.
+class Lists : public QObject {
+    Q_OBJECT
+public:
+    explicit Lists(frmmain& main);
+
+    void new_list(); ///< opens the naming dialog
+    void list_del(); ///< deletes the current list after asking
+    void rename_list(); ///< asks for a new name for the current list
+
+    /// Brings up the list pane where there is nothing to load.
+    void no_list();
+
+    /// Rebuilds the entries of the list menu, then loads the grid.
+    void set_mnu_lists();
+
+    /// A click on entry i of the list menu.
+    void choose(int entry);
+
+    /// What follows when the naming dialog has made a list: it becomes the current one.
+    void list_made(Key list);
+
+private:
+    void choose_list(const QString& caption, const QString& tag);
+    void tick(int entry);
+    void show_no_lists();
+    void show_list_entries(const std::vector<ShoppingList>& all);
+    void hide_column_groups();
+
+    frmmain& main_;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "lists/row_editor.h"
+
+namespace tarnwick {
+
+class frmmain;
+struct GridRow;
+
+/// The main window's side of the row editor: every change is written to the list row at once.
+class MainRowEditorHost : public RowEditorHost {
+public:
+    explicit MainRowEditorHost(frmmain& main);
+
+    int type_size() const override;
+    bool column_group_shown(int group) const override;
+    void text_edited(int row, int column, const QString& text) override;
+    bool coupon_on(int row) const override;
+    QString set_coupon(int row, bool on) override;
+    void date_chosen(int row, QDate date) override;
+    bool has_edit_buttons() const override { return true; }
+    void edit_row(int row) override;
+    void remove_row(int row) override;
+    QString edit_tool_tip(int row) const override;
+    QString remove_tool_tip(int row) const override;
+    QDate today() const override;
+
+private:
+    const GridRow& row_at(int row) const;
+
+    frmmain& main_;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "data/text.h"
+
+#include <QColor>
+#include <QDate>
+#include <QObject>
+#include <QPersistentModelIndex>
+#include <QRect>
+#include <QString>
+
+#include <array>
+#include <memory>
+
+class QWidget;
+
+namespace tarnwick {
+
+class ListGrid;
+class PictureButton;
+
+/// What the floating editors of a grid tell their form. One for the main window, one for the item editor.
+class RowEditorHost {
+public:
+    virtual ~RowEditorHost() = default;
+
+    virtual int type_size() const = 0;
+    virtual bool column_group_shown(int group) const = 0;
+
+    /// The trimmed text of a text box changed; the cell has it already. Columns desc, qty, date, aisle.
+    virtual void text_edited(int row, int column, const QString& text) = 0;
+
+    /// The state of a row's coupon, and the switch of it. The switch returns the text of the date cell; the
+    /// editor sets the cell and the picture.
+    virtual bool coupon_on(int row) const = 0;
+    virtual QString set_coupon(int row, bool on) = 0;
+
+    /// The user chose an expiry date in the calendar; the cell has it already.
+    virtual void date_chosen(int row, QDate date) = 0;
+
+    /// Pencil and cross at the row's end; a form without them says so.
+    virtual bool has_edit_buttons() const = 0;
+    virtual void edit_row(int row) = 0;
+    virtual void remove_row(int row) = 0;
+    virtual QString edit_tool_tip(int row) const = 0;
+    virtual QString remove_tool_tip(int row) const = 0;
+    virtual QDate today() const = 0;
+};
+
+/// The floating editors laid over a row of a grid: text boxes, steppers, coupon box, calendar, buttons.
+class RowEditor : public QObject {
+    Q_OBJECT
+public:
+    RowEditor(ListGrid& grid, RowEditorHost& host, QWidget* parent);
+    ~RowEditor() override;
+
+    void show_l_line(); ///< opens the editor on the grid's current row
+    void hide_line(); ///< hides the row's controls and clears its bold
+    void lv_edit_off(); ///< closes the editor altogether
+    bool is_open() const; ///< `desc_brdr` is on screen
+    int edit_row() const; ///< the grid row under edit; -1 when closed
+
+    /// Makes this row's name the only bold one.
+    void mark_row(int row);
+
+    /// Switches a row's coupon in the store, in its cells, and in the editor when it is open on the row.
+    void switch_coupon(int row, bool on);
+
+    /// Whether a widget is one of the editors, or a part of one.
+    bool owns(const QWidget* widget) const;
+
+    /// Re-places open editors after a resize, a column change or a change of type size.
+    void place_again();
+    void set_type_size(int points);
+    void set_page_color(const QColor& color);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Controls;
+    struct Box;
+
+    void connect_controls();
+    void bring_into_view(int row);
+    void fill();
+    void fill_coupon();
+    void fill_end_frame();
+    void place();
+    static void place_steppers(const QWidget& box, const std::array<PictureButton*, 2>& buttons);
+    void place_coupon_and_date();
+    void place_end_frame();
+    void place_calendar();
+    QRect box_rect(int column, int less_wide = 0) const;
+    void apply_type_size();
+    void set_margins();
+    void apply_page_color();
+    void hide_controls();
+    void clear_bold();
+
+    void write_text(const Box& box);
+    void step(const Box& box, bool up);
+    void show_calendar();
+    void close_calendar();
+    void choose_date(QDate date);
+    void edit_clicked();
+
+    bool key_in_box(const QWidget* box, int key);
+    bool go_to_box(int from, int step);
+    void focus_left();
+    void rows_scrolled();
+
+    ListGrid& grid_;
+    RowEditorHost& host_;
+    std::unique_ptr<Controls> controls_;
+    QPersistentModelIndex edit_row_; ///< follows the row when others come and go
+    QColor page_color_ = Qt::white;
+    int type_size_ = 9;
+    bool filling_ = false; ///< texts are being shown, not typed
+    bool writing_ = false; ///< the grid's own moves must not close the editor
+};
+
+} // namespace tarnwick
