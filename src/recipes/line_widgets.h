@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QLabel>
+#include <QTextLayout>
+#include <QWidget>
+
+namespace tarnwick {
+
+/// The text of one ingredient line, `ingred(i)`: read-only, wrapped, with a row pitch of its own.
+class IngredientText : public QLabel {
+    Q_OBJECT
+public:
+    explicit IngredientText(QWidget* parent);
+
+    void set_text(const QString& text);
+
+    /// Distance of the rows and height of the first one, pixels.
+    void set_pitch(int row, int first_row);
+
+    /// Rows that the text takes in `width` pixels.
+    int rows_in(int width);
+
+    /// Width of the text on one row, pixels.
+    int text_width() const;
+
+    void set_text_color(const QColor& color);
+    QColor text_color() const { return color_; }
+
+    void set_selected(bool selected); ///< the whole text is marked, or nothing
+
+signals:
+    // Positions are pixels inside the line.
+    void mouse_down(Qt::MouseButton button, QPoint position);
+    void mouse_move(Qt::MouseButtons buttons, QPoint position);
+    void mouse_up(Qt::MouseButton button, QPoint position);
+    void key_down(int key); ///< Qt::Key
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void lay_out(int width);
+
+    QTextLayout layout_;
+    QColor color_ = Qt::black;
+    int laid_out_width_ = -1;
+    int row_pitch_ = 16;
+    int first_row_ = 20;
+    bool selected_ = false;
+};
+
+/// A resource picture on the page: the light or the check box of a line.
+class PagePicture : public QLabel {
+    Q_OBJECT
+public:
+    explicit PagePicture(QWidget* parent);
+
+    void set_picture(int resource_number);
+    int picture_number() const { return picture_; }
+
+signals:
+    void mouse_up(Qt::MouseButton button);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    int picture_ = 0;
+};
+
+} // namespace tarnwick

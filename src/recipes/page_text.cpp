@@ -1,0 +1,225 @@
+#include "recipes/page_text.h"
+
+#include "data/text.h"
+#include "recipes/recipe_store.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace tarnwick {
+namespace {
+
+constexpr QChar degree(0xba);
+
+bool is_oven_temperature(const QString& text)
+{
+    static const QStringList temperatures{
+        QStringLiteral("300"), QStringLiteral("325"), QStringLiteral("350"), QStringLiteral("375"),
+        QStringLiteral("400"), QStringLiteral("425"), QStringLiteral("450"),
+    };
+    return temperatures.contains(text);
+}
+
+} // namespace
+
+bool leaves_control(Qt::FocusReason reason)
+{
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason
+        && reason != Qt::MenuBarFocusReason;
+}
+
+PageText::PageText(QWidget* parent)
+    : QPlainTextEdit(parent)
+{
+    setFrameShape(QFrame::NoFrame);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTabChangesFocus(false);
+    connect(this, &QPlainTextEdit::textChanged, this, &PageText::text_changed);
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] {
+        if (!setting_)
+            emit caret_moved();
+    });
+}
+
+QString PageText::text() const
+{
+    QString text = document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+    return with_crlf(text);
+}
+
+void PageText::set_text(const QString& text)
+{
+    const QScopedValueRollback<bool> setting(setting_, true);
+    setPlainText(text);
+}
+
+bool PageText::is_blank() const
+{
+    return document()->blockCount() == 1 && trim(document()->firstBlock().text()).isEmpty();
+}
+
+bool PageText::is_help_text() const
+{
+    static const qsizetype longest = help_text().size() + 1000;
+    return document()->characterCount() <= longest && trim(text()) == help_text();
+}
+
+qsizetype PageText::length() const
+{
+    return document()->characterCount() - 1 + line_ends();
+}
+
+int PageText::line_ends() const
+{
+    return document()->blockCount() - 1;
+}
+
+void PageText::set_border_style(int style)
+{
+    border_style_ = style;
+    setFrameShape(style == 1 ? QFrame::StyledPanel : QFrame::NoFrame);
+}
+
+int PageText::full_height() const
+{
+    const auto* layout = document()->documentLayout();
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        layout->blockBoundingRect(block);
+    const int rows = static_cast<int>(layout->documentSize().height());
+    return rows * fontMetrics().lineSpacing() + 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+}
+
+int PageText::scrolled_pixels() const
+{
+    return verticalScrollBar()->value() * fontMetrics().lineSpacing();
+}
+
+int PageText::caret_top() const
+{
+    return frameWidth() + cursorRect().top() + scrolled_pixels();
+}
+
+int PageText::caret_bottom() const
+{
+    return frameWidth() + cursorRect().bottom() + scrolled_pixels();
+}
+
+bool PageText::event(QEvent* event)
+{
+    const bool done = QPlainTextEdit::event(event);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange)
+        fit_rows();
+    return done;
+}
+
+// A row that has no room at the lower edge is left out rather than cut in half.
+void PageText::fit_rows()
+{
+    const int row = fontMetrics().lineSpacing();
+    const int room = height() - 2 * frameWidth() - static_cast<int>(document()->documentMargin());
+    setViewportMargins(0, 0, 0, room > row ? room % row : 0);
+}
+
+QString PageText::last_characters(int count) const
+{
+    const int end = document()->characterCount() - 1;
+    QString text;
+    for (int i = std::max(0, end - count); i < end; ++i)
+        text += document()->characterAt(i);
+    return text;
+}
+
+void PageText::text_changed()
+{
+    if (setting_)
+        return;
+    if (is_oven_temperature(last_characters(3))) {
+        const QScopedValueRollback<bool> setting(setting_, true);
+        QTextCursor cursor(document());
+        cursor.movePosition(QTextCursor::End);
+        cursor.joinPreviousEditBlock();
+        cursor.insertText(degree);
+        cursor.endEditBlock();
+        setTextCursor(cursor);
+    }
+    emit edited();
+}
+
+// One backspace takes the sign and the digit before it: without the digit gone the sign would come back.
+bool PageText::take_back_degree()
+{
+    const QTextCursor caret = textCursor();
+    if (caret.hasSelection() || !caret.atEnd())
+        return false;
+    const QString end = last_characters(4);
+    if (end.size() < 4 || end[3] != degree || !is_oven_temperature(end.left(3)))
+        return false;
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor, 2);
+    cursor.removeSelectedText();
+    setTextCursor(cursor);
+    return true;
+}
+
+void PageText::empty_help_text()
+{
+    if (!is_help_text())
+        return;
+    const QScopedValueRollback<bool> setting(setting_, true);
+    clear();
+}
+
+void PageText::focusInEvent(QFocusEvent* event)
+{
+    empty_help_text();
+    QPlainTextEdit::focusInEvent(event);
+}
+
+/// A box that had the focus when the help text was loaded gets no focus event more.
+void PageText::mousePressEvent(QMouseEvent* event)
+{
+    empty_help_text();
+    QPlainTextEdit::mousePressEvent(event);
+}
+
+void PageText::focusOutEvent(QFocusEvent* event)
+{
+    QPlainTextEdit::focusOutEvent(event);
+    if (leaves_control(event->reason()))
+        emit left();
+}
+
+void PageText::keyPressEvent(QKeyEvent* event)
+{
+    emit edited();
+    if (event->key() == Qt::Key_Backspace && event->modifiers() == Qt::NoModifier && take_back_degree())
+        return;
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+void PageText::keyReleaseEvent(QKeyEvent* event)
+{
+    QPlainTextEdit::keyReleaseEvent(event);
+    if (border_style_ == 1 && !is_blank())
+        set_border_style(0);
+    else if (border_style_ == 0 && is_blank())
+        set_border_style(1);
+    emit key_up();
+}
+
+void PageText::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
+}
+
+} // namespace tarnwick

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+namespace tarnwick {
+
+/// The instructions of the recipe page, `Text1`: plain text with the small helps for oven temperatures.
+class PageText : public QPlainTextEdit {
+    Q_OBJECT
+    Q_PROPERTY(int BorderStyle READ border_style WRITE set_border_style)
+public:
+    explicit PageText(QWidget* parent);
+
+    /// The text with CR LF at its line ends, as it is stored.
+    QString text() const;
+
+    /// Replaces the text; no change of the user's.
+    void set_text(const QString& text);
+
+    bool is_blank() const; ///< nothing but blanks
+    bool is_help_text() const; ///< the help text of an unwritten recipe
+    qsizetype length() const; ///< characters of the text, two for a line end
+    int line_ends() const;
+
+    int border_style() const { return border_style_; } ///< 1 while the box invites input
+    void set_border_style(int style);
+
+    /// Height that shows the whole text at the present width, pixels.
+    int full_height() const;
+
+    /// Upper and lower edge of the caret's row in the text, pixels from the top of an unscrolled box.
+    int caret_top() const;
+    int caret_bottom() const;
+
+signals:
+    void edited(); ///< a key went down, or the user changed the text
+    void key_up();
+    void left(); ///< the focus goes to another control of the window
+    void caret_moved(); ///< by the user
+
+protected:
+    bool event(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override; // the page scrolls, not the box
+
+private:
+    void empty_help_text();
+    void text_changed();
+    void fit_rows();
+    int scrolled_pixels() const;
+    bool take_back_degree();
+    QString last_characters(int count) const;
+
+    int border_style_ = 0;
+    bool setting_ = false;
+};
+
+/// True for focus that goes to another control of the same window, not to a menu or another window.
+bool leaves_control(Qt::FocusReason reason);
+
+} // namespace tarnwick

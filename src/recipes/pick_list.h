@@ -1,0 +1,53 @@
+#pragma once
+
+#include "recipes/ingredient_store.h"
+
+#include <QListView>
+
+#include <vector>
+
+namespace tarnwick {
+
+class PickRows;
+
+/// The drop-down list of the line editor, `ListIngred`, shared by the boxes for quantity, measure and item.
+class PickList : public QListView {
+    Q_OBJECT
+public:
+    /// What the list holds, its Tag.
+    enum class Content { none = 0, quantities = 1, measures = 2, stock_items = 3, chosen = 4 };
+
+    explicit PickList(QWidget* parent);
+
+    void ListIngred_fill_qty();
+    void ListIngred_fill_measure();
+    void ListIngred_fill(std::vector<StockName> names);
+    void clear_and_hide();
+    void set_content(Content content);
+    Content content() const { return content_; }
+
+    int count() const;
+    QString text(int row) const; ///< empty outside the list
+    Key item_data(int row) const; ///< the stock item of a row; 0 none
+    int list_index() const; ///< the selected row; -1 none
+    void select_row(int row);
+
+    /// Stands under its box, above it where there is more room. Both rectangles in the parent's pixels.
+    void place(const QRect& box, const QRect& viewport, int least_width);
+
+signals:
+    void picked(int row); ///< by click, Tab or Enter
+    void left(); ///< the focus goes to another control of the window
+
+protected:
+    bool event(QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    void fill(std::vector<StockName> rows, Content content);
+
+    PickRows* rows_;
+    Content content_ = Content::none;
+};
+
+} // namespace tarnwick

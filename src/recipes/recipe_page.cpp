@@ -1,0 +1,401 @@
+#include "recipes/recipe_page.h"
+
+#include "app/frmmain.h"
+#include "app/message_box.h"
+#include "app/update_lock.h"
+#include "recipes/line_widgets.h"
+#include "recipes/lost_click.h"
+#include "recipes/page_geometry.h"
+#include "recipes/page_text.h"
+#include "recipes/recipe_store.h"
+#include "recipes/recipe_tree.h"
+#include "shell/layout.h"
+#include "shell/toolbar.h"
+#include "shell/tree_view.h"
+#include "stock/status.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarnwick {
+namespace {
+
+constexpr int title_left = 20;
+constexpr int title_top = 8;
+constexpr int title_height = 24;
+constexpr int text_left = 14;
+constexpr int text_margin = 14; ///< under the instructions
+constexpr int least_text = 16; ///< height of the instructions when the page has no room for them
+constexpr int low_text = 200; ///< twips above the viewport's lower edge
+constexpr int scroll_step = 20; ///< pixels that a click on the scroll bar moves the page by
+constexpr int text_gap = 8; ///< least distance of the instructions from the last line
+constexpr QColor design_color(240, 240, 240);
+
+const QString clean = QStringLiteral("clean");
+const QString edited = QStringLiteral("edited");
+
+QString tag_of(const QWidget& control)
+{
+    return control.property("Tag").toString();
+}
+
+void set_tag(QWidget& control, const QString& tag)
+{
+    control.setProperty("Tag", tag);
+}
+
+int usable_points(int type_size)
+{
+    return type_size > 0 && type_size < 100 ? type_size : 9;
+}
+
+} // namespace
+
+RecipePage::RecipePage(frmmain& main, QWidget* parent)
+    : main_(main)
+    , frame4_(new QFrame(parent))
+    , frame3_(new QFrame(frame4_))
+    , scroll_bar_(new QScrollBar(Qt::Vertical, parent))
+    , title_(new QLineEdit(frame3_))
+    , text1_(new PageText(frame3_))
+    , label1_(new QLabel(frame3_))
+    , recipe_lines_(new RecipeLines(*frame3_))
+{
+    recipe_lines_->setParent(this);
+    lost_click_ = new LostClick(this);
+    make_page();
+    make_line_editor();
+    connect(title_, &QLineEdit::textChanged, this, &RecipePage::title_typed);
+    connect(text1_, &PageText::edited, this, &RecipePage::text_edited);
+    connect(text1_, &PageText::key_up, this, &RecipePage::scroll_bar_refresh);
+    connect(text1_, &PageText::caret_moved, this, &RecipePage::show_caret);
+    connect(text1_, &PageText::left, this, &RecipePage::edit_updt);
+    connect(scroll_bar_, &QScrollBar::valueChanged, this, &RecipePage::scroll);
+    connect(recipe_lines_, &RecipeLines::check_clicked, this, &RecipePage::check_clicked);
+    title_->installEventFilter(this);
+    frame4_->installEventFilter(this);
+}
+
+RecipePage::~RecipePage() = default;
+
+void RecipePage::make_page()
+{
+    frame4_->setObjectName(QStringLiteral("Frame4"));
+    frame4_->setAutoFillBackground(true);
+    frame4_->hide();
+    frame3_->setObjectName(QStringLiteral("Frame3"));
+    scroll_bar_->setObjectName(QStringLiteral("VScroll1"));
+    scroll_bar_->setRange(0, 100);
+    scroll_bar_->hide();
+    title_->setObjectName(QStringLiteral("title"));
+    title_->setAlignment(Qt::AlignCenter);
+    title_->setFrame(false);
+    set_tag(*title_, QStringLiteral("-1"));
+    text1_->setObjectName(QStringLiteral("Text1"));
+    set_tag(*text1_, clean);
+    label1_->setObjectName(QStringLiteral("Label1"));
+    label1_->hide();
+    set_page_color();
+    set_type_size();
+}
+
+Key RecipePage::page_key() const
+{
+    return to_int16(trim(tag_of(*title_)));
+}
+
+bool RecipePage::has_recipe() const
+{
+    return page_key() > 0;
+}
+
+void RecipePage::set_recipe(Key recipe)
+{
+    // Whatever the way to another recipe, what was typed into this one is kept.
+    close_line_editor();
+    if (is_edited())
+        write_page();
+    const UpdateLock lock(*frame4_);
+    const QScopedValueRollback<bool> busy(main_.shared.page_busy, true);
+    recipe_lines_->clear();
+    set_lites(0, status_code::non_stock);
+    title_->setVisible(recipe >= 0);
+    text1_->setVisible(recipe >= 0);
+    if (recipe > 0)
+        fill_lines(recipe);
+    fill_text(recipe);
+    text1_->set_border_style(text1_->is_help_text() ? 1 : 0);
+    // Before the window has its size the page is so narrow that every line would seem to wrap.
+    place_page(main_.shared.started);
+    recipe_lines_->show_lines();
+    const QString key = QString::number(recipe);
+    if (main_.settings().pref(QStringLiteral("arcp"), {}) != key)
+        main_.settings().set_pref(QStringLiteral("arcp"), key);
+    state.cur_line = 0;
+}
+
+void RecipePage::fill_lines(Key recipe)
+{
+    Connection& connection = main_.connection();
+    for (const IngredientRow& row : load_lines(connection, recipe)) {
+        IngredientLine& line = recipe_lines_->append(row.key, row.item_ref, row.display_text(), row.item);
+        const bool named = !row.item.isEmpty();
+        line.tool_tip = named ? get_ttt(connection, row.item_ref) : QStringLiteral("Unlisted stock item");
+        const int index = recipe_lines_->upper_bound();
+        recipe_lines_->refresh(index);
+        set_lites(index, named ? lite_status(connection, row.item_ref) : status_code::non_stock);
+    }
+}
+
+void RecipePage::fill_text(Key recipe)
+{
+    const auto text = read_recipe(main_.connection(), recipe);
+    set_tag(*title_, text ? QString::number(recipe) : QStringLiteral("-1"));
+    title_->setText(text ? text->name : QString());
+    title_->setCursorPosition(0);
+    text1_->set_text(text ? text->body : QString());
+    if (text) {
+        main_.toolbar().set_tool_tip(10, QStringLiteral("Print %1 recipe").arg(text->name));
+        main_.toolbar().set_tool_tip(11, QStringLiteral("Preview %1 recipe").arg(text->name));
+    }
+    set_marks("clean");
+}
+
+bool RecipePage::is_edited() const
+{
+    return tag_of(*text1_) == edited || tag_of(main_.layout_manager().Frame1()) == edited;
+}
+
+void RecipePage::set_marks(const char* mark)
+{
+    set_tag(*text1_, QLatin1String(mark));
+    set_tag(main_.layout_manager().Frame1(), QLatin1String(mark));
+}
+
+void RecipePage::edit_updt()
+{
+    if (!is_edited())
+        return;
+    main_.shared.cur_recipe = page_key();
+    write_page();
+}
+
+bool RecipePage::write_page()
+{
+    if (!save_recipe(main_.connection(), page_key(), title_->text(), text1_->text()))
+        return false;
+    set_marks("clean");
+    return true;
+}
+
+void RecipePage::title_typed()
+{
+    if (main_.shared.page_busy)
+        return;
+    set_tag(main_.layout_manager().Frame1(), edited);
+    if (auto* node = main_.recipe_tree().view().node(QStringLiteral("rcp") + key_str(page_key())))
+        node->setText(0, trim(title_->text()));
+}
+
+void RecipePage::text_edited()
+{
+    if (!main_.shared.page_busy)
+        set_tag(*text1_, edited);
+}
+
+// True when the focus may go. The name stands in the box before the message, since the window saves
+// the page when the message takes the activation.
+bool RecipePage::title_validated(Qt::FocusReason reason)
+{
+    if (!is_edited())
+        return true;
+    if (!title_->text().isEmpty()) {
+        edit_updt();
+        return true;
+    }
+    title_->setText(QStringLiteral("Recipe"));
+    msg_box(&main_, QStringLiteral("Recipe must have a name\n(Cannot leave it blank)"), box::ok,
+            QStringLiteral("Recipe name"));
+    title_->setFocus();
+    if (reason == Qt::MouseFocusReason)
+        lost_click_->start();
+    return false;
+}
+
+bool RecipePage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == title_ && event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        return leaves_control(reason) && !title_validated(reason);
+    }
+    if (watched == frame4_ && event->type() == QEvent::Wheel)
+        return scroll_bar_->isVisible() && QCoreApplication::sendEvent(scroll_bar_, event);
+    return QObject::eventFilter(watched, event);
+}
+
+void RecipePage::layout_page()
+{
+    place_page(false);
+}
+
+void RecipePage::place_page(bool checked)
+{
+    const int width = frame4_->width();
+    title_->setGeometry(title_left, title_top, std::max(1, width - 2 * title_left), title_height);
+    text1_->resize(std::max(1, width - 2 * text_left), text1_->height());
+    recipe_lines_->place(width, main_.shared.type_size, checked);
+    scroll();
+    scroll_bar_refresh();
+    emit laid_out();
+}
+
+int RecipePage::text_top() const
+{
+    const int told = page_geometry::to_pixels(
+        page_geometry::text_top(recipe_lines_->count(), recipe_lines_->wrap_extra(), main_.shared.type_size));
+    return std::max(told + recipe_lines_->surplus(), recipe_lines_->bottom() + text_gap);
+}
+
+void RecipePage::place_text()
+{
+    const int top = text_top();
+    const int shown = frame4_->height() - (top - scrolled_);
+    const bool too_low = shown < page_geometry::to_pixels(low_text);
+    const int height = too_low ? least_text : std::max(least_text, shown - text_margin);
+    text1_->setGeometry(text_left, top, std::max(1, frame4_->width() - 2 * text_left), height);
+    text1_->verticalScrollBar()->setValue(0);
+}
+
+void RecipePage::scroll()
+{
+    const int height = frame4_->height();
+    const int excess = std::max(0, content_height() - height);
+    scrolled_ = static_cast<int>(std::lround(scroll_bar_->value() / 100.0 * excess));
+    frame3_->setGeometry(0, -scrolled_, frame4_->width(), height + scrolled_);
+    place_text();
+}
+
+void RecipePage::scroll_bar_refresh()
+{
+    const int height = frame4_->height();
+    const int excess = content_height() - height;
+    const bool longer = excess > 0;
+    scroll_bar_->setVisible(longer && !main_.shared.list_pane_shown);
+    scroll_bar_->setEnabled(longer);
+    if (!longer)
+        return;
+    scroll_bar_->setSingleStep(std::clamp(100 * scroll_step / excess, 1, 20));
+    scroll_bar_->setPageStep(std::clamp(100 * height / excess, 1, 100));
+}
+
+int RecipePage::get_scroll_scale() const
+{
+    return page_geometry::scroll_scale(recipe_lines_->upper_bound(), text1_->length(), text1_->line_ends(),
+                                       page_geometry::px_x(text1_->width()), main_.shared.type_size);
+}
+
+// The estimate counts a row of text lower than any font draws it: the page ends where its text ends.
+int RecipePage::content_height() const
+{
+    return std::max(get_scroll_scale(), text_top() + text1_->full_height() + text_margin);
+}
+
+int RecipePage::new_line(Key key, Key item_ref, const QString& text, const QString& item)
+{
+    recipe_lines_->append(key, item_ref, text, item).simple_height = true;
+    const int index = recipe_lines_->upper_bound();
+    recipe_lines_->refresh(index);
+    place_page(true);
+    recipe_lines_->show_lines();
+    state.cur_line = index;
+    return index;
+}
+
+void RecipePage::drop_last_line()
+{
+    recipe_lines_->remove_last();
+    place_page(false);
+}
+
+void RecipePage::set_lites(int index, int code)
+{
+    const QScopedValueRollback<bool> busy(main_.shared.lites_busy, true);
+    recipe_lines_->set_lites(index, code, color_index());
+}
+
+int RecipePage::color_index() const
+{
+    return std::clamp(main_.shared.color_index, 0, 3);
+}
+
+void RecipePage::show_line(int index)
+{
+    const QRect line = lines().at(static_cast<size_t>(index)).ingred->geometry();
+    show_stretch(line.top(), line.bottom());
+}
+
+void RecipePage::show_stretch(int top, int bottom)
+{
+    const int height = frame4_->height();
+    const int excess = content_height() - height;
+    if (excess <= 0 || (top >= scrolled_ && bottom < scrolled_ + height))
+        return;
+    const double percent
+        = top < scrolled_ ? std::floor(100.0 * top / excess) : std::ceil(100.0 * (bottom + 1 - height) / excess);
+    scroll_bar_->setValue(static_cast<int>(percent));
+    scroll();
+}
+
+// The page scrolls after the caret, so that the text never moves inside its box.
+void RecipePage::show_caret()
+{
+    if (main_.shared.page_busy)
+        return;
+    const int caret_top = text1_->y() + text1_->caret_top();
+    const int caret_bottom = text1_->y() + text1_->caret_bottom();
+    show_stretch(caret_top, caret_bottom + text_margin);
+    text1_->verticalScrollBar()->setValue(0);
+}
+
+void RecipePage::show_pane(bool shown)
+{
+    if (!shown)
+        close_line_editor();
+    frame4_->setVisible(shown);
+    if (shown)
+        place_page(false);
+    else
+        scroll_bar_->hide();
+}
+
+void RecipePage::set_page_color()
+{
+    QPalette colors = frame4_->palette();
+    const QColor page = main_.shared.page_color.value_or(design_color);
+    for (const auto role : {QPalette::Window, QPalette::Base})
+        colors.setColor(role, page);
+    for (const auto role : {QPalette::WindowText, QPalette::Text})
+        colors.setColor(role, Qt::black);
+    frame4_->setPalette(colors);
+}
+
+void RecipePage::set_type_size()
+{
+    QFont font = QApplication::font();
+    font.setPointSize(usable_points(main_.shared.type_size));
+    recipe_lines_->set_fonts(font);
+    text1_->setFont(font);
+    font.setBold(true);
+    title_->setFont(font);
+    place_page(false);
+}
+
+} // namespace tarnwick

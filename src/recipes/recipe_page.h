@@ -1,0 +1,163 @@
+#pragma once
+
+#include "data/text.h"
+#include "recipes/recipe_lines.h"
+
+#include <QEvent>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QScrollBar;
+class QWidget;
+
+namespace tarnwick {
+
+class Ingredients;
+class LineEditor;
+class LostClick;
+class PageText;
+class frmmain;
+
+/// What the page's own procedures hand to each other.
+struct PageState {
+    int cur_line = 0; ///< the line most recently acted on
+    int sel_line = 0; ///< the line that the line editor belongs to
+    int line_mode = 0; ///< 1 adds a stock item, 4 adds a non-stock line, 5 an existing line
+    Key matched_item = 0; ///< stock item that the typed name matched; 0 none
+};
+
+/// The right pane's recipe page: title, ingredient lines with their lights, instructions.
+class RecipePage : public QObject {
+    Q_OBJECT
+public:
+    RecipePage(frmmain& main, QWidget* parent);
+    ~RecipePage() override;
+
+    QFrame& frame4() { return *frame4_; } ///< the viewport
+    QFrame& frame3() { return *frame3_; } ///< the page that moves in it; all lines and boxes lie on it
+    QScrollBar& scroll_bar() { return *scroll_bar_; }
+    QLineEdit& title() { return *title_; }
+    PageText& Text1() { return *text1_; }
+
+    /// Rebuilds the page; below 1 there is no recipe to show. Throws error 6 when the page gets too long.
+    void set_recipe(Key recipe);
+
+    /// Saves name and instructions when either was edited.
+    void edit_updt();
+    bool is_edited() const;
+
+    bool has_recipe() const; ///< a recipe is on the page
+    int get_scroll_scale() const; ///< height of the page's content, pixels
+
+    // The ingredient lines, for the line editor and the drag of a line.
+    PageState state;
+    RecipeLines& recipe_lines() { return *recipe_lines_; } ///< emits the mouse and key events of the lines
+    std::vector<IngredientLine>& lines() { return recipe_lines_->lines(); }
+
+    /// Index that a new line will have: 0 on an empty page.
+    int next_index() const { return recipe_lines_->count(); }
+
+    /// Appends a line that was just inserted, without its light, and moves the instructions down.
+    /// Returns its index. Throws error 6 as `set_recipe`.
+    int new_line(Key key, Key item_ref, const QString& text, const QString& item);
+
+    /// Takes the last line off the page and moves the instructions up.
+    void drop_last_line();
+
+    /// Shows text, tool tip and Tags of a line as its members have them.
+    void refresh_line(int index) { recipe_lines_->refresh(index); }
+
+    /// Light and check box of a line; codes outside 5 to 9 change nothing.
+    void set_lites(int index, int code);
+
+    /// Scrolls as little as needed to bring a line into the viewport.
+    void show_line(int index);
+
+    /// The same for a stretch of the page, pixels from its top.
+    void show_stretch(int top, int bottom);
+
+    /// The line's item name.
+    QString rcp_item(int index) const;
+
+    /// The item name that the item editor is opened with, in the hidden `Label1`.
+    QString rcp_item_in_work() const;
+    void set_rcp_item_in_work(const QString& name);
+
+    /// State 1 marks the line's stock item to buy on all lists, 0 clears it, others only refresh.
+    void recipe_chck(int to_state, Key line_key);
+
+    bool editor_open() const; ///< the line editor stands open
+
+    /// The boxes of an open line editor lose the focus to the tree: finishes the edit.
+    void finish_line_editor();
+
+    // What other panes tell the page about a stock item; lines of other items stay as they are.
+    bool shows_item(Key item) const;
+    void set_item_status(Key item, int code);
+    void set_item_tool_tip(Key item, const QString& text);
+    void unlink_item(Key item, const QString& tool_tip); ///< lines become non-stock
+    void link_item(const QString& name, Key item, int code, const QString& tool_tip);
+
+    /// Saves what can be saved of an open line editor and closes it without a question.
+    void close_line_editor();
+
+    void hide_line(); ///< closes the floating editors of list and page; what is not written is not saved
+
+    LineEditor& line_editor() { return *line_editor_; }
+    Ingredients& ingredients();
+    void add_ns_ingred();
+    void drag_ingred(const QString& name);
+
+    void show_pane(bool shown);
+    void set_page_color();
+    void set_type_size();
+    void layout_page();
+
+signals:
+    void laid_out(); ///< lines and boxes have taken new places
+
+private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void make_page();
+    void make_line_editor();
+    void fill_lines(Key recipe);
+    void fill_text(Key recipe);
+    bool write_page();
+    Key page_key() const;
+    void set_marks(const char* mark);
+    bool title_validated(Qt::FocusReason reason);
+    void title_typed();
+    void text_edited();
+    void show_caret();
+    void place_page(bool checked);
+    void place_text();
+    void scroll();
+    void scroll_bar_refresh();
+    int text_top() const;
+    int content_height() const;
+    int color_index() const;
+    void check_clicked(int index);
+    void mark_to_buy(int to_state, Key item);
+    void show_in_grid(bool to_get);
+    void change_lines(Key item, const std::function<void(IngredientLine&, int)>& change);
+
+    frmmain& main_;
+    QFrame* frame4_;
+    QFrame* frame3_;
+    QScrollBar* scroll_bar_;
+    QLineEdit* title_;
+    PageText* text1_;
+    QLabel* label1_;
+    RecipeLines* recipe_lines_;
+    LineEditor* line_editor_ = nullptr;
+    int scrolled_ = 0; ///< pixels of the page above the viewport
+    LostClick* lost_click_ = nullptr; ///< for the click that left an empty name
+};
+
+} // namespace tarnwick

@@ -1,0 +1,59 @@
+#include "recipes/recipe_page.h"
+
+#include "app/frmmain.h"
+#include "recipes/ingredients.h"
+#include "recipes/line_editor.h"
+#include "shell/commands.h"
+
+#include <QAction>
+#include <QShortcut>
+
+namespace tarnwick {
+
+void RecipePage::make_line_editor()
+{
+    line_editor_ = new LineEditor(main_, *this);
+    auto* add = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_I), &main_);
+    connect(add, &QShortcut::activated, this, [this] {
+        const QString command = QStringLiteral("mnu_recipe_add_ingred");
+        if (main_.commands().action(command).isEnabled())
+            main_.commands().run(command);
+    });
+}
+
+Ingredients& RecipePage::ingredients()
+{
+    return line_editor_->ingredients();
+}
+
+bool RecipePage::editor_open() const
+{
+    return line_editor_->is_open();
+}
+
+void RecipePage::finish_line_editor()
+{
+    line_editor_->leave();
+}
+
+void RecipePage::close_line_editor()
+{
+    line_editor_->close_quietly();
+}
+
+void RecipePage::hide_line()
+{
+    line_editor_->hide_line();
+}
+
+void RecipePage::add_ns_ingred()
+{
+    ingredients().add_ns_ingred();
+}
+
+void RecipePage::drag_ingred(const QString& name)
+{
+    ingredients().drag_ingred(name);
+}
+
+} // namespace tarnwick

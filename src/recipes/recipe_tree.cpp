@@ -1,0 +1,230 @@
+#include "recipes/recipe_tree.h"
+
+#include "app/frmmain.h"
+#include "app/message_box.h"
+#include "recipes/new_item_rcp.h"
+#include "recipes/page_text.h"
+#include "recipes/recipe_categories.h"
+#include "recipes/recipe_page.h"
+#include "recipes/recipe_store.h"
+#include "shell/commands.h"
+#include "shell/tree_view.h"
+#include "shell/view_state.h"
+
+#include <QHash>
+#include <QScrollBar>
+
+namespace tarnwick {
+namespace {
+
+constexpr int recipe_picture = 1;
+constexpr int folder_closed = 3;
+constexpr int folder_open = 4;
+
+QString recipe_key(Key recipe)
+{
+    return QStringLiteral("rcp") + key_str(recipe);
+}
+
+QString category_key(const QString& category)
+{
+    return QStringLiteral("rcat") + category;
+}
+
+bool is_recipe(const QTreeWidgetItem& node)
+{
+    return TreeView::key(&node).startsWith(QLatin1String("rcp"));
+}
+
+} // namespace
+
+RecipeTree::RecipeTree(frmmain& main, TreeView& tree)
+    : main_(main)
+    , tree_(tree)
+{
+    connect_events();
+}
+
+QTreeWidgetItem* RecipeTree::recipe_node(Key recipe) const
+{
+    return tree_.node(recipe_key(recipe));
+}
+
+QTreeWidgetItem& RecipeTree::category_node(const QString& category) const
+{
+    return tree_.require_node(category_key(category));
+}
+
+void RecipeTree::recip_load(bool alpha)
+{
+    tree_.clear_nodes();
+    tree_.set_flat(alpha);
+    if (alpha)
+        load_flat();
+    else
+        load_folders();
+    select_current();
+    show_menus();
+}
+
+void RecipeTree::load_flat()
+{
+    QList<QTreeWidgetItem*> nodes;
+    const auto rows = read_recipes(main_.connection());
+    tree_.reserve_nodes(static_cast<int>(rows.size()));
+    for (const RecipeRow& row : rows)
+        nodes.append(tree_.make_node(recipe_key(row.key), row.name, recipe_picture, {}));
+    tree_.addTopLevelItems(nodes);
+}
+
+// A recipe whose stored category is none of the fifteen has no folder of its own; it stands with the
+// others, where it can be seen and moved.
+void RecipeTree::load_folders()
+{
+    const auto& captions = recipe_categories();
+    QHash<QString, QList<QTreeWidgetItem*>> recipes;
+    for (int i = 0; i < captions.size(); ++i)
+        recipes.insert(recipe_category(i), {});
+    const QString others = recipe_category(static_cast<int>(captions.size()) - 1);
+    const auto rows = read_recipes(main_.connection());
+    tree_.reserve_nodes(static_cast<int>(rows.size() + captions.size()));
+    for (const RecipeRow& row : rows) {
+        auto folder = recipes.find(row.cat);
+        if (folder == recipes.end())
+            folder = recipes.find(others);
+        folder->append(tree_.make_node(recipe_key(row.key), row.name, recipe_picture, {}));
+    }
+    QList<QTreeWidgetItem*> folders;
+    for (int i = 0; i < captions.size(); ++i) {
+        QTreeWidgetItem* folder = tree_.make_node(category_key(recipe_category(i)), captions[i], folder_closed, {});
+        folder->addChildren(recipes.value(recipe_category(i)));
+        folders.append(folder);
+    }
+    tree_.addTopLevelItems(folders);
+}
+
+void RecipeTree::select_current()
+{
+    QTreeWidgetItem* node = main_.shared.cur_recipe > 0 ? recipe_node(main_.shared.cur_recipe) : nullptr;
+    if (!node)
+        return;
+    if (QTreeWidgetItem* folder = node->parent()) {
+        tree_.set_picture(folder, folder_open);
+        folder->setExpanded(true);
+    }
+    tree_.select(node);
+    tree_.ensure_visible(node);
+}
+
+// The captions of the commands on the selected recipe.
+void RecipeTree::show_menus()
+{
+    Commands& commands = main_.commands();
+    const QTreeWidgetItem* node = tree_.selected();
+    const bool recipe = node && is_recipe(*node);
+    const bool movable = recipe && !tree_.is_flat();
+    const QString text = recipe ? trim(node->text(0)) : QString();
+    const QString move
+        = movable ? QStringLiteral("Move ") + text + QStringLiteral(" recipe") : QStringLiteral("Move recipe");
+    commands.set(QStringLiteral("mnu_tv_r_del"),
+                 QStringLiteral("Delete ") + (recipe ? text : QStringLiteral("recipe")), recipe);
+    commands.set(QStringLiteral("mnu_tv_r_move"), move, movable);
+    commands.set(QStringLiteral("mnu_recipe_move"), move, movable);
+}
+
+void RecipeTree::close_folders()
+{
+    tree_.collapseAll();
+    main_.view_state().set_mnu_recipe();
+}
+
+void RecipeTree::new_rcp()
+{
+    main_.shared.dialog_kind = naming::recipe;
+    new_item_rcp dialog(main_, &main_);
+    dialog.exec();
+}
+
+void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& category)
+{
+    main_.recipe_page().edit_updt();
+    main_.shared.cur_recipe = recipe;
+    main_.shared.cur_recipe_name = name;
+    main_.shared.stock_view = false;
+    QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &category_node(category);
+    QTreeWidgetItem* node = tree_.add_node(folder, recipe_key(recipe), name, recipe_picture, {});
+    if (folder)
+        folder->setExpanded(true);
+    tree_.sort_children(folder);
+    tree_.select(node);
+    tree_.ensure_visible(node);
+    show_menus();
+    main_.shared.list_pane_shown = false;
+    main_.l_r_refresh();
+    main_.recipe_page().set_recipe(recipe);
+    main_.recipe_page().Text1().set_border_style(1);
+}
+
+void RecipeTree::recip_del(Key recipe)
+{
+    const auto name = recipe_name(main_.connection(), recipe);
+    const QString question = QStringLiteral("Are you sure you want to \ndelete the ") + name.value_or(QString())
+        + QStringLiteral(" recipe?");
+    if (msg_box(&main_, question, box::yes_no | box::exclamation, QStringLiteral("Warning")) != Answer::yes)
+        return;
+    delete_recipe(main_.connection(), recipe);
+    if (QTreeWidgetItem* node = recipe_node(recipe))
+        take_off(node);
+    const QTreeWidgetItem* next = tree_.selected();
+    const bool left = next && is_recipe(*next);
+    main_.shared.cur_recipe = left ? record_key(TreeView::key(next)) : Key{-1};
+    main_.shared.cur_recipe_name = left ? trim(next->text(0)) : QString();
+    main_.l_r_refresh();
+    main_.recipe_page().set_recipe(main_.shared.cur_recipe);
+    show_menus();
+}
+
+// The neighbour above takes the selection, then the one below, then the folder.
+void RecipeTree::take_off(QTreeWidgetItem* node)
+{
+    QTreeWidgetItem* folder = node->parent();
+    const QTreeWidgetItem* siblings = folder ? folder : tree_.invisibleRootItem();
+    const int place = siblings->indexOfChild(node);
+    QTreeWidgetItem* next = siblings->child(place > 0 ? place - 1 : place + 1);
+    if (!next && folder)
+        tree_.set_picture(folder, folder_closed);
+    tree_.remove_node(node);
+    tree_.select(next ? next : folder);
+    if (next)
+        tree_.ensure_visible(next);
+}
+
+void RecipeTree::mv_rcp(const QString& category, Key recipe)
+{
+    const auto row = recipe_for_move(main_.connection(), recipe);
+    main_.shared.cur_recipe = recipe;
+    if (row) {
+        if (row->cat == category)
+            return;
+        QTreeWidgetItem& target = category_node(category);
+        set_recipe_category(main_.connection(), recipe, category);
+        if (QTreeWidgetItem* node = recipe_node(recipe)) {
+            QTreeWidgetItem* folder = node->parent();
+            tree_.remove_node(node);
+            if (folder && folder->childCount() == 0)
+                tree_.set_picture(folder, folder_closed);
+        }
+        QTreeWidgetItem* node = tree_.add_node(&target, recipe_key(recipe), row->name, recipe_picture, {});
+        tree_.sort_children(&target);
+        tree_.select(node);
+        tree_.ensure_visible(node);
+        main_.shared.cur_recipe_name = row->name;
+        show_menus();
+    }
+    main_.shared.tree_drag = false;
+    main_.recipe_page().set_recipe(recipe);
+    main_.view_state().set_mnu_recipe();
+    main_.view_state().caption_refresh();
+}
+
+} // namespace tarnwick

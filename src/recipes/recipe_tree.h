@@ -1,0 +1,66 @@
+#pragma once
+
+#include "data/text.h"
+
+#include <QObject>
+#include <QPoint>
+#include <QString>
+
+class QTreeWidgetItem;
+
+namespace tarnwick {
+
+class frmmain;
+class TreeView;
+
+/// The recipe tree `TreeView1(1)`.
+class RecipeTree : public QObject {
+    Q_OBJECT
+public:
+    RecipeTree(frmmain& main, TreeView& tree);
+
+    TreeView& view() { return tree_; }
+
+    /// Rebuilds the tree: fifteen categories with their recipes, or one flat list when `alpha`.
+    void recip_load(bool alpha);
+
+    void close_folders(); ///< closes every folder; nothing is stored
+    void new_rcp();
+
+    /// Takes up a recipe that was just made, and shows its page. `category` has two digits.
+    void recipe_made(Key recipe, const QString& name, const QString& category);
+
+    /// Asks, then deletes a recipe with its lines and shows the neighbour.
+    void recip_del(Key recipe);
+
+    /// Moves a recipe to a category, a two-digit text. Throws error 35601 for any other.
+    void mv_rcp(const QString& category, Key recipe);
+
+    /// The node of a recipe; none when the tree does not hold it.
+    QTreeWidgetItem* recipe_node(Key recipe) const;
+
+    /// A click with a mouse button on the tree, after the selection.
+    void mouse_up(Qt::MouseButton button, QTreeWidgetItem* node);
+
+private:
+    void connect_events();
+    void load_flat();
+    void load_folders();
+    void select_current();
+    QTreeWidgetItem& category_node(const QString& category) const;
+    void node_click(QTreeWidgetItem* node);
+    void mouse_down(QPoint position);
+    void mouse_released(Qt::MouseButton button);
+    void key_down(int key);
+    void key_up(int key);
+    void expanded(QTreeWidgetItem* node, bool open);
+    void show_menus();
+    void take_off(QTreeWidgetItem* node);
+
+    frmmain& main_;
+    TreeView& tree_;
+    bool tree_mouse_down_ = false;
+    QPoint tree_down_;
+};
+
+} // namespace tarnwick

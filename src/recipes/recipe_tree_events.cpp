@@ -1,0 +1,131 @@
+#include "recipes/recipe_tree.h"
+
+#include "app/frmmain.h"
+#include "app/message_box.h"
+#include "lists/list_grid.h"
+#include "lists/list_pane.h"
+#include "lists/row_editor.h"
+#include "recipes/recipe_page.h"
+#include "shell/commands.h"
+#include "shell/tree_view.h"
+#include "shell/view_state.h"
+
+#include <QCursor>
+#include <QMenu>
+#include <QScrollBar>
+
+namespace tarnwick {
+namespace {
+
+constexpr int folder_closed = 3;
+constexpr int folder_open = 4;
+
+bool is_recipe(const QTreeWidgetItem& node)
+{
+    return TreeView::key(&node).startsWith(QLatin1String("rcp"));
+}
+
+} // namespace
+
+void RecipeTree::connect_events()
+{
+    connect(&tree_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* node) { expanded(node, true); });
+    connect(&tree_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* node) { expanded(node, false); });
+    connect(&tree_, &TreeView::node_click, this, &RecipeTree::node_click);
+    connect(&tree_, &TreeView::mouse_down, this,
+            [this](Qt::MouseButton, QPoint position) { mouse_down(position); });
+    connect(&tree_, &TreeView::mouse_up, this, [this](Qt::MouseButton button) { mouse_released(button); });
+    connect(&tree_, &TreeView::key_down, this, &RecipeTree::key_down);
+    connect(&tree_, &TreeView::key_up, this, &RecipeTree::key_up);
+    // A recipe is renamed on its page, a category never.
+    connect(&tree_, &TreeView::before_label_edit, this, [](QTreeWidgetItem*, bool& cancel) { cancel = true; });
+}
+
+void RecipeTree::expanded(QTreeWidgetItem* node, bool open)
+{
+    if (!main_.shared.form_loading)
+        tree_.set_picture(node, open ? folder_open : folder_closed);
+}
+
+void RecipeTree::node_click(QTreeWidgetItem* node)
+{
+    if (main_.shared.node_dragged) {
+        main_.shared.node_dragged = false;
+        return;
+    }
+    if (!is_recipe(*node)) {
+        main_.set_status(node->text(0) + QStringLiteral(": ") + QString::number(node->childCount())
+                         + QStringLiteral(" recipes"));
+        main_.view_state().set_mnu_recipe();
+        show_menus();
+        return;
+    }
+    main_.shared.cur_recipe = record_key(TreeView::key(node));
+    main_.shared.cur_recipe_name = trim(node->text(0));
+    main_.recipe_page().scroll_bar().setValue(0);
+    main_.recipe_page().set_recipe(main_.shared.cur_recipe);
+    main_.shared.list_pane_shown = false;
+    main_.l_r_refresh();
+    show_menus();
+    main_.set_status(main_.shared.cur_recipe_name + QStringLiteral(" recipe"));
+}
+
+void RecipeTree::mouse_down(QPoint position)
+{
+    if (QTreeWidgetItem* node = tree_.hit_test(position)) {
+        ListGrid& grid = main_.list_pane().grid();
+        if (grid.current_row() >= 0)
+            grid.set_current(grid.current_row(), grid_column::item);
+        grid.clearSelection();
+        if (main_.row_editor().is_open())
+            main_.row_editor().lv_edit_off();
+        if (main_.recipe_page().editor_open()) {
+            main_.recipe_page().finish_line_editor();
+            return;
+        }
+        tree_.select(node);
+    }
+    tree_down_ = position;
+    tree_mouse_down_ = true;
+}
+
+void RecipeTree::mouse_released(Qt::MouseButton button)
+{
+    const bool pressed = tree_mouse_down_;
+    tree_mouse_down_ = false;
+    if (main_.shared.tree_drag) {
+        main_.shared.tree_drag = false;
+        return;
+    }
+    QTreeWidgetItem* node = pressed ? tree_.hit_test(tree_down_) : nullptr;
+    if (!node)
+        return;
+    tree_.select(node);
+    mouse_up(button, node);
+}
+
+void RecipeTree::mouse_up(Qt::MouseButton button, QTreeWidgetItem*)
+{
+    if (button != Qt::LeftButton)
+        main_.commands().menu(QStringLiteral("mnu_tv_r")).popup(QCursor::pos());
+}
+
+void RecipeTree::key_down(int key)
+{
+    const QTreeWidgetItem* node = tree_.selected();
+    if (key != Qt::Key_Delete || !node)
+        return;
+    if (is_recipe(*node))
+        recip_del(record_key(TreeView::key(node)));
+    else
+        msg_box(&main_, QStringLiteral("Cannot delete recipe categories"), box::information,
+                QStringLiteral("Info"));
+}
+
+void RecipeTree::key_up(int key)
+{
+    if (key == Qt::Key_Up || key == Qt::Key_Down)
+        main_.view_state().set_mnu_recipe();
+}
+
+} // namespace tarnwick
