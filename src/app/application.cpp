@@ -1,0 +1,50 @@
+#include "app/application.h"
+
+#include "app/message_box.h"
+
+#include <QIcon>
+#include <QStyleFactory>
+
+#include <cstdlib>
+
+namespace tarnwick {
+
+Application::Application(int& argc, char** argv)
+    : QApplication(argc, argv)
+{
+    setApplicationName(QStringLiteral("tarnwick"));
+    setDesktopFileName(QStringLiteral("tarnwick"));
+    setWindowIcon(QIcon(QStringLiteral(":/icon/tarnwick.svg")));
+    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+}
+
+bool Application::notify(QObject* receiver, QEvent* event)
+{
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (...) {
+        const runtime_error error = current_error();
+        if (!started_)
+            end_with_start_message(error);
+        end_with_runtime_message(error);
+    }
+}
+
+void end_with_start_message(const runtime_error& error)
+{
+    msg_box(nullptr,
+            QStringLiteral("TarnWick encountered an error\nAnd must shut down\n\nError %1: %2")
+                .arg(error.number())
+                .arg(error.description()),
+            box::ok, QStringLiteral("TarnWick"));
+    std::_Exit(EXIT_FAILURE);
+}
+
+void end_with_runtime_message(const runtime_error& error)
+{
+    msg_box(nullptr, QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.description()),
+            box::stop, QStringLiteral("TarnWick"));
+    std::_Exit(EXIT_FAILURE);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,24 @@
+#include "app/environment.h"
+
+#include "app/settings.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QUrl>
+
+#include <cstdlib>
+
+namespace tarnwick {
+
+Environment desktop_environment()
+{
+    Environment environment;
+    environment.program_folder = QCoreApplication::applicationDirPath();
+    environment.settings_file = settings_file();
+    environment.today = [] { return QDate::currentDate(); };
+    environment.open_url = [](const QUrl& url) { return QDesktopServices::openUrl(url); };
+    environment.end_program = [] { std::_Exit(EXIT_SUCCESS); };
+    return environment;
+}
+
+} // namespace tarnwick

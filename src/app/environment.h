@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+#include <functional>
+
+class QUrl;
+
+namespace tarnwick {
+
+/// What the program takes from the machine it runs on; tests give their own.
+struct Environment {
+    QString program_folder; ///< holds `twdata`, `ico` and `help`
+    QString settings_file; ///< the INI file of the settings
+    std::function<QDate()> today; ///< the present date
+    std::function<bool(const QUrl&)>
+        open_url; ///< opens a file or address with the desktop; false when it could not
+    std::function<void()> end_program; ///< ends the process at once; returns only in tests
+
+    QString database_file() const { return program_folder + QStringLiteral("/twdata/groc.mdb"); }
+    QString icon_file(const QString& name) const { return program_folder + QStringLiteral("/ico/") + name; }
+};
+
+/// The real environment of the running process.
+Environment desktop_environment();
+
+} // namespace tarnwick

@@ -1,0 +1,86 @@
+#include "app/frmsplash.h"
+
+#include "shell/pictures.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProgressBar>
+#include <QVBoxLayout>
+#include <QWindow>
+
+namespace tarnwick {
+namespace {
+
+constexpr QSize small_picture(32, 32);
+
+} // namespace
+
+frmSplash::frmSplash()
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint)
+{
+    setObjectName(QStringLiteral("frmSplash"));
+    setWindowTitle(QStringLiteral("Tarnwick"));
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(36, 28, 36, 24);
+    rows->setSpacing(8);
+
+    constexpr int splash_picture = 165;
+    const std::array images = {list_icon(ImageList::toolbar, 1).pixmap(small_picture, devicePixelRatioF()),
+                               picture(splash_picture, devicePixelRatioF()),
+                               list_icon(ImageList::toolbar, 5).pixmap(small_picture, devicePixelRatioF())};
+    auto* pictures = new QHBoxLayout;
+    pictures->setSpacing(16);
+    for (size_t i = 0; i < images.size(); ++i) {
+        auto* image = new QLabel(this);
+        image->setObjectName(QStringLiteral("Picture1(%1)").arg(i));
+        image->setPixmap(images[i]);
+        pictures->addWidget(image, 0, Qt::AlignBottom);
+    }
+    rows->addLayout(pictures);
+    rows->setAlignment(pictures, Qt::AlignHCenter);
+
+    auto* name = new QLabel(QStringLiteral("Tarnwick"), this);
+    name->setObjectName(QStringLiteral("Label1"));
+    QFont large = name->font();
+    large.setPointSize(20);
+    large.setBold(true);
+    name->setFont(large);
+    rows->addWidget(name, 0, Qt::AlignHCenter);
+
+    const std::array warnings
+        = {QStringLiteral("TarnWick encountered an error the last time it ran:"),
+           QStringLiteral("Running data integrity check  /"), QStringLiteral("Fixing data integrity errors")};
+    for (size_t i = 0; i < warnings.size(); ++i) {
+        lblWarning_[i] = new QLabel(warnings[i], this);
+        lblWarning_[i]->setObjectName(QStringLiteral("lblWarning(%1)").arg(i));
+        lblWarning_[i]->setVisible(false);
+        rows->addWidget(lblWarning_[i], 0, Qt::AlignHCenter);
+    }
+
+    auto* progress = new QProgressBar(this);
+    progress->setObjectName(QStringLiteral("ProgressBar1"));
+    progress->setTextVisible(false);
+    progress->setFixedSize(220, 6);
+    rows->addWidget(progress, 0, Qt::AlignHCenter);
+    setMinimumWidth(320);
+}
+
+void frmSplash::show_warnings()
+{
+    for (QLabel* label : lblWarning_)
+        label->setVisible(true);
+    adjustSize();
+}
+
+void frmSplash::refresh()
+{
+    // The window system shows a window only after it has been asked; until then nothing can be painted.
+    constexpr int longest_wait_ms = 200;
+    QElapsedTimer waited;
+    waited.start();
+    while (windowHandle() && !windowHandle()->isExposed() && waited.elapsed() < longest_wait_ms)
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
+    repaint();
+}
+
+} // namespace tarnwick
