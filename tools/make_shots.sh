@@ -1,0 +1,19 @@
+#!/bin/bash
+# make_shots.sh BUILD PICTURES: draws every window of the sample household under Xvfb. The program folder is a
+# copy, so that the user's own database is left alone.
+set -euo pipefail
+build=$(realpath "$1")
+pictures=$2
+sources=$(realpath "$(dirname "$0")/..")
+
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cp -r "$build/bin/ico" "$folder/"
+mkdir -p "$folder/twdata" "$pictures"
+"$build/tools/make_database" "$folder/twdata/groc.mdb"
+"$build/tools/load_household" "$sources/tools/sample/household" "$folder/twdata/groc.mdb"
+rm -f "$pictures"/*.png
+
+export XDG_CONFIG_HOME="$folder/config" XDG_RUNTIME_DIR="$folder/runtime" QT_QPA_PLATFORM=xcb
+mkdir -m 700 -p "$XDG_RUNTIME_DIR"
+xvfb-run -a -s "-screen 0 1600x1200x24" "$build/tools/shots" "$folder" "$pictures"

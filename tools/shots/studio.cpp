@@ -1,0 +1,269 @@
+#include "shots/studio.h"
+
+#include "app/frmmain.h"
+#include "data/schema.h"
+#include "shell/tree_view.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidgetItemIterator>
+#include <QUrl>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace tarnwick::shots {
+
+Studio::Studio(const QString& program_folder, const QString& pictures)
+    : environment_(desktop_environment())
+    , household_folder_(program_folder)
+    , pictures_(pictures)
+{
+    environment_.open_url = [](const QUrl&) { return true; };
+    environment_.end_program = [] {};
+    use_household();
+    qApp->installEventFilter(this);
+}
+
+Studio::~Studio()
+{
+    close();
+}
+
+void Studio::use_household()
+{
+    close();
+    environment_.program_folder = household_folder_;
+    environment_.settings_file = household_folder_ + QStringLiteral("/shots.ini");
+}
+
+void Studio::use_empty_folder()
+{
+    close();
+    environment_.program_folder = household_folder_ + QStringLiteral("/empty");
+    environment_.settings_file = environment_.program_folder + QStringLiteral("/shots.ini");
+    QDir(environment_.program_folder).removeRecursively();
+    make_database(environment_.database_file());
+}
+
+void Studio::close()
+{
+    if (main_)
+        main_->close();
+    main_.reset();
+}
+
+frmmain& Studio::start(const QHash<QString, QString>& prefs, QSize size)
+{
+    close();
+    {
+        Settings settings(environment_.settings_file);
+        settings.set_reg();
+        settings.set_pref(QStringLiteral("wstate"), QStringLiteral("0"));
+        constexpr int twips = 15;
+        settings.set_pref(QStringLiteral("fwidth"), QString::number(size.width() * twips));
+        settings.set_pref(QStringLiteral("fheight"), QString::number(size.height() * twips));
+        for (auto pref = prefs.begin(); pref != prefs.end(); ++pref)
+            settings.set_pref(pref.key(), pref.value());
+    }
+    main_ = std::make_unique<frmmain>(environment_);
+    main_->load();
+    main_->activateWindow();
+    if (!QTest::qWaitForWindowExposed(main_.get()))
+        fault(QStringLiteral("the main window was not shown"));
+    settle();
+    return *main_;
+}
+
+void Studio::settle()
+{
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QTest::qWait(10);
+    }
+}
+
+void Studio::shot(const QString& name)
+{
+    settle();
+    QList<QWidget*> windows;
+    QRect scene;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible() || window->isMinimized())
+            continue;
+        windows.append(window);
+        scene |= window->geometry();
+    }
+    // The main window lies at the bottom; pop-up windows were opened from what is below them.
+    const auto height_of = [this](const QWidget* window) {
+        return window == main_.get() ? 0 : window->windowType() == Qt::Popup ? 2 : 1;
+    };
+    std::stable_sort(windows.begin(), windows.end(),
+                     [&](const QWidget* left, const QWidget* right) { return height_of(left) < height_of(right); });
+    if (scene.isEmpty()) {
+        fault(name + QStringLiteral(": no window to be seen"));
+        return;
+    }
+    QImage image(scene.size(), QImage::Format_RGB32);
+    image.fill(QColor(0x60, 0x68, 0x70));
+    QPainter painter(&image);
+    painter.setPen(QColor(0x40, 0x48, 0x50));
+    for (QWidget* window : windows) {
+        const QRect place = window->geometry().translated(-scene.topLeft());
+        painter.drawPixmap(place.topLeft(), window->grab());
+        // The frame that a window manager would give it, so that dialogs stand out.
+        if (window != main_.get())
+            painter.drawRect(place.adjusted(-1, -1, 0, 0));
+    }
+    painter.end();
+    const QString file
+        = QStringLiteral("%1/%2-%3.png").arg(pictures_).arg(taken_ + 1, 3, 10, QLatin1Char('0')).arg(name);
+    if (!image.save(file)) {
+        fault(QStringLiteral("cannot write ") + file);
+        return;
+    }
+    ++taken_;
+}
+
+void Studio::command(const QString& name)
+{
+    auto* action = main_->findChild<QAction*>(name);
+    if (!action) {
+        fault(QStringLiteral("there is no command ") + name);
+        return;
+    }
+    if (!action->isEnabled()) {
+        fault(QStringLiteral("the command %1 is disabled").arg(name));
+        return;
+    }
+    action->trigger();
+    settle();
+}
+
+void Studio::with_dialog(const std::function<void()>& open, const std::function<void(QDialog&)>& drive)
+{
+    bool came = false;
+    driver_ = [&](QDialog& dialog) {
+        came = true;
+        settle();
+        drive(dialog);
+    };
+    open();
+    settle();
+    driver_ = nullptr;
+    if (!came)
+        fault(QStringLiteral("a dialog did not open"));
+}
+
+void Studio::menu_shot(const QString& name, const QString& shot_name)
+{
+    auto* menu = main_->findChild<QMenu*>(name);
+    if (!menu) {
+        fault(QStringLiteral("there is no menu ") + name);
+        return;
+    }
+    QMenuBar& bar = *main_->menuBar();
+    if (bar.actions().contains(menu->menuAction()))
+        QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(menu->menuAction()).center());
+    else
+        menu->popup(main_->mapToGlobal(QPoint(240, 200)));
+    if (!menu->isVisible())
+        fault(QStringLiteral("the menu %1 did not open").arg(name));
+    shot(shot_name);
+    QTest::keyClick(menu, Qt::Key_Escape);
+    menu->close();
+    settle();
+}
+
+QWidget* Studio::visible_child(const QString& name, QWidget* parent)
+{
+    QWidget* from = parent ? parent : main_.get();
+    for (auto* child : from->findChildren<QWidget*>(name)) {
+        if (child->isVisible())
+            return child;
+    }
+    fault(QStringLiteral("%1 is not to be seen").arg(name));
+    return nullptr;
+}
+
+void Studio::click(QWidget* widget, QPoint position, Qt::MouseButton button)
+{
+    if (!widget)
+        return;
+    QTest::mouseClick(widget, button, Qt::NoModifier, position.isNull() ? widget->rect().center() : position);
+    settle();
+}
+
+void Studio::click_node(QTreeWidgetItem* node, Qt::MouseButton button)
+{
+    if (!node)
+        return;
+    auto& tree = dynamic_cast<TreeView&>(*node->treeWidget());
+    tree.ensure_visible(node);
+    settle();
+    const QRect text = tree.text_rect(node);
+    if (text.isNull())
+        fault(QStringLiteral("the node '%1' is out of reach").arg(node->text(0)));
+    else
+        click(tree.viewport(), text.center(), button);
+}
+
+QTreeWidgetItem* Studio::node(const QString& text)
+{
+    TreeView& tree = main_->visible_tree();
+    for (QTreeWidgetItemIterator it(&tree); *it; ++it) {
+        if ((*it)->text(0) == text)
+            return *it;
+    }
+    fault(QStringLiteral("the tree has no node '%1'").arg(text));
+    return nullptr;
+}
+
+void Studio::fault(const QString& text)
+{
+    ++faults_;
+    std::fprintf(stderr, "shots: after picture %d: %s\n", taken_, qPrintable(text));
+}
+
+void Studio::close_dialog(QDialog* dialog)
+{
+    if (dialog && dialog->isVisible())
+        dialog->reject();
+    if (dialog && dialog->isVisible())
+        dialog->close();
+}
+
+bool Studio::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Show && !event->spontaneous()) {
+        if (auto* dialog = qobject_cast<QDialog*>(watched)) {
+            const QPointer<QDialog> shown(dialog);
+            QTimer::singleShot(0, this, [this, shown] {
+                if (!shown || !shown->isVisible())
+                    return;
+                if (const auto driver = std::exchange(driver_, nullptr)) {
+                    driver(*shown);
+                } else if (shown->isModal()) {
+                    const auto* box = qobject_cast<QMessageBox*>(shown.data());
+                    fault(QStringLiteral("unexpected dialog '%1': %2")
+                              .arg(shown->windowTitle(), box ? box->text() : shown->objectName()));
+                } else {
+                    return;
+                }
+                close_dialog(shown);
+            });
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace tarnwick::shots
