@@ -1,0 +1,211 @@
+#include "data/schema.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace tarnwick;
+
+namespace {
+
+constexpr int patience_ms = 30000;
+
+QByteArray bytes_of(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+}
+
+} // namespace
+
+/// The real executable, copied to a folder of its own and started as a process. A plugin prints its windows.
+class tst_process : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+
+    void runs_from_the_folder_it_was_copied_to();
+    void a_second_start_says_so_and_touches_nothing();
+    void a_start_after_a_killed_one_is_no_second_start();
+    void a_missing_database_shows_the_message_and_makes_none();
+    void a_damaged_database_shows_the_message_and_is_left_alone();
+    void a_setting_that_is_no_text_shows_the_message();
+    void a_read_only_store_of_settings_shows_the_message();
+
+private:
+    std::unique_ptr<QProcess> start(bool closing, const QString& config = QStringLiteral("config"));
+    /// Waits for the end and gives all that was printed.
+    static QStringList lines_of(QProcess& process);
+    static bool wait_for(QProcess& process, const QByteArray& line);
+
+    QString program() const { return folder_->filePath(QStringLiteral("app/tarnwick")); }
+    QString database() const { return folder_->filePath(QStringLiteral("app/twdata/groc.mdb")); }
+    QString settings() const { return folder_->filePath(QStringLiteral("config/tarnwick/settings.ini")); }
+    QStringList files() const;
+
+    std::unique_ptr<QTemporaryDir> folder_;
+};
+
+void tst_process::init()
+{
+    folder_ = std::make_unique<QTemporaryDir>();
+    QVERIFY(QDir().mkpath(folder_->filePath(QStringLiteral("app/twdata"))));
+    QVERIFY(QFile::copy(QStringLiteral(TARNWICK_PROGRAM), program()));
+    QVERIFY(make_database(database()));
+}
+
+std::unique_ptr<QProcess> tst_process::start(bool closing, const QString& config)
+{
+    auto process = std::make_unique<QProcess>();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder_->filePath(config));
+    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(PROBE_FOLDER));
+    environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("message_probe"));
+    if (closing)
+        environment.insert(QStringLiteral("PROBE_CLOSES"), QStringLiteral("1"));
+    process->setProcessEnvironment(environment);
+    process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process->start(program(), QStringList());
+    return process;
+}
+
+QStringList tst_process::lines_of(QProcess& process)
+{
+    if (!process.waitForFinished(patience_ms)) {
+        process.kill();
+        process.waitForFinished();
+        return {QStringLiteral("(did not end)")};
+    }
+    return QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+}
+
+bool tst_process::wait_for(QProcess& process, const QByteArray& line)
+{
+    QByteArray output;
+    while (!output.contains(line) && process.waitForReadyRead(patience_ms))
+        output += process.readAllStandardOutput();
+    return output.contains(line);
+}
+
+QStringList tst_process::files() const
+{
+    return QDir(folder_->filePath(QStringLiteral("app/twdata"))).entryList(QDir::Files);
+}
+
+void tst_process::runs_from_the_folder_it_was_copied_to()
+{
+    const auto process = start(true);
+    QCOMPARE(lines_of(*process), QStringList(QStringLiteral("window frmmain")));
+    QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process->exitCode(), 0);
+    QVERIFY(bytes_of(settings()).contains("prefs\\load=load"));
+    QVERIFY(!files().contains(QStringLiteral("groc.lock")));
+}
+
+void tst_process::a_second_start_says_so_and_touches_nothing()
+{
+    const auto first = start(false);
+    QVERIFY(wait_for(*first, "window frmmain"));
+    const QByteArray before = bytes_of(database());
+    const QStringList files_before = files();
+
+    // The settings of the second start lie elsewhere, where the first does not write.
+    const auto second = start(true, QStringLiteral("other"));
+    QCOMPARE(lines_of(*second),
+             QStringList(QStringLiteral("message TarnWick: A previous instance of TarnWick|is already running")));
+    QCOMPARE(second->exitStatus(), QProcess::NormalExit);
+
+    QVERIFY(!QFile::exists(folder_->filePath(QStringLiteral("other"))));
+    QCOMPARE(bytes_of(database()), before);
+    QCOMPARE(files(), files_before);
+    QCOMPARE(first->state(), QProcess::Running);
+    first->kill();
+    QVERIFY(first->waitForFinished(patience_ms));
+}
+
+void tst_process::a_start_after_a_killed_one_is_no_second_start()
+{
+    const auto first = start(false);
+    QVERIFY(wait_for(*first, "window frmmain"));
+    first->kill();
+    QVERIFY(first->waitForFinished(patience_ms));
+    QVERIFY(files().contains(QStringLiteral("groc.lock")));
+
+    const auto second = start(true);
+    QCOMPARE(lines_of(*second), QStringList(QStringLiteral("window frmmain")));
+    QCOMPARE(second->exitCode(), 0);
+}
+
+void tst_process::a_missing_database_shows_the_message_and_makes_none()
+{
+    QVERIFY(QFile::remove(database()));
+    const auto process = start(true);
+    QCOMPARE(lines_of(*process),
+             QStringList(QStringLiteral("message TarnWick: TarnWick encountered an error|And must shut down||"
+                                        "Error 14: The database file is missing|(%1)")
+                             .arg(database())));
+    QVERIFY(process->exitCode() != 0);
+    QCOMPARE(files(), QStringList());
+}
+
+void tst_process::a_damaged_database_shows_the_message_and_is_left_alone()
+{
+    QByteArray damaged = bytes_of(database());
+    for (qsizetype i = 4096; i < 4104; ++i)
+        damaged[i] = static_cast<char>(~damaged[i]);
+    QFile file(database());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(damaged);
+    file.close();
+    {
+        const auto closing = start(true);
+        const QStringList lines = lines_of(*closing);
+        QCOMPARE(lines.size(), 1);
+        QVERIFY2(lines[0].startsWith(QStringLiteral("message TarnWick: TarnWick encountered an error|"
+                                                    "And must shut down||Error 11: ")),
+                 qPrintable(lines[0]));
+        QVERIFY(closing->exitCode() != 0);
+    }
+    QCOMPARE(bytes_of(database()), damaged);
+    QCOMPARE(files(), QStringList(QStringLiteral("groc.mdb")));
+}
+
+void tst_process::a_setting_that_is_no_text_shows_the_message()
+{
+    QVERIFY(QDir().mkpath(QFileInfo(settings()).path()));
+    QFile file(settings());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[trnwck]\nprefs\\load=load\nprefs\\font=9, 10\n");
+    file.close();
+    const QByteArray before = bytes_of(settings());
+    const auto process = start(true);
+    const int number = static_cast<int>(0x800407D0U) + QMetaType::QStringList;
+    QCOMPARE(lines_of(*process),
+             QStringList(QStringLiteral("message TarnWick: TarnWick encountered an error|And must shut down||"
+                                        "Error %1: Registry data not a string")
+                             .arg(number)));
+    QCOMPARE(bytes_of(settings()), before);
+}
+
+void tst_process::a_read_only_store_of_settings_shows_the_message()
+{
+    QFile blocker(folder_->filePath(QStringLiteral("config")));
+    QVERIFY(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+    const QByteArray before = bytes_of(database());
+    const auto process = start(true);
+    const QStringList lines = lines_of(*process);
+    QCOMPARE(lines.size(), 1);
+    QVERIFY2(lines[0].endsWith(QStringLiteral("Could not open/create registry section")), qPrintable(lines[0]));
+    QVERIFY(process->exitCode() != 0);
+    QCOMPARE(bytes_of(database()), before);
+}
+
+QTEST_GUILESS_MAIN(tst_process)
+#include "tst_process.moc"

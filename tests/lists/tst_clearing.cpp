@@ -1,0 +1,380 @@
+#include "data/query.h"
+#include "lists/clearing.h"
+#include "lists/list_grid.h"
+#include "lists/list_pane.h"
+#include "lists/row_editor.h"
+#include "shell/commands.h"
+#include "shell/tree_view.h"
+#include "stock/stock_tree.h"
+#include "support/message_script.h"
+#include "support/table_dump.h"
+#include "support/test_window.h"
+
+#include <QAction>
+#include <QMessageBox>
+#include <QTest>
+#include <QToolButton>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+using namespace tarnwick;
+
+namespace {
+
+/// Two lists: Weekly on show with milk and bread to buy and eggs not; milk and eggs on Camping as well.
+class Household : public TestWindow {
+public:
+    Household()
+        : weekly(add_list(QStringLiteral("Weekly")))
+        , camping(add_list(QStringLiteral("Camping")))
+        , milk(add_item(QStringLiteral("Milk"), 0, 8))
+        , bread(add_item(QStringLiteral("Bread"), 0, 7))
+        , eggs(add_item(QStringLiteral("Eggs"), 0, 6))
+        , milk_row(add_row(milk, weekly, true))
+        , bread_row(add_row(bread, weekly, true))
+        , eggs_row(add_row(eggs, weekly, false))
+        , milk_camping(add_row(milk, camping, true))
+        , eggs_camping(add_row(eggs, camping, false))
+    {
+        Query(db(), "UPDATE items_1 SET to_get = 1").run();
+        set_pref(QStringLiteral("alist"), QString::number(weekly));
+    }
+
+    GridModel& rows() { return main().list_pane().grid().rows(); }
+    /// The grid as text: name, buy-it mark, light, check.
+    QString grid()
+    {
+        QStringList texts;
+        for (const GridRow& row : rows().list_rows())
+            texts += QStringLiteral("%1 %2 %3 %4").arg(row.item).arg(row.to_get).arg(row.light).arg(row.check);
+        return texts.join(u',');
+    }
+    QString items() { return text("SELECT group_concat(item || status || to_get) FROM items_1"); }
+    QString list_rows() { return text("SELECT group_concat(key_id || ':' || to_get) FROM groc_1"); }
+    QString links() { return text("SELECT group_concat(groc_id || '-' || item_id || '-' || list) FROM tie"); }
+    QTreeWidgetItem* node(Key item) { return main().stock_tree().item_node(item); }
+    QString panel() { return main().findChild<QWidget*>(QStringLiteral("StatusBar1(1)"))->toolTip(); }
+
+    const Key weekly;
+    const Key camping;
+    const Key milk;
+    const Key bread;
+    const Key eggs;
+    const Key milk_row;
+    const Key bread_row;
+    const Key eggs_row;
+    const Key milk_camping;
+    const Key eggs_camping;
+};
+
+void refuse(Connection& connection, const char* operation, const char* table)
+{
+    connection.db().exec(std::string("CREATE TEMP TRIGGER refuse BEFORE ") + operation + " ON main." + table
+                         + " BEGIN SELECT RAISE(ABORT, 'refused'); END");
+}
+
+} // namespace
+
+class tst_clearing : public QObject {
+    Q_OBJECT
+private slots:
+    void mode_1_unchecks_the_buy_it_rows_and_keeps_all();
+    void mode_2_deletes_the_unchecked_rows();
+    void mode_3_deletes_all_rows_and_the_list_stays();
+    void item_on_two_lists_stays_active_after_clearing_one();
+    void mode_1_without_buy_it_rows_says_so_and_changes_nothing();
+    void mode_2_with_all_rows_ticked_says_no_items();
+    void mode_3_without_rows_says_no_unchecked_items();
+    void clearing_is_not_offered_in_the_all_lists_view();
+    void clearing_ends_with_the_integrity_check();
+    void rows_whose_item_is_gone_are_cleared_as_well();
+    void item_twice_on_a_list_is_counted_once();
+    void failure_in_the_middle_changes_nothing_data();
+    void failure_in_the_middle_changes_nothing();
+    void clearing_rewrites_the_panel_of_the_selected_item();
+    void clearing_costs_in_proportion_to_the_list();
+
+    void groc_del_removes_row_link_and_grid_row();
+    void groc_del_corrects_tree_tag_and_panel();
+    void groc_del_leaves_grid_and_tree_when_not_asked();
+    void groc_del_of_the_last_row_empties_the_grid_and_closes_the_editor();
+    void groc_del_of_a_row_without_link_deletes_the_row_alone();
+    void groc_del_failure_changes_nothing();
+};
+
+void tst_clearing::mode_1_unchecks_the_buy_it_rows_and_keeps_all()
+{
+    Household home;
+    frmmain& main = home.load();
+    MessageScript script;
+    main.clearing().clear_list(clear_mode::uncheck);
+    QCOMPARE(home.grid(), QStringLiteral("Bread 0 183 113,Eggs 0 183 113,Milk 0 183 113"));
+    QCOMPARE(home.list_rows(), QStringLiteral("1:0,2:0,3:0,4:1,5:0"));
+    QCOMPARE(home.number("SELECT count(*) FROM tie"), 5);
+    QCOMPARE(home.items(), QStringLiteral("Milk70,Bread60,Eggs61"));
+    QCOMPARE(TreeView::picture(home.node(home.milk)), 7);
+    QCOMPARE(TreeView::picture(home.node(home.bread)), 6);
+}
+
+void tst_clearing::mode_2_deletes_the_unchecked_rows()
+{
+    Household home;
+    frmmain& main = home.load();
+    MessageScript script;
+    main.clearing().clear_list(clear_mode::delete_unchecked);
+    QCOMPARE(home.grid(), QStringLiteral("Bread 1 179 122,Milk 1 179 122"));
+    QCOMPARE(home.list_rows(), QStringLiteral("1:1,2:1,4:1,5:0"));
+    QCOMPARE(home.links(), QStringLiteral("1-1-1,2-2-1,4-1-2,5-3-2"));
+    QCOMPARE(home.items(), QStringLiteral("Milk81,Bread71,Eggs60"));
+    main.list_pane().lv_load(home.weekly);
+    QCOMPARE(home.grid(), QStringLiteral("Bread 1 179 122,Milk 1 179 122"));
+}
+
+void tst_clearing::mode_3_deletes_all_rows_and_the_list_stays()
+{
+    Household home;
+    frmmain& main = home.load();
+    MessageScript script;
+    main.clearing().clear_list(clear_mode::delete_all);
+    QCOMPARE(home.rows().rows(), 0);
+    QCOMPARE(home.list_rows(), QStringLiteral("4:1,5:0"));
+    QCOMPARE(home.links(), QStringLiteral("4-1-2,5-3-2"));
+    QCOMPARE(home.items(), QStringLiteral("Milk70,Bread50,Eggs60"));
+    QCOMPARE(home.number("SELECT count(*) FROM list_name"), 2);
+    QCOMPARE(int(main.shared.current_list), int(home.weekly));
+    QCOMPARE(main.windowTitle(), QStringLiteral("Tarnwick (Weekly list)"));
+    QCOMPARE(TreeView::picture(home.node(home.bread)), 5);
+}
+
+void tst_clearing::item_on_two_lists_stays_active_after_clearing_one()
+{
+    Household home;
+    frmmain& main = home.load();
+    main.clearing().clear_list(clear_mode::delete_all);
+    QCOMPARE(TreeView::picture(home.node(home.milk)), 7);
+    QCOMPARE(home.number("SELECT status FROM items_1 WHERE item = 'Milk'"), 7);
+}
+
+void tst_clearing::mode_1_without_buy_it_rows_says_so_and_changes_nothing()
+{
+    Household home;
+    Query(home.db(), "UPDATE groc_1 SET to_get = 0").run();
+    frmmain& main = home.load();
+    const QStringList before = table_dump(home.db());
+    MessageScript script;
+    script.expect(
+        QStringLiteral("list info"), QStringLiteral("No 'buy-it' items in the Weekly list"), Answer::ok,
+        [](QDialog& form) { QCOMPARE(dynamic_cast<QMessageBox&>(form).icon(), QMessageBox::Information); });
+    main.clearing().clear_list(clear_mode::uncheck);
+    QCOMPARE(table_dump(home.db()), before);
+    QCOMPARE(home.rows().rows(), 3);
+}
+
+void tst_clearing::mode_2_with_all_rows_ticked_says_no_items()
+{
+    Household home;
+    Query(home.db(), "UPDATE groc_1 SET to_get = 1").run();
+    frmmain& main = home.load();
+    const QStringList before = table_dump(home.db());
+    MessageScript script;
+    script.expect(QStringLiteral("list info"), QStringLiteral("No items in the Weekly list"));
+    main.clearing().clear_list(clear_mode::delete_unchecked);
+    QCOMPARE(table_dump(home.db()), before);
+}
+
+void tst_clearing::mode_3_without_rows_says_no_unchecked_items()
+{
+    Household home;
+    home.db().db().exec("DELETE FROM groc_1; DELETE FROM tie");
+    frmmain& main = home.load();
+    MessageScript script;
+    script.expect(QStringLiteral("list info"), QStringLiteral("No unchecked items in the Weekly list"));
+    main.clearing().clear_list(clear_mode::delete_all);
+}
+
+void tst_clearing::clearing_is_not_offered_in_the_all_lists_view()
+{
+    Household home;
+    frmmain& main = home.load();
+    QVERIFY(home.find<QToolButton>(QStringLiteral("Toolbar1(2)"))->isEnabled());
+    QVERIFY(main.commands().action(QStringLiteral("mnu_list_del")).isEnabled());
+    QAction& all = main.commands().list_entry(2);
+    QVERIFY(all.isEnabled());
+    all.trigger();
+    QVERIFY(main.shared.all_lists_view);
+    QVERIFY(!home.find<QToolButton>(QStringLiteral("Toolbar1(2)"))->isEnabled());
+    QVERIFY(!main.commands().action(QStringLiteral("mnu_list_del")).isEnabled());
+}
+
+void tst_clearing::clearing_ends_with_the_integrity_check()
+{
+    Household home;
+    home.db().db().exec("INSERT INTO tie (key_id, groc_id, item_id, list) VALUES (90, 700, 1, 2), (91, 4, 800, 2)");
+    clear_rows(home.db(), home.weekly, clear_mode::uncheck);
+    QCOMPARE(home.number("SELECT count(*) FROM tie WHERE key_id >= 90"), 0);
+}
+
+void tst_clearing::rows_whose_item_is_gone_are_cleared_as_well()
+{
+    Household home;
+    Query(home.db(), "DELETE FROM items_1 WHERE item = 'Bread'").run();
+    const auto items = clear_rows(home.db(), home.weekly, clear_mode::delete_all);
+    QCOMPARE(items.size(), size_t(2));
+    QCOMPARE(home.list_rows(), QStringLiteral("4:1,5:0"));
+}
+
+void tst_clearing::item_twice_on_a_list_is_counted_once()
+{
+    Household home;
+    home.add_row(home.bread, home.weekly, true);
+    const auto items = clear_rows(home.db(), home.weekly, clear_mode::uncheck);
+    QCOMPARE(items.size(), size_t(2));
+    QCOMPARE(home.number("SELECT status FROM items_1 WHERE item = 'Bread'"), 6);
+}
+
+void tst_clearing::failure_in_the_middle_changes_nothing_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QByteArray>("operation");
+    QTest::addColumn<QByteArray>("table");
+    QTest::newRow("uncheck") << clear_mode::uncheck << QByteArray("UPDATE") << QByteArray("items_1");
+    QTest::newRow("unchecked") << clear_mode::delete_unchecked << QByteArray("DELETE") << QByteArray("groc_1");
+    QTest::newRow("all") << clear_mode::delete_all << QByteArray("UPDATE") << QByteArray("items_1");
+}
+
+void tst_clearing::failure_in_the_middle_changes_nothing()
+{
+    QFETCH(int, mode);
+    QFETCH(QByteArray, operation);
+    QFETCH(QByteArray, table);
+    Household home;
+    frmmain& main = home.load();
+    refuse(main.connection(), operation.constData(), table.constData());
+    const QStringList before = table_dump(home.db());
+    const QString grid = home.grid();
+    QVERIFY_EXCEPTION_THROWN(main.clearing().clear_list(mode), SQLite::Exception);
+    QCOMPARE(table_dump(home.db()), before);
+    QCOMPARE(home.grid(), grid);
+    QVERIFY(main.updatesEnabled());
+}
+
+void tst_clearing::clearing_rewrites_the_panel_of_the_selected_item()
+{
+    Household home;
+    frmmain& main = home.load();
+    main.stock_tree().view().select(home.node(home.bread));
+    main.clearing().clear_list(clear_mode::delete_all);
+    QCOMPARE(home.panel(), QStringLiteral("Not listed :: OTHER category"));
+}
+
+void tst_clearing::clearing_costs_in_proportion_to_the_list()
+{
+    // Steps of the database's machine, which do not depend on how busy the computer is.
+    const auto steps = [](int rows) {
+        TestWindow window;
+        const Key list = window.add_list(QStringLiteral("Weekly"));
+        {
+            Transaction transaction(window.db());
+            for (int i = 0; i < rows; ++i)
+                window.add_row(window.add_item(QStringLiteral("Item %1").arg(i), 0, 7), list, true);
+            transaction.commit();
+        }
+        int counted = 0;
+        sqlite3* handle = window.db().db().getHandle();
+        sqlite3_progress_handler(
+            handle, 10,
+            [](void* count) {
+                ++*static_cast<int*>(count);
+                return 0;
+            },
+            &counted);
+        clear_rows(window.db(), list, clear_mode::delete_all);
+        sqlite3_progress_handler(handle, 0, nullptr, nullptr);
+        return counted;
+    };
+    const int few = steps(200);
+    const int many = steps(2000);
+    QVERIFY2(many < 15 * few, qPrintable(QStringLiteral("%1 and %2").arg(few).arg(many)));
+}
+
+void tst_clearing::groc_del_removes_row_link_and_grid_row()
+{
+    Household home;
+    frmmain& main = home.load();
+    MessageScript script;
+    main.clearing().groc_del(home.milk_row, true, true);
+    QCOMPARE(home.grid(), QStringLiteral("Bread 1 179 122,Eggs 0 183 113"));
+    QCOMPARE(home.list_rows(), QStringLiteral("2:1,3:0,4:1,5:0"));
+    QCOMPARE(home.links(), QStringLiteral("2-2-1,3-3-1,4-1-2,5-3-2"));
+    QCOMPARE(home.items(), QStringLiteral("Milk71,Bread71,Eggs61"));
+}
+
+void tst_clearing::groc_del_corrects_tree_tag_and_panel()
+{
+    Household home;
+    frmmain& main = home.load();
+    main.stock_tree().view().select(home.node(home.bread));
+    main.clearing().groc_del(home.bread_row, true, true);
+    QCOMPARE(TreeView::picture(home.node(home.bread)), 5);
+    QCOMPARE(TreeView::tag(home.node(home.bread)), QStringLiteral("5"));
+    QCOMPARE(home.panel(), QStringLiteral("Not listed :: OTHER category"));
+    main.set_status(QStringLiteral("untouched"));
+    main.clearing().groc_del(home.eggs_row, true, true);
+    QCOMPARE(home.panel(), QStringLiteral("untouched"));
+}
+
+void tst_clearing::groc_del_leaves_grid_and_tree_when_not_asked()
+{
+    Household home;
+    frmmain& main = home.load();
+    main.clearing().groc_del(home.bread_row, false, false);
+    QCOMPARE(home.rows().rows(), 3);
+    QCOMPARE(TreeView::picture(home.node(home.bread)), 7);
+    QCOMPARE(home.number("SELECT status FROM items_1 WHERE item = 'Bread'"), 5);
+}
+
+void tst_clearing::groc_del_of_the_last_row_empties_the_grid_and_closes_the_editor()
+{
+    Household home;
+    home.set_pref(QStringLiteral("alist"), QString::number(home.camping));
+    frmmain& main = home.load();
+    main.list_pane().grid().set_current(0, grid_column::item);
+    main.row_editor().show_l_line();
+    main.clearing().groc_del(home.eggs_camping, true, true);
+    QCOMPARE(home.rows().rows(), 1);
+    main.list_pane().grid().set_current(0, grid_column::item);
+    main.row_editor().show_l_line();
+    main.clearing().groc_del(home.milk_camping, true, true);
+    QCOMPARE(home.rows().rows(), 0);
+    QVERIFY(!main.row_editor().is_open());
+    QCOMPARE(home.number("SELECT count(*) FROM list_name"), 2);
+}
+
+void tst_clearing::groc_del_of_a_row_without_link_deletes_the_row_alone()
+{
+    Household home;
+    home.db().db().exec("INSERT INTO groc_1 (key_id, item) VALUES (40, 'Unlinked')");
+    frmmain& main = home.load();
+    const QString links = home.links();
+    const QString items = home.items();
+    main.clearing().groc_del(40, true, true);
+    QCOMPARE(home.number("SELECT count(*) FROM groc_1 WHERE key_id = 40"), 0);
+    QCOMPARE(home.links(), links);
+    QCOMPARE(home.items(), items);
+    QCOMPARE(home.rows().rows(), 3);
+}
+
+void tst_clearing::groc_del_failure_changes_nothing()
+{
+    Household home;
+    frmmain& main = home.load();
+    refuse(main.connection(), "UPDATE", "items_1");
+    const QStringList before = table_dump(home.db());
+    QVERIFY_EXCEPTION_THROWN(main.clearing().groc_del(home.milk_row, true, true), SQLite::Exception);
+    QCOMPARE(table_dump(home.db()), before);
+    QCOMPARE(home.rows().rows(), 3);
+}
+
+QTEST_MAIN(tst_clearing)
+#include "tst_clearing.moc"

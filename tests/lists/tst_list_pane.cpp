@@ -1,0 +1,593 @@
+#include "app/frmmain.h"
+#include "data/query.h"
+#include "data/runtime_error.h"
+#include "lists/header_bar.h"
+#include "lists/list_grid.h"
+#include "lists/list_pane.h"
+#include "lists/list_store.h"
+#include "shell/commands.h"
+#include "support/test_window.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QFrame>
+#include <QTest>
+#include <QTextBrowser>
+
+using namespace tarnwick;
+
+namespace {
+
+constexpr int grid_width = 500;
+constexpr int ten_rows_high = 190;
+
+} // namespace
+
+class tst_list_pane : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void load_shows_the_rows_of_the_list();
+    void load_makes_the_first_row_current();
+    void list_without_rows_is_active_and_can_be_renamed();
+    void all_lists_and_stale_keys_hide_the_rename_entry();
+    void all_lists_hold_the_same_item_twice_each_with_its_own_list();
+    void quantity_empty_or_blank_shows_one_blank();
+    void description_and_aisle_of_one_blank_show_as_blank();
+    void key_beyond_16_bits_ends_in_the_error_handler();
+    void earlier_active_marks_stay();
+    void load_opens_a_closed_connection();
+    void load_ticks_the_entry_of_the_list();
+    void load_shows_the_list_pane();
+    void change_of_the_scroll_bar_makes_column_3_current();
+    void rebuild_takes_over_keys_and_marks_and_keeps_texts();
+    void rebuild_of_an_empty_query_keeps_the_mirror();
+    void set_row_makes_the_first_match_current();
+    void box_hides_its_columns_and_stores_the_switch();
+    void toggle_levels_the_text_columns();
+    void toggle_twice_returns_to_the_first_widths();
+    void toggle_in_a_small_window_sets_both_text_columns_to_115();
+    void menu_captions_follow_the_groups();
+    void restore_reads_the_switches_and_stores_nothing();
+    void placed_row_is_sorted_in_and_current();
+    void placing_and_removing_follow_the_scroll_bar();
+    void last_row_can_be_removed();
+    void notice_stands_a_quarter_lower_than_the_grid();
+    void hidden_pane_hides_grid_header_and_notice();
+    void page_colour_reaches_grid_and_notice();
+    void click_gives_the_grid_the_focus_and_the_tab_key_does_not();
+    void placed_rows_stand_as_a_load_would_put_them();
+
+private:
+    ListPane& open(Key list);
+    ListGrid& grid() { return window->main().list_pane().grid(); }
+    Key add(const char* name, Key list, bool to_get = false)
+    {
+        return window->add_row(window->add_item(QLatin1String(name), 0), list, to_get);
+    }
+    int columns_width(int first, int last)
+    {
+        int sum = 0;
+        for (int column = first; column <= last; ++column)
+            sum += grid().col_width(column);
+        return sum;
+    }
+
+    void toggle_by_menu(int group)
+    {
+        QAction& entry = window->main().commands().action(group == 0 ? QStringLiteral("mnu_view_cpn")
+                                                                     : QStringLiteral("mnu_view_aisle"));
+        QVERIFY(entry.isEnabled());
+        entry.trigger();
+    }
+
+    std::unique_ptr<TestWindow> window;
+};
+
+void tst_list_pane::init()
+{
+    window = std::make_unique<TestWindow>();
+    window->set_pref(QStringLiteral("cpn"), QStringLiteral("1"));
+    window->set_pref(QStringLiteral("aisle"), QStringLiteral("1"));
+}
+
+/// The window with a list on show in a grid of known size.
+ListPane& tst_list_pane::open(Key list)
+{
+    frmmain& main = window->load();
+    main.shared.current_list = list;
+    grid().setGeometry(300, 80, grid_width, ten_rows_high);
+    ListPane& pane = main.list_pane();
+    pane.show_pane(true);
+    pane.lv_load(list);
+    grid().setGeometry(300, 80, grid_width, ten_rows_high);
+    pane.set_col_widths();
+    pane.set_headers();
+    return pane;
+}
+
+void tst_list_pane::load_shows_the_rows_of_the_list()
+{
+    const Key list = window->add_list(QStringLiteral("Weekly"));
+    const Key other = window->add_list(QStringLiteral("Other"));
+    const Key milk = window->add_item(QStringLiteral("Milk"), 0);
+    const Key row
+        = window->add_row(milk, list, true, QStringLiteral("fresh"), QStringLiteral(" 2 "), QStringLiteral("4b"));
+    const Key apple = add("apple", list);
+    add("Zest", other);
+    Query(window->db(), "UPDATE groc_1 SET cpn = 1, created = '2026-12-05' WHERE key_id = ?", row).run();
+    open(list);
+
+    const GridModel& rows = grid().rows();
+    QCOMPARE(rows.rows(), 2);
+    QCOMPARE(rows.row(0).groc_key, apple);
+    QCOMPARE(rows.row(1).groc_key, row);
+    QCOMPARE(rows.row(1).list_key, list);
+    QCOMPARE(rows.row(1).item_key, milk);
+    QVERIFY(rows.row(1).to_get);
+    const char* texts[] = {"Milk", "fresh", "2", "", "12/5/2026", "4b"};
+    for (int column = 2; column < 8; ++column)
+        QCOMPARE(rows.cell_text(1, column), QLatin1String(texts[column - 2]));
+    QCOMPARE(rows.cell_text(0, grid_column::date), QStringLiteral(" "));
+    QVERIFY(!window->main().shared.all_lists_view);
+}
+
+void tst_list_pane::load_makes_the_first_row_current()
+{
+    const Key list = window->add_list(QStringLiteral("Weekly"));
+    for (const char* name : {"a", "b", "c"})
+        add(name, list);
+    ListPane& pane = open(list);
+    grid().set_current(2, 4);
+    pane.lv_load(list);
+    QCOMPARE(grid().current_row(), 0);
+    QCOMPARE(grid().current_col(), 2);
+}
+
+void tst_list_pane::list_without_rows_is_active_and_can_be_renamed()
+{
+    const Key list = window->add_list(QStringLiteral("Weekly"));
+    ListPane& pane = open(list);
+    Query(window->db(), "UPDATE list_name SET active = 0").run();
+    QAction& rename = window->main().commands().action(QStringLiteral("mnu_list_RenameList"));
+    rename.setVisible(false);
+    pane.lv_load(list);
+    QCOMPARE(grid().rows().rows(), 0);
+    QCOMPARE(grid().current_row(), -1);
+    QCOMPARE(window->number("SELECT active FROM list_name"), 1);
+    QVERIFY(rename.isVisible());
+}
+
+void tst_list_pane::all_lists_and_stale_keys_hide_the_rename_entry()
+{
+    const Key list = window->add_list(QStringLiteral("Weekly"));
+    add("milk", list);
+    ListPane& pane = open(list);
+    QAction& rename = window->main().commands().action(QStringLiteral("mnu_list_RenameList"));
+    QVERIFY(rename.isVisible());
+    window->main().shared.current_list = 0;
+    pane.lv_load(0);
+    QVERIFY(!rename.isVisible());
+    QVERIFY(window->main().shared.all_lists_view);
+    QCOMPARE(grid().rows().rows(), 1);
+    for (const Key key : {list, Key(77)}) {
+        window->main().shared.current_list = key;
+        pane.lv_load(key);
+        QCOMPARE(rename.isVisible(), key == list);
+        QCOMPARE(grid().rows().rows(), key == list ? 1 : 0);
+    }
+}
+
+void tst_list_pane::all_lists_hold_the_same_item_twice_each_with_its_own_list()
+{
+    const Key first = window->add_list(QStringLiteral("A"));
+    const Key second = window->add_list(QStringLiteral("B"));
+    const Key milk = window->add_item(QStringLiteral("Milk"), 0);
+    window->add_row(milk, first, false);
+    add("Zest", first);
+    window->add_row(milk, second, false);
+    open(0);
+    const GridModel& rows = grid().rows();
+    QCOMPARE(rows.rows(), 3);
+    QCOMPARE(rows.row(0).item, QStringLiteral("Milk"));
+    QCOMPARE(rows.row(1).item, QStringLiteral("Milk"));
+    QCOMPARE(rows.row(0).list_key, first);
+    QCOMPARE(rows.row(1).list_key, second);
+    QCOMPARE(window->number("SELECT COUNT(*) FROM list_name WHERE active = 1"), 0);
+}
+
+void tst_list_pane::quantity_empty_or_blank_shows_one_blank()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    const Key item = window->add_item(QStringLiteral("Milk"), 0);
+    window->add_row(item, list, false, QStringLiteral(" "), QString());
+    window->add_row(item, list, false, QStringLiteral(" "), QStringLiteral("    "));
+    open(list);
+    QCOMPARE(grid().rows().cell_text(0, grid_column::qty), QStringLiteral(" "));
+    QCOMPARE(grid().rows().cell_text(1, grid_column::qty), QStringLiteral(" "));
+}
+
+void tst_list_pane::description_and_aisle_of_one_blank_show_as_blank()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    const Key item = window->add_item(QStringLiteral("Milk"), 0);
+    window->add_row(item, list, false, QStringLiteral(" "), QStringLiteral("2"), QStringLiteral(" "));
+    open(list);
+    for (const int column : {grid_column::desc, grid_column::aisle}) {
+        QVERIFY(trim(grid().rows().cell_text(0, column)).isEmpty());
+        const QModelIndex cell = grid().rows().index(0, column);
+        QVERIFY(trim(grid().rows().data(cell, Qt::DisplayRole).toString()).isEmpty());
+    }
+    QCOMPARE(grid().rows().cell_text(0, grid_column::qty), QStringLiteral("2"));
+}
+
+void tst_list_pane::key_beyond_16_bits_ends_in_the_error_handler()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    add("milk", list);
+    ListPane& pane = open(list);
+    Query(window->db(), "UPDATE groc_1 SET key_id = 40000").run();
+    Query(window->db(), "UPDATE tie SET groc_id = 40000").run();
+    QVERIFY_EXCEPTION_THROWN(pane.lv_load(list), runtime_error);
+    QCOMPARE(grid().rows().rows(), 1);
+}
+
+void tst_list_pane::earlier_active_marks_stay()
+{
+    const Key first = window->add_list(QStringLiteral("A"));
+    const Key second = window->add_list(QStringLiteral("B"));
+    ListPane& pane = open(first);
+    pane.lv_load(second);
+    QCOMPARE(window->number("SELECT COUNT(*) FROM list_name WHERE active = 1"), 2);
+}
+
+void tst_list_pane::load_opens_a_closed_connection()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    add("milk", list);
+    ListPane& pane = open(list);
+    window->main().connection().close();
+    pane.lv_load(list);
+    QVERIFY(window->main().connection().is_open());
+    QCOMPARE(grid().rows().rows(), 1);
+}
+
+void tst_list_pane::load_ticks_the_entry_of_the_list()
+{
+    const Key first = window->add_list(QStringLiteral("A"));
+    const Key second = window->add_list(QStringLiteral("B"));
+    ListPane& pane = open(first);
+    Commands& commands = window->main().commands();
+    commands.set_list_entry_count(3);
+    const QString tags[] = {QString::number(first), QString::number(second), QStringLiteral("0")};
+    for (int i = 0; i < 3; ++i) {
+        commands.list_entry(i).setCheckable(true);
+        Commands::set_list_entry_tag(commands.list_entry(i), tags[i]);
+    }
+    const Key keys[] = {first, second, 0};
+    for (int shown = 0; shown < 3; ++shown) {
+        pane.lv_load(keys[shown]);
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(commands.list_entry(i).isChecked(), i == shown);
+    }
+}
+
+void tst_list_pane::load_shows_the_list_pane()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    ListPane& pane = open(list);
+    window->main().shared.list_pane_shown = false;
+    pane.lv_load(list);
+    QVERIFY(window->main().shared.list_pane_shown);
+}
+
+void tst_list_pane::change_of_the_scroll_bar_makes_column_3_current()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    ListPane& pane = open(list);
+    for (int i = 0; i < 60; ++i)
+        add("row", list);
+    pane.lv_load(list);
+    QVERIFY(grid().scroll_bar_shown());
+    QCOMPARE(grid().current_row(), 0);
+    QCOMPARE(grid().current_col(), 3);
+    pane.lv_load(list);
+    QCOMPARE(grid().current_col(), 2);
+}
+
+void tst_list_pane::rebuild_takes_over_keys_and_marks_and_keeps_texts()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    const Key other = window->add_list(QStringLiteral("B"));
+    const Key milk = add("Milk", list);
+    const Key bread = add("Bread", list);
+    add("Zest", other);
+    ListPane& pane = open(list);
+    Query(window->db(), "UPDATE groc_1 SET to_get = 1, desc = 'new' WHERE key_id = ?", milk).run();
+    Query(window->db(), "UPDATE tie SET item_id = 3 WHERE groc_id = ?", bread).run();
+    pane.rebuild_array(list);
+    const GridModel& rows = grid().rows();
+    QCOMPARE(rows.rows(), 2);
+    QCOMPARE(rows.row(0).groc_key, bread);
+    QCOMPARE(rows.row(0).item_key, Key(3));
+    QVERIFY(rows.row(1).to_get);
+    QCOMPARE(rows.cell_text(1, grid_column::desc), QStringLiteral(" "));
+    QVERIFY(!window->main().shared.all_lists_view);
+    pane.rebuild_array(0);
+    QVERIFY(window->main().shared.all_lists_view);
+    QCOMPARE(rows.rows(), 2);
+}
+
+void tst_list_pane::rebuild_of_an_empty_query_keeps_the_mirror()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    const Key milk = add("Milk", list, true);
+    ListPane& pane = open(list);
+    Query(window->db(), "DELETE FROM tie").run();
+    pane.rebuild_array(list);
+    QCOMPARE(grid().rows().rows(), 1);
+    QCOMPARE(grid().rows().row(0).groc_key, milk);
+    QVERIFY(grid().rows().row(0).to_get);
+}
+
+void tst_list_pane::set_row_makes_the_first_match_current()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    add("a", list);
+    const Key b = add("b", list);
+    add("c", list);
+    ListPane& pane = open(list);
+    QVERIFY(pane.set_row(b));
+    QCOMPARE(grid().current_row(), 1);
+    QVERIFY(!pane.set_row(99));
+    QCOMPARE(grid().current_row(), 1);
+}
+
+void tst_list_pane::box_hides_its_columns_and_stores_the_switch()
+{
+    open(window->add_list(QStringLiteral("A")));
+    const QString application = QStringLiteral("Velora");
+    for (const int group : {0, 1}) {
+        const QString key = group == 0 ? QStringLiteral("cpn") : QStringLiteral("aisle");
+        auto* box = window->find<QCheckBox>(QStringLiteral("Cmd_ShowCol(%1)").arg(group));
+        QVERIFY(box->isEnabled() && box->isVisible() && box->isChecked());
+        const int last = group == 0 ? grid_column::date : grid_column::aisle;
+        QTest::mouseClick(box, Qt::RightButton);
+        QVERIFY(grid().col_width(last) > 0);
+        QTest::mousePress(box, Qt::LeftButton);
+        QVERIFY(grid().col_width(last) > 0);
+        QTest::mouseRelease(box, Qt::LeftButton);
+        QCOMPARE(grid().col_width(last), 0);
+        QCOMPARE(window->pref(key, application), QStringLiteral("0"));
+        QCOMPARE(window->pref(key), QStringLiteral("1"));
+        QTest::mouseClick(box, Qt::LeftButton);
+        QCOMPARE(window->pref(key, application), QStringLiteral("1"));
+    }
+    QCOMPARE(grid().col_width(5), 18);
+    QCOMPARE(grid().col_width(6), 80);
+    QCOMPARE(grid().col_width(7), 36);
+}
+
+void tst_list_pane::toggle_levels_the_text_columns()
+{
+    open(window->add_list(QStringLiteral("A")));
+    QCOMPARE(columns_width(2, 3), 294 + 2);
+    grid().resize(grid_width + 1, ten_rows_high);
+    grid().set_col_width(2, 201);
+    grid().set_col_width(3, 96);
+    toggle_by_menu(0);
+    QCOMPARE(grid().col_width(2), (297 + 98) / 2);
+    QCOMPARE(grid().col_width(3), 297 + 98 - (297 + 98) / 2);
+    toggle_by_menu(1);
+    QCOMPARE(columns_width(2, 3), 297 + 98 + 36);
+    toggle_by_menu(0);
+    QCOMPARE(columns_width(2, 3), 297 + 36);
+}
+
+void tst_list_pane::toggle_twice_returns_to_the_first_widths()
+{
+    ListPane& pane = open(window->add_list(QStringLiteral("A")));
+    const int item = grid().col_width(2);
+    const int desc = grid().col_width(3);
+    QCOMPARE(item, 148);
+    for (const int group : {0, 1}) {
+        toggle_by_menu(group);
+        toggle_by_menu(group);
+        QCOMPARE(grid().col_width(2), item);
+        QCOMPARE(grid().col_width(3), desc);
+    }
+    // A call without a change of the box moves nothing.
+    pane.show_column_group(0);
+    QCOMPARE(grid().col_width(2), item);
+    QCOMPARE(grid().col_width(6), 80);
+}
+
+void tst_list_pane::toggle_in_a_small_window_sets_both_text_columns_to_115()
+{
+    open(window->add_list(QStringLiteral("A")));
+    window->main().resize(560, 450);
+    QCoreApplication::processEvents();
+    QVERIFY(grid().width() < 436);
+    toggle_by_menu(0);
+    QCOMPARE(grid().col_width(2), 115);
+    QCOMPARE(grid().col_width(3), 115);
+    // With both groups on show 115 is too wide for such a grid: the columns are fitted in.
+    toggle_by_menu(0);
+    QCOMPARE(columns_width(0, 7), grid().width() + 2);
+    QVERIFY(std::abs(grid().col_width(2) - grid().col_width(3)) <= 1);
+    const QRect first = window->main().list_pane().header().show_box(0).geometry();
+    const QRect second = window->main().list_pane().header().show_box(1).geometry();
+    QVERIFY(!first.intersects(second));
+    QVERIFY(second.right() <= grid().geometry().right());
+}
+
+void tst_list_pane::menu_captions_follow_the_groups()
+{
+    open(window->add_list(QStringLiteral("A")));
+    const auto caption
+        = [this](const char* name) { return window->main().commands().action(QLatin1String(name)).text(); };
+    QCOMPARE(caption("mnu_view_cpn"), QStringLiteral("Hide coupon-expiry column"));
+    QCOMPARE(caption("mnu_view_aisle"), QStringLiteral("Hide aisle column"));
+    toggle_by_menu(0);
+    QCOMPARE(caption("mnu_view_cpn"), QStringLiteral("Show coupon-expiry column"));
+    QCOMPARE(caption("mnu_view_aisle"), QStringLiteral("Hide aisle column"));
+    toggle_by_menu(1);
+    QCOMPARE(caption("mnu_view_aisle"), QStringLiteral("Show aisle column"));
+    toggle_by_menu(0);
+    QCOMPARE(caption("mnu_view_cpn"), QStringLiteral("Hide coupon-expiry column"));
+}
+
+void tst_list_pane::restore_reads_the_switches_and_stores_nothing()
+{
+    window->set_pref(QStringLiteral("cpn"), QStringLiteral("0"));
+    ListPane& pane = open(window->add_list(QStringLiteral("A")));
+    QVERIFY(!pane.column_group_shown(0));
+    QVERIFY(pane.column_group_shown(1));
+    QCOMPARE(grid().col_width(5), 0);
+    QCOMPARE(grid().col_width(6), 0);
+    QCOMPARE(grid().col_width(7), 36);
+    QCOMPARE(window->main().commands().action(QStringLiteral("mnu_view_cpn")).text(),
+             QStringLiteral("Show coupon-expiry column"));
+    QCOMPARE(window->pref(QStringLiteral("cpn"), QStringLiteral("Velora")), QStringLiteral("(none)"));
+}
+
+void tst_list_pane::placed_row_is_sorted_in_and_current()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    for (const char* name : {"Apple", "milk", "Zest"})
+        add(name, list);
+    ListPane& pane = open(list);
+    GridRow row;
+    row.groc_key = 50;
+    row.item = QStringLiteral("MELON");
+    QCOMPARE(pane.add_row(row), 1);
+    QCOMPARE(grid().current_row(), 1);
+    QCOMPARE(grid().current_col(), 2);
+    row.groc_key = 51;
+    row.item = QStringLiteral("bread");
+    QCOMPARE(pane.add_row(row, false), 1);
+    QCOMPARE(grid().rows().row(grid().current_row()).groc_key, Key(50));
+}
+
+void tst_list_pane::placing_and_removing_follow_the_scroll_bar()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    const int rows_without_bar = 9;
+    for (int i = 0; i < rows_without_bar; ++i)
+        add("row", list);
+    ListPane& pane = open(list);
+    QVERIFY(!grid().scroll_bar_shown());
+    const int wide = columns_width(2, 3);
+    GridRow row;
+    row.groc_key = 500;
+    row.item = QStringLiteral("zest");
+    pane.add_row(row);
+    QVERIFY(grid().scroll_bar_shown());
+    QCOMPARE(columns_width(2, 3), wide - 17);
+    pane.remove_row(500);
+    QVERIFY(!grid().scroll_bar_shown());
+    QCOMPARE(columns_width(2, 3), wide);
+    QCOMPARE(grid().current_row(), rows_without_bar - 1);
+}
+
+void tst_list_pane::last_row_can_be_removed()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    const Key milk = add("milk", list);
+    ListPane& pane = open(list);
+    pane.remove_row(99);
+    QCOMPARE(grid().rows().rows(), 1);
+    pane.remove_row(milk);
+    QCOMPARE(grid().rows().rows(), 0);
+    QCOMPARE(grid().current_row(), -1);
+}
+
+void tst_list_pane::notice_stands_a_quarter_lower_than_the_grid()
+{
+    ListPane& pane = open(window->add_list(QStringLiteral("A")));
+    auto* frame = window->find<QFrame>(QStringLiteral("frmCreateList"));
+    auto* text = window->find<QTextBrowser>(QStringLiteral("txtCreateList"));
+    QVERIFY(!frame->isVisible());
+    grid().setGeometry(300, 80, 480, 400);
+    pane.set_CreateList(true);
+    QVERIFY(frame->isVisible());
+    QCOMPARE(frame->geometry(), QRect(300, 80 + 100, 480, 400));
+    QCOMPARE(text->height(), 200);
+    QCOMPARE(text->geometry().center().x(), frame->rect().center().x());
+    QVERIFY(text->isReadOnly());
+    QCOMPARE(text->toPlainText(),
+             QStringLiteral("There are no shopping lists: \n\nTo create a new shopping list, click the 'New' list "
+                            "button \non the toolbar (notepad icon marked 'New' on the far left) \n - or choose "
+                            "'Shopping list/New list' from the menu bar"));
+    pane.set_CreateList(false);
+    QVERIFY(!frame->isVisible());
+}
+
+void tst_list_pane::hidden_pane_hides_grid_header_and_notice()
+{
+    ListPane& pane = open(window->add_list(QStringLiteral("A")));
+    pane.set_CreateList(true);
+    pane.show_pane(false);
+    QVERIFY(!grid().isVisible());
+    for (const char* name :
+         {"frmCreateList", "Cmd_ShowCol(0)", "listheader(0)", "listheader_lbl(1)", "listheader_sprtr(0)"})
+        QVERIFY2(!window->find<QWidget>(QLatin1String(name))->isVisible(), name);
+    pane.show_pane(true);
+    QVERIFY(grid().isVisible());
+    QVERIFY(window->find<QWidget>(QStringLiteral("Cmd_ShowCol(0)"))->isVisible());
+}
+
+void tst_list_pane::page_colour_reaches_grid_and_notice()
+{
+    ListPane& pane = open(window->add_list(QStringLiteral("A")));
+    frmmain& main = window->main();
+    for (int index = 0; index < 4; ++index) {
+        main.shared.color_index = index;
+        main.shared.page_color = page_color_of(index);
+        pane.set_page_color();
+        QCOMPARE(grid().palette().color(QPalette::Base), *page_color_of(index));
+        auto* frame = window->find<QFrame>(QStringLiteral("frmCreateList"));
+        QCOMPARE(frame->palette().color(QPalette::Window), *page_color_of(index));
+    }
+    main.shared.page_color.reset();
+    pane.set_page_color();
+    QCOMPARE(grid().palette().color(QPalette::Base), *page_color_of(3));
+}
+
+void tst_list_pane::click_gives_the_grid_the_focus_and_the_tab_key_does_not()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    add("milk", list);
+    open(list);
+    window->main().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window->main()));
+    QVERIFY(!grid().hasFocus());
+    QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, {30, 5});
+    QVERIFY(grid().hasFocus());
+    QVERIFY(!(grid().focusPolicy() & Qt::TabFocus));
+}
+
+void tst_list_pane::placed_rows_stand_as_a_load_would_put_them()
+{
+    const Key list = window->add_list(QStringLiteral("A"));
+    ListPane& pane = open(list);
+    for (const char* name : {"b", "A", "a", "B", "\xc3\xa4pfel", "Zest", "_x", "10", "9", "a"}) {
+        GridRow row;
+        row.item = QString::fromUtf8(name);
+        row.groc_key = window->add_row(window->add_item(row.item, 0), list, false);
+        pane.add_row(row);
+    }
+    std::vector<Key> placed;
+    for (const GridRow& row : grid().rows().list_rows())
+        placed.push_back(row.groc_key);
+    pane.lv_load(list);
+    std::vector<Key> loaded;
+    for (const GridRow& row : grid().rows().list_rows())
+        loaded.push_back(row.groc_key);
+    QCOMPARE(placed.size(), size_t(10));
+    QCOMPARE(placed, loaded);
+}
+
+QTEST_MAIN(tst_list_pane)
+#include "tst_list_pane.moc"

@@ -1,0 +1,346 @@
+#include "recipes/recipe_fixture.h"
+
+#include "lists/list_grid.h"
+#include "lists/list_pane.h"
+#include "recipes/page_geometry.h"
+#include "stock/status.h"
+
+#include <QDialog>
+#include <QTabBar>
+
+using namespace tarnwick;
+
+namespace {
+
+/// A recipe with one line on a stock item that stands on two lists, and one line without stock.
+class CheckWindow : public RecipeWindow {
+public:
+    explicit CheckWindow(bool first = false, bool second = false)
+    {
+        item = add_item(QStringLiteral("Sea Salt"), 0);
+        list = add_list(QStringLiteral("Weekly"));
+        row = add_row(item, list, first);
+        if (second)
+            add_row(item, add_list(QStringLiteral("Party")), true);
+        recipe = add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
+        line = add_line(recipe, QStringLiteral("Sea Salt"), item);
+        plain = add_line(recipe, QStringLiteral("Spring water"));
+        set_pref(QStringLiteral("arcp"), QString::number(recipe));
+        set_pref(QStringLiteral("alist"), QString::number(list));
+    }
+
+    void click_check(int index)
+    {
+        QTest::mouseClick(&control(QStringLiteral("Check1(%1)").arg(index)), Qt::LeftButton);
+    }
+
+    int picture(const char* name, int index)
+    {
+        return control(QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index)).property("picture").toInt()
+            - 3;
+    }
+
+    Key item = 0;
+    Key list = 0;
+    Key row = 0;
+    Key recipe = 0;
+    Key line = 0;
+    Key plain = 0;
+};
+
+} // namespace
+
+class tst_recipe_check : public QObject {
+    Q_OBJECT
+
+private slots:
+    void check_pictures_follow_the_status_data();
+    void check_pictures_follow_the_status();
+    void a_greyed_check_has_no_effect();
+    void checking_an_inactive_line_marks_it_on_all_lists();
+    void clearing_a_check_clears_it();
+    void a_check_changes_the_row_of_the_list_on_show();
+    void checking_a_stock_line_on_no_list_opens_the_editor();
+    void checking_a_non_stock_line_opens_the_editor_in_its_adding_mode();
+    void clearing_a_non_stock_line_does_nothing();
+    void checking_a_vanished_line_does_nothing();
+    void refreshing_leaves_the_marks();
+    void lines_of_an_item_follow_its_status();
+    void unlinked_and_linked_lines_change_their_kind();
+    void type_size_places_the_lines_anew();
+    void text_is_readable_on_every_page_colour();
+    void an_unknown_colour_leaves_the_page_readable();
+    void a_new_line_keeps_the_simple_height_until_the_next_load();
+    void dropping_the_last_line_restores_the_body();
+};
+
+void tst_recipe_check::check_pictures_follow_the_status_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<int>("lite");
+    QTest::addColumn<int>("check");
+    QTest::addColumn<bool>("enabled");
+    QTest::newRow("unlisted") << 5 << 175 << 113 << true;
+    QTest::newRow("inactive") << 6 << 183 << 113 << true;
+    QTest::newRow("buy it") << 7 << 179 << 122 << true;
+    QTest::newRow("buy it on several") << 8 << 179 << 130 << false;
+    QTest::newRow("non-stock") << 9 << 171 << 113 << true;
+}
+
+void tst_recipe_check::check_pictures_follow_the_status()
+{
+    QFETCH(int, code);
+    QFETCH(int, lite);
+    QFETCH(int, check);
+    QFETCH(bool, enabled);
+    CheckWindow window;
+    window.load();
+    window.page().set_lites(0, code);
+    QCOMPARE(window.picture("lite", 0), lite);
+    QCOMPARE(window.picture("Check1", 0), check);
+    QCOMPARE(window.control(QStringLiteral("Check1(0)")).isEnabled(), enabled);
+    window.page().set_lites(0, 4);
+    QCOMPARE(window.picture("lite", 0), lite);
+    window.page().set_lites(0, 7);
+    QVERIFY(window.control(QStringLiteral("Check1(0)")).isEnabled());
+    QVERIFY(!window.main().shared.lites_busy);
+}
+
+void tst_recipe_check::a_greyed_check_has_no_effect()
+{
+    CheckWindow window(true, true);
+    window.load();
+    QCOMPARE(window.picture("Check1", 0), 130);
+    const MessageScript no_dialog;
+    window.click_check(0);
+    QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 2);
+    QCOMPARE(window.picture("Check1", 0), 130);
+}
+
+void tst_recipe_check::checking_an_inactive_line_marks_it_on_all_lists()
+{
+    CheckWindow window;
+    window.add_row(window.item, window.add_list(QStringLiteral("Party")), false);
+    window.load();
+    QCOMPARE(window.picture("lite", 0), 183);
+    window.click_check(0);
+    QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 2);
+    QCOMPARE(window.number("SELECT status FROM items_1"), 8);
+    QCOMPARE(window.picture("lite", 0), 179);
+    QCOMPARE(window.picture("Check1", 0), 122);
+    const QString words = get_status(window.db(), window.item);
+    QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), words);
+    QCOMPARE(window.main().status_panels().text(), words);
+    QTreeWidgetItem* node = window.main().stock_tree().item_node(window.item);
+    QCOMPARE(TreeView::picture(node), 8);
+    QCOMPARE(window.page().rcp_item_in_work(), QStringLiteral("Sea Salt"));
+    QCOMPARE(window.page().state.sel_line, 0);
+}
+
+void tst_recipe_check::clearing_a_check_clears_it()
+{
+    CheckWindow window(true);
+    window.load();
+    QCOMPARE(window.picture("Check1", 0), 122);
+    window.click_check(0);
+    QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 0);
+    QCOMPARE(window.number("SELECT status FROM items_1"), 6);
+    QCOMPARE(window.picture("lite", 0), 183);
+    QCOMPARE(window.picture("Check1", 0), 113);
+}
+
+void tst_recipe_check::a_check_changes_the_row_of_the_list_on_show()
+{
+    CheckWindow window;
+    window.set_pref(QStringLiteral("lv_view"), QStringLiteral("1"));
+    window.load();
+    window.find<QTabBar>(QStringLiteral("TabStrip1(1)"))->setCurrentIndex(1);
+    GridModel& rows = window.main().list_pane().grid().rows();
+    QCOMPARE(rows.rows(), 1);
+    QVERIFY(!rows.row(0).to_get);
+    window.click_check(0);
+    QVERIFY(rows.row(0).to_get);
+    QCOMPARE(rows.row(0).light, 179);
+    QCOMPARE(rows.row(0).check, 122);
+    QCOMPARE(window.main().shared.last_groc_key, window.row);
+}
+
+void tst_recipe_check::checking_a_stock_line_on_no_list_opens_the_editor()
+{
+    CheckWindow window;
+    Query(window.db(), "DELETE FROM tie").run();
+    Query(window.db(), "DELETE FROM groc_1").run();
+    window.load();
+    MessageScript script;
+    script.drive([&](QDialog& dialog) {
+        QCOMPARE(dialog.objectName(), QStringLiteral("l_item_edit"));
+        QCOMPARE(window.main().shared.editor_mode, edit_mode::recipe_item);
+        QCOMPARE(window.main().shared.item_in_work, window.item);
+        QCOMPARE(window.main().shared.last_groc_key, Key{-1});
+        QCOMPARE(window.main().shared.ingredient_in_work, window.line);
+        dialog.reject();
+    });
+    window.click_check(0);
+    QCOMPARE(script.left(), 0);
+    QCOMPARE(window.number("SELECT count(*) FROM groc_1"), 0);
+}
+
+void tst_recipe_check::checking_a_non_stock_line_opens_the_editor_in_its_adding_mode()
+{
+    CheckWindow window;
+    window.load();
+    QVERIFY(window.control(QStringLiteral("Check1(1)")).isEnabled());
+    MessageScript script;
+    script.drive([&](QDialog& dialog) {
+        QCOMPARE(dialog.objectName(), QStringLiteral("l_item_edit"));
+        QCOMPARE(window.main().shared.editor_mode, edit_mode::non_stock_to_stock);
+        QCOMPARE(window.page().rcp_item_in_work(), QStringLiteral("Spring water"));
+        QCOMPARE(window.main().shared.ingredient_in_work, window.plain);
+        dialog.reject();
+    });
+    window.click_check(1);
+    QCOMPARE(script.left(), 0);
+    QCOMPARE(window.number("SELECT count(*) FROM items_1"), 1);
+}
+
+void tst_recipe_check::clearing_a_non_stock_line_does_nothing()
+{
+    CheckWindow window;
+    window.load();
+    window.page().state.cur_line = 1;
+    const MessageScript no_dialog;
+    window.page().recipe_chck(0, window.plain);
+    QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 0);
+    QCOMPARE(window.main().shared.item_in_work, Key{-1});
+}
+
+void tst_recipe_check::checking_a_vanished_line_does_nothing()
+{
+    CheckWindow window;
+    window.load();
+    Query(window.db(), "DELETE FROM recipe_2").run();
+    const MessageScript no_dialog;
+    window.click_check(0);
+    window.click_check(1);
+    QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 0);
+}
+
+void tst_recipe_check::refreshing_leaves_the_marks()
+{
+    CheckWindow window(true, true);
+    window.load();
+    window.page().recipe_chck(2, window.line);
+    QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 2);
+}
+
+void tst_recipe_check::lines_of_an_item_follow_its_status()
+{
+    CheckWindow window;
+    window.load();
+    QVERIFY(window.page().shows_item(window.item));
+    QVERIFY(!window.page().shows_item(window.item + 1));
+    QVERIFY(!window.page().shows_item(-1));
+    window.page().set_item_status(window.item, 7);
+    QCOMPARE(window.picture("lite", 0), 179);
+    QCOMPARE(window.picture("lite", 1), 171);
+    window.page().set_item_tool_tip(window.item, QStringLiteral("Tip"));
+    QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), QStringLiteral("Tip"));
+}
+
+void tst_recipe_check::unlinked_and_linked_lines_change_their_kind()
+{
+    CheckWindow window;
+    window.load();
+    window.page().unlink_item(window.item, QStringLiteral("Non-stock item"));
+    QCOMPARE(window.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
+    QCOMPARE(window.picture("lite", 0), 171);
+    QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), QStringLiteral("Non-stock item"));
+    window.page().link_item(QStringLiteral("spring WATER"), window.item, 6, QStringLiteral("Linked"));
+    QCOMPARE(window.tag(QStringLiteral("Check1(1)")), QString::number(window.item));
+    QCOMPARE(window.picture("lite", 1), 183);
+    QCOMPARE(window.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
+}
+
+void tst_recipe_check::type_size_places_the_lines_anew()
+{
+    CheckWindow window;
+    window.load();
+    QCOMPARE(window.control(QStringLiteral("ingred(1)")).y(), 60);
+    window.main().shared.type_size = 12;
+    window.page().set_type_size();
+    QCOMPARE(window.control(QStringLiteral("ingred(1)")).y(), 67);
+    QCOMPARE(window.control(QStringLiteral("ingred(1)")).font().pointSize(), 12);
+    QCOMPARE(window.Text1().font().pointSize(), 12);
+    QVERIFY(window.title().font().bold());
+    QCOMPARE(window.tag(QStringLiteral("ingred(0)")), QStringLiteral("6^2^Sea Salt"));
+}
+
+void tst_recipe_check::text_is_readable_on_every_page_colour()
+{
+    CheckWindow window;
+    window.load();
+    for (int index = 0; index < 4; ++index) {
+        window.main().shared.color_index = index;
+        window.main().shared.page_color = page_color_of(index);
+        window.page().set_page_color();
+        window.page().set_recipe(window.recipe);
+        for (QWidget* box : {static_cast<QWidget*>(&window.title()), static_cast<QWidget*>(&window.Text1())}) {
+            QCOMPARE(box->palette().color(QPalette::Base), *page_color_of(index));
+            QCOMPARE(box->palette().color(QPalette::Text), QColor(Qt::black));
+        }
+        QCOMPARE(window.page().frame4().palette().color(QPalette::Window), *page_color_of(index));
+        QCOMPARE(window.page().lines()[0].ingred->text_color(), QColor(Qt::black));
+        QCOMPARE(window.page().lines()[0].lite->picture_number(), 183 + index);
+    }
+}
+
+void tst_recipe_check::an_unknown_colour_leaves_the_page_readable()
+{
+    CheckWindow window;
+    window.set_pref(QStringLiteral("color"), QStringLiteral("9"));
+    window.load();
+    QVERIFY(!window.main().shared.page_color);
+    const QPalette colors = window.page().frame4().palette();
+    QVERIFY(colors.color(QPalette::Window).lightness() > 200);
+    QCOMPARE(colors.color(QPalette::WindowText), QColor(Qt::black));
+    QCOMPARE(window.page().lines()[0].lite->picture_number(), 183 + 3);
+}
+
+void tst_recipe_check::a_new_line_keeps_the_simple_height_until_the_next_load()
+{
+    CheckWindow window;
+    window.set_pref(QStringLiteral("font"), QStringLiteral("10"));
+    window.load();
+    const int body = window.Text1().y();
+    QCOMPARE(window.page().next_index(), 2);
+    const Key key = window.add_line(window.recipe, QStringLiteral("Thyme"));
+    QCOMPARE(window.page().new_line(key, -1, QStringLiteral("Thyme"), QStringLiteral("Thyme")), 2);
+    QWidget& line = window.control(QStringLiteral("ingred(2)"));
+    QVERIFY(line.isVisible());
+    QCOMPARE(line.y(), 80);
+    QCOMPARE(line.height(), std::max(16, line.fontMetrics().height()));
+    QCOMPARE(window.Text1().y(), body + 20);
+    QCOMPARE(window.page().state.cur_line, 2);
+    QCOMPARE(window.tag(QStringLiteral("lite(2)")), QString::number(key));
+    window.page().set_recipe(window.recipe);
+    QCOMPARE(line.height(), 20);
+}
+
+void tst_recipe_check::dropping_the_last_line_restores_the_body()
+{
+    CheckWindow window;
+    window.load();
+    const int body = window.Text1().y();
+    window.page().new_line(99, -1, QStringLiteral("Thyme"), QStringLiteral("Thyme"));
+    window.page().drop_last_line();
+    QCOMPARE(window.Text1().y(), body);
+    QVERIFY(!window.control(QStringLiteral("ingred(2)")).isVisible());
+    window.page().drop_last_line();
+    window.page().drop_last_line();
+    QCOMPARE(window.page().next_index(), 0);
+    QVERIFY(!window.control(QStringLiteral("ingred(0)")).isVisible());
+    QCOMPARE(window.tag(QStringLiteral("lite(0)")), QStringLiteral("-1"));
+}
+
+QTEST_MAIN(tst_recipe_check)
+#include "tst_recipe_check.moc"

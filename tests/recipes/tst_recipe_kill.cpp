@@ -1,0 +1,84 @@
+#include "data/connection.h"
+#include "data/query.h"
+#include "data/schema.h"
+#include "recipes/ingredient_store.h"
+#include "recipes/recipe_store.h"
+
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <algorithm>
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace tarnwick;
+
+namespace {
+
+/// What a user's edits write, over and over, until the process is killed.
+[[noreturn]] void edit_for_ever(const QString& file)
+{
+    Connection connection;
+    connection.open(file);
+    for (int i = 1;; ++i) {
+        save_recipe(connection, 1, QStringLiteral("Soup %1").arg(i), QStringLiteral("Stir %1").arg(i));
+        const Key recipe = insert_recipe(connection, QStringLiteral("Stew"), QStringLiteral("02"));
+        for (int line = 0; line < 3; ++line) {
+            IngredientRow row;
+            row.item = QStringLiteral("Salt");
+            insert_line(connection, recipe, row, line);
+        }
+        load_lines(connection, recipe);
+        delete_recipe(connection, recipe);
+    }
+}
+
+} // namespace
+
+/// A process that is killed in the middle of a recipe's edit leaves each operation whole or not at all.
+class tst_recipe_kill : public QObject {
+    Q_OBJECT
+
+private slots:
+    void a_killed_edit_is_whole_or_not_there();
+};
+
+void tst_recipe_kill::a_killed_edit_is_whole_or_not_there()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("twdata/groc.mdb"));
+    make_database(file);
+    {
+        Connection connection;
+        connection.open(file);
+        QCOMPARE(insert_recipe(connection, QStringLiteral("Soup 0"), QStringLiteral("11")), Key(1));
+        QVERIFY(save_recipe(connection, 1, QStringLiteral("Soup 0"), QStringLiteral("Stir 0")));
+    }
+    constexpr int kills = 40;
+    int last = 0;
+    for (int kill_number = 0; kill_number < kills; ++kill_number) {
+        const pid_t child = fork();
+        QVERIFY(child >= 0);
+        if (child == 0)
+            edit_for_ever(file);
+        usleep(static_cast<useconds_t>(QRandomGenerator::global()->bounded(5000, 60000)));
+        QCOMPARE(kill(child, SIGKILL), 0);
+        QCOMPARE(waitpid(child, nullptr, 0), child);
+
+        Connection connection;
+        connection.open(file); // refuses a damaged file
+        const auto soup = read_recipe(connection, 1);
+        QVERIFY(soup);
+        QCOMPARE(soup->body, QStringLiteral("Stir ") + soup->name.mid(5));
+        last = std::max(last, soup->name.mid(5).toInt());
+        Query orphans(connection, "SELECT count(*) FROM recipe_2 WHERE r_ref NOT IN (SELECT key_id FROM recipe_1)");
+        QVERIFY(orphans.next());
+        QCOMPARE(orphans.number(0), 0);
+    }
+    QVERIFY(last > 1); // the children did get to work
+}
+
+QTEST_GUILESS_MAIN(tst_recipe_kill)
+#include "tst_recipe_kill.moc"
