@@ -1,0 +1,149 @@
+#include "processes.h"
+
+#include "catalogue.h"
+#include "measure.h"
+
+#include "app/application.h"
+#include "app/frmmain.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QMainWindow>
+#include <QProcess>
+
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+namespace tarnwick::bench {
+namespace {
+
+/// Peak memory of this process in kilobytes, from the kernel's own account.
+int peak_memory()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).simplified().split(' ').first().toInt();
+    }
+    return 0;
+}
+
+/// Reports when a window has been painted for the first time.
+class PaintWatch : public QObject {
+public:
+    explicit PaintWatch(QWidget& window)
+        : window_(window)
+    {
+        qApp->installEventFilter(this);
+    }
+    void wait()
+    {
+        while (!painted_)
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && watched == &window_)
+            painted_ = true;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget& window_;
+    bool painted_ = false;
+};
+
+[[noreturn]] void report_and_end()
+{
+    std::printf("painted %d\n", peak_memory());
+    std::fflush(stdout);
+    std::_Exit(0);
+}
+
+struct Run {
+    double ms = 0;
+    double peak_kb = 0;
+};
+
+Run run_child(const QStringList& arguments)
+{
+    QProcess child;
+    child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    QElapsedTimer clock;
+    clock.start();
+    child.start(QCoreApplication::applicationFilePath(), arguments);
+    QByteArray output;
+    while (!output.contains('\n') && child.waitForReadyRead(60000))
+        output += child.readAllStandardOutput();
+    const double ms = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+    child.waitForFinished();
+    if (!output.startsWith("painted "))
+        qFatal("the window was not painted");
+    return {ms, output.mid(8).trimmed().toDouble()};
+}
+
+struct Ratios {
+    double start = 0;
+    double memory = 0;
+};
+
+/// Bare window and program take turns.
+Ratios against_bare_window(const Catalogue& catalogue)
+{
+    constexpr int runs = 11;
+    const QStringList bare = {QStringLiteral("--bare")};
+    const QStringList program = {QStringLiteral("--program"), catalogue.folder()};
+    run_child(bare);
+    run_child(program);
+    std::vector<double> start;
+    std::vector<double> memory;
+    for (int i = 0; i < runs; ++i) {
+        const Run window = run_child(bare);
+        const Run whole = run_child(program);
+        start.push_back(whole.ms / window.ms);
+        memory.push_back(whole.peak_kb / window.peak_kb);
+    }
+    return {median(start), median(memory)};
+}
+
+} // namespace
+
+int show_bare_window(int argc, char** argv)
+{
+    Application application(argc, argv);
+    QMainWindow window;
+    PaintWatch watch(window);
+    window.resize(1000, 700);
+    window.show();
+    watch.wait();
+    report_and_end();
+}
+
+int show_program(int argc, char** argv, const QString& folder)
+{
+    Application application(argc, argv);
+    frmmain window(environment_of(folder));
+    PaintWatch watch(window);
+    window.load();
+    watch.wait();
+    report_and_end();
+}
+
+void measure_processes()
+{
+    const Catalogue usual({500, 20, 5, 60});
+    const Catalogue large({9999, 200, 5, 60});
+    const Ratios at_500 = against_bare_window(usual);
+    const Ratios at_9999 = against_bare_window(large);
+    print_ratio("start to first paint, 500 items in 20 categories, 5 lists : bare window", at_500.start, 4);
+    print_ratio("start to first paint, 9,999 items in 200 categories : bare window", at_9999.start, 8);
+    print_ratio("peak memory with 9,999 items : bare window", at_9999.memory, 3);
+}
+
+} // namespace tarnwick::bench
