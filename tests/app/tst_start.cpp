@@ -6,6 +6,7 @@
 #include "shell/commands.h"
 #include "shell/layout.h"
 #include "support/test_window.h"
+#include "support/error_number.h"
 
 #include <QAction>
 #include <QFile>
@@ -29,12 +30,7 @@ QByteArray bytes_of(const QString& path)
 /// The number of the run-time error that loading the window gives; 0 when it gives none.
 int load_error(TestWindow& window)
 {
-    try {
-        window.load({});
-    } catch (...) {
-        return current_error().number();
-    }
-    return 0;
+    return error_number([&] { window.load({}); });
 }
 
 /// The labels `lblWarning` on show, counted at the moment the splash appears.

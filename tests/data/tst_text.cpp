@@ -1,24 +1,10 @@
 #include "data/runtime_error.h"
 #include "data/text.h"
+#include "support/error_number.h"
 
 #include <QTest>
 
 using namespace tarnwick;
-
-namespace {
-
-/// The number of the run-time error that a call throws; 0 when it throws none.
-template <typename Call> int error_of(Call call)
-{
-    try {
-        call();
-    } catch (const runtime_error& error) {
-        return error.number();
-    }
-    return 0;
-}
-
-} // namespace
 
 class tst_text : public QObject {
     Q_OBJECT
@@ -90,12 +76,12 @@ void tst_text::to_int16_overflows_past_16_bits()
 {
     QCOMPARE(to_int16(32767.0), Key{32767});
     QCOMPARE(to_int16(-32768.0), Key{-32768});
-    QCOMPARE(error_of([] { to_int16(32768.0); }), int(runtime_error::overflow));
-    QCOMPARE(error_of([] { to_int16(-32769.0); }), int(runtime_error::overflow));
-    QCOMPARE(error_of([] { to_int16(QStringLiteral("99999")); }), int(runtime_error::overflow));
-    QCOMPARE(error_of([] { to_int16(QStringLiteral("1e999")); }), int(runtime_error::overflow));
+    QCOMPARE(error_number([] { to_int16(32768.0); }), int(runtime_error::overflow));
+    QCOMPARE(error_number([] { to_int16(-32769.0); }), int(runtime_error::overflow));
+    QCOMPARE(error_number([] { to_int16(QStringLiteral("99999")); }), int(runtime_error::overflow));
+    QCOMPARE(error_number([] { to_int16(QStringLiteral("1e999")); }), int(runtime_error::overflow));
     QCOMPARE(to_int16(32767.4), Key{32767});
-    QCOMPARE(error_of([] { to_int16(32767.5); }), int(runtime_error::overflow));
+    QCOMPARE(error_number([] { to_int16(32767.5); }), int(runtime_error::overflow));
 }
 
 void tst_text::key_str_gives_four_digits()

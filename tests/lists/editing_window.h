@@ -110,6 +110,14 @@ public:
         QTest::keyClicks(&box(name), text);
     }
 
+    /// The rectangle of an edited row's cell and of a control over it, both in the grid's parent.
+    QRect cell_in_form(int column) { return grid().cell_rect(editor().edit_row(), column); }
+    QRect in_form(const char* name)
+    {
+        QWidget& control = widget(name);
+        return {control.mapTo(grid().parentWidget(), QPoint()), control.size()};
+    }
+
     QString cell(int row, int column) { return grid().rows().cell_text(row, column); }
 
     /// A field of a row, between brackets so that blanks count.

@@ -60,12 +60,6 @@ private slots:
     void a_change_of_type_size_replaces_the_editor();
 
 private:
-    QRect cell_in_form(int column) { return w().grid().cell_rect(w().editor().edit_row(), column); }
-    QRect in_form(const char* name)
-    {
-        QWidget& control = w().widget(name);
-        return {control.mapTo(w().grid().parentWidget(), QPoint()), control.size()};
-    }
     EditingWindow& w() { return *window_; }
 
     std::unique_ptr<EditingWindow> window_;
@@ -140,8 +134,8 @@ void tst_row_editor_use::the_calendar_opens_on_the_rows_date_below_the_box()
     QCOMPARE(w().calendar().selectedDate(), QDate(2028, 2, 29));
     QCOMPARE(w().calendar().yearShown(), 2028);
     QCOMPARE(w().calendar().monthShown(), 2);
-    QCOMPARE(in_form("MonthView1").top(), in_form("dp_brdr").bottom() + 1);
-    QVERIFY(w().grid().parentWidget()->rect().contains(in_form("MonthView1")));
+    QCOMPARE(w().in_form("MonthView1").top(), w().in_form("dp_brdr").bottom() + 1);
+    QVERIFY(w().grid().parentWidget()->rect().contains(w().in_form("MonthView1")));
 
     w().open_row(1);
     QVERIFY(!w().shown("MonthView1"));
@@ -158,8 +152,8 @@ void tst_row_editor_use::the_calendar_opens_above_the_box_near_the_grids_foot()
     w().open();
     w().open_row(w().grid().rows_in_view() - 1);
     w().press("dtp_btn");
-    QCOMPARE(in_form("MonthView1").bottom(), in_form("dp_brdr").top() - 1);
-    QVERIFY(w().grid().parentWidget()->rect().contains(in_form("MonthView1")));
+    QCOMPARE(w().in_form("MonthView1").bottom(), w().in_form("dp_brdr").top() - 1);
+    QVERIFY(w().grid().parentWidget()->rect().contains(w().in_form("MonthView1")));
 }
 
 void tst_row_editor_use::a_chosen_date_is_written_even_in_the_past()
@@ -358,7 +352,7 @@ void tst_row_editor_use::scrolling_hides_the_row_and_the_next_click_opens_it()
         QVERIFY2(!w().shown(control), control);
     QVERIFY(!w().grid().rows().row(3).bold);
     w().open_row(4);
-    QCOMPARE(in_form("desc_brdr").top(), cell_in_form(grid_column::desc).top());
+    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(grid_column::desc).top());
     QCOMPARE(w().grid().top_row(), 2);
 }
 
@@ -476,7 +470,7 @@ void tst_row_editor_use::a_column_group_comes_and_goes_with_its_editors()
     for (const char* name : {"chck_box", "cpn_bkgrnd", "dp_frame", "dp_brdr", "cpn_brdr", "dtp_btn"})
         QVERIFY2(!w().shown(name), name);
     QVERIFY(w().shown("aisle_brdr"));
-    QCOMPARE(in_form("desc_brdr").right(), cell_in_form(grid_column::desc).right());
+    QCOMPARE(w().in_form("desc_brdr").right(), w().cell_in_form(grid_column::desc).right());
     QCOMPARE(w().box("desc_brdr").text(), QStringLiteral("half typed "));
     w().set_group(1, false);
     for (const char* name : {"aisle_brdr", "aisle_btn(0)", "aisle_btn(1)"})
@@ -491,7 +485,7 @@ void tst_row_editor_use::a_dragged_column_border_takes_the_boxes_along()
     w().rows(2);
     w().open();
     w().open_row(1);
-    const QRect before = in_form("desc_brdr");
+    const QRect before = w().in_form("desc_brdr");
     QWidget& grip = w().widget("listheader_sprtr(0)");
     const QPoint from = grip.rect().center();
     QTest::mousePress(&grip, Qt::LeftButton, {}, from);
@@ -500,9 +494,9 @@ void tst_row_editor_use::a_dragged_column_border_takes_the_boxes_along()
     QCoreApplication::sendEvent(&grip, &move);
     QTest::mouseRelease(&grip, Qt::LeftButton, {}, grip.mapFromGlobal(to));
     QVERIFY(w().editor().is_open());
-    QCOMPARE(in_form("desc_brdr").left(), before.left() - 30);
-    QCOMPARE(in_form("desc_brdr").right(), cell_in_form(grid_column::desc).right());
-    QCOMPARE(in_form("frmEditDel").left(), in_form("desc_brdr").left() - 44);
+    QCOMPARE(w().in_form("desc_brdr").left(), before.left() - 30);
+    QCOMPARE(w().in_form("desc_brdr").right(), w().cell_in_form(grid_column::desc).right());
+    QCOMPARE(w().in_form("frmEditDel").left(), w().in_form("desc_brdr").left() - 44);
 }
 
 void tst_row_editor_use::the_editor_follows_its_row()
@@ -515,7 +509,7 @@ void tst_row_editor_use::the_editor_follows_its_row()
     first.groc_key = 99;
     w().grid().rows().insert_sorted(first);
     QCOMPARE(w().editor().edit_row(), 3);
-    QCOMPARE(in_form("desc_brdr").top(), cell_in_form(grid_column::desc).top());
+    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(grid_column::desc).top());
     w().type_into("desc_brdr", QStringLiteral("moved"));
     QCOMPARE(w().field(3, "desc"), QStringLiteral("[moved]"));
     QCOMPARE(w().cell(3, grid_column::desc), QStringLiteral("moved"));
@@ -531,8 +525,8 @@ void tst_row_editor_use::a_change_of_type_size_replaces_the_editor()
     w().main().shared.type_size = 12;
     w().grid().set_type_size(12);
     w().editor().set_type_size(12);
-    QCOMPARE(in_form("desc_brdr").top(), cell_in_form(grid_column::desc).top());
-    QCOMPARE(in_form("desc_brdr").height(), 28);
+    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(grid_column::desc).top());
+    QCOMPARE(w().in_form("desc_brdr").height(), 28);
     QCOMPARE(w().widget("qty_btn(0)").property("picture").toInt(), 152);
     QCOMPARE(w().widget("qty_btn(1)").property("picture").toInt(), 158);
     QCOMPARE(w().box("desc_brdr").font().pointSize(), 12);

@@ -3,30 +3,14 @@
 #include "data/runtime_error.h"
 #include "lists/placing.h"
 #include "support/message_script.h"
+#include "support/error_number.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
 #include <QTest>
 
-#include <functional>
-
 using namespace tarnwick;
-
-namespace {
-
-/// The number of the run-time error that a work ends in; 0 when it ends well.
-int error_number(const std::function<void()>& work)
-{
-    try {
-        work();
-    } catch (...) {
-        return current_error().number();
-    }
-    return 0;
-}
-
-} // namespace
 
 /// The database refuses in the middle of an edit: the error goes its way, and the file keeps what was written.
 class tst_row_faults : public QObject {

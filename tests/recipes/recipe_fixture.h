@@ -63,6 +63,15 @@ public:
         transaction.commit();
     }
 
+    /// Starts the window on the page of a new recipe.
+    Key open_recipe(const QString& name, const QString& cat, const QString& body = QStringLiteral("Stir."))
+    {
+        const Key key = add_recipe(name, cat, body);
+        load();
+        page().set_recipe(key);
+        return key;
+    }
+
     RecipePage& page() { return main().recipe_page(); }
     TreeView& tree() { return main().recipe_tree().view(); }
     QLineEdit& title() { return page().title(); }

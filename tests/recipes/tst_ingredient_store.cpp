@@ -4,6 +4,7 @@
 #include "data/query.h"
 #include "data/runtime_error.h"
 #include "data/schema.h"
+#include "support/error_number.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -105,12 +106,8 @@ void tst_ingredient_store::a_line_needs_its_recipe_and_loses_a_stock_item_that_h
 void tst_ingredient_store::a_line_past_the_last_key_is_an_overflow()
 {
     Query(*db_, "INSERT INTO recipe_2 (key_id, r_ref, item) VALUES (32767, 99, 'x')").run();
-    try {
-        insert_line(*db_, recipe_, row(QStringLiteral("Salt")), 0);
-        QFAIL("no overflow");
-    } catch (const runtime_error& error) {
-        QCOMPARE(error.number(), int(runtime_error::overflow));
-    }
+    QCOMPARE(error_number([this] { insert_line(*db_, recipe_, row(QStringLiteral("Salt")), 0); }),
+             int(runtime_error::overflow));
     QCOMPARE(text("SELECT count(*) FROM recipe_2"), QStringLiteral("1"));
 }
 

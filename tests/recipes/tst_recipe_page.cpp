@@ -3,6 +3,7 @@
 #include "data/runtime_error.h"
 #include "recipes/page_geometry.h"
 #include "stock/status.h"
+#include "support/error_number.h"
 
 #include <QWheelEvent>
 
@@ -305,12 +306,7 @@ void tst_recipe_page::a_page_past_sixteen_bits_is_an_overflow()
     window.page().set_recipe(recipe);
     QCOMPARE(static_cast<int>(window.page().lines().size()), most_lines);
     window.add_line(recipe, QStringLiteral("Salt"));
-    try {
-        window.page().set_recipe(recipe);
-        QFAIL("no overflow");
-    } catch (const runtime_error& error) {
-        QCOMPARE(error.number(), int{runtime_error::overflow});
-    }
+    QCOMPARE(error_number([&] { window.page().set_recipe(recipe); }), int(runtime_error::overflow));
     QVERIFY(!window.main().shared.page_busy);
 }
 
@@ -344,9 +340,7 @@ void tst_recipe_page::a_blank_item_is_an_unlisted_stock_item()
 void tst_recipe_page::the_loaded_key_is_stored()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
-    window.load();
-    window.page().set_recipe(recipe);
+    const Key recipe = window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
     QCOMPARE(window.pref(QStringLiteral("arcp")), QString::number(recipe));
     window.page().set_recipe(-1);
     QCOMPARE(window.pref(QStringLiteral("arcp")), QStringLiteral("-1"));
@@ -355,9 +349,7 @@ void tst_recipe_page::the_loaded_key_is_stored()
 void tst_recipe_page::name_is_in_the_tool_tips_of_print_and_preview()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
-    window.load();
-    window.page().set_recipe(recipe);
+    const Key recipe = window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
     QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print Soup recipe"));
     QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview Soup recipe"));
 }
@@ -398,9 +390,7 @@ void tst_recipe_page::scrolling_to_the_end_shows_the_end_of_the_body()
 void tst_recipe_page::the_caret_takes_the_page_along()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Stew"), QStringLiteral("11"), words.repeated(200));
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Stew"), QStringLiteral("11"), words.repeated(200));
     window.focus(window.Text1());
     QTest::keyClick(&window.Text1(), Qt::Key_End, Qt::ControlModifier);
     QVERIFY(window.page().scroll_bar().value() > 0);

@@ -44,9 +44,7 @@ void tst_recipe_text::the_help_text_has_a_border_and_goes_at_the_first_click()
 {
     RecipeWindow window;
     const Key recipe = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"), help_text());
-    const Key other = window.add_recipe(QStringLiteral("Stew"), QStringLiteral("11"));
-    window.load();
-    window.page().set_recipe(other);
+    window.open_recipe(QStringLiteral("Stew"), QStringLiteral("11"));
     QCOMPARE(window.Text1().property("BorderStyle").toInt(), 0);
     window.page().set_recipe(recipe);
     QCOMPARE(window.Text1().property("BorderStyle").toInt(), 1);
@@ -59,9 +57,7 @@ void tst_recipe_text::the_help_text_has_a_border_and_goes_at_the_first_click()
 void tst_recipe_text::leaving_the_emptied_box_untouched_keeps_the_help_text_stored()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"), help_text());
-    window.load();
-    window.page().set_recipe(recipe);
+    const Key recipe = window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"), help_text());
     window.focus(window.Text1());
     window.focus(window.title());
     QCOMPARE(window.text("SELECT r_body FROM recipe_1"), help_text());
@@ -73,9 +69,7 @@ void tst_recipe_text::leaving_the_emptied_box_untouched_keeps_the_help_text_stor
 void tst_recipe_text::an_emptied_body_is_stored_as_the_help_text_letter_by_letter()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
-    window.load();
-    window.page().set_recipe(recipe);
+    const Key recipe = window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
     window.focus(window.Text1());
     QTest::keyClick(&window.Text1(), Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(&window.Text1(), Qt::Key_Delete);
@@ -93,9 +87,7 @@ void tst_recipe_text::a_help_text_with_bare_line_feeds_is_known_as_well()
     RecipeWindow window;
     QString bare = help_text();
     bare.remove(u'\r');
-    const Key recipe = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"), bare);
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"), bare);
     QCOMPARE(window.Text1().property("BorderStyle").toInt(), 1);
 }
 
@@ -115,9 +107,7 @@ void tst_recipe_text::typing_an_oven_temperature_adds_the_degree_sign()
     QFETCH(QString, typed);
     QFETCH(QString, shown);
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"), help_text());
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"), help_text());
     window.focus(window.Text1());
     QTest::keyClicks(&window.Text1(), typed);
     QCOMPARE(window.Text1().toPlainText(), shown);
@@ -127,9 +117,7 @@ void tst_recipe_text::typing_an_oven_temperature_adds_the_degree_sign()
 void tst_recipe_text::one_backspace_takes_degree_sign_and_digit()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"), help_text());
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"), help_text());
     window.focus(window.Text1());
     QTest::keyClicks(&window.Text1(), QStringLiteral("350"));
     QCOMPARE(window.Text1().toPlainText(), QStringLiteral("350\u00ba"));
@@ -141,9 +129,7 @@ void tst_recipe_text::one_backspace_takes_degree_sign_and_digit()
 void tst_recipe_text::backspace_in_the_middle_takes_one_character()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"), help_text());
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"), help_text());
     window.focus(window.Text1());
     QTest::keyClicks(&window.Text1(), QStringLiteral("350 min"));
     for (int i = 0; i < 4; ++i)
@@ -155,9 +141,7 @@ void tst_recipe_text::backspace_in_the_middle_takes_one_character()
 void tst_recipe_text::border_follows_the_text_at_key_up()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"), help_text());
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"), help_text());
     window.focus(window.Text1());
     QTest::keyPress(&window.Text1(), 'a');
     QCOMPARE(window.Text1().border_style(), 1);
@@ -170,9 +154,7 @@ void tst_recipe_text::border_follows_the_text_at_key_up()
 void tst_recipe_text::cursor_keys_mark_the_body_as_edited()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
     QCOMPARE(window.tag(QStringLiteral("Text1")), QStringLiteral("clean"));
     QCOMPARE(window.tag(QStringLiteral("Frame1")), QStringLiteral("clean"));
     window.focus(window.Text1());
@@ -184,9 +166,7 @@ void tst_recipe_text::cursor_keys_mark_the_body_as_edited()
 void tst_recipe_text::line_ends_are_stored_as_crlf_and_shown_as_lines()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"), QStringLiteral("a\nb\r\nc"));
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"), QStringLiteral("a\nb\r\nc"));
     QCOMPARE(window.Text1().document()->blockCount(), 3);
     QCOMPARE(window.text("SELECT r_body FROM recipe_1"), QStringLiteral("a\nb\r\nc"));
     window.focus(window.Text1());
@@ -220,9 +200,7 @@ void tst_recipe_text::a_body_of_a_hundred_thousand_characters_is_edited()
     for (qsizetype i = 400; i < body.size(); i += 401)
         body[i] = u'\n';
     window.set_pref(QStringLiteral("font"), QStringLiteral("12"));
-    const Key recipe = window.add_recipe(QStringLiteral("Saga"), QStringLiteral("15"), body);
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Saga"), QStringLiteral("15"), body);
     QVERIFY(window.page().get_scroll_scale() <= 32767);
     window.focus(window.Text1());
     QTest::keyClick(&window.Text1(), Qt::Key_End, Qt::ControlModifier);
@@ -235,9 +213,7 @@ void tst_recipe_text::a_body_of_a_hundred_thousand_characters_is_edited()
 void tst_recipe_text::leaving_the_body_saves()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.page().set_recipe(recipe);
+    const Key recipe = window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
     window.focus(window.Text1());
     QTest::keyClick(&window.Text1(), Qt::Key_End, Qt::ControlModifier);
     QTest::keyClicks(&window.Text1(), QStringLiteral(" Then don't stop."));
@@ -342,9 +318,7 @@ void tst_recipe_text::an_apostrophe_typed_into_the_title_stays()
 void tst_recipe_text::deactivating_the_window_saves()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
     window.focus(window.Text1());
     QTest::keyClicks(&window.Text1(), QStringLiteral("x"));
     QWidget other;
@@ -358,9 +332,7 @@ void tst_recipe_text::deactivating_the_window_saves()
 void tst_recipe_text::closing_the_window_saves()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
     window.focus(window.Text1());
     QTest::keyClicks(&window.Text1(), QStringLiteral("x"));
     window.main().close();
@@ -371,9 +343,7 @@ void tst_recipe_text::closing_the_window_saves()
 void tst_recipe_text::a_change_of_the_view_saves()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
     window.focus(window.Text1());
     QTest::keyClicks(&window.Text1(), QStringLiteral("x"));
     window.trigger(QStringLiteral("mnu_view_shoplist"));
@@ -384,9 +354,7 @@ void tst_recipe_text::a_change_of_the_view_saves()
 void tst_recipe_text::an_unedited_page_writes_nothing()
 {
     RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"), QStringLiteral("Old."));
-    window.load();
-    window.page().set_recipe(recipe);
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"), QStringLiteral("Old."));
     Query(window.db(), "UPDATE recipe_1 SET r_body = 'New.'").run();
     window.focus(window.Text1());
     window.focus(window.title());
@@ -425,9 +393,7 @@ void tst_recipe_text::typing_a_name_never_renames_a_category()
 void tst_recipe_text::a_vanished_recipe_is_not_written()
 {
     RecipeWindow window;
-    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.page().set_recipe(pie);
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
     window.focus(window.Text1());
     QTest::keyClicks(&window.Text1(), QStringLiteral("x"));
     Query(window.db(), "DELETE FROM recipe_1").run();

@@ -4,6 +4,7 @@
 #include "recipes/move_item.h"
 #include "recipes/recipe_categories.h"
 #include "shell/view_state.h"
+#include "support/error_number.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -416,12 +417,8 @@ void tst_recipe_tree::moving_to_no_category_is_an_error_and_changes_nothing()
     RecipeWindow window;
     const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
     window.load();
-    try {
-        window.main().recipe_tree().mv_rcp(QStringLiteral("16"), pie);
-        QFAIL("no error");
-    } catch (const runtime_error& error) {
-        QCOMPARE(error.number(), int{runtime_error::element_not_found});
-    }
+    QCOMPARE(error_number([&] { window.main().recipe_tree().mv_rcp(QStringLiteral("16"), pie); }),
+             int(runtime_error::element_not_found));
     QCOMPARE(window.text("SELECT cat FROM recipe_1"), QStringLiteral("13"));
     QVERIFY(window.main().recipe_tree().recipe_node(pie));
 }

@@ -1,5 +1,6 @@
 #include "data/runtime_error.h"
 #include "shell/tree_view.h"
+#include "support/error_number.h"
 
 #include <QLineEdit>
 #include <QScrollBar>
@@ -55,16 +56,6 @@ void click(TreeView& tree, QPoint point, Qt::MouseButton button = Qt::LeftButton
     QTest::mouseClick(tree.viewport(), button, {}, point);
 }
 
-int error_of(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const runtime_error& error) {
-        return error.number();
-    }
-    return 0;
-}
-
 } // namespace
 
 class tst_tree_view : public QObject {
@@ -101,14 +92,14 @@ private slots:
 void tst_tree_view::key_in_use_is_error_35602()
 {
     auto tree = make_tree();
-    QCOMPARE(error_of([&] { tree->add_node(nullptr, folder_key, QStringLiteral("x"), 1, {}); }), 35602);
+    QCOMPARE(error_number([&] { tree->add_node(nullptr, folder_key, QStringLiteral("x"), 1, {}); }), 35602);
     QCOMPARE(tree->topLevelItemCount(), 2);
 }
 
 void tst_tree_view::unknown_key_is_error_35601()
 {
     auto tree = make_tree();
-    QCOMPARE(error_of([&] { tree->require_node(QStringLiteral("item0099")); }), 35601);
+    QCOMPARE(error_number([&] { tree->require_node(QStringLiteral("item0099")); }), 35601);
     QCOMPARE(tree->node(QStringLiteral("item0099")), nullptr);
 }
 

@@ -1,6 +1,7 @@
 #include "data/runtime_error.h"
 #include "shell/view_state.h"
 #include "stock/stock_tree_fixture.h"
+#include "support/error_number.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -166,13 +167,7 @@ void tst_stock_tree::key_past_9999_is_error_35602_at_the_second_such_item()
     window_->main().stock_tree().tv_load(false);
     QVERIFY(tree().node(QStringLiteral("item")));
     add(10001);
-    int error = 0;
-    try {
-        window_->main().stock_tree().tv_load(false);
-    } catch (const runtime_error& raised) {
-        error = raised.number();
-    }
-    QCOMPARE(error, 35602);
+    QCOMPARE(error_number([this] { window_->main().stock_tree().tv_load(false); }), 35602);
     QVERIFY(!QApplication::overrideCursor());
 }
 
