@@ -230,8 +230,10 @@ void line_editor(Studio& studio, int points)
     studio.shot(sized("line-editor-measures", points));
     QWidget* item = studio.visible_child(QStringLiteral("ing_flt_txtItem"));
     studio.click(item);
-    if (item)
+    if (item) {
+        QTest::keyClick(item, Qt::Key_End);
         QTest::keyClick(item, Qt::Key_Backspace);
+    }
     studio.settle();
     studio.shot(sized("line-editor-items", points));
     studio.start(with(with(look(points), "tv_view", "0"), "lv_view", "0"));

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QFile>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -31,6 +32,11 @@ Studio::Studio(const QString& program_folder, const QString& pictures)
     environment_.open_url = [](const QUrl&) { return true; };
     environment_.end_program = [] {};
     use_household();
+    QFile file(environment_.database_file());
+    if (file.open(QIODevice::ReadOnly))
+        household_ = file.readAll();
+    else
+        fault(QStringLiteral("cannot read ") + file.fileName());
     qApp->installEventFilter(this);
 }
 
@@ -62,9 +68,19 @@ void Studio::close()
     main_.reset();
 }
 
+void Studio::restore_household()
+{
+    if (environment_.program_folder != household_folder_)
+        return;
+    QFile file(environment_.database_file());
+    if (!file.open(QIODevice::WriteOnly) || file.write(household_) != household_.size())
+        fault(QStringLiteral("cannot write ") + file.fileName());
+}
+
 frmmain& Studio::start(const QHash<QString, QString>& prefs, QSize size)
 {
     close();
+    restore_household();
     {
         Settings settings(environment_.settings_file);
         settings.set_reg();

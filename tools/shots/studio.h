@@ -2,6 +2,7 @@
 
 #include "app/environment.h"
 
+#include <QByteArray>
 #include <QHash>
 #include <QObject>
 #include <QPoint>
@@ -31,7 +32,8 @@ public:
     Studio(const QString& program_folder, const QString& pictures);
     ~Studio() override;
 
-    /// Closes the window there is and starts anew with these settings in `prefs`; size in pixels.
+    /// Closes the window there is and starts anew with these settings in `prefs`, the household being as it was at
+    /// first; size in pixels.
     frmmain& start(const QHash<QString, QString>& prefs, QSize size = {1120, 720});
     frmmain& main() { return *main_; }
 
@@ -71,10 +73,12 @@ protected:
 
 private:
     void close();
+    void restore_household();
     void close_dialog(QDialog* dialog);
 
     Environment environment_;
     QString household_folder_;
+    QByteArray household_;
     QString pictures_;
     std::unique_ptr<frmmain> main_;
     std::function<void(QDialog&)> driver_;
