@@ -3,11 +3,30 @@
 #include "app/message_box.h"
 
 #include <QIcon>
-#include <QStyleFactory>
+#include <QProxyStyle>
 
 #include <cstdlib>
 
 namespace tarnwick {
+
+namespace {
+
+/// Fusion with plain words on the buttons of message boxes.
+class PlainButtons : public QProxyStyle {
+public:
+    PlainButtons()
+        : QProxyStyle(QStringLiteral("Fusion"))
+    {
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override
+    {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+} // namespace
 
 Application::Application(int& argc, char** argv)
     : QApplication(argc, argv)
@@ -15,7 +34,7 @@ Application::Application(int& argc, char** argv)
     setApplicationName(QStringLiteral("tarnwick"));
     setDesktopFileName(QStringLiteral("tarnwick"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/tarnwick.svg")));
-    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    setStyle(new PlainButtons);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event)
