@@ -1,6 +1,7 @@
 #include "lists/row_editor.h"
 
 #include "app/update_lock.h"
+#include "lists/last_press.h"
 #include "lists/list_grid.h"
 #include "lists/row_editor_controls.h"
 #include "lists/row_store.h"
@@ -266,6 +267,9 @@ bool RowEditor::eventFilter(QObject* watched, QEvent* event)
         const Qt::KeyboardModifiers held = key->modifiers() & ~Qt::KeypadModifier;
         return held == Qt::NoModifier && key_in_box(widget, key->key());
     }
+    case QEvent::MouseButtonDblClick:
+        // A button that the first click brought up under the pointer was not what the user meant.
+        return qobject_cast<QAbstractButton*>(widget) && !LastPress::was_on(*widget);
     case QEvent::FocusOut:
         focus_left();
         return false;
