@@ -36,6 +36,7 @@ RowEditor::RowEditor(ListGrid& grid, RowEditorHost& host, QWidget* parent)
     connect(&grid_.rows(), &QAbstractItemModel::modelReset, this, &RowEditor::hide_line);
     for (auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&grid_.rows(), change, this, &RowEditor::place_again);
+    connect(&grid_.rows(), &QAbstractItemModel::layoutChanged, this, &RowEditor::place_again);
 }
 
 RowEditor::~RowEditor() = default;
