@@ -8,6 +8,7 @@
 #include "shell/tool_tip.h"
 #include "stock/status.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QKeyEvent>
@@ -286,8 +287,16 @@ bool RowEditor::eventFilter(QObject* watched, QEvent* event)
 
 bool RowEditor::key_in_box(const QWidget* widget, int key)
 {
-    if (widget == controls_->month_view && key == Qt::Key_Escape) {
-        close_calendar();
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (widget == controls_->month_view) {
+        if (key == Qt::Key_Escape)
+            close_calendar();
+        // An Enter that the calendar has no use for is not meant for the form around it either.
+        return enter || key == Qt::Key_Escape;
+    }
+    if (enter && qobject_cast<const QAbstractSpinBox*>(widget)) {
+        // The year is taken when its box is left; by itself that would pass the focus on to any neighbour.
+        controls_->month_view->setFocus(Qt::OtherFocusReason);
         return true;
     }
     const auto& chain = controls_->chain;
@@ -295,12 +304,12 @@ bool RowEditor::key_in_box(const QWidget* widget, int key)
     if (box == chain.end())
         return false;
     const int place = static_cast<int>(box - chain.begin());
-    switch (key) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
+    if (enter) {
         lv_edit_off();
         grid_.setFocus(Qt::OtherFocusReason);
         return true;
+    }
+    switch (key) {
     case Qt::Key_Right:
         return box->edit->caret_at_end() && go_to_box(place, 1);
     case Qt::Key_Left:
