@@ -130,8 +130,9 @@ void RowEditor::lv_edit_off()
 
 void RowEditor::hide_controls()
 {
-    // The focus goes back to the grid first; hiding its widget would hand it to any neighbour.
-    if (owns(QApplication::focusWidget()))
+    // The focus goes back to the grid first; hiding its widget would hand it to any neighbour. Behind a
+    // dialog the window keeps the widget for its return.
+    if (owns(grid_.window()->focusWidget()))
         grid_.setFocus(Qt::OtherFocusReason);
     for (QWidget* control : controls_->all())
         control->hide();
