@@ -247,10 +247,15 @@ void RowEditor::choose_date(QDate date)
 void RowEditor::edit_clicked()
 {
     host_.edit_row(edit_row());
+    refresh();
+}
+
+void RowEditor::refresh()
+{
     if (!is_open() || edit_row() < 0)
         return;
     fill();
-    place();
+    place_again();
 }
 
 bool RowEditor::eventFilter(QObject* watched, QEvent* event)
