@@ -2,7 +2,6 @@
 
 #include "stock/status.h"
 
-#include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QSpinBox>
 #include <QToolButton>
@@ -75,7 +74,6 @@ private slots:
     void boxes_cover_their_cells();
     void escape_in_the_calendar_leaves_the_dialog_open();
     void enter_in_the_year_of_the_calendar_does_not_press_ok();
-    void a_clicked_day_is_written();
 
 private:
     /// Opens the dialog on the milk, which stands on the first two of three lists.
@@ -264,29 +262,6 @@ void tst_item_editor_grid::enter_in_the_year_of_the_calendar_does_not_press_ok()
         hands.press_cancel();
     });
     QCOMPARE(test.list_rows(), QStringLiteral("1:cold:2:9:1:0 / 2:cold:2:9:1:0"));
-}
-
-void tst_item_editor_grid::a_clicked_day_is_written()
-{
-    EditorCase test;
-    QDate chosen;
-    open(test, [&chosen](RowHands& hands) {
-        hands.click_cell(0, grid_column::coupon);
-        hands.open_calendar(0);
-        auto* days = hands.calendar().findChild<QAbstractItemView*>(QStringLiteral("qt_calendar_calendarview"));
-        QVERIFY(days);
-        const QModelIndex day = days->model()->index(4, 3);
-        chosen = QDate(2026, 3, day.data().toInt());
-        QVERIFY(chosen.isValid());
-        QVERIFY(chosen != QDate(2026, 3, 14));
-        QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, days->visualRect(day).center());
-        QVERIFY(!hands.shown("MonthView1"));
-        QCOMPARE(hands.row(0).date, chosen.toString(screen_date_format));
-        QVERIFY(hands.dialog.isVisible());
-        hands.press_ok();
-    });
-    QCOMPARE(test.window.text("SELECT cpn || created FROM groc_1 WHERE key_id = 1"),
-             u'1' + chosen.toString(Qt::ISODate));
 }
 
 QTEST_MAIN(tst_item_editor_grid)
