@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <numeric>
 
 namespace tarnwick {
 namespace {
@@ -109,11 +110,39 @@ void GridModel::set_rows(std::vector<GridRow> rows)
 {
     beginResetModel();
     rows_ = std::move(rows);
+    is_sorted_ = false;
     endResetModel();
+}
+
+void GridModel::sort_rows()
+{
+    if (!is_sorted_ && !std::is_sorted(rows_.begin(), rows_.end(), stands_before)) {
+        emit layoutAboutToBeChanged({}, VerticalSortHint);
+        std::vector<int> order(rows_.size());
+        std::iota(order.begin(), order.end(), 0);
+        std::stable_sort(order.begin(), order.end(),
+                         [this](int left, int right) { return stands_before(row(left), row(right)); });
+        std::vector<GridRow> sorted;
+        sorted.reserve(rows_.size());
+        std::vector<int> new_place(rows_.size());
+        for (const int old_place : order) {
+            new_place[static_cast<size_t>(old_place)] = static_cast<int>(sorted.size());
+            sorted.push_back(std::move(rows_[static_cast<size_t>(old_place)]));
+        }
+        rows_ = std::move(sorted);
+        const QModelIndexList before = persistentIndexList();
+        QModelIndexList after;
+        for (const QModelIndex& cell : before)
+            after += index(new_place[static_cast<size_t>(cell.row())], cell.column());
+        changePersistentIndexList(before, after);
+        emit layoutChanged({}, VerticalSortHint);
+    }
+    is_sorted_ = true;
 }
 
 int GridModel::insert_sorted(GridRow row)
 {
+    sort_rows();
     const auto place = std::upper_bound(rows_.begin(), rows_.end(), row, stands_before);
     const int index = static_cast<int>(place - rows_.begin());
     beginInsertRows({}, index, index);
@@ -133,7 +162,10 @@ void GridModel::remove_row(int index)
 
 void GridModel::change_row(int row_index, const std::function<void(GridRow&)>& change)
 {
-    change(rows_.at(static_cast<size_t>(row_index)));
+    GridRow& row = rows_.at(static_cast<size_t>(row_index));
+    const QString name = row.item;
+    change(row);
+    is_sorted_ = is_sorted_ && row.item == name;
     emit dataChanged(index(row_index, 0), index(row_index, grid_column::count - 1));
 }
 
@@ -141,6 +173,7 @@ void GridModel::change_all(const std::function<void(GridRow&)>& change)
 {
     for (GridRow& row : rows_)
         change(row);
+    is_sorted_ = false;
     repaint_all();
 }
 
@@ -154,6 +187,7 @@ void GridModel::set_cell_text(int row_index, int column, const QString& text)
     if (!text_field(column))
         return;
     rows_.at(static_cast<size_t>(row_index)).*text_field(column) = text;
+    is_sorted_ = is_sorted_ && column != grid_column::item;
     emit dataChanged(index(row_index, column), index(row_index, column));
 }
 

@@ -32,7 +32,8 @@ public:
     void set_rows(std::vector<GridRow> rows);
     void clear() { set_rows({}); }
 
-    /// Inserts a row at its place by name, then key, in logarithmic time. Returns the grid row.
+    /// Inserts a row at its place by name, then key, and sorts the others first where a change of a name left
+    /// them out of order. Returns the grid row.
     int insert_sorted(GridRow row);
     void remove_row(int index);
 
@@ -56,8 +57,10 @@ private:
     QVariant font(const GridRow& row, int column) const;
     int picture_number(const GridRow& row, int column) const;
     void repaint_all();
+    void sort_rows();
 
     std::vector<GridRow> rows_;
+    bool is_sorted_ = false; ///< known to be; a load or a change of a name leaves it open
     QFont plain_font_;
     QFont bold_font_;
     QFont date_font_;

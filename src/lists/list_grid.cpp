@@ -1,5 +1,6 @@
 #include "lists/list_grid.h"
 
+#include "lists/last_press.h"
 #include "shell/pictures.h"
 #include "shell/tool_tip.h"
 
@@ -98,6 +99,7 @@ ListGrid::ListGrid(QWidget* parent)
     : QTableView(parent)
     , model_(new GridModel(this))
 {
+    LastPress::follow();
     setModel(model_);
     setItemDelegate(new GridDelegate(this));
     setFrameShape(QFrame::NoFrame);
@@ -278,6 +280,8 @@ void ListGrid::mousePressEvent(QMouseEvent* event)
 {
     const QPoint position = event->position().toPoint();
     const int row = row_at(position.y());
+    pressed_ = model_->index(row, grid_column::light);
+    skips_release_ = false;
     if (event->button() == Qt::LeftButton && row >= 0)
         set_current(row, std::max(columnAt(position.x()), 0));
     emit mouse_down(event->button(), position);
@@ -291,14 +295,27 @@ void ListGrid::mouseMoveEvent(QMouseEvent* event)
 
 void ListGrid::mouseReleaseEvent(QMouseEvent* event)
 {
-    emit mouse_up(event->button(), event->position().toPoint());
+    if (!skips_release_)
+        emit mouse_up(event->button(), event->position().toPoint());
+    skips_release_ = false;
     event->accept();
 }
 
-/// The second press of a quick pair counts as a press of its own.
+/// Whether the press before this one went to this grid, and to the row that lies there now.
+bool ListGrid::has_first_press(QPoint position) const
+{
+    return LastPress::was_on(*viewport()) && row_at(position.y()) == (pressed_.isValid() ? pressed_.row() : -1);
+}
+
+/// The second press of a quick pair counts as a press of its own where the first went to the same row.
 void ListGrid::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    mousePressEvent(event);
+    if (has_first_press(event->position().toPoint())) {
+        mousePressEvent(event);
+        return;
+    }
+    skips_release_ = true;
+    event->accept();
 }
 
 void ListGrid::keyPressEvent(QKeyEvent* event)

@@ -2,6 +2,7 @@
 
 #include "lists/grid_model.h"
 
+#include <QPersistentModelIndex>
 #include <QTableView>
 
 namespace tarnwick {
@@ -77,10 +78,13 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    bool has_first_press(QPoint position) const;
     int first_row_top() const; ///< pixels from the viewport's top, negative when scrolled
     void follow_scroll_test();
 
     GridModel* model_;
+    QPersistentModelIndex pressed_; ///< a cell of the row that got the last press; none outside the rows
+    bool skips_release_ = false; ///< the press before it was none of this grid's
     TextRatio ratio_; ///< holds while the widths are those that were set along with it
     int ratio_item_ = -1;
     int ratio_desc_ = -1;

@@ -65,6 +65,9 @@ void Lists::set_mnu_lists()
         show_no_lists();
         return;
     }
+    // The stored choice may be older than the lists.
+    if (main_.shared.current_list < 0)
+        main_.shared.current_list = 0;
     main_.list_pane().set_CreateList(false);
     commands.set_visible(separator_name, true);
     show_list_entries(all);

@@ -125,16 +125,13 @@ void Placing::show_row(const Placement& placement, const PlacedRow& placed)
     row.date = coupon ? placement.created.toString(screen_date_format) : QStringLiteral(" ");
     row.aisle = trim(placement.aisle);
 
-    // The editor lies over a row by its number, which the new row may move.
     RowEditor& editor = main_.row_editor();
     const bool editor_was_open = editor.is_open();
-    if (editor_was_open)
-        editor.hide_line();
     const bool show = !placement.quiet && main_.shared.list_pane_shown;
     main_.list_pane().add_row(std::move(row), show);
     const bool window_enabled = main_.isEnabled() && !QApplication::activeModalWidget();
     const bool mark = show && window_enabled && main_.shared.placing_source < from_list_manager;
-    if (mark || editor_was_open)
+    if (mark || (show && editor_was_open))
         editor.show_l_line();
     main_.floating_buttons().hide_all();
 }

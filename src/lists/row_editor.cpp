@@ -1,12 +1,14 @@
 #include "lists/row_editor.h"
 
 #include "app/update_lock.h"
+#include "lists/last_press.h"
 #include "lists/list_grid.h"
 #include "lists/row_editor_controls.h"
 #include "lists/row_store.h"
 #include "shell/tool_tip.h"
 #include "stock/status.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QKeyEvent>
@@ -35,6 +37,7 @@ RowEditor::RowEditor(ListGrid& grid, RowEditorHost& host, QWidget* parent)
     connect(&grid_.rows(), &QAbstractItemModel::modelReset, this, &RowEditor::hide_line);
     for (auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&grid_.rows(), change, this, &RowEditor::place_again);
+    connect(&grid_.rows(), &QAbstractItemModel::layoutChanged, this, &RowEditor::place_again);
 }
 
 RowEditor::~RowEditor() = default;
@@ -127,8 +130,9 @@ void RowEditor::lv_edit_off()
 
 void RowEditor::hide_controls()
 {
-    // The focus goes back to the grid first; hiding its widget would hand it to any neighbour.
-    if (owns(QApplication::focusWidget()))
+    // The focus goes back to the grid first; hiding its widget would hand it to any neighbour. Behind a
+    // dialog the window keeps the widget for its return.
+    if (owns(grid_.window()->focusWidget()))
         grid_.setFocus(Qt::OtherFocusReason);
     for (QWidget* control : controls_->all())
         control->hide();
@@ -243,10 +247,15 @@ void RowEditor::choose_date(QDate date)
 void RowEditor::edit_clicked()
 {
     host_.edit_row(edit_row());
+    refresh();
+}
+
+void RowEditor::refresh()
+{
     if (!is_open() || edit_row() < 0)
         return;
     fill();
-    place();
+    place_again();
 }
 
 bool RowEditor::eventFilter(QObject* watched, QEvent* event)
@@ -266,6 +275,9 @@ bool RowEditor::eventFilter(QObject* watched, QEvent* event)
         const Qt::KeyboardModifiers held = key->modifiers() & ~Qt::KeypadModifier;
         return held == Qt::NoModifier && key_in_box(widget, key->key());
     }
+    case QEvent::MouseButtonDblClick:
+        // A button that the first click brought up under the pointer was not what the user meant.
+        return qobject_cast<QAbstractButton*>(widget) && !LastPress::was_on(*widget);
     case QEvent::FocusOut:
         focus_left();
         return false;
@@ -281,8 +293,16 @@ bool RowEditor::eventFilter(QObject* watched, QEvent* event)
 
 bool RowEditor::key_in_box(const QWidget* widget, int key)
 {
-    if (widget == controls_->month_view && key == Qt::Key_Escape) {
-        close_calendar();
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (widget == controls_->month_view) {
+        if (key == Qt::Key_Escape)
+            close_calendar();
+        // An Enter that the calendar has no use for is not meant for the form around it either.
+        return enter || key == Qt::Key_Escape;
+    }
+    if (enter && qobject_cast<const QAbstractSpinBox*>(widget)) {
+        // The year is taken when its box is left; by itself that would pass the focus on to any neighbour.
+        controls_->month_view->setFocus(Qt::OtherFocusReason);
         return true;
     }
     const auto& chain = controls_->chain;
@@ -290,12 +310,12 @@ bool RowEditor::key_in_box(const QWidget* widget, int key)
     if (box == chain.end())
         return false;
     const int place = static_cast<int>(box - chain.begin());
-    switch (key) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
+    if (enter) {
         lv_edit_off();
         grid_.setFocus(Qt::OtherFocusReason);
         return true;
+    }
+    switch (key) {
     case Qt::Key_Right:
         return box->edit->caret_at_end() && go_to_box(place, 1);
     case Qt::Key_Left:

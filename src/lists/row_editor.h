@@ -55,6 +55,7 @@ public:
     ~RowEditor() override;
 
     void show_l_line(); ///< opens the editor on the grid's current row
+    void refresh(); ///< shows the cells of the row under edit anew, after others wrote them
     void hide_line(); ///< hides the row's controls and clears its bold
     void lv_edit_off(); ///< closes the editor altogether
     bool is_open() const; ///< `desc_brdr` is on screen

@@ -4,8 +4,8 @@
 #include "lists/row_store.h"
 #include "shell/pictures.h"
 
-#include <QApplication>
 #include <QCalendarWidget>
+#include <QGuiApplication>
 
 #include <algorithm>
 
@@ -238,7 +238,7 @@ void RowEditor::place_calendar()
 
 void RowEditor::close_calendar()
 {
-    if (controls_->month_view->isAncestorOf(QApplication::focusWidget()))
+    if (controls_->month_view->isAncestorOf(grid_.window()->focusWidget()))
         grid_.setFocus(Qt::OtherFocusReason);
     controls_->month_view->hide();
 }

@@ -69,6 +69,7 @@ ItemEditGrid::ItemEditGrid(frmmain& main, QWidget* parent)
         editor_->set_page_color(*main_.shared.page_color);
     }
     setFocusProxy(grid_);
+    connect(grid_, &ListGrid::mouse_down, this, [this](Qt::MouseButton, QPoint position) { mouse_down(position); });
     connect(grid_, &ListGrid::mouse_up, this, &ItemEditGrid::mouse_up);
     connect(grid_, &ListGrid::key_down, this, &ItemEditGrid::key_down);
 }
@@ -164,17 +165,25 @@ const GridRow& ItemEditGrid::cells(int row) const
     return static_cast<const ListGrid*>(grid_)->rows().row(row);
 }
 
+void ItemEditGrid::mouse_down(QPoint position)
+{
+    pressed_row_ = grid_->row_at(position.y());
+    pressed_column_ = grid_->columnAt(position.x());
+}
+
 void ItemEditGrid::mouse_up(Qt::MouseButton button, QPoint position)
 {
-    const int row = grid_->row_at(position.y());
-    if (row < 0) {
+    if (grid_->row_at(position.y()) < 0 || pressed_row_ < 0) {
         lv_edit_off();
         return;
     }
-    const QModelIndex cell = grid_->indexAt(position);
-    if (button != Qt::LeftButton || row != grid_->current_row() || !cell.isValid())
-        return;
-    switch (cell.column()) {
+    if (button == Qt::LeftButton && pressed_column_ >= 0 && grid_->columnAt(position.x()) >= 0)
+        cell_clicked(grid_->current_row(), grid_->current_col());
+}
+
+void ItemEditGrid::cell_clicked(int row, int column)
+{
+    switch (column) {
     case grid_column::light:
         toggle_on_list(row);
         break;

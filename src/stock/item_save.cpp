@@ -155,8 +155,7 @@ void ItemSave::show()
 {
     show_rows();
     // Boxes left open over a row would write their old text back with the next key.
-    if (main_.row_editor().is_open())
-        main_.row_editor().show_l_line();
+    main_.row_editor().refresh();
     if (makes_item_)
         show_new_node();
     else

@@ -20,6 +20,8 @@ private slots:
     void restart_after_a_new_list_reads_the_older_setting();
     void name_of_apostrophes_only_is_written_empty();
     void name_that_differs_only_in_case_is_taken();
+    void pattern_signs_in_a_name_match_other_names_data();
+    void pattern_signs_in_a_name_match_other_names();
 
     void menu_without_lists_is_hidden_and_the_notice_shows();
     void notice_stays_hidden_while_a_recipe_page_is_shown();
@@ -107,6 +109,41 @@ void tst_lists::name_that_differs_only_in_case_is_taken()
     });
     trigger(window, "mnu_list_new");
     QCOMPARE(window.text("SELECT group_concat(list_name) FROM list_name"), QStringLiteral("Weekly,Another"));
+}
+
+void tst_lists::pattern_signs_in_a_name_match_other_names_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("taken");
+    QTest::newRow("any text") << QStringLiteral("We%") << true;
+    QTest::newRow("any sign") << QStringLiteral("W__kly") << true;
+    QTest::newRow("too few signs") << QStringLiteral("W_kly") << false;
+    QTest::newRow("another beginning") << QStringLiteral("x%") << false;
+}
+
+void tst_lists::pattern_signs_in_a_name_match_other_names()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, taken);
+    TestWindow window;
+    window.add_list(QStringLiteral("Weekly"));
+    window.load();
+    MessageScript script;
+    script.drive([&](QDialog& form) {
+        if (taken)
+            script.expect(QStringLiteral("Valora info"),
+                          QStringLiteral("There is already a list named \n") + name
+                              + QStringLiteral(":\nPlease provide a different name\n"
+                                               "for your new list - or CANCEL"));
+        type_name(form, name);
+        QCOMPARE(form.isVisible(), taken);
+        if (form.isVisible())
+            form.reject();
+    });
+    trigger(window, "mnu_list_new");
+    QCOMPARE(window.number("SELECT count(*) FROM list_name"), taken ? 1 : 2);
+    QCOMPARE(window.text("SELECT list_name FROM list_name ORDER BY key_id DESC LIMIT 1"),
+             taken ? QStringLiteral("Weekly") : name);
 }
 
 void tst_lists::menu_without_lists_is_hidden_and_the_notice_shows()

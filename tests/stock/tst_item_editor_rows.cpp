@@ -3,6 +3,7 @@
 #include "lists/placing.h"
 #include "stock/status.h"
 
+#include <QAbstractItemView>
 #include <QDate>
 
 using namespace tarnwick;
@@ -365,7 +366,16 @@ void tst_item_editor_rows::calendar_date_is_written()
         QTest::mouseRelease(button, Qt::LeftButton);
         auto* month = hands.dialog.findChild<QWidget*>(QStringLiteral("MonthView1"));
         QVERIFY(month && month->isVisible());
-        QVERIFY(QMetaObject::invokeMethod(month, "clicked", Q_ARG(QDate, QDate(2026, 11, 20))));
+        auto* days = month->findChild<QAbstractItemView*>(QStringLiteral("qt_calendar_calendarview"));
+        QVERIFY(days);
+        QModelIndex day;
+        for (int cell = 0; cell < 42; ++cell) // six weeks; the 20th is none of another month's days
+            if (const QModelIndex at = days->model()->index(1 + cell / 7, 1 + cell % 7); at.data().toInt() == 20)
+                day = at;
+        QVERIFY(day.isValid());
+        QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, days->visualRect(day).center());
+        QVERIFY(!month->isVisible());
+        QVERIFY(hands.dialog.isVisible());
         QCOMPARE(hands.row(0).date, QStringLiteral("11/20/2026"));
         hands.press_ok();
     });
