@@ -142,16 +142,23 @@ void PageText::text_changed()
 {
     if (setting_)
         return;
-    if (is_oven_temperature(last_characters(3))) {
-        const QScopedValueRollback<bool> setting(setting_, true);
-        QTextCursor cursor(document());
-        cursor.movePosition(QTextCursor::End);
-        cursor.joinPreviousEditBlock();
-        cursor.insertText(degree);
-        cursor.endEditBlock();
-        setTextCursor(cursor);
-    }
+    const bool temperature = is_oven_temperature(last_characters(3));
+    if (temperature)
+        append_degree();
     emit edited();
+    if (temperature)
+        emit caret_moved();
+}
+
+void PageText::append_degree()
+{
+    const QScopedValueRollback<bool> setting(setting_, true);
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.joinPreviousEditBlock();
+    cursor.insertText(degree);
+    cursor.endEditBlock();
+    setTextCursor(cursor);
 }
 
 // One backspace takes the sign and the digit before it: without the digit gone the sign would come back.

@@ -290,6 +290,12 @@ void RecipePage::scroll_bar_refresh()
     const bool longer = excess > 0;
     scroll_bar_->setVisible(longer && !main_.shared.list_pane_shown);
     scroll_bar_->setEnabled(longer);
+    if (scrolled_ > std::max(0, excess)) {
+        // The text got shorter than what the page was scrolled by.
+        if (!longer)
+            scroll_bar_->setValue(0);
+        scroll();
+    }
     if (!longer)
         return;
     scroll_bar_->setSingleStep(std::clamp(100 * scroll_step / excess, 1, 20));
@@ -359,6 +365,7 @@ void RecipePage::show_caret()
 {
     if (main_.shared.page_busy)
         return;
+    scroll_bar_refresh();
     const int caret_top = text1_->y() + text1_->caret_top();
     const int caret_bottom = text1_->y() + text1_->caret_bottom();
     show_stretch(caret_top, caret_bottom + text_margin);

@@ -95,6 +95,14 @@ public:
         action.trigger();
     }
 
+    /// The row of the caret lies in the part of the page that is on show.
+    bool caret_is_in_view()
+    {
+        const int top = Text1().mapTo(&page().frame4(), QPoint(0, Text1().caret_top())).y();
+        const int bottom = Text1().mapTo(&page().frame4(), QPoint(0, Text1().caret_bottom())).y();
+        return top >= 0 && bottom < page().frame4().height() && Text1().verticalScrollBar()->value() == 0;
+    }
+
     /// Gives the keyboard to a control as a click of the user does.
     void focus(QWidget& control)
     {

@@ -5,6 +5,7 @@
 #include "stock/status.h"
 #include "support/error_number.h"
 
+#include <QContextMenuEvent>
 #include <QWheelEvent>
 
 using namespace tarnwick;
@@ -42,6 +43,10 @@ private slots:
     void the_scroll_bar_shows_exactly_for_a_long_page();
     void scrolling_to_the_end_shows_the_end_of_the_body();
     void the_caret_takes_the_page_along();
+    void an_emptied_body_brings_the_page_back_to_its_top();
+    void a_body_emptied_by_its_menu_brings_the_page_back_to_its_top();
+    void a_shortened_body_leaves_no_gap_below_the_page();
+    void the_page_follows_the_caret_to_a_degree_sign();
     void the_wheel_scrolls_a_long_page_only();
 };
 
@@ -349,7 +354,7 @@ void tst_recipe_page::the_loaded_key_is_stored()
 void tst_recipe_page::name_is_in_the_tool_tips_of_print_and_preview()
 {
     RecipeWindow window;
-    const Key recipe = window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
+    window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
     QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print Soup recipe"));
     QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview Soup recipe"));
 }
@@ -400,6 +405,83 @@ void tst_recipe_page::the_caret_takes_the_page_along()
     QTest::keyClick(&window.Text1(), Qt::Key_Home, Qt::ControlModifier);
     const int back = window.Text1().mapTo(&window.page().frame4(), QPoint(0, window.Text1().caret_top())).y();
     QVERIFY(back >= 0 && back < window.page().frame4().height());
+}
+
+void tst_recipe_page::an_emptied_body_brings_the_page_back_to_its_top()
+{
+    RecipeWindow window;
+    window.open_recipe(QStringLiteral("Stew"), QStringLiteral("11"), words.repeated(200));
+    QScrollBar& bar = window.page().scroll_bar();
+    bar.setValue(100);
+    window.focus(window.Text1());
+    QVERIFY(window.page().frame3().y() < 0);
+    QTest::keyClick(&window.Text1(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&window.Text1(), Qt::Key_Delete);
+    QVERIFY(!bar.isVisible());
+    QCOMPARE(window.page().frame3().y(), 0);
+    QVERIFY(window.caret_is_in_view());
+    QTest::keyClicks(&window.Text1(), QStringLiteral("Stir."));
+    QVERIFY(window.caret_is_in_view());
+    QCOMPARE(bar.value(), 0);
+}
+
+void tst_recipe_page::a_body_emptied_by_its_menu_brings_the_page_back_to_its_top()
+{
+    RecipeWindow window;
+    window.open_recipe(QStringLiteral("Stew"), QStringLiteral("11"), words.repeated(200));
+    window.page().scroll_bar().setValue(100);
+    window.focus(window.Text1());
+    QTest::keyClick(&window.Text1(), Qt::Key_A, Qt::ControlModifier);
+    QWidget* text = window.Text1().viewport();
+    QContextMenuEvent wanted(QContextMenuEvent::Mouse, QPoint(20, 20), text->mapToGlobal(QPoint(20, 20)));
+    QApplication::sendEvent(text, &wanted);
+    QWidget* menu = QApplication::activePopupWidget();
+    QVERIFY(menu);
+    auto* remove = menu->findChild<QAction*>(QStringLiteral("edit-delete"));
+    QVERIFY(remove && remove->isEnabled());
+    remove->trigger();
+    menu->close();
+    QCOMPARE(window.Text1().toPlainText(), QString());
+    QCOMPARE(window.page().frame3().y(), 0);
+    QVERIFY(!window.page().scroll_bar().isVisible());
+    QVERIFY(window.caret_is_in_view());
+}
+
+void tst_recipe_page::a_shortened_body_leaves_no_gap_below_the_page()
+{
+    RecipeWindow window;
+    const int rows = 120;
+    window.open_recipe(QStringLiteral("Stew"), QStringLiteral("11"), QStringLiteral("a\n").repeated(rows));
+    window.focus(window.Text1());
+    QTest::keyClick(&window.Text1(), Qt::Key_End, Qt::ControlModifier);
+    const int height = window.page().frame4().height();
+    const int row = window.Text1().fontMetrics().lineSpacing();
+    const int taken = height / row - 2;
+    for (int i = 0; i < taken; ++i)
+        QTest::keyClick(&window.Text1(), Qt::Key_Up);
+    const int caret = window.Text1().textCursor().position();
+    for (int i = 0; i < 2 * taken; ++i)
+        QTest::keyClick(&window.Text1(), Qt::Key_Delete);
+    QCOMPARE(window.Text1().textCursor().position(), caret);
+    QVERIFY(window.page().scroll_bar().isVisible());
+    QVERIFY(window.page().frame3().y() < 0);
+    QVERIFY(window.caret_is_in_view());
+    const int end = window.page().frame3().y() + window.Text1().y() + window.Text1().full_height();
+    QVERIFY2(height - end < 2 * row, qPrintable(QStringLiteral("%1 of %2").arg(end).arg(height)));
+}
+
+void tst_recipe_page::the_page_follows_the_caret_to_a_degree_sign()
+{
+    RecipeWindow window;
+    window.open_recipe(QStringLiteral("Stew"), QStringLiteral("11"), words.repeated(200) + QStringLiteral("350"));
+    window.focus(window.Text1());
+    QTest::keyClick(&window.Text1(), Qt::Key_Home, Qt::ControlModifier);
+    QCOMPARE(window.page().frame3().y(), 0);
+    QTest::keyClicks(&window.Text1(), QStringLiteral("x"));
+    QVERIFY(window.Text1().toPlainText().endsWith(QChar(0xba)));
+    QVERIFY(window.Text1().textCursor().atEnd());
+    QVERIFY(window.page().frame3().y() < 0);
+    QVERIFY(window.caret_is_in_view());
 }
 
 void tst_recipe_page::the_wheel_scrolls_a_long_page_only()
