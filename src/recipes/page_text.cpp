@@ -209,7 +209,8 @@ void PageText::focusOutEvent(QFocusEvent* event)
 void PageText::keyPressEvent(QKeyEvent* event)
 {
     emit edited();
-    if (event->key() == Qt::Key_Backspace && event->modifiers() == Qt::NoModifier && take_back_degree())
+    const bool plain = (event->modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == Qt::NoModifier;
+    if (event->key() == Qt::Key_Backspace && plain && take_back_degree())
         return;
     QPlainTextEdit::keyPressEvent(event);
 }
