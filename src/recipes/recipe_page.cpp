@@ -162,11 +162,16 @@ void RecipePage::fill_text(Key recipe)
     title_->setText(text ? text->name : QString());
     title_->setCursorPosition(0);
     text1_->set_text(text ? text->body : QString());
-    if (text) {
-        main_.toolbar().set_tool_tip(10, QStringLiteral("Print %1 recipe").arg(text->name));
-        main_.toolbar().set_tool_tip(11, QStringLiteral("Preview %1 recipe").arg(text->name));
-    }
+    name_recipe_on_buttons();
     set_marks("clean");
+}
+
+void RecipePage::name_recipe_on_buttons()
+{
+    if (!has_recipe())
+        return;
+    main_.toolbar().set_tool_tip(10, QStringLiteral("Print %1 recipe").arg(title_->text()));
+    main_.toolbar().set_tool_tip(11, QStringLiteral("Preview %1 recipe").arg(title_->text()));
 }
 
 bool RecipePage::is_edited() const

@@ -116,7 +116,7 @@ void RecipeTree::select_current()
     tree_.ensure_visible(node);
 }
 
-// The captions of the commands on the selected recipe.
+// The captions of the tree's own commands on the selected recipe.
 void RecipeTree::show_menus()
 {
     Commands& commands = main_.commands();
@@ -129,7 +129,6 @@ void RecipeTree::show_menus()
     commands.set(QStringLiteral("mnu_tv_r_del"),
                  QStringLiteral("Delete ") + (recipe ? text : QStringLiteral("recipe")), recipe);
     commands.set(QStringLiteral("mnu_tv_r_move"), move, movable);
-    commands.set(QStringLiteral("mnu_recipe_move"), move, movable);
 }
 
 void RecipeTree::close_folders()
@@ -179,8 +178,16 @@ void RecipeTree::recip_del(Key recipe)
     const bool left = next && is_recipe(*next);
     main_.shared.cur_recipe = left ? record_key(TreeView::key(next)) : Key{-1};
     main_.shared.cur_recipe_name = left ? trim(next->text(0)) : QString();
+    show_page(main_.shared.cur_recipe);
+}
+
+// The page comes first: the commands that act on it depend on whether it has a recipe.
+void RecipeTree::show_page(Key recipe)
+{
+    main_.recipe_page().set_recipe(recipe);
     main_.l_r_refresh();
-    main_.recipe_page().set_recipe(main_.shared.cur_recipe);
+    if (!main_.shared.list_pane_shown)
+        main_.recipe_page().name_recipe_on_buttons();
     show_menus();
 }
 
@@ -219,12 +226,9 @@ void RecipeTree::mv_rcp(const QString& category, Key recipe)
         tree_.select(node);
         tree_.ensure_visible(node);
         main_.shared.cur_recipe_name = row->name;
-        show_menus();
     }
     main_.shared.tree_drag = false;
-    main_.recipe_page().set_recipe(recipe);
-    main_.view_state().set_mnu_recipe();
-    main_.view_state().caption_refresh();
+    show_page(recipe);
 }
 
 } // namespace tarnwick

@@ -55,6 +55,7 @@ private:
     void key_up(int key);
     void expanded(QTreeWidgetItem* node, bool open);
     void show_menus();
+    void show_page(Key recipe);
     void take_off(QTreeWidgetItem* node);
 
     frmmain& main_;

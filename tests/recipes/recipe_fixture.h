@@ -95,6 +95,16 @@ public:
         action.trigger();
     }
 
+    /// All buttons that print, preview, export and send the page are enabled; or all disabled.
+    bool page_buttons_enabled(bool enabled)
+    {
+        for (int i = 10; i <= 13; ++i) {
+            if (control(QStringLiteral("Toolbar1(%1)").arg(i)).isEnabled() != enabled)
+                return false;
+        }
+        return true;
+    }
+
     /// The row of the caret lies in the part of the page that is on show.
     bool caret_is_in_view()
     {

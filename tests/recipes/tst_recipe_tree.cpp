@@ -22,6 +22,7 @@ private slots:
     void recipes_stand_under_their_category_in_name_order();
     void the_recipe_of_the_last_run_is_selected_in_its_open_folder();
     void in_the_flat_view_recipes_stand_in_name_order_and_cannot_be_moved();
+    void in_the_flat_view_the_move_command_names_its_recipe();
     void a_recipe_of_an_unknown_or_one_digit_category_is_not_lost();
     void a_click_on_a_recipe_shows_its_page();
     void a_click_on_a_category_counts_its_recipes();
@@ -35,6 +36,9 @@ private slots:
     void deleting_asks_and_no_keeps_the_recipe();
     void deleting_takes_the_lines_along();
     void deleting_the_only_recipe_selects_its_category();
+    void deleting_the_only_recipe_disables_what_acts_on_the_page();
+    void deleting_names_the_next_recipe_in_the_tool_tips();
+    void deleting_beside_a_list_keeps_the_tool_tips_of_the_list();
     void deleting_the_first_child_selects_the_next_any_other_the_one_before();
     void deleting_the_last_recipe_of_the_flat_view_leaves_no_recipe();
     void moving_puts_the_recipe_in_its_place_and_closes_an_empty_folder();
@@ -144,6 +148,36 @@ void tst_recipe_tree::in_the_flat_view_recipes_stand_in_name_order_and_cannot_be
     window.trigger(QStringLiteral("mnu_view_sort_cat_r"));
     QCOMPARE(window.tree().topLevelItemCount(), 15);
     QVERIFY(window.main().commands().action(QStringLiteral("mnu_recipe_move")).isEnabled());
+}
+
+void tst_recipe_tree::in_the_flat_view_the_move_command_names_its_recipe()
+{
+    RecipeWindow window;
+    const Key broth = window.add_recipe(QStringLiteral("Broth"), QStringLiteral("11"));
+    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.load();
+    window.click_node(QStringLiteral("rcat11"));
+    window.main().recipe_tree().view().expandAll();
+    window.click_node(rcp(broth));
+    Commands& commands = window.main().commands();
+    const QString move = QStringLiteral("mnu_recipe_move");
+    QCOMPARE(commands.caption(move), QStringLiteral("Move Broth recipe"));
+    QVERIFY(commands.action(move).isEnabled());
+    window.trigger(QStringLiteral("mnu_view_sort_alpha_r"));
+    QCOMPARE(commands.caption(move), QStringLiteral("Move Broth recipe"));
+    QVERIFY(!commands.action(move).isEnabled());
+    window.click_node(rcp(pie));
+    QCOMPARE(commands.caption(move), QStringLiteral("Move Pie recipe"));
+    QVERIFY(!commands.action(move).isEnabled());
+    QTest::keyClick(&window.tree(), Qt::Key_Up);
+    QCOMPARE(commands.caption(move), QStringLiteral("Move Broth recipe"));
+    QVERIFY(!commands.action(move).isEnabled());
+    MessageScript script;
+    script.expect(QStringLiteral("Warning"), question(QStringLiteral("Broth")), Answer::yes);
+    QTest::keyClick(&window.tree(), Qt::Key_Delete);
+    QCOMPARE(commands.caption(move), QStringLiteral("Move Pie recipe"));
+    QVERIFY(!commands.action(move).isEnabled());
+    QCOMPARE(commands.caption(QStringLiteral("mnu_tv_r_move")), QStringLiteral("Move recipe"));
 }
 
 void tst_recipe_tree::a_recipe_of_an_unknown_or_one_digit_category_is_not_lost()
@@ -331,6 +365,57 @@ void tst_recipe_tree::deleting_the_only_recipe_selects_its_category()
     QCOMPARE(window.pref(QStringLiteral("arcp")), QStringLiteral("-1"));
 }
 
+void tst_recipe_tree::deleting_the_only_recipe_disables_what_acts_on_the_page()
+{
+    RecipeWindow window;
+    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.load();
+    window.click_node(rcp(pie));
+    QVERIFY(window.page_buttons_enabled(true));
+    MessageScript script;
+    script.expect(QStringLiteral("Warning"), question(QStringLiteral("Pie")), Answer::yes);
+    QTest::keyClick(&window.tree(), Qt::Key_Delete);
+    QVERIFY(window.page_buttons_enabled(false));
+    QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print recipe"));
+    QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview recipe"));
+}
+
+void tst_recipe_tree::deleting_names_the_next_recipe_in_the_tool_tips()
+{
+    RecipeWindow window;
+    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.add_recipe(QStringLiteral("Tart"), QStringLiteral("13"));
+    window.load();
+    window.click_node(rcp(pie));
+    MessageScript script;
+    script.expect(QStringLiteral("Warning"), question(QStringLiteral("Pie")), Answer::yes);
+    QTest::keyClick(&window.tree(), Qt::Key_Delete);
+    QVERIFY(window.page_buttons_enabled(true));
+    QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print Tart recipe"));
+    QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview Tart recipe"));
+    QCOMPARE(window.control(QStringLiteral("Toolbar1(12)")).toolTip(),
+             QStringLiteral("Open recipe in word processor"));
+}
+
+void tst_recipe_tree::deleting_beside_a_list_keeps_the_tool_tips_of_the_list()
+{
+    RecipeWindow window;
+    const Key list = window.add_list(QStringLiteral("Weekly"));
+    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.add_recipe(QStringLiteral("Tart"), QStringLiteral("13"));
+    window.set_pref(QStringLiteral("alist"), QString::number(list));
+    window.set_pref(QStringLiteral("arcp"), QString::number(pie));
+    window.set_pref(QStringLiteral("lv_view"), QStringLiteral("1"));
+    window.load();
+    QVERIFY(window.main().shared.list_pane_shown);
+    MessageScript script;
+    script.expect(QStringLiteral("Warning"), question(QStringLiteral("Pie")), Answer::yes);
+    window.trigger(QStringLiteral("mnu_recipe_del"));
+    QVERIFY(window.page_buttons_enabled(true));
+    QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print Weekly list"));
+    QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview Weekly list"));
+}
+
 void tst_recipe_tree::deleting_the_first_child_selects_the_next_any_other_the_one_before()
 {
     RecipeWindow window;
@@ -433,6 +518,7 @@ void tst_recipe_tree::moving_a_vanished_recipe_changes_nothing()
     window.main().recipe_tree().mv_rcp(QStringLiteral("14"), pie);
     QCOMPARE(window.tree().node(QStringLiteral("rcat14"))->childCount(), 0);
     QVERIFY(!window.page().has_recipe());
+    QVERIFY(window.page_buttons_enabled(false));
 }
 
 void tst_recipe_tree::the_move_dialog_offers_every_category_but_its_own()
