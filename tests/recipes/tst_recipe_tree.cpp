@@ -24,6 +24,7 @@ private slots:
     void in_the_flat_view_recipes_stand_in_name_order_and_cannot_be_moved();
     void in_the_flat_view_the_move_command_names_its_recipe();
     void a_recipe_of_an_unknown_or_one_digit_category_is_not_lost();
+    void a_key_in_use_is_error_35602_and_leaves_no_node();
     void a_click_on_a_recipe_shows_its_page();
     void a_click_on_a_category_counts_its_recipes();
     void a_click_that_ends_a_drag_does_nothing();
@@ -190,6 +191,25 @@ void tst_recipe_tree::a_recipe_of_an_unknown_or_one_digit_category_is_not_lost()
     QCOMPARE(names_in(window.tree().node(QStringLiteral("rcat15"))),
              QStringList({QStringLiteral("Alien"), QStringLiteral("Blank"), QStringLiteral("Curry")}));
     QCOMPARE(window.tree().node(QStringLiteral("rcat04"))->childCount(), 0);
+}
+
+void tst_recipe_tree::a_key_in_use_is_error_35602_and_leaves_no_node()
+{
+    RecipeWindow window;
+    window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.load();
+    // Keys beyond four digits have no text of their own for the key of a node.
+    Query(window.db(), "INSERT INTO recipe_1 (key_id, r_name, cat) VALUES (10000, 'Far', '13')").run();
+    window.main().recipe_tree().recip_load(false);
+    QVERIFY(window.tree().node(QStringLiteral("rcp")));
+    Query(window.db(), "INSERT INTO recipe_1 (key_id, r_name, cat) VALUES (10001, 'Farther', '13')").run();
+    for (const bool alpha : {true, false}) {
+        QCOMPARE(error_number([&] { window.main().recipe_tree().recip_load(alpha); }),
+                 int(runtime_error::key_not_unique));
+        QCOMPARE(window.tree().topLevelItemCount(), 0);
+        QVERIFY(!window.tree().node(QStringLiteral("rcp")));
+        QVERIFY(!window.tree().node(rcp(1)));
+    }
 }
 
 void tst_recipe_tree::a_click_on_a_recipe_shows_its_page()
