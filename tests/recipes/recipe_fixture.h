@@ -23,6 +23,27 @@
 
 namespace tarnwick {
 
+/// The texts of a node's children, in their order.
+inline QStringList names_in(const QTreeWidgetItem* node)
+{
+    QStringList names;
+    for (int i = 0; i < node->childCount(); ++i)
+        names.append(node->child(i)->text(0));
+    return names;
+}
+
+/// The key of a recipe's node.
+inline QString rcp(Key key)
+{
+    return QStringLiteral("rcp") + key_str(key);
+}
+
+/// What a user is asked before the recipe of this name is deleted.
+inline QString deletion_question(const QString& name)
+{
+    return QStringLiteral("Are you sure you want to \ndelete the ") + name + QStringLiteral(" recipe?");
+}
+
 /// The main window with recipes in it, by default on the recipe tree and a recipe page.
 class RecipeWindow : public TestWindow {
 public:
