@@ -40,6 +40,11 @@ private slots:
     void a_blank_item_is_an_unlisted_stock_item();
     void the_loaded_key_is_stored();
     void name_is_in_the_tool_tips_of_print_and_preview();
+    void the_height_of_the_page_is_estimated_from_lines_and_text_data();
+    void the_height_of_the_page_is_estimated_from_lines_and_text();
+    void the_estimated_height_ends_at_sixteen_bits();
+    void a_line_end_counts_for_two_characters_of_the_height_data();
+    void a_line_end_counts_for_two_characters_of_the_height();
     void the_scroll_bar_shows_exactly_for_a_long_page();
     void scrolling_to_the_end_shows_the_end_of_the_body();
     void the_caret_takes_the_page_along();
@@ -357,6 +362,71 @@ void tst_recipe_page::name_is_in_the_tool_tips_of_print_and_preview()
     window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
     QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print Soup recipe"));
     QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview Soup recipe"));
+}
+
+void tst_recipe_page::the_height_of_the_page_is_estimated_from_lines_and_text_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("last_line");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<int>("line_ends");
+    QTest::addColumn<int>("height");
+    // A page of 6000 twips has 6000 / 120 = 50 characters in a row, 6000 / 150 = 40, 6000 / 210 = 28.6.
+    QTest::newRow("empty at 9") << 9 << 0 << 0 << 0 << 18 + 120;
+    QTest::newRow("empty at 10") << 10 << 0 << 0 << 0 << 20 + 120;
+    QTest::newRow("empty at 12") << 12 << 0 << 0 << 0 << 24 + 120;
+    QTest::newRow("lines at 9") << 9 << 4 << 0 << 0 << 4 * 19 + 18 + 120;
+    QTest::newRow("lines at 10") << 10 << 4 << 0 << 0 << 4 * 19 + 20 + 120;
+    QTest::newRow("lines at 12") << 12 << 4 << 0 << 0 << 4 * 35 + 24 + 120;
+    QTest::newRow("text at 9") << 9 << 4 << 500 << 3 << 331; // 76 + (10 + 3) * 9 + 18 + 120
+    QTest::newRow("text at 10") << 10 << 4 << 520 << 3 << 376; // 76 + (13 + 3) * 10 + 20 + 120
+    QTest::newRow("text at 12") << 12 << 4 << 400 << 3 << 488; // 140 + (14 + 3) * 12 + 24 + 120
+    QTest::newRow("half a row to the even count, down") << 9 << 0 << 225 << 0 << 174; // 4 * 9 + 18 + 120
+    QTest::newRow("half a row to the even count, up") << 9 << 0 << 275 << 0 << 192; // 6 * 9 + 18 + 120
+}
+
+void tst_recipe_page::the_height_of_the_page_is_estimated_from_lines_and_text()
+{
+    QFETCH(int, size);
+    QFETCH(int, last_line);
+    QFETCH(int, length);
+    QFETCH(int, line_ends);
+    QFETCH(int, height);
+    QCOMPARE(page_geometry::scroll_scale(last_line, length, line_ends, 6000, size), height);
+}
+
+void tst_recipe_page::the_estimated_height_ends_at_sixteen_bits()
+{
+    // 3625 rows of 9 and 138 are 32763, one row more would be 32772.
+    QCOMPARE(page_geometry::scroll_scale(0, 3625 * 50, 0, 6000, 9), 32763);
+    QCOMPARE(page_geometry::scroll_scale(0, 3626 * 50, 0, 6000, 9), 32767);
+}
+
+void tst_recipe_page::a_line_end_counts_for_two_characters_of_the_height_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("character"); // width in pixels
+    QTest::addColumn<int>("line");
+    QTest::newRow("9 points") << 9 << 8 << 19;
+    QTest::newRow("10 points") << 10 << 10 << 19;
+    QTest::newRow("12 points") << 12 << 14 << 35;
+}
+
+void tst_recipe_page::a_line_end_counts_for_two_characters_of_the_height()
+{
+    QFETCH(int, size);
+    QFETCH(int, character);
+    QFETCH(int, line);
+    RecipeWindow window;
+    window.set_pref(QStringLiteral("font"), QString::number(size));
+    const Key recipe = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
+    window.add_lines(recipe, 3);
+    window.load();
+    // As many line ends as a row has characters: two rows of them, and the line ends themselves.
+    const int line_ends = window.Text1().width() / character;
+    Query(window.db(), "UPDATE recipe_1 SET r_body = ?", QStringLiteral("\r\n").repeated(line_ends)).run();
+    window.page().set_recipe(recipe);
+    QCOMPARE(window.page().get_scroll_scale(), 2 * line + (2 + line_ends) * size + 2 * size + 120);
 }
 
 void tst_recipe_page::the_scroll_bar_shows_exactly_for_a_long_page()

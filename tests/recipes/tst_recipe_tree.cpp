@@ -5,7 +5,6 @@
 #include "support/error_number.h"
 
 #include <QMenu>
-#include <QTabBar>
 
 using namespace tarnwick;
 
