@@ -3,10 +3,13 @@
 #include "data/runtime_error.h"
 #include "recipes/move_item.h"
 #include "support/error_number.h"
+#include "support/table_dump.h"
 
 #include <QComboBox>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QTabBar>
 
 using namespace tarnwick;
 
@@ -33,12 +36,14 @@ private slots:
     void deleting_the_last_recipe_of_the_flat_view_leaves_no_recipe();
     void moving_puts_the_recipe_in_its_place_and_closes_an_empty_folder();
     void moving_to_the_same_category_does_not_reload_the_page();
+    void moving_to_the_category_that_is_stored_already_does_nothing();
     void a_stored_one_digit_category_is_accepted_by_a_move();
     void moving_to_no_category_is_an_error_and_changes_nothing();
     void moving_a_vanished_recipe_changes_nothing();
     void the_move_dialog_offers_every_category_but_its_own();
     void the_move_dialog_of_an_item_has_other_on_top();
     void the_naming_dialog_makes_a_recipe_in_the_chosen_category();
+    void a_recipe_made_beside_the_stock_shows_its_tree_and_page();
     void ok_stays_disabled_while_the_box_holds_only_blanks();
     void a_new_recipe_falls_into_its_place_in_the_flat_view();
     void a_new_name_loses_its_apostrophes();
@@ -52,7 +57,13 @@ void tst_recipe_lifecycle::deleting_asks_and_no_keeps_the_recipe()
     window.load();
     window.click_node(rcp(pie));
     MessageScript script;
-    script.expect(QStringLiteral("Warning"), deletion_question(QStringLiteral("Pie")), Answer::no);
+    script.expect(QStringLiteral("Warning"), deletion_question(QStringLiteral("Pie")), Answer::no,
+                  [](QDialog& dialog) {
+                      auto& box = static_cast<QMessageBox&>(dialog);
+                      QCOMPARE(box.icon(), QMessageBox::Warning);
+                      QCOMPARE(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+                      QCOMPARE(box.defaultButton(), box.button(QMessageBox::Yes));
+                  });
     QTest::keyClick(&window.tree(), Qt::Key_Delete);
     QCOMPARE(script.left(), 0);
     QCOMPARE(window.number("SELECT count(*) FROM recipe_1"), 1);
@@ -218,6 +229,28 @@ void tst_recipe_lifecycle::moving_to_the_same_category_does_not_reload_the_page(
     QCOMPARE(window.main().recipe_tree().recipe_node(pie)->text(0), QStringLiteral("Pie"));
 }
 
+void tst_recipe_lifecycle::moving_to_the_category_that_is_stored_already_does_nothing()
+{
+    RecipeWindow window;
+    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.load();
+    window.click_node(rcp(pie));
+    Query(window.db(), "UPDATE recipe_1 SET r_name = 'Changed outside', cat = '11'").run();
+    const QStringList before = table_dump(window.db());
+    MessageScript script;
+    script.drive([](QDialog& dialog) {
+        auto& combo = part<QComboBox>(dialog, "Combo1");
+        combo.setCurrentIndex(combo.findText(QStringLiteral("soups")));
+        QTest::mouseClick(&part<QPushButton>(dialog, "Command1(0)"), Qt::LeftButton);
+    });
+    window.trigger(QStringLiteral("mnu_recipe_move"));
+    QCOMPARE(script.left(), 0);
+    QCOMPARE(window.title().text(), QStringLiteral("Pie"));
+    QCOMPARE(names_in(window.tree().node(QStringLiteral("rcat13"))), QStringList(QStringLiteral("Pie")));
+    QCOMPARE(window.tree().node(QStringLiteral("rcat11"))->childCount(), 0);
+    QCOMPARE(table_dump(window.db()), before);
+}
+
 void tst_recipe_lifecycle::a_stored_one_digit_category_is_accepted_by_a_move()
 {
     RecipeWindow window;
@@ -332,6 +365,39 @@ void tst_recipe_lifecycle::the_naming_dialog_makes_a_recipe_in_the_chosen_catego
     QVERIFY(window.title().isVisible());
     QVERIFY(window.tree().isVisible());
     QCOMPARE(window.Text1().border_style(), 1);
+}
+
+void tst_recipe_lifecycle::a_recipe_made_beside_the_stock_shows_its_tree_and_page()
+{
+    RecipeWindow window;
+    window.set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
+    window.set_pref(QStringLiteral("lv_view"), QStringLiteral("1"));
+    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.set_pref(QStringLiteral("arcp"), QString::number(pie));
+    window.load();
+    QVERIFY(window.control(QStringLiteral("TreeView1(0)")).isVisible());
+    QVERIFY(!window.page().frame4().isVisible());
+    QCOMPARE(TreeView::key(window.tree().selected()), rcp(pie));
+    MessageScript script;
+    script.drive([](QDialog& dialog) {
+        QCOMPARE(part<QComboBox>(dialog, "Combo1").currentIndex(), 0);
+        QTest::keyClicks(&part<QLineEdit>(dialog, "Text1"), QStringLiteral("Beans"));
+        QTest::mouseClick(&part<QPushButton>(dialog, "Command1(0)"), Qt::LeftButton);
+    });
+    window.trigger(QStringLiteral("mnu_recipe_new"));
+    QCOMPARE(script.left(), 0);
+    QVERIFY(!window.control(QStringLiteral("TreeView1(0)")).isVisible());
+    QVERIFY(window.control(QStringLiteral("TreeView1(1)")).isVisible());
+    QVERIFY(!window.main().shared.stock_view);
+    QCOMPARE(window.pref(QStringLiteral("tv_view")), QStringLiteral("0"));
+    QCOMPARE(window.find<QTabBar>(QStringLiteral("TabStrip1(0)"))->currentIndex(), 1);
+    QCOMPARE(window.find<QTabBar>(QStringLiteral("TabStrip1(1)"))->currentIndex(), 1);
+    QVERIFY(window.page().frame4().isVisible());
+    QVERIFY(!window.control(QStringLiteral("Listview1")).isVisible());
+    QCOMPARE(window.title().text(), QStringLiteral("Beans"));
+    QCOMPARE(TreeView::key(window.tree().selected()), rcp(2));
+    QCOMPARE(window.text("SELECT cat FROM recipe_1 WHERE r_name = 'Beans'"), QStringLiteral("01"));
+    QVERIFY(window.page_buttons_enabled(true));
 }
 
 void tst_recipe_lifecycle::ok_stays_disabled_while_the_box_holds_only_blanks()

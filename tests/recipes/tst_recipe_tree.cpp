@@ -3,8 +3,10 @@
 #include "data/runtime_error.h"
 #include "recipes/recipe_categories.h"
 #include "support/error_number.h"
+#include "support/table_dump.h"
 
 #include <QMenu>
+#include <QMessageBox>
 
 using namespace tarnwick;
 
@@ -17,6 +19,9 @@ private slots:
     void the_recipe_of_the_last_run_is_selected_in_its_open_folder();
     void in_the_flat_view_recipes_stand_in_name_order_and_cannot_be_moved();
     void in_the_flat_view_the_move_command_names_its_recipe();
+    void sorting_ticks_the_order_and_stores_it();
+    void the_order_in_force_is_not_loaded_again();
+    void sorting_saves_the_page_first();
     void a_recipe_of_an_unknown_or_one_digit_category_is_not_lost();
     void a_key_in_use_is_error_35602_and_leaves_no_node();
     void a_click_on_a_recipe_shows_its_page();
@@ -128,6 +133,69 @@ void tst_recipe_tree::in_the_flat_view_the_move_command_names_its_recipe()
     QCOMPARE(commands.caption(QStringLiteral("mnu_tv_r_move")), QStringLiteral("Move recipe"));
 }
 
+void tst_recipe_tree::sorting_ticks_the_order_and_stores_it()
+{
+    RecipeWindow window;
+    window.add_recipe(QStringLiteral("Pie"), QStringLiteral("01"));
+    window.add_recipe(QStringLiteral("Broth"), QStringLiteral("11"));
+    window.load();
+    Commands& commands = window.main().commands();
+    const QString by_name = QStringLiteral("mnu_view_sort_alpha_r");
+    const QString by_category = QStringLiteral("mnu_view_sort_cat_r");
+    QVERIFY(!commands.action(by_name).isChecked());
+    QVERIFY(commands.action(by_category).isChecked());
+    window.trigger(by_name);
+    QVERIFY(commands.action(by_name).isChecked());
+    QVERIFY(!commands.action(by_category).isChecked());
+    QVERIFY(window.main().shared.recipe_alpha);
+    QCOMPARE(window.pref(QStringLiteral("sort_r")), QStringLiteral("alpha"));
+    QCOMPARE(names_in(window.tree().invisibleRootItem()),
+             QStringList({QStringLiteral("Broth"), QStringLiteral("Pie")}));
+    window.trigger(by_category);
+    QVERIFY(!commands.action(by_name).isChecked());
+    QVERIFY(commands.action(by_category).isChecked());
+    QVERIFY(!window.main().shared.recipe_alpha);
+    QCOMPARE(window.pref(QStringLiteral("sort_r")), QStringLiteral("cat"));
+    QCOMPARE(window.tree().topLevelItemCount(), 15);
+    QVERIFY(commands.action(QStringLiteral("mnu_view_sort_cat")).isChecked());
+    QVERIFY(!commands.action(QStringLiteral("mnu_view_sort_alpha")).isChecked());
+    QVERIFY(!window.main().shared.stock_alpha);
+}
+
+void tst_recipe_tree::the_order_in_force_is_not_loaded_again()
+{
+    RecipeWindow window;
+    window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.load();
+    const QTreeWidgetItem* desserts = window.tree().node(QStringLiteral("rcat13"));
+    window.add_recipe(QStringLiteral("Cake"), QStringLiteral("13"));
+    window.trigger(QStringLiteral("mnu_view_sort_cat_r"));
+    QCOMPARE(names_in(desserts), QStringList(QStringLiteral("Pie")));
+    QVERIFY(window.main().commands().action(QStringLiteral("mnu_view_sort_cat_r")).isChecked());
+    window.trigger(QStringLiteral("mnu_view_sort_alpha_r"));
+    QCOMPARE(window.tree().topLevelItemCount(), 2);
+    window.add_recipe(QStringLiteral("Tart"), QStringLiteral("13"));
+    window.trigger(QStringLiteral("mnu_view_sort_alpha_r"));
+    QCOMPARE(window.tree().topLevelItemCount(), 2);
+    QVERIFY(window.main().commands().action(QStringLiteral("mnu_view_sort_alpha_r")).isChecked());
+}
+
+void tst_recipe_tree::sorting_saves_the_page_first()
+{
+    RecipeWindow window;
+    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.set_pref(QStringLiteral("arcp"), QString::number(pie));
+    window.load();
+    window.focus(window.title());
+    QTest::keyClick(&window.title(), Qt::Key_End);
+    QTest::keyClicks(&window.title(), QStringLiteral("s"));
+    QCOMPARE(window.text("SELECT r_name FROM recipe_1"), QStringLiteral("Pie"));
+    window.trigger(QStringLiteral("mnu_view_sort_alpha_r"));
+    QCOMPARE(window.text("SELECT r_name FROM recipe_1"), QStringLiteral("Pies"));
+    QCOMPARE(names_in(window.tree().invisibleRootItem()), QStringList(QStringLiteral("Pies")));
+    QCOMPARE(TreeView::key(window.tree().selected()), rcp(pie));
+}
+
 void tst_recipe_tree::a_recipe_of_an_unknown_or_one_digit_category_is_not_lost()
 {
     RecipeWindow window;
@@ -221,12 +289,15 @@ void tst_recipe_tree::closing_all_folders_stores_nothing()
     window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
     window.add_recipe(QStringLiteral("Broth"), QStringLiteral("11"));
     window.load();
+    const QStringList before = table_dump(window.db());
     window.tree().expandAll();
-    window.main().recipe_tree().close_folders();
+    QVERIFY(window.tree().topLevelItem(12)->isExpanded());
+    window.trigger(QStringLiteral("mnu_view_cntrct_all"));
     for (int i = 0; i < 15; ++i) {
         QVERIFY(!window.tree().topLevelItem(i)->isExpanded());
         QCOMPARE(TreeView::picture(window.tree().topLevelItem(i)), 3);
     }
+    QCOMPARE(table_dump(window.db()), before);
 }
 
 void tst_recipe_tree::arrow_keys_do_not_change_the_page()
@@ -271,7 +342,12 @@ void tst_recipe_tree::delete_key_on_a_category_is_refused()
     window.load();
     window.click_node(QStringLiteral("rcat13"));
     MessageScript script;
-    script.expect(QStringLiteral("Info"), QStringLiteral("Cannot delete recipe categories"));
+    script.expect(QStringLiteral("Info"), QStringLiteral("Cannot delete recipe categories"), Answer::ok,
+                  [](QDialog& dialog) {
+                      const auto& box = static_cast<QMessageBox&>(dialog);
+                      QCOMPARE(box.icon(), QMessageBox::Information);
+                      QCOMPARE(box.standardButtons(), QMessageBox::StandardButtons(QMessageBox::Ok));
+                  });
     QTest::keyClick(&window.tree(), Qt::Key_Delete);
     QCOMPARE(script.left(), 0);
     QCOMPARE(window.number("SELECT count(*) FROM recipe_1"), 1);
