@@ -76,13 +76,10 @@ void new_item_rcp::make_controls()
 
 void new_item_rcp::place_controls()
 {
-    auto* buttons = new QBoxLayout(kind_ == naming::recipe ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    auto* buttons = new QHBoxLayout;
     buttons->setSpacing(8);
-    if (kind_ != naming::recipe)
-        buttons->addStretch();
     for (QPushButton* button : Command1_)
         buttons->addWidget(button);
-    buttons->addStretch();
 
     auto* rows = new QGridLayout(this);
     rows->setContentsMargins(18, 16, 18, 16);
@@ -96,9 +93,9 @@ void new_item_rcp::place_controls()
         rows->addWidget(Picture1_[1], 3, 0, 2, 1, Qt::AlignTop | Qt::AlignHCenter);
         rows->addWidget(Label1_[1], 3, 1);
         rows->addWidget(Combo1_, 4, 1);
-        rows->addLayout(buttons, 0, 2, 5, 1);
+        rows->addLayout(buttons, 4, 2);
     } else {
-        rows->addLayout(buttons, 3, 0, 1, 2);
+        rows->addLayout(buttons, 3, 0, 1, 2, Qt::AlignHCenter);
     }
 }
 

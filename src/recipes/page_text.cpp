@@ -142,16 +142,23 @@ void PageText::text_changed()
 {
     if (setting_)
         return;
-    if (is_oven_temperature(last_characters(3))) {
-        const QScopedValueRollback<bool> setting(setting_, true);
-        QTextCursor cursor(document());
-        cursor.movePosition(QTextCursor::End);
-        cursor.joinPreviousEditBlock();
-        cursor.insertText(degree);
-        cursor.endEditBlock();
-        setTextCursor(cursor);
-    }
+    const bool temperature = is_oven_temperature(last_characters(3));
+    if (temperature)
+        append_degree();
     emit edited();
+    if (temperature)
+        emit caret_moved();
+}
+
+void PageText::append_degree()
+{
+    const QScopedValueRollback<bool> setting(setting_, true);
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.joinPreviousEditBlock();
+    cursor.insertText(degree);
+    cursor.endEditBlock();
+    setTextCursor(cursor);
 }
 
 // One backspace takes the sign and the digit before it: without the digit gone the sign would come back.
@@ -202,7 +209,8 @@ void PageText::focusOutEvent(QFocusEvent* event)
 void PageText::keyPressEvent(QKeyEvent* event)
 {
     emit edited();
-    if (event->key() == Qt::Key_Backspace && event->modifiers() == Qt::NoModifier && take_back_degree())
+    const bool plain = (event->modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == Qt::NoModifier;
+    if (event->key() == Qt::Key_Backspace && plain && take_back_degree())
         return;
     QPlainTextEdit::keyPressEvent(event);
 }

@@ -36,7 +36,7 @@ signals:
     void edited(); ///< a key went down, or the user changed the text
     void key_up();
     void left(); ///< the focus goes to another control of the window
-    void caret_moved(); ///< by the user
+    void caret_moved(); ///< by the user, or to a degree sign
 
 protected:
     bool event(QEvent* event) override;
@@ -52,6 +52,7 @@ private:
     void text_changed();
     void fit_rows();
     int scrolled_pixels() const;
+    void append_degree();
     bool take_back_degree();
     QString last_characters(int count) const;
 

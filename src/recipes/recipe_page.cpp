@@ -162,11 +162,16 @@ void RecipePage::fill_text(Key recipe)
     title_->setText(text ? text->name : QString());
     title_->setCursorPosition(0);
     text1_->set_text(text ? text->body : QString());
-    if (text) {
-        main_.toolbar().set_tool_tip(10, QStringLiteral("Print %1 recipe").arg(text->name));
-        main_.toolbar().set_tool_tip(11, QStringLiteral("Preview %1 recipe").arg(text->name));
-    }
+    name_recipe_on_buttons();
     set_marks("clean");
+}
+
+void RecipePage::name_recipe_on_buttons()
+{
+    if (!has_recipe())
+        return;
+    main_.toolbar().set_tool_tip(10, QStringLiteral("Print %1 recipe").arg(title_->text()));
+    main_.toolbar().set_tool_tip(11, QStringLiteral("Preview %1 recipe").arg(title_->text()));
 }
 
 bool RecipePage::is_edited() const
@@ -290,6 +295,12 @@ void RecipePage::scroll_bar_refresh()
     const bool longer = excess > 0;
     scroll_bar_->setVisible(longer && !main_.shared.list_pane_shown);
     scroll_bar_->setEnabled(longer);
+    if (scrolled_ > std::max(0, excess)) {
+        // The text got shorter than what the page was scrolled by.
+        if (!longer)
+            scroll_bar_->setValue(0);
+        scroll();
+    }
     if (!longer)
         return;
     scroll_bar_->setSingleStep(std::clamp(100 * scroll_step / excess, 1, 20));
@@ -359,6 +370,7 @@ void RecipePage::show_caret()
 {
     if (main_.shared.page_busy)
         return;
+    scroll_bar_refresh();
     const int caret_top = text1_->y() + text1_->caret_top();
     const int caret_bottom = text1_->y() + text1_->caret_bottom();
     show_stretch(caret_top, caret_bottom + text_margin);

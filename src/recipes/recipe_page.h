@@ -53,6 +53,10 @@ public:
     bool is_edited() const;
 
     bool has_recipe() const; ///< a recipe is on the page
+
+    /// Names the recipe in the tool tips of the print and preview buttons; nothing without a recipe.
+    void name_recipe_on_buttons();
+
     int get_scroll_scale() const; ///< height of the page's content, pixels
 
     // The ingredient lines, for the line editor and the drag of a line.

@@ -11,8 +11,9 @@
 #include "shell/tree_view.h"
 #include "shell/view_state.h"
 
-#include <QHash>
-#include <QScrollBar>
+#include <QList>
+
+#include <vector>
 
 namespace tarnwick {
 namespace {
@@ -29,6 +30,15 @@ QString recipe_key(Key recipe)
 QString category_key(const QString& category)
 {
     return QStringLiteral("rcat") + category;
+}
+
+/// Place of a stored category in the fixed order; an unknown one counts with the last, the others.
+size_t category_index(const QString& category)
+{
+    const int count = static_cast<int>(recipe_categories().size());
+    const int number = category.toInt();
+    const bool known = number >= 1 && number <= count && recipe_category(number - 1) == category;
+    return static_cast<size_t>(known ? number - 1 : count - 1);
 }
 
 bool is_recipe(const QTreeWidgetItem& node)
@@ -72,8 +82,13 @@ void RecipeTree::load_flat()
     QList<QTreeWidgetItem*> nodes;
     const auto rows = read_recipes(main_.connection());
     tree_.reserve_nodes(static_cast<int>(rows.size()));
-    for (const RecipeRow& row : rows)
-        nodes.append(tree_.make_node(recipe_key(row.key), row.name, recipe_picture, {}));
+    try {
+        for (const RecipeRow& row : rows)
+            nodes.append(make_recipe_node(row));
+    } catch (...) {
+        drop_unplaced(nodes);
+        throw;
+    }
     tree_.addTopLevelItems(nodes);
 }
 
@@ -82,25 +97,36 @@ void RecipeTree::load_flat()
 void RecipeTree::load_folders()
 {
     const auto& captions = recipe_categories();
-    QHash<QString, QList<QTreeWidgetItem*>> recipes;
-    for (int i = 0; i < captions.size(); ++i)
-        recipes.insert(recipe_category(i), {});
-    const QString others = recipe_category(static_cast<int>(captions.size()) - 1);
     const auto rows = read_recipes(main_.connection());
     tree_.reserve_nodes(static_cast<int>(rows.size() + captions.size()));
-    for (const RecipeRow& row : rows) {
-        auto folder = recipes.find(row.cat);
-        if (folder == recipes.end())
-            folder = recipes.find(others);
-        folder->append(tree_.make_node(recipe_key(row.key), row.name, recipe_picture, {}));
-    }
     QList<QTreeWidgetItem*> folders;
-    for (int i = 0; i < captions.size(); ++i) {
-        QTreeWidgetItem* folder = tree_.make_node(category_key(recipe_category(i)), captions[i], folder_closed, {});
-        folder->addChildren(recipes.value(recipe_category(i)));
-        folders.append(folder);
+    for (int i = 0; i < captions.size(); ++i)
+        folders.append(tree_.make_node(category_key(recipe_category(i)), captions[i], folder_closed, {}));
+    std::vector<QList<QTreeWidgetItem*>> recipes(static_cast<size_t>(captions.size()));
+    try {
+        for (const RecipeRow& row : rows)
+            recipes[category_index(row.cat)].append(make_recipe_node(row));
+    } catch (...) {
+        for (const auto& nodes : recipes)
+            folders.append(nodes);
+        drop_unplaced(folders);
+        throw;
     }
+    for (size_t i = 0; i < recipes.size(); ++i)
+        folders[static_cast<int>(i)]->addChildren(recipes[i]);
     tree_.addTopLevelItems(folders);
+}
+
+QTreeWidgetItem* RecipeTree::make_recipe_node(const RecipeRow& row)
+{
+    return tree_.make_node(recipe_key(row.key), row.name, recipe_picture, {});
+}
+
+// Nodes that have no place in the tree yet belong to nobody.
+void RecipeTree::drop_unplaced(const QList<QTreeWidgetItem*>& nodes)
+{
+    tree_.clear_nodes();
+    qDeleteAll(nodes);
 }
 
 void RecipeTree::select_current()
@@ -116,7 +142,7 @@ void RecipeTree::select_current()
     tree_.ensure_visible(node);
 }
 
-// The captions of the commands on the selected recipe.
+// The captions of the tree's own commands on the selected recipe.
 void RecipeTree::show_menus()
 {
     Commands& commands = main_.commands();
@@ -129,7 +155,6 @@ void RecipeTree::show_menus()
     commands.set(QStringLiteral("mnu_tv_r_del"),
                  QStringLiteral("Delete ") + (recipe ? text : QStringLiteral("recipe")), recipe);
     commands.set(QStringLiteral("mnu_tv_r_move"), move, movable);
-    commands.set(QStringLiteral("mnu_recipe_move"), move, movable);
 }
 
 void RecipeTree::close_folders()
@@ -179,8 +204,16 @@ void RecipeTree::recip_del(Key recipe)
     const bool left = next && is_recipe(*next);
     main_.shared.cur_recipe = left ? record_key(TreeView::key(next)) : Key{-1};
     main_.shared.cur_recipe_name = left ? trim(next->text(0)) : QString();
+    show_page(main_.shared.cur_recipe);
+}
+
+// The page comes first: the commands that act on it depend on whether it has a recipe.
+void RecipeTree::show_page(Key recipe)
+{
+    main_.recipe_page().set_recipe(recipe);
     main_.l_r_refresh();
-    main_.recipe_page().set_recipe(main_.shared.cur_recipe);
+    if (!main_.shared.list_pane_shown)
+        main_.recipe_page().name_recipe_on_buttons();
     show_menus();
 }
 
@@ -219,12 +252,9 @@ void RecipeTree::mv_rcp(const QString& category, Key recipe)
         tree_.select(node);
         tree_.ensure_visible(node);
         main_.shared.cur_recipe_name = row->name;
-        show_menus();
     }
     main_.shared.tree_drag = false;
-    main_.recipe_page().set_recipe(recipe);
-    main_.view_state().set_mnu_recipe();
-    main_.view_state().caption_refresh();
+    show_page(recipe);
 }
 
 } // namespace tarnwick

@@ -12,6 +12,7 @@ namespace tarnwick {
 
 class frmmain;
 class TreeView;
+struct RecipeRow;
 
 /// The recipe tree `TreeView1(1)`.
 class RecipeTree : public QObject {
@@ -46,6 +47,8 @@ private:
     void connect_events();
     void load_flat();
     void load_folders();
+    QTreeWidgetItem* make_recipe_node(const RecipeRow& row);
+    void drop_unplaced(const QList<QTreeWidgetItem*>& nodes);
     void select_current();
     QTreeWidgetItem& category_node(const QString& category) const;
     void node_click(QTreeWidgetItem* node);
@@ -55,6 +58,7 @@ private:
     void key_up(int key);
     void expanded(QTreeWidgetItem* node, bool open);
     void show_menus();
+    void show_page(Key recipe);
     void take_off(QTreeWidgetItem* node);
 
     frmmain& main_;

@@ -23,6 +23,27 @@
 
 namespace tarnwick {
 
+/// The texts of a node's children, in their order.
+inline QStringList names_in(const QTreeWidgetItem* node)
+{
+    QStringList names;
+    for (int i = 0; i < node->childCount(); ++i)
+        names.append(node->child(i)->text(0));
+    return names;
+}
+
+/// The key of a recipe's node.
+inline QString rcp(Key key)
+{
+    return QStringLiteral("rcp") + key_str(key);
+}
+
+/// What a user is asked before the recipe of this name is deleted.
+inline QString deletion_question(const QString& name)
+{
+    return QStringLiteral("Are you sure you want to \ndelete the ") + name + QStringLiteral(" recipe?");
+}
+
 /// The main window with recipes in it, by default on the recipe tree and a recipe page.
 class RecipeWindow : public TestWindow {
 public:
@@ -93,6 +114,24 @@ public:
         QAction& action = main().commands().action(command);
         QVERIFY2(action.isEnabled(), qPrintable(command + QStringLiteral(" is disabled")));
         action.trigger();
+    }
+
+    /// All buttons that print, preview, export and send the page are enabled; or all disabled.
+    bool page_buttons_enabled(bool enabled)
+    {
+        for (int i = 10; i <= 13; ++i) {
+            if (control(QStringLiteral("Toolbar1(%1)").arg(i)).isEnabled() != enabled)
+                return false;
+        }
+        return true;
+    }
+
+    /// The row of the caret lies in the part of the page that is on show.
+    bool caret_is_in_view()
+    {
+        const int top = Text1().mapTo(&page().frame4(), QPoint(0, Text1().caret_top())).y();
+        const int bottom = Text1().mapTo(&page().frame4(), QPoint(0, Text1().caret_bottom())).y();
+        return top >= 0 && bottom < page().frame4().height() && Text1().verticalScrollBar()->value() == 0;
     }
 
     /// Gives the keyboard to a control as a click of the user does.

@@ -138,6 +138,8 @@ void tst_naming_dialog::each_kind_has_its_captions()
         QVERIFY(!dialog.picture[0]->isVisible());
         const QRect ok = dialog.command[0]->geometry();
         const QRect cancel = dialog.command[1]->geometry();
+        QCOMPARE(ok.center().y(), cancel.center().y());
+        QVERIFY(ok.right() < cancel.left());
         if (recipe) {
             QVERIFY(ok.left() > dialog.text->geometry().right());
         } else {

@@ -4,6 +4,7 @@
 #include "lists/list_pane.h"
 #include "recipes/page_geometry.h"
 #include "stock/status.h"
+#include "support/table_dump.h"
 
 #include <QDialog>
 #include <QTabBar>
@@ -40,6 +41,23 @@ public:
             - 3;
     }
 
+    GridModel& rows() { return main().list_pane().grid().rows(); }
+
+    /// Brings the shopping list (0) or the page (1) to the front, as a click of the user does.
+    void click_tab(int index)
+    {
+        auto* tabs = find<QTabBar>(QStringLiteral("TabStrip1(1)"));
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
+    }
+
+    void click_grid_check(int place)
+    {
+        ListGrid& grid = main().list_pane().grid();
+        const QRect cell = grid.cell_rect(place, grid_column::check);
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
+                          grid.viewport()->mapFrom(grid.parentWidget(), cell.center()));
+    }
+
     Key item = 0;
     Key list = 0;
     Key row = 0;
@@ -60,6 +78,11 @@ private slots:
     void checking_an_inactive_line_marks_it_on_all_lists();
     void clearing_a_check_clears_it();
     void a_check_changes_the_row_of_the_list_on_show();
+    void a_check_leaves_the_grid_when_the_first_row_is_on_another_list();
+    void a_check_changes_the_first_row_of_all_lists_on_show();
+    void a_check_shows_the_item_in_its_closed_folder();
+    void a_check_names_the_status_in_the_tool_tip_of_the_panel();
+    void a_greyed_check_is_enabled_again_when_one_list_wants_the_item();
     void checking_a_stock_line_on_no_list_opens_the_editor();
     void checking_a_non_stock_line_opens_the_editor_in_its_adding_mode();
     void clearing_a_non_stock_line_does_nothing();
@@ -165,12 +188,94 @@ void tst_recipe_check::a_check_changes_the_row_of_the_list_on_show()
     QCOMPARE(window.main().shared.last_groc_key, window.row);
 }
 
+void tst_recipe_check::a_check_leaves_the_grid_when_the_first_row_is_on_another_list()
+{
+    CheckWindow window;
+    const Key party = window.add_list(QStringLiteral("Party"));
+    const Key second = window.add_row(window.item, party, false);
+    window.set_pref(QStringLiteral("alist"), QString::number(party));
+    window.load();
+    QCOMPARE(window.rows().rows(), 1);
+    QCOMPARE(window.rows().row(0).groc_key, second);
+    const GridRow before = window.rows().row(0);
+    window.click_check(0);
+    QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 2);
+    QCOMPARE(window.rows().row(0).to_get, before.to_get);
+    QCOMPARE(window.rows().row(0).light, before.light);
+    QCOMPARE(window.rows().row(0).check, before.check);
+    QCOMPARE(window.main().shared.last_groc_key, window.row);
+}
+
+void tst_recipe_check::a_check_changes_the_first_row_of_all_lists_on_show()
+{
+    CheckWindow window;
+    const Key second = window.add_row(window.item, window.add_list(QStringLiteral("Party")), false);
+    window.set_pref(QStringLiteral("alist"), QStringLiteral("0"));
+    window.set_pref(QStringLiteral("s_all"), QStringLiteral("1"));
+    window.load();
+    QVERIFY(window.main().shared.all_lists_view);
+    QCOMPARE(window.rows().rows(), 2);
+    window.click_check(0);
+    QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 2);
+    for (int i = 0; i < 2; ++i) {
+        const GridRow& row = window.rows().row(i);
+        QVERIFY(row.groc_key == window.row || row.groc_key == second);
+        QCOMPARE(row.to_get, row.groc_key == window.row);
+        QCOMPARE(row.light, row.groc_key == window.row ? 179 : 183);
+        QCOMPARE(row.check, row.groc_key == window.row ? 122 : 113);
+    }
+}
+
+void tst_recipe_check::a_check_shows_the_item_in_its_closed_folder()
+{
+    CheckWindow window;
+    window.load();
+    StockTree& stock = window.main().stock_tree();
+    const QTreeWidgetItem* folder = stock.item_node(window.item)->parent();
+    QVERIFY(folder && !folder->isExpanded());
+    window.click_check(0);
+    QVERIFY(folder->isExpanded());
+}
+
+void tst_recipe_check::a_check_names_the_status_in_the_tool_tip_of_the_panel()
+{
+    CheckWindow window;
+    window.load();
+    window.click_check(0);
+    QCOMPARE(window.control(QStringLiteral("StatusBar1(1)")).toolTip(), get_status(window.db(), window.item));
+    QVERIFY(!get_status(window.db(), window.item).isEmpty());
+}
+
+void tst_recipe_check::a_greyed_check_is_enabled_again_when_one_list_wants_the_item()
+{
+    CheckWindow window(true, true);
+    window.load();
+    QWidget& check = window.control(QStringLiteral("Check1(0)"));
+    QCOMPARE(window.picture("Check1", 0), 130);
+    QVERIFY(!check.isEnabled());
+    window.click_tab(0);
+    QVERIFY(window.rows().row(0).to_get);
+    window.click_grid_check(0);
+    QVERIFY(!window.rows().row(0).to_get);
+    window.click_tab(1);
+    QVERIFY(check.isVisible());
+    QVERIFY(check.isEnabled());
+    QCOMPARE(window.picture("Check1", 0), 122);
+    QCOMPARE(window.picture("lite", 0), 179);
+    window.click_check(0);
+    QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 0);
+    QCOMPARE(window.picture("Check1", 0), 113);
+}
+
 void tst_recipe_check::checking_a_stock_line_on_no_list_opens_the_editor()
 {
     CheckWindow window;
     Query(window.db(), "DELETE FROM tie").run();
     Query(window.db(), "DELETE FROM groc_1").run();
+    window.add_row(window.add_item(QStringLiteral("Oil"), 0, 6), window.list, false);
+    window.add_row(window.add_item(QStringLiteral("Rice"), 0, 7), window.list, true);
     window.load();
+    const QStringList before = table_dump(window.db());
     MessageScript script;
     script.drive([&](QDialog& dialog) {
         QCOMPARE(dialog.objectName(), QStringLiteral("l_item_edit"));
@@ -182,7 +287,7 @@ void tst_recipe_check::checking_a_stock_line_on_no_list_opens_the_editor()
     });
     window.click_check(0);
     QCOMPARE(script.left(), 0);
-    QCOMPARE(window.number("SELECT count(*) FROM groc_1"), 0);
+    QCOMPARE(table_dump(window.db()), before);
 }
 
 void tst_recipe_check::checking_a_non_stock_line_opens_the_editor_in_its_adding_mode()
@@ -228,9 +333,13 @@ void tst_recipe_check::checking_a_vanished_line_does_nothing()
 void tst_recipe_check::refreshing_leaves_the_marks()
 {
     CheckWindow window(true, true);
+    Query(window.db(), "UPDATE items_1 SET status = 8").run();
+    Query(window.db(), "UPDATE cat SET expand = 1").run();
     window.load();
+    const QStringList before = table_dump(window.db());
     window.page().recipe_chck(2, window.line);
     QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 2);
+    QCOMPARE(table_dump(window.db()), before);
 }
 
 void tst_recipe_check::lines_of_an_item_follow_its_status()

@@ -5,8 +5,6 @@
 #include "stock/status.h"
 #include "support/error_number.h"
 
-#include <QWheelEvent>
-
 using namespace tarnwick;
 
 namespace {
@@ -39,10 +37,6 @@ private slots:
     void a_blank_item_is_an_unlisted_stock_item();
     void the_loaded_key_is_stored();
     void name_is_in_the_tool_tips_of_print_and_preview();
-    void the_scroll_bar_shows_exactly_for_a_long_page();
-    void scrolling_to_the_end_shows_the_end_of_the_body();
-    void the_caret_takes_the_page_along();
-    void the_wheel_scrolls_a_long_page_only();
 };
 
 void tst_recipe_page::a_line_joins_quantity_measure_item_and_comment()
@@ -349,84 +343,9 @@ void tst_recipe_page::the_loaded_key_is_stored()
 void tst_recipe_page::name_is_in_the_tool_tips_of_print_and_preview()
 {
     RecipeWindow window;
-    const Key recipe = window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
+    window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
     QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print Soup recipe"));
     QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview Soup recipe"));
-}
-
-void tst_recipe_page::the_scroll_bar_shows_exactly_for_a_long_page()
-{
-    RecipeWindow window;
-    const Key small = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
-    const Key large = window.add_recipe(QStringLiteral("Stew"), QStringLiteral("11"), words.repeated(200));
-    window.load();
-    QScrollBar& bar = window.page().scroll_bar();
-    window.page().set_recipe(small);
-    QVERIFY(!bar.isVisible());
-    window.page().set_recipe(large);
-    QVERIFY(bar.isVisible());
-    QVERIFY(bar.isEnabled());
-    bar.setValue(100);
-    QVERIFY(window.page().frame3().y() < 0);
-    window.page().set_recipe(small);
-    QVERIFY(!bar.isVisible());
-    QCOMPARE(window.page().frame3().y(), 0);
-}
-
-void tst_recipe_page::scrolling_to_the_end_shows_the_end_of_the_body()
-{
-    RecipeWindow window;
-    const Key recipe = window.add_recipe(QStringLiteral("Stew"), QStringLiteral("11"), words.repeated(300));
-    window.add_lines(recipe, 50);
-    window.load();
-    window.page().set_recipe(recipe);
-    QCOMPARE(window.Text1().height(), 16);
-    window.page().scroll_bar().setValue(100);
-    QVERIFY(window.Text1().height() >= window.Text1().full_height());
-    const int end = window.page().frame3().y() + window.Text1().y() + window.Text1().full_height();
-    QVERIFY(end <= window.page().frame4().height());
-}
-
-void tst_recipe_page::the_caret_takes_the_page_along()
-{
-    RecipeWindow window;
-    window.open_recipe(QStringLiteral("Stew"), QStringLiteral("11"), words.repeated(200));
-    window.focus(window.Text1());
-    QTest::keyClick(&window.Text1(), Qt::Key_End, Qt::ControlModifier);
-    QVERIFY(window.page().scroll_bar().value() > 0);
-    QCOMPARE(window.Text1().verticalScrollBar()->value(), 0);
-    const int caret = window.Text1().mapTo(&window.page().frame4(), QPoint(0, window.Text1().caret_bottom())).y();
-    QVERIFY(caret > 0 && caret < window.page().frame4().height());
-    QTest::keyClick(&window.Text1(), Qt::Key_Home, Qt::ControlModifier);
-    const int back = window.Text1().mapTo(&window.page().frame4(), QPoint(0, window.Text1().caret_top())).y();
-    QVERIFY(back >= 0 && back < window.page().frame4().height());
-}
-
-void tst_recipe_page::the_wheel_scrolls_a_long_page_only()
-{
-    RecipeWindow window;
-    const Key small = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
-    const Key large = window.add_recipe(QStringLiteral("Stew"), QStringLiteral("11"), words.repeated(200));
-    window.load();
-    // An event made by a program does not climb to the parents by itself as the user's does.
-    const auto turn = [&] {
-        QWidget* target = window.Text1().viewport();
-        for (bool taken = false; target && !taken; target = target->parentWidget()) {
-            QWheelEvent wheel(QPointF(20, 20), target->mapToGlobal(QPointF(20, 20)), {}, QPoint(0, -120),
-                              Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-            taken = QApplication::sendEvent(target, &wheel) && wheel.isAccepted();
-            if (target == &window.page().frame4())
-                break;
-        }
-    };
-    window.page().set_recipe(small);
-    turn();
-    QCOMPARE(window.page().scroll_bar().value(), 0);
-    window.page().set_recipe(large);
-    turn();
-    QVERIFY(window.page().scroll_bar().value() > 0);
-    QVERIFY(window.page().frame3().y() < 0);
-    QCOMPARE(window.Text1().verticalScrollBar()->value(), 0);
 }
 
 QTEST_MAIN(tst_recipe_page)

@@ -18,6 +18,7 @@ private slots:
     void a_help_text_with_bare_line_feeds_is_known_as_well();
     void typing_an_oven_temperature_adds_the_degree_sign_data();
     void typing_an_oven_temperature_adds_the_degree_sign();
+    void one_backspace_takes_degree_sign_and_digit_data();
     void one_backspace_takes_degree_sign_and_digit();
     void backspace_in_the_middle_takes_one_character();
     void border_follows_the_text_at_key_up();
@@ -69,7 +70,7 @@ void tst_recipe_text::leaving_the_emptied_box_untouched_keeps_the_help_text_stor
 void tst_recipe_text::an_emptied_body_is_stored_as_the_help_text_letter_by_letter()
 {
     RecipeWindow window;
-    const Key recipe = window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
+    window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
     window.focus(window.Text1());
     QTest::keyClick(&window.Text1(), Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(&window.Text1(), Qt::Key_Delete);
@@ -114,14 +115,22 @@ void tst_recipe_text::typing_an_oven_temperature_adds_the_degree_sign()
     QVERIFY(window.Text1().textCursor().atEnd());
 }
 
+void tst_recipe_text::one_backspace_takes_degree_sign_and_digit_data()
+{
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::newRow("plain") << Qt::KeyboardModifiers(Qt::NoModifier);
+    QTest::newRow("with Shift") << Qt::KeyboardModifiers(Qt::ShiftModifier);
+}
+
 void tst_recipe_text::one_backspace_takes_degree_sign_and_digit()
 {
+    QFETCH(Qt::KeyboardModifiers, modifiers);
     RecipeWindow window;
     window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"), help_text());
     window.focus(window.Text1());
     QTest::keyClicks(&window.Text1(), QStringLiteral("350"));
     QCOMPARE(window.Text1().toPlainText(), QStringLiteral("350\u00ba"));
-    QTest::keyClick(&window.Text1(), Qt::Key_Backspace);
+    QTest::keyClick(&window.Text1(), Qt::Key_Backspace, modifiers);
     QCOMPARE(window.Text1().toPlainText(), QStringLiteral("35"));
     QVERIFY(window.Text1().textCursor().atEnd());
 }

@@ -1,16 +1,12 @@
 #include "recipes/recipe_fixture.h"
 
 #include "data/runtime_error.h"
-#include "recipes/move_item.h"
 #include "recipes/recipe_categories.h"
-#include "shell/view_state.h"
 #include "support/error_number.h"
+#include "support/table_dump.h"
 
-#include <QComboBox>
-#include <QLabel>
 #include <QMenu>
-#include <QPushButton>
-#include <QTabBar>
+#include <QMessageBox>
 
 using namespace tarnwick;
 
@@ -22,7 +18,12 @@ private slots:
     void recipes_stand_under_their_category_in_name_order();
     void the_recipe_of_the_last_run_is_selected_in_its_open_folder();
     void in_the_flat_view_recipes_stand_in_name_order_and_cannot_be_moved();
+    void in_the_flat_view_the_move_command_names_its_recipe();
+    void sorting_ticks_the_order_and_stores_it();
+    void the_order_in_force_is_not_loaded_again();
+    void sorting_saves_the_page_first();
     void a_recipe_of_an_unknown_or_one_digit_category_is_not_lost();
+    void a_key_in_use_is_error_35602_and_leaves_no_node();
     void a_click_on_a_recipe_shows_its_page();
     void a_click_on_a_category_counts_its_recipes();
     void a_click_that_ends_a_drag_does_nothing();
@@ -32,51 +33,7 @@ private slots:
     void no_label_can_be_edited();
     void a_right_click_shows_the_menu();
     void delete_key_on_a_category_is_refused();
-    void deleting_asks_and_no_keeps_the_recipe();
-    void deleting_takes_the_lines_along();
-    void deleting_the_only_recipe_selects_its_category();
-    void deleting_the_first_child_selects_the_next_any_other_the_one_before();
-    void deleting_the_last_recipe_of_the_flat_view_leaves_no_recipe();
-    void moving_puts_the_recipe_in_its_place_and_closes_an_empty_folder();
-    void moving_to_the_same_category_does_not_reload_the_page();
-    void a_stored_one_digit_category_is_accepted_by_a_move();
-    void moving_to_no_category_is_an_error_and_changes_nothing();
-    void moving_a_vanished_recipe_changes_nothing();
-    void the_move_dialog_offers_every_category_but_its_own();
-    void the_move_dialog_of_an_item_has_other_on_top();
-    void the_naming_dialog_makes_a_recipe_in_the_chosen_category();
-    void ok_stays_disabled_while_the_box_holds_only_blanks();
-    void a_new_recipe_falls_into_its_place_in_the_flat_view();
-    void a_new_name_loses_its_apostrophes();
-    void names_may_repeat();
 };
-
-namespace {
-
-QStringList names_in(const QTreeWidgetItem* node)
-{
-    QStringList names;
-    for (int i = 0; i < node->childCount(); ++i)
-        names.append(node->child(i)->text(0));
-    return names;
-}
-
-QString question(const QString& name)
-{
-    return QStringLiteral("Are you sure you want to \ndelete the ") + name + QStringLiteral(" recipe?");
-}
-
-template <typename Widget> Widget& part(QDialog& dialog, const char* name)
-{
-    return *dialog.findChild<Widget*>(QLatin1String(name));
-}
-
-QString rcp(Key key)
-{
-    return QStringLiteral("rcp") + key_str(key);
-}
-
-} // namespace
 
 void tst_recipe_tree::the_fifteen_categories_stand_in_their_order()
 {
@@ -146,6 +103,99 @@ void tst_recipe_tree::in_the_flat_view_recipes_stand_in_name_order_and_cannot_be
     QVERIFY(window.main().commands().action(QStringLiteral("mnu_recipe_move")).isEnabled());
 }
 
+void tst_recipe_tree::in_the_flat_view_the_move_command_names_its_recipe()
+{
+    RecipeWindow window;
+    const Key broth = window.add_recipe(QStringLiteral("Broth"), QStringLiteral("11"));
+    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.load();
+    window.click_node(QStringLiteral("rcat11"));
+    window.main().recipe_tree().view().expandAll();
+    window.click_node(rcp(broth));
+    Commands& commands = window.main().commands();
+    const QString move = QStringLiteral("mnu_recipe_move");
+    QCOMPARE(commands.caption(move), QStringLiteral("Move Broth recipe"));
+    QVERIFY(commands.action(move).isEnabled());
+    window.trigger(QStringLiteral("mnu_view_sort_alpha_r"));
+    QCOMPARE(commands.caption(move), QStringLiteral("Move Broth recipe"));
+    QVERIFY(!commands.action(move).isEnabled());
+    window.click_node(rcp(pie));
+    QCOMPARE(commands.caption(move), QStringLiteral("Move Pie recipe"));
+    QVERIFY(!commands.action(move).isEnabled());
+    QTest::keyClick(&window.tree(), Qt::Key_Up);
+    QCOMPARE(commands.caption(move), QStringLiteral("Move Broth recipe"));
+    QVERIFY(!commands.action(move).isEnabled());
+    MessageScript script;
+    script.expect(QStringLiteral("Warning"), deletion_question(QStringLiteral("Broth")), Answer::yes);
+    QTest::keyClick(&window.tree(), Qt::Key_Delete);
+    QCOMPARE(commands.caption(move), QStringLiteral("Move Pie recipe"));
+    QVERIFY(!commands.action(move).isEnabled());
+    QCOMPARE(commands.caption(QStringLiteral("mnu_tv_r_move")), QStringLiteral("Move recipe"));
+}
+
+void tst_recipe_tree::sorting_ticks_the_order_and_stores_it()
+{
+    RecipeWindow window;
+    window.add_recipe(QStringLiteral("Pie"), QStringLiteral("01"));
+    window.add_recipe(QStringLiteral("Broth"), QStringLiteral("11"));
+    window.load();
+    Commands& commands = window.main().commands();
+    const QString by_name = QStringLiteral("mnu_view_sort_alpha_r");
+    const QString by_category = QStringLiteral("mnu_view_sort_cat_r");
+    QVERIFY(!commands.action(by_name).isChecked());
+    QVERIFY(commands.action(by_category).isChecked());
+    window.trigger(by_name);
+    QVERIFY(commands.action(by_name).isChecked());
+    QVERIFY(!commands.action(by_category).isChecked());
+    QVERIFY(window.main().shared.recipe_alpha);
+    QCOMPARE(window.pref(QStringLiteral("sort_r")), QStringLiteral("alpha"));
+    QCOMPARE(names_in(window.tree().invisibleRootItem()),
+             QStringList({QStringLiteral("Broth"), QStringLiteral("Pie")}));
+    window.trigger(by_category);
+    QVERIFY(!commands.action(by_name).isChecked());
+    QVERIFY(commands.action(by_category).isChecked());
+    QVERIFY(!window.main().shared.recipe_alpha);
+    QCOMPARE(window.pref(QStringLiteral("sort_r")), QStringLiteral("cat"));
+    QCOMPARE(window.tree().topLevelItemCount(), 15);
+    QVERIFY(commands.action(QStringLiteral("mnu_view_sort_cat")).isChecked());
+    QVERIFY(!commands.action(QStringLiteral("mnu_view_sort_alpha")).isChecked());
+    QVERIFY(!window.main().shared.stock_alpha);
+}
+
+void tst_recipe_tree::the_order_in_force_is_not_loaded_again()
+{
+    RecipeWindow window;
+    window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.load();
+    const QTreeWidgetItem* desserts = window.tree().node(QStringLiteral("rcat13"));
+    window.add_recipe(QStringLiteral("Cake"), QStringLiteral("13"));
+    window.trigger(QStringLiteral("mnu_view_sort_cat_r"));
+    QCOMPARE(names_in(desserts), QStringList(QStringLiteral("Pie")));
+    QVERIFY(window.main().commands().action(QStringLiteral("mnu_view_sort_cat_r")).isChecked());
+    window.trigger(QStringLiteral("mnu_view_sort_alpha_r"));
+    QCOMPARE(window.tree().topLevelItemCount(), 2);
+    window.add_recipe(QStringLiteral("Tart"), QStringLiteral("13"));
+    window.trigger(QStringLiteral("mnu_view_sort_alpha_r"));
+    QCOMPARE(window.tree().topLevelItemCount(), 2);
+    QVERIFY(window.main().commands().action(QStringLiteral("mnu_view_sort_alpha_r")).isChecked());
+}
+
+void tst_recipe_tree::sorting_saves_the_page_first()
+{
+    RecipeWindow window;
+    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.set_pref(QStringLiteral("arcp"), QString::number(pie));
+    window.load();
+    window.focus(window.title());
+    QTest::keyClick(&window.title(), Qt::Key_End);
+    QTest::keyClicks(&window.title(), QStringLiteral("s"));
+    QCOMPARE(window.text("SELECT r_name FROM recipe_1"), QStringLiteral("Pie"));
+    window.trigger(QStringLiteral("mnu_view_sort_alpha_r"));
+    QCOMPARE(window.text("SELECT r_name FROM recipe_1"), QStringLiteral("Pies"));
+    QCOMPARE(names_in(window.tree().invisibleRootItem()), QStringList(QStringLiteral("Pies")));
+    QCOMPARE(TreeView::key(window.tree().selected()), rcp(pie));
+}
+
 void tst_recipe_tree::a_recipe_of_an_unknown_or_one_digit_category_is_not_lost()
 {
     RecipeWindow window;
@@ -156,6 +206,25 @@ void tst_recipe_tree::a_recipe_of_an_unknown_or_one_digit_category_is_not_lost()
     QCOMPARE(names_in(window.tree().node(QStringLiteral("rcat15"))),
              QStringList({QStringLiteral("Alien"), QStringLiteral("Blank"), QStringLiteral("Curry")}));
     QCOMPARE(window.tree().node(QStringLiteral("rcat04"))->childCount(), 0);
+}
+
+void tst_recipe_tree::a_key_in_use_is_error_35602_and_leaves_no_node()
+{
+    RecipeWindow window;
+    window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.load();
+    // Keys beyond four digits have no text of their own for the key of a node.
+    Query(window.db(), "INSERT INTO recipe_1 (key_id, r_name, cat) VALUES (10000, 'Far', '13')").run();
+    window.main().recipe_tree().recip_load(false);
+    QVERIFY(window.tree().node(QStringLiteral("rcp")));
+    Query(window.db(), "INSERT INTO recipe_1 (key_id, r_name, cat) VALUES (10001, 'Farther', '13')").run();
+    for (const bool alpha : {true, false}) {
+        QCOMPARE(error_number([&] { window.main().recipe_tree().recip_load(alpha); }),
+                 int(runtime_error::key_not_unique));
+        QCOMPARE(window.tree().topLevelItemCount(), 0);
+        QVERIFY(!window.tree().node(QStringLiteral("rcp")));
+        QVERIFY(!window.tree().node(rcp(1)));
+    }
 }
 
 void tst_recipe_tree::a_click_on_a_recipe_shows_its_page()
@@ -220,12 +289,15 @@ void tst_recipe_tree::closing_all_folders_stores_nothing()
     window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
     window.add_recipe(QStringLiteral("Broth"), QStringLiteral("11"));
     window.load();
+    const QStringList before = table_dump(window.db());
     window.tree().expandAll();
-    window.main().recipe_tree().close_folders();
+    QVERIFY(window.tree().topLevelItem(12)->isExpanded());
+    window.trigger(QStringLiteral("mnu_view_cntrct_all"));
     for (int i = 0; i < 15; ++i) {
         QVERIFY(!window.tree().topLevelItem(i)->isExpanded());
         QCOMPARE(TreeView::picture(window.tree().topLevelItem(i)), 3);
     }
+    QCOMPARE(table_dump(window.db()), before);
 }
 
 void tst_recipe_tree::arrow_keys_do_not_change_the_page()
@@ -270,317 +342,16 @@ void tst_recipe_tree::delete_key_on_a_category_is_refused()
     window.load();
     window.click_node(QStringLiteral("rcat13"));
     MessageScript script;
-    script.expect(QStringLiteral("Info"), QStringLiteral("Cannot delete recipe categories"));
+    script.expect(QStringLiteral("Info"), QStringLiteral("Cannot delete recipe categories"), Answer::ok,
+                  [](QDialog& dialog) {
+                      const auto& box = static_cast<QMessageBox&>(dialog);
+                      QCOMPARE(box.icon(), QMessageBox::Information);
+                      QCOMPARE(box.standardButtons(), QMessageBox::StandardButtons(QMessageBox::Ok));
+                  });
     QTest::keyClick(&window.tree(), Qt::Key_Delete);
     QCOMPARE(script.left(), 0);
     QCOMPARE(window.number("SELECT count(*) FROM recipe_1"), 1);
     QCOMPARE(window.tree().topLevelItemCount(), 15);
-}
-
-void tst_recipe_tree::deleting_asks_and_no_keeps_the_recipe()
-{
-    RecipeWindow window;
-    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.click_node(rcp(pie));
-    MessageScript script;
-    script.expect(QStringLiteral("Warning"), question(QStringLiteral("Pie")), Answer::no);
-    QTest::keyClick(&window.tree(), Qt::Key_Delete);
-    QCOMPARE(script.left(), 0);
-    QCOMPARE(window.number("SELECT count(*) FROM recipe_1"), 1);
-    QCOMPARE(window.title().text(), QStringLiteral("Pie"));
-}
-
-void tst_recipe_tree::deleting_takes_the_lines_along()
-{
-    RecipeWindow window;
-    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    const Key cake = window.add_recipe(QStringLiteral("Cake"), QStringLiteral("13"));
-    window.add_line(pie, QStringLiteral("Flour"));
-    window.add_line(pie, QStringLiteral("Eggs"));
-    window.add_line(cake, QStringLiteral("Sugar"));
-    window.load();
-    window.click_node(rcp(pie));
-    MessageScript script;
-    script.expect(QStringLiteral("Warning"), question(QStringLiteral("Pie")), Answer::yes);
-    window.trigger(QStringLiteral("mnu_tv_r_del"));
-    QCOMPARE(script.left(), 0);
-    QCOMPARE(window.text("SELECT group_concat(r_name) FROM recipe_1"), QStringLiteral("Cake"));
-    QCOMPARE(window.text("SELECT group_concat(item) FROM recipe_2"), QStringLiteral("Sugar"));
-    QCOMPARE(window.title().text(), QStringLiteral("Cake"));
-    QCOMPARE(window.main().shared.cur_recipe, cake);
-    QVERIFY(!window.main().recipe_tree().recipe_node(pie));
-}
-
-void tst_recipe_tree::deleting_the_only_recipe_selects_its_category()
-{
-    RecipeWindow window;
-    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.add_recipe(QStringLiteral("Broth"), QStringLiteral("11"));
-    window.load();
-    window.click_node(rcp(pie));
-    MessageScript script;
-    script.expect(QStringLiteral("Warning"), question(QStringLiteral("Pie")), Answer::yes);
-    QTest::keyClick(&window.tree(), Qt::Key_Delete);
-    QCOMPARE(TreeView::key(window.tree().selected()), QStringLiteral("rcat13"));
-    QCOMPARE(TreeView::picture(window.tree().selected()), 3);
-    QCOMPARE(window.tree().topLevelItemCount(), 15);
-    QVERIFY(!window.title().isVisible());
-    QVERIFY(!window.Text1().isVisible());
-    QVERIFY(!window.page().has_recipe());
-    QCOMPARE(window.pref(QStringLiteral("arcp")), QStringLiteral("-1"));
-}
-
-void tst_recipe_tree::deleting_the_first_child_selects_the_next_any_other_the_one_before()
-{
-    RecipeWindow window;
-    const Key a = window.add_recipe(QStringLiteral("A"), QStringLiteral("13"));
-    const Key b = window.add_recipe(QStringLiteral("B"), QStringLiteral("13"));
-    const Key c = window.add_recipe(QStringLiteral("C"), QStringLiteral("13"));
-    window.load();
-    window.click_node(rcp(a));
-    {
-        MessageScript script;
-        script.expect(QStringLiteral("Warning"), question(QStringLiteral("A")), Answer::yes);
-        QTest::keyClick(&window.tree(), Qt::Key_Delete);
-    }
-    QCOMPARE(TreeView::key(window.tree().selected()), rcp(b));
-    QCOMPARE(window.title().text(), QStringLiteral("B"));
-    window.click_node(rcp(c));
-    MessageScript script;
-    script.expect(QStringLiteral("Warning"), question(QStringLiteral("C")), Answer::yes);
-    QTest::keyClick(&window.tree(), Qt::Key_Delete);
-    QCOMPARE(TreeView::key(window.tree().selected()), rcp(b));
-    QCOMPARE(window.main().shared.cur_recipe, b);
-}
-
-void tst_recipe_tree::deleting_the_last_recipe_of_the_flat_view_leaves_no_recipe()
-{
-    RecipeWindow window;
-    window.set_pref(QStringLiteral("sort_r"), QStringLiteral("alpha"));
-    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.click_node(rcp(pie));
-    MessageScript script;
-    script.expect(QStringLiteral("Warning"), question(QStringLiteral("Pie")), Answer::yes);
-    QTest::keyClick(&window.tree(), Qt::Key_Delete);
-    QCOMPARE(window.tree().topLevelItemCount(), 0);
-    QVERIFY(!window.title().isVisible());
-}
-
-void tst_recipe_tree::moving_puts_the_recipe_in_its_place_and_closes_an_empty_folder()
-{
-    RecipeWindow window;
-    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.add_recipe(QStringLiteral("Apple bake"), QStringLiteral("14"));
-    window.add_recipe(QStringLiteral("Toast"), QStringLiteral("14"));
-    window.load();
-    window.click_node(rcp(pie));
-    window.main().shared.tree_drag = true;
-    window.main().recipe_tree().mv_rcp(QStringLiteral("14"), pie);
-    QCOMPARE(window.text("SELECT cat FROM recipe_1 WHERE r_name = 'Pie'"), QStringLiteral("14"));
-    QCOMPARE(names_in(window.tree().node(QStringLiteral("rcat14"))),
-             QStringList({QStringLiteral("Apple bake"), QStringLiteral("Pie"), QStringLiteral("Toast")}));
-    QCOMPARE(TreeView::picture(window.tree().node(QStringLiteral("rcat13"))), 3);
-    QCOMPARE(TreeView::key(window.tree().selected()), rcp(pie));
-    QVERIFY(window.tree().node(QStringLiteral("rcat14"))->isExpanded());
-    QVERIFY(!window.main().shared.tree_drag);
-}
-
-void tst_recipe_tree::moving_to_the_same_category_does_not_reload_the_page()
-{
-    RecipeWindow window;
-    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.click_node(rcp(pie));
-    Query(window.db(), "UPDATE recipe_1 SET r_name = 'Changed outside'").run();
-    window.main().recipe_tree().mv_rcp(QStringLiteral("13"), pie);
-    QCOMPARE(window.title().text(), QStringLiteral("Pie"));
-    QCOMPARE(window.main().recipe_tree().recipe_node(pie)->text(0), QStringLiteral("Pie"));
-}
-
-void tst_recipe_tree::a_stored_one_digit_category_is_accepted_by_a_move()
-{
-    RecipeWindow window;
-    const Key curry = window.add_recipe(QStringLiteral("Curry"), QStringLiteral("4"));
-    window.load();
-    window.main().recipe_tree().mv_rcp(QStringLiteral("04"), curry);
-    QCOMPARE(window.text("SELECT cat FROM recipe_1"), QStringLiteral("4"));
-    window.main().recipe_tree().mv_rcp(QStringLiteral("06"), curry);
-    QCOMPARE(window.text("SELECT cat FROM recipe_1"), QStringLiteral("06"));
-    QCOMPARE(names_in(window.tree().node(QStringLiteral("rcat06"))), QStringList(QStringLiteral("Curry")));
-    QCOMPARE(window.tree().node(QStringLiteral("rcat15"))->childCount(), 0);
-}
-
-void tst_recipe_tree::moving_to_no_category_is_an_error_and_changes_nothing()
-{
-    RecipeWindow window;
-    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    QCOMPARE(error_number([&] { window.main().recipe_tree().mv_rcp(QStringLiteral("16"), pie); }),
-             int(runtime_error::element_not_found));
-    QCOMPARE(window.text("SELECT cat FROM recipe_1"), QStringLiteral("13"));
-    QVERIFY(window.main().recipe_tree().recipe_node(pie));
-}
-
-void tst_recipe_tree::moving_a_vanished_recipe_changes_nothing()
-{
-    RecipeWindow window;
-    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.click_node(rcp(pie));
-    Query(window.db(), "DELETE FROM recipe_1").run();
-    window.main().recipe_tree().mv_rcp(QStringLiteral("14"), pie);
-    QCOMPARE(window.tree().node(QStringLiteral("rcat14"))->childCount(), 0);
-    QVERIFY(!window.page().has_recipe());
-}
-
-void tst_recipe_tree::the_move_dialog_offers_every_category_but_its_own()
-{
-    RecipeWindow window;
-    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.click_node(rcp(pie));
-    MessageScript script;
-    script.drive([](QDialog& dialog) {
-        QCOMPARE(dialog.objectName(), QStringLiteral("move_item"));
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("Move Pie"));
-        QCOMPARE(part<QLabel>(dialog, "Label1").text(), QStringLiteral("Move Pie from desserts category to:"));
-        auto& combo = part<QComboBox>(dialog, "Combo1");
-        QCOMPARE(combo.count(), 14);
-        QCOMPARE(combo.findText(QStringLiteral("desserts")), -1);
-        QVERIFY(!part<QPushButton>(dialog, "Command1(0)").isEnabled());
-        combo.setCurrentIndex(combo.findText(QStringLiteral("soups")));
-        QVERIFY(part<QPushButton>(dialog, "Command1(0)").isEnabled());
-        QTest::mouseClick(&part<QPushButton>(dialog, "Command1(0)"), Qt::LeftButton);
-    });
-    window.trigger(QStringLiteral("mnu_tv_r_move"));
-    QCOMPARE(script.left(), 0);
-    QCOMPARE(window.text("SELECT cat FROM recipe_1"), QStringLiteral("11"));
-}
-
-void tst_recipe_tree::the_move_dialog_of_an_item_has_other_on_top()
-{
-    RecipeWindow window;
-    window.set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
-    const Key fruit = window.add_category(QStringLiteral("Fruit"));
-    window.add_category(QStringLiteral("Bakery"));
-    const Key plums = window.add_item(QStringLiteral("Plums"), fruit);
-    window.load();
-    TreeView& stock = window.main().stock_tree().view();
-    stock.select(window.main().stock_tree().item_node(plums));
-    MessageScript script;
-    script.drive([](QDialog& dialog) {
-        auto& combo = part<QComboBox>(dialog, "Combo1");
-        QCOMPARE(part<QLabel>(dialog, "Label1").text(), QStringLiteral("Move Plums from Fruit category to:"));
-        QCOMPARE(combo.count(), 2);
-        QCOMPARE(combo.itemText(0), QStringLiteral("OTHER"));
-        QCOMPARE(combo.itemText(1), QStringLiteral("Bakery"));
-        QTest::mouseClick(&part<QPushButton>(dialog, "Command1(1)"), Qt::LeftButton);
-    });
-    show_move_item(window.main(), true);
-    QCOMPARE(script.left(), 0);
-    QCOMPARE(window.number("SELECT cat FROM items_1"), int{fruit});
-    stock.select(window.main().stock_tree().category_node(fruit));
-    show_move_item(window.main(), true);
-}
-
-void tst_recipe_tree::the_naming_dialog_makes_a_recipe_in_the_chosen_category()
-{
-    RecipeWindow window;
-    window.set_pref(QStringLiteral("lv_view"), QStringLiteral("1"));
-    window.add_recipe(QStringLiteral("Pie"), QStringLiteral("09"));
-    window.load();
-    window.click_node(QStringLiteral("rcat09"));
-    MessageScript script;
-    script.drive([](QDialog& dialog) {
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("New recipe"));
-        QCOMPARE(part<QComboBox>(dialog, "Combo1").currentIndex(), 8);
-        QTest::keyClicks(&part<QLineEdit>(dialog, "Text1"), QStringLiteral(" Beans "));
-        QTest::mouseClick(&part<QPushButton>(dialog, "Command1(0)"), Qt::LeftButton);
-    });
-    window.trigger(QStringLiteral("mnu_tv_r_new"));
-    QCOMPARE(script.left(), 0);
-    QCOMPARE(window.text("SELECT r_name || cat FROM recipe_1 WHERE key_id = 2"), QStringLiteral("Beans09"));
-    QCOMPARE(window.text("SELECT r_body FROM recipe_1 WHERE key_id = 2"), help_text());
-    QCOMPARE(names_in(window.tree().node(QStringLiteral("rcat09"))),
-             QStringList({QStringLiteral("Beans"), QStringLiteral("Pie")}));
-    QVERIFY(window.tree().node(QStringLiteral("rcat09"))->isExpanded());
-    QCOMPARE(TreeView::key(window.tree().selected()), rcp(2));
-    QCOMPARE(window.main().shared.cur_recipe, Key{2});
-    QCOMPARE(window.title().text(), QStringLiteral("Beans"));
-    QVERIFY(window.title().isVisible());
-    QVERIFY(window.tree().isVisible());
-    QCOMPARE(window.Text1().border_style(), 1);
-}
-
-void tst_recipe_tree::ok_stays_disabled_while_the_box_holds_only_blanks()
-{
-    RecipeWindow window;
-    window.load();
-    MessageScript script;
-    script.drive([](QDialog& dialog) {
-        QTest::keyClicks(&part<QLineEdit>(dialog, "Text1"), QStringLiteral("   "));
-        QVERIFY(!part<QPushButton>(dialog, "Command1(0)").isEnabled());
-        QTest::keyClicks(&part<QLineEdit>(dialog, "Text1"), QStringLiteral("x"));
-        QVERIFY(part<QPushButton>(dialog, "Command1(0)").isEnabled());
-        QTest::mouseClick(&part<QPushButton>(dialog, "Command1(1)"), Qt::LeftButton);
-    });
-    window.trigger(QStringLiteral("mnu_recipe_new"));
-    QCOMPARE(script.left(), 0);
-    QCOMPARE(window.number("SELECT count(*) FROM recipe_1"), 0);
-}
-
-void tst_recipe_tree::a_new_recipe_falls_into_its_place_in_the_flat_view()
-{
-    RecipeWindow window;
-    window.set_pref(QStringLiteral("sort_r"), QStringLiteral("alpha"));
-    window.add_recipe(QStringLiteral("Apple pie"), QStringLiteral("13"));
-    window.add_recipe(QStringLiteral("Toast"), QStringLiteral("12"));
-    window.load();
-    MessageScript script;
-    script.drive([](QDialog& dialog) {
-        QCOMPARE(part<QComboBox>(dialog, "Combo1").currentIndex(), 0);
-        part<QComboBox>(dialog, "Combo1").setCurrentIndex(14);
-        QTest::keyClicks(&part<QLineEdit>(dialog, "Text1"), QStringLiteral("Beans"));
-        QTest::keyClick(&dialog, Qt::Key_Return);
-    });
-    window.trigger(QStringLiteral("mnu_recipe_new"));
-    QCOMPARE(names_in(window.tree().invisibleRootItem()),
-             QStringList({QStringLiteral("Apple pie"), QStringLiteral("Beans"), QStringLiteral("Toast")}));
-    QCOMPARE(window.text("SELECT cat FROM recipe_1 WHERE r_name = 'Beans'"), QStringLiteral("15"));
-}
-
-void tst_recipe_tree::a_new_name_loses_its_apostrophes()
-{
-    RecipeWindow window;
-    window.load();
-    MessageScript script;
-    script.drive([](QDialog& dialog) {
-        auto& name = part<QLineEdit>(dialog, "Text1");
-        QTest::keyClicks(&name, QStringLiteral("'"));
-        QTest::mouseClick(&part<QPushButton>(dialog, "Command1(0)"), Qt::LeftButton);
-        QVERIFY(dialog.isVisible());
-        QTest::keyClicks(&name, QStringLiteral("Gran's 'best' pie"));
-        QTest::mouseClick(&part<QPushButton>(dialog, "Command1(0)"), Qt::LeftButton);
-    });
-    window.trigger(QStringLiteral("mnu_recipe_new"));
-    QCOMPARE(window.text("SELECT r_name FROM recipe_1"), QStringLiteral("Grans best pie"));
-}
-
-void tst_recipe_tree::names_may_repeat()
-{
-    RecipeWindow window;
-    window.add_recipe(QStringLiteral("Pie"), QStringLiteral("01"));
-    window.load();
-    MessageScript script;
-    script.drive([](QDialog& dialog) {
-        QTest::keyClicks(&part<QLineEdit>(dialog, "Text1"), QStringLiteral("Pie"));
-        QTest::mouseClick(&part<QPushButton>(dialog, "Command1(0)"), Qt::LeftButton);
-    });
-    window.trigger(QStringLiteral("mnu_recipe_new"));
-    QCOMPARE(names_in(window.tree().node(QStringLiteral("rcat01"))),
-             QStringList({QStringLiteral("Pie"), QStringLiteral("Pie")}));
 }
 
 QTEST_MAIN(tst_recipe_tree)
