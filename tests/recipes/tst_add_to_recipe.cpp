@@ -1,0 +1,152 @@
+#include "recipes/line_fixture.h"
+
+#include "stock/status.h"
+
+#include <QDialog>
+#include <QToolButton>
+
+using namespace tarnwick;
+
+namespace {
+
+/// The stock tree by name beside the page of a recipe.
+class StockBesidePage : public LineWindow {
+public:
+    StockBesidePage()
+    {
+        set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
+        set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
+    }
+
+    void select_item(Key item)
+    {
+        TreeView& stock = main().stock_tree().view();
+        QTreeWidgetItem* node = stock.node(QStringLiteral("item") + key_str(item));
+        QVERIFY(node);
+        stock.ensure_visible(node);
+        QTest::mouseClick(stock.viewport(), Qt::LeftButton, {}, stock.text_rect(node).center());
+        QCOMPARE(main().shared.item_in_work, item);
+    }
+
+    void click_add_button()
+    {
+        auto* add = find<QToolButton>(QStringLiteral("flt_btn(1)"));
+        QVERIFY(add->isVisible());
+        QTest::mouseClick(add, Qt::LeftButton);
+    }
+};
+
+const QString again_title = QStringLiteral("Item already on recipe");
+
+QString again_text(const QString& name)
+{
+    return name + QStringLiteral(" already appears on this recipe\nWould you like to add it again?");
+}
+
+} // namespace
+
+class tst_add_to_recipe : public QObject {
+    Q_OBJECT
+private slots:
+    void the_item_that_is_named_is_added_after_another_one_was_worked_on_data();
+    void the_item_that_is_named_is_added_after_another_one_was_worked_on();
+    void the_item_that_is_named_is_added_after_the_item_editor_was_cancelled_data();
+    void the_item_that_is_named_is_added_after_the_item_editor_was_cancelled();
+    void the_menu_adds_the_item_that_the_arrow_keys_went_to();
+};
+
+namespace {
+
+void add_the_ways()
+{
+    QTest::addColumn<bool>("by_menu");
+    QTest::newRow("floating button") << false;
+    QTest::newRow("menu") << true;
+}
+
+void add_milk(StockBesidePage& w, bool by_menu)
+{
+    MessageScript no_question;
+    if (by_menu)
+        w.trigger(QStringLiteral("mnu_tv_air"));
+    else
+        w.click_add_button();
+    QVERIFY(w.editor().is_open());
+    QCOMPARE(w.focused_after_message(), &w.qty());
+    QCOMPARE(w.item().text(), QStringLiteral("Milk"));
+    w.click_text();
+    QVERIFY(!w.editor().is_open());
+}
+
+} // namespace
+
+void tst_add_to_recipe::the_item_that_is_named_is_added_after_another_one_was_worked_on_data()
+{
+    add_the_ways();
+}
+
+void tst_add_to_recipe::the_item_that_is_named_is_added_after_another_one_was_worked_on()
+{
+    QFETCH(bool, by_menu);
+    StockBesidePage w;
+    const Key oil = w.add_item(QStringLiteral("Oil"), 0);
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.add_row(oil, w.add_list(QStringLiteral("Shop")), false);
+    w.add_line(w.recipe, QStringLiteral("Oil"), oil);
+    w.open();
+    w.select_item(milk);
+    QTest::mouseClick(w.line(0).Check1, Qt::LeftButton);
+    QCOMPARE(w.main().shared.item_in_work, oil);
+    add_milk(w, by_menu);
+    QCOMPARE(w.text("SELECT item || '|' || item_ref FROM recipe_2 ORDER BY key_id DESC"),
+             QStringLiteral("Milk|%1").arg(milk));
+    QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), 2);
+}
+
+void tst_add_to_recipe::the_item_that_is_named_is_added_after_the_item_editor_was_cancelled_data()
+{
+    add_the_ways();
+}
+
+void tst_add_to_recipe::the_item_that_is_named_is_added_after_the_item_editor_was_cancelled()
+{
+    QFETCH(bool, by_menu);
+    StockBesidePage w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.open();
+    w.select_item(milk);
+    {
+        MessageScript script;
+        script.drive([](QDialog& dialog) { dialog.reject(); });
+        w.trigger(QStringLiteral("mnu_edit_add_stck"));
+    }
+    QCOMPARE(w.main().shared.item_in_work, Key(-1));
+    add_milk(w, by_menu);
+    QCOMPARE(w.text("SELECT item || '|' || item_ref FROM recipe_2"), QStringLiteral("Milk|%1").arg(milk));
+}
+
+void tst_add_to_recipe::the_menu_adds_the_item_that_the_arrow_keys_went_to()
+{
+    StockBesidePage w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    const Key oil = w.add_item(QStringLiteral("Oil"), 0);
+    w.add_line(w.recipe, QStringLiteral("Oil"), oil);
+    w.open();
+    w.select_item(milk);
+    TreeView& stock = w.main().stock_tree().view();
+    QTest::keyClick(&stock, Qt::Key_Down);
+    QCOMPARE(TreeView::key(stock.selected()), QStringLiteral("item") + key_str(oil));
+    {
+        MessageScript script;
+        script.expect(again_title, again_text(QStringLiteral("Oil")), Answer::yes);
+        w.trigger(QStringLiteral("mnu_tv_air"));
+    }
+    QCOMPARE(w.focused_after_message(), &w.qty());
+    QCOMPARE(w.item().text(), QStringLiteral("Oil"));
+    w.click_text();
+    QCOMPARE(w.number("SELECT count(*) FROM recipe_2 WHERE item_ref > 0"), 2);
+    QCOMPARE(w.number("SELECT count(DISTINCT item_ref) FROM recipe_2"), 1);
+}
+
+QTEST_MAIN(tst_add_to_recipe)
+#include "tst_add_to_recipe.moc"
