@@ -315,7 +315,8 @@ void LineEditor::box_changed(int box)
     }
     std::vector<StockName> names = stock_names(name);
     ingredients_->link_by_name(stock_item_among(main_.connection(), names, name));
-    show_names(std::move(names));
+    if (name != tag_of(item_box))
+        show_names(std::move(names));
 }
 
 void LineEditor::fill_list(int box)
@@ -409,15 +410,28 @@ bool LineEditor::pick_key_handler(int box, int key)
         end_edit();
         return true;
     }
-    const QString name = field(IngredientField::item).toUpper();
-    const QString first = list_->text(0).toUpper();
-    if (!name.isEmpty() && (name == first || name == first + u'S' || first == name + u'S')) {
-        ListIngred_select(0);
+    const QString name = field(IngredientField::item);
+    if (const int meant = name == tag_of(item_box) ? -1 : row_meant(name); meant >= 0) {
+        ListIngred_select(meant);
     } else {
         list_->hide();
         go_to(comment_box);
     }
     return true;
+}
+
+// The row of a typed name: its own, else the first row when that is its singular or plural; -1 none.
+int LineEditor::row_meant(const QString& name) const
+{
+    const QString typed = name.toUpper();
+    if (typed.isEmpty())
+        return -1;
+    for (int row = 0; row < list_->count(); ++row) {
+        if (list_->text(row).toUpper() == typed)
+            return row;
+    }
+    const QString first = list_->text(0).toUpper();
+    return typed == first + u'S' || first == typed + u'S' ? 0 : -1;
 }
 
 void LineEditor::picked(int row)
@@ -449,9 +463,15 @@ void LineEditor::ListIngred_select(int row)
     Connection& connection = main_.connection();
     LineWork& work = ingredients_->work;
     IngredientLine& line = page_.lines()[static_cast<size_t>(index_)];
-    main_.shared.item_in_work = item;
     const QString typed = field(IngredientField::item);
     QString name = trim(list_->text(row));
+    if (name == typed) {
+        ing_flt_updt(item_box);
+        go_to(comment_box);
+        list_->hide();
+        return;
+    }
+    main_.shared.item_in_work = item;
     if (name.toUpper() + u'S' == typed.toUpper())
         name += typed.back();
     work.item_changed = work.item_changed || name != tag_of(item_box);
