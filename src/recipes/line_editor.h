@@ -103,7 +103,7 @@ private:
     void name_left(const QString& name);
     void new_name_left(Key item);
     QString tag_of(int box) const;
-    void list_left();
+    void list_left(Qt::FocusReason reason);
     void lf_validate(const QWidget* active);
     void lf_finish();
     void ask_for_name();

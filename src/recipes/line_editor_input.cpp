@@ -122,12 +122,12 @@ bool LineEditor::focus_left(int box, Qt::FocusReason reason)
     return came_back || !may_go;
 }
 
-void LineEditor::list_left()
+void LineEditor::list_left(Qt::FocusReason reason)
 {
     if (!open_ || busy_ || is_part(QApplication::focusWidget()))
         return;
     list_->hide();
-    leave();
+    focus_left(-1, reason);
 }
 
 void LineEditor::leave()

@@ -1,0 +1,176 @@
+#include "recipes/line_fixture.h"
+
+#include "stock/status.h"
+
+using namespace tarnwick;
+
+namespace {
+
+const QString missing_title = QStringLiteral("Ingredient name missing");
+const QString missing_text = QStringLiteral("Please provide a name for your ingredient");
+const QString missing_new = QStringLiteral("Please provide a name for your ingredient\n"
+                                           "(or hit CANCEL to cancel adding ingredient)");
+const QColor grey(164, 164, 164);
+
+/// Gives the keyboard to the pick list under the quantity box, as Down there does.
+void go_into_the_list(LineWindow& w)
+{
+    QTest::mouseClick(&w.qty(), Qt::LeftButton);
+    QVERIFY(w.list().isVisible());
+    QTest::keyClick(&w.qty(), Qt::Key_Down);
+    QVERIFY(w.list().hasFocus());
+}
+
+void clear_the_name(LineWindow& w)
+{
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.item().selectAll();
+    QTest::keyClick(&w.item(), Qt::Key_Delete);
+}
+
+/// A stock item's node in the tree beside the page.
+class StockBesidePage : public LineWindow {
+public:
+    StockBesidePage()
+        : milk(add_item(QStringLiteral("Milk"), 0))
+    {
+        set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
+        set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
+    }
+
+    void click_milk()
+    {
+        TreeView& stock = main().stock_tree().view();
+        QTreeWidgetItem* node = stock.node(QStringLiteral("item") + key_str(milk));
+        QVERIFY(node);
+        QTest::mouseClick(stock.viewport(), Qt::LeftButton, {}, stock.text_rect(node).center());
+    }
+
+    Key milk;
+};
+
+} // namespace
+
+class tst_line_editor_focus : public QObject {
+    Q_OBJECT
+private slots:
+    void a_press_on_the_tree_from_the_list_only_finishes_the_edit();
+    void a_press_on_the_tree_from_the_list_asks_for_a_missing_name_once();
+    void a_refused_press_on_another_line_from_the_list_goes_nowhere();
+    void a_refused_press_on_the_instructions_from_the_list_keeps_the_help_text();
+    void a_press_on_another_line_from_the_list_closes_and_opens_there();
+    void leaving_the_list_writes_the_box_it_belongs_to();
+};
+
+void tst_line_editor_focus::a_press_on_the_tree_from_the_list_only_finishes_the_edit()
+{
+    StockBesidePage w;
+    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    QTest::keyClicks(&w.qty(), QStringLiteral("8"));
+    go_into_the_list(w);
+    w.click_milk();
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.stored(key, "qty"), QStringLiteral("8"));
+    QCOMPARE(w.ingred(0), QStringLiteral("8 Salt"));
+    QVERIFY(!w.control(QStringLiteral("flt_btn(1)")).isVisible());
+    w.click_milk();
+    QVERIFY(w.control(QStringLiteral("flt_btn(1)")).isVisible());
+}
+
+void tst_line_editor_focus::a_press_on_the_tree_from_the_list_asks_for_a_missing_name_once()
+{
+    StockBesidePage w;
+    w.open();
+    w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
+    go_into_the_list(w);
+    {
+        MessageScript script;
+        script.expect(missing_title, missing_new, Answer::ok);
+        w.click_milk();
+        QCoreApplication::processEvents();
+    }
+    QVERIFY(w.editor().is_open());
+    QVERIFY(!w.list().isVisible());
+    QVERIFY(!w.control(QStringLiteral("flt_btn(1)")).isVisible());
+    QCOMPARE(w.focused_after_message(), &w.item());
+}
+
+void tst_line_editor_focus::a_refused_press_on_another_line_from_the_list_goes_nowhere()
+{
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.add_line(w.recipe, QStringLiteral("Oil"));
+    w.open();
+    w.open_line(1);
+    clear_the_name(w);
+    go_into_the_list(w);
+    {
+        MessageScript script;
+        script.expect(missing_title, missing_text);
+        QTest::mousePress(w.line(0).ingred, Qt::LeftButton, {}, QPoint(5, 5)); // the message takes the release
+    }
+    QVERIFY(w.editor().is_open());
+    QCOMPARE(w.editor().index(), 1);
+    QVERIFY(!w.page().ingredients().work.lines_greyed);
+    QCOMPARE(w.focused_after_message(), &w.item());
+    QCOMPARE(w.line(0).ingred->text_color(), grey);
+    w.click_line(0);
+    QCOMPARE(w.editor().index(), 0);
+}
+
+void tst_line_editor_focus::a_refused_press_on_the_instructions_from_the_list_keeps_the_help_text()
+{
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    Query(w.db(), "UPDATE recipe_1 SET r_body = ?", help_text()).run();
+    w.open();
+    QVERIFY(w.Text1().is_help_text());
+    w.open_line(0);
+    clear_the_name(w);
+    go_into_the_list(w);
+    {
+        MessageScript script;
+        script.expect(missing_title, missing_text);
+        w.click_text();
+    }
+    QVERIFY(w.editor().is_open());
+    QCOMPARE(w.focused_after_message(), &w.item());
+    QVERIFY(w.Text1().is_help_text());
+}
+
+void tst_line_editor_focus::a_press_on_another_line_from_the_list_closes_and_opens_there()
+{
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.add_line(w.recipe, QStringLiteral("Oil"));
+    w.open();
+    w.open_line(0);
+    QTest::keyClicks(&w.qty(), QStringLiteral("6"));
+    go_into_the_list(w);
+    w.open_line(1);
+    QCOMPARE(w.ingred(0), QStringLiteral("6 Salt"));
+    QCOMPARE(w.item().text(), QStringLiteral("Oil"));
+}
+
+void tst_line_editor_focus::leaving_the_list_writes_the_box_it_belongs_to()
+{
+    LineWindow w;
+    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    QTest::keyClicks(&w.qty(), QStringLiteral("6"));
+    go_into_the_list(w);
+    QCOMPARE(w.stored(key, "qty"), QStringLiteral(" "));
+    QTest::mousePress(&w.button("imgedit"), Qt::LeftButton);
+    QVERIFY(w.button("imgedit").hasFocus());
+    QTest::mouseRelease(&w.button("imgedit"), Qt::LeftButton, {}, QPoint(-50, -50));
+    QVERIFY(w.editor().is_open());
+    w.click_text();
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.stored(key, "qty"), QStringLiteral("6"));
+}
+
+QTEST_MAIN(tst_line_editor_focus)
+#include "tst_line_editor_focus.moc"
