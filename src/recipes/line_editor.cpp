@@ -373,6 +373,8 @@ void LineEditor::place_list()
     const QRect viewport = page_.frame4().geometry();
     const QRect box(edit.mapTo(list_->parentWidget(), QPoint(0, 0)), edit.size());
     if (!viewport.contains(box.center()) || list_->count() == 0) {
+        if (list_->hasFocus())
+            go_to(last_box_);
         list_->hide();
         return;
     }

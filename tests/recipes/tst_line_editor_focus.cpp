@@ -60,6 +60,8 @@ private slots:
     void a_refused_press_on_the_instructions_from_the_list_keeps_the_help_text();
     void a_press_on_another_line_from_the_list_closes_and_opens_there();
     void leaving_the_list_writes_the_box_it_belongs_to();
+    void the_open_list_stays_at_its_box_while_the_page_scrolls();
+    void a_list_that_scrolls_out_of_view_gives_the_keyboard_back();
 };
 
 void tst_line_editor_focus::a_press_on_the_tree_from_the_list_only_finishes_the_edit()
@@ -170,6 +172,54 @@ void tst_line_editor_focus::leaving_the_list_writes_the_box_it_belongs_to()
     w.click_text();
     QVERIFY(!w.editor().is_open());
     QCOMPARE(w.stored(key, "qty"), QStringLiteral("6"));
+}
+
+namespace {
+
+/// A page so long that it scrolls by one row at a step of its bar.
+void open_long_page(LineWindow& w)
+{
+    w.add_lines(w.recipe, 40);
+    w.open({1000, 500});
+    QVERIFY(w.page().scroll_bar().isVisible());
+}
+
+bool stands_at_its_box(LineWindow& w, const QLineEdit& box)
+{
+    const QRect list = w.list().geometry();
+    const QRect around(box.mapTo(w.list().parentWidget(), QPoint(0, 0)), box.size());
+    return list.top() == around.bottom() + 1 || list.bottom() + 1 == around.top();
+}
+
+} // namespace
+
+void tst_line_editor_focus::the_open_list_stays_at_its_box_while_the_page_scrolls()
+{
+    LineWindow w;
+    open_long_page(w);
+    w.open_line(5);
+    QVERIFY(w.list().isVisible());
+    QVERIFY(stands_at_its_box(w, w.qty()));
+    const int y = w.list().y();
+    w.page().scroll_bar().setValue(w.page().scroll_bar().value() + 10);
+    QVERIFY(w.list().isVisible());
+    QVERIFY(w.list().y() != y);
+    QVERIFY(stands_at_its_box(w, w.qty()));
+}
+
+void tst_line_editor_focus::a_list_that_scrolls_out_of_view_gives_the_keyboard_back()
+{
+    LineWindow w;
+    open_long_page(w);
+    w.open_line(0);
+    go_into_the_list(w);
+    w.page().scroll_bar().setValue(100);
+    QVERIFY(!w.list().isVisible());
+    QVERIFY(w.editor().is_open());
+    QVERIFY(w.qty().hasFocus());
+    QTest::keyClicks(&w.qty(), QStringLiteral("3"));
+    w.page().scroll_bar().setValue(0);
+    QCOMPARE(w.qty().text(), QStringLiteral("3"));
 }
 
 QTEST_MAIN(tst_line_editor_focus)
