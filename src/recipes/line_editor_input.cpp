@@ -66,7 +66,9 @@ bool LineEditor::eventFilter(QObject* watched, QEvent* event)
         return false;
     switch (event->type()) {
     case QEvent::FocusIn:
-        if (box >= 0 && (leaves_control(static_cast<QFocusEvent*>(event)->reason()) || is_placeholder(box)))
+        if (box >= 0
+            && (leaves_control(static_cast<QFocusEvent*>(event)->reason()) || box != last_box_
+                || is_placeholder(box)))
             box_entered(box);
         return false;
     case QEvent::FocusOut: {
@@ -357,10 +359,12 @@ void LineEditor::show_names(std::vector<StockName> names)
 void LineEditor::go_to(int box)
 {
     QLineEdit& edit = *boxes_[static_cast<size_t>(box)].edit;
-    if (edit.hasFocus())
-        box_entered(box);
-    else
+    const bool had_focus = edit.hasFocus();
+    if (!had_focus)
         edit.setFocus(Qt::OtherFocusReason);
+    // While a message still holds the keyboard the box gets it later, with the window.
+    if (had_focus || !edit.hasFocus())
+        box_entered(box);
 }
 
 bool LineEditor::key_in_box(int box, int key, Qt::KeyboardModifiers held)

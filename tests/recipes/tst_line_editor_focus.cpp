@@ -1,6 +1,6 @@
 #include "recipes/line_fixture.h"
 
-#include "stock/status.h"
+#include <QDialog>
 
 using namespace tarnwick;
 
@@ -62,6 +62,13 @@ private slots:
     void leaving_the_list_writes_the_box_it_belongs_to();
     void the_open_list_stays_at_its_box_while_the_page_scrolls();
     void a_list_that_scrolls_out_of_view_gives_the_keyboard_back();
+    void after_the_message_the_item_box_is_entered_data();
+    void after_the_message_the_item_box_is_entered();
+    void after_the_message_the_empty_item_box_of_a_new_line_is_entered();
+    void after_a_refused_apostrophe_the_item_box_is_entered();
+    void cancel_in_the_item_editor_enters_the_comment();
+    void another_box_is_entered_when_the_window_comes_back_to_it();
+    void the_same_box_keeps_its_caret_when_the_window_comes_back();
 };
 
 void tst_line_editor_focus::a_press_on_the_tree_from_the_list_only_finishes_the_edit()
@@ -220,6 +227,139 @@ void tst_line_editor_focus::a_list_that_scrolls_out_of_view_gives_the_keyboard_b
     QTest::keyClicks(&w.qty(), QStringLiteral("3"));
     w.page().scroll_bar().setValue(0);
     QCOMPARE(w.qty().text(), QStringLiteral("3"));
+}
+
+void tst_line_editor_focus::after_the_message_the_item_box_is_entered_data()
+{
+    QTest::addColumn<bool>("from_comment");
+    QTest::newRow("left directly") << false;
+    QTest::newRow("left from the comment") << true;
+}
+
+void tst_line_editor_focus::after_the_message_the_item_box_is_entered()
+{
+    QFETCH(bool, from_comment);
+    LineWindow w;
+    w.add_item(QStringLiteral("Salted butter"), 0);
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    clear_the_name(w);
+    QVERIFY(!w.list().isVisible());
+    if (from_comment) {
+        w.tab(w.item());
+        QVERIFY(w.desc().hasFocus());
+    }
+    {
+        MessageScript script;
+        script.expect(missing_title, missing_text);
+        if (from_comment)
+            w.tab(w.desc());
+        else
+            w.click_text();
+    }
+    QCOMPARE(w.focused_after_message(), &w.item());
+    QCOMPARE(w.item().text(), QStringLiteral("Salt"));
+    QCOMPARE(w.item().cursorPosition(), 4);
+    QVERIFY(!w.item().hasSelectedText());
+    QVERIFY(w.list().isVisible());
+    QCOMPARE(w.list().content(), PickList::Content::stock_items);
+    QCOMPARE(w.list().text(0), QStringLiteral("Salted butter"));
+    QVERIFY(stands_at_its_box(w, w.item()));
+    QCOMPARE(w.list().x(), w.item().mapTo(w.list().parentWidget(), QPoint(0, 0)).x() - 1);
+}
+
+void tst_line_editor_focus::after_the_message_the_empty_item_box_of_a_new_line_is_entered()
+{
+    LineWindow w;
+    w.open();
+    w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
+    QVERIFY(w.list().isVisible());
+    {
+        MessageScript script;
+        script.expect(missing_title, missing_new, Answer::ok);
+        w.click_text();
+    }
+    QCOMPARE(w.focused_after_message(), &w.item());
+    QVERIFY(w.item().text().isEmpty());
+    QVERIFY(LineWindow::is_black_upright(w.item()));
+    QVERIFY(!w.list().isVisible());
+    QTest::keyClicks(&w.item(), QStringLiteral("Eggs"));
+    w.click_text();
+    QCOMPARE(w.ingred(0), QStringLiteral("Eggs"));
+}
+
+void tst_line_editor_focus::after_a_refused_apostrophe_the_item_box_is_entered()
+{
+    LineWindow w;
+    w.add_item(QStringLiteral("Bakers yeast"), 0);
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.type(w.item(), QStringLiteral("Bakers"));
+    QTest::keyClick(&w.item(), Qt::Key_Home);
+    {
+        MessageScript script;
+        script.expect(QStringLiteral("Valora info"),
+                      QStringLiteral("Sorry - you can't put an apostrophe\nin the item name"));
+        QTest::keyClicks(&w.item(), QStringLiteral("'"));
+    }
+    QCOMPARE(w.focused_after_message(), &w.item());
+    QCOMPARE(w.item().text(), QStringLiteral("Bakers"));
+    QCOMPARE(w.item().cursorPosition(), 6);
+    QVERIFY(w.list().isVisible());
+    QCOMPARE(w.list().text(0), QStringLiteral("Bakers yeast"));
+}
+
+void tst_line_editor_focus::cancel_in_the_item_editor_enters_the_comment()
+{
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"), -1, -1, QStringLiteral("2"), QStringLiteral(" "),
+               QStringLiteral("fine"));
+    w.open();
+    w.open_line(0);
+    QVERIFY(w.list().isVisible());
+    {
+        MessageScript script;
+        script.drive([](QDialog& dialog) { dialog.reject(); });
+        w.trigger(QStringLiteral("mnu_edit_add_stck"));
+    }
+    QVERIFY(w.editor().is_open());
+    QCOMPARE(w.focused_after_message(), &w.desc());
+    QCOMPARE(w.desc().cursorPosition(), 4);
+    QVERIFY(!w.list().isVisible());
+    QCOMPARE(w.list().count(), 0);
+}
+
+void tst_line_editor_focus::another_box_is_entered_when_the_window_comes_back_to_it()
+{
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"), -1, -1, QStringLiteral("2"), QStringLiteral(" "),
+               QStringLiteral("fine"));
+    w.open();
+    w.open_line(0);
+    w.desc().setFocus(Qt::ActiveWindowFocusReason);
+    QVERIFY(w.desc().hasFocus());
+    QCOMPARE(w.desc().cursorPosition(), 4);
+    QVERIFY(!w.list().isVisible());
+}
+
+void tst_line_editor_focus::the_same_box_keeps_its_caret_when_the_window_comes_back()
+{
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"), -1, -1, QStringLiteral("12"));
+    w.open();
+    w.open_line(0);
+    QTest::keyClick(&w.qty(), Qt::Key_Home);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QVERIFY(!w.qty().hasFocus());
+    QCOMPARE(w.focused_after_message(), &w.qty());
+    QCOMPARE(w.qty().cursorPosition(), 0);
+    QVERIFY(w.list().isVisible());
 }
 
 QTEST_MAIN(tst_line_editor_focus)
