@@ -89,7 +89,6 @@ private:
     void place();
     void set_ingred_font();
     std::array<int, 4> box_widths(int room) const;
-    void place_end_frame();
     void place_list();
     QFont box_font(int box) const;
 

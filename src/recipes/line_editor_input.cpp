@@ -82,7 +82,7 @@ bool LineEditor::eventFilter(QObject* watched, QEvent* event)
     case QEvent::KeyRelease:
         return widget == imgScratch_ && scratch_key(static_cast<QKeyEvent*>(event)->key());
     case QEvent::MouseButtonPress:
-        if (box >= 0 && list_->isHidden() && QApplication::focusWidget() == widget)
+        if (box == qty_box && QApplication::focusWidget() == widget)
             fill_list(box);
         return false;
     default:

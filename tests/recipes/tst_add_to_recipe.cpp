@@ -53,6 +53,8 @@ private slots:
     void the_item_that_is_named_is_added_after_the_item_editor_was_cancelled_data();
     void the_item_that_is_named_is_added_after_the_item_editor_was_cancelled();
     void the_menu_adds_the_item_that_the_arrow_keys_went_to();
+    void a_line_of_a_stock_item_opens_with_its_name_and_red_placeholders();
+    void the_question_and_a_deleted_line_belong_to_the_recipe_on_the_page();
 };
 
 namespace {
@@ -146,6 +148,58 @@ void tst_add_to_recipe::the_menu_adds_the_item_that_the_arrow_keys_went_to()
     w.click_text();
     QCOMPARE(w.number("SELECT count(*) FROM recipe_2 WHERE item_ref > 0"), 2);
     QCOMPARE(w.number("SELECT count(DISTINCT item_ref) FROM recipe_2"), 1);
+}
+
+void tst_add_to_recipe::a_line_of_a_stock_item_opens_with_its_name_and_red_placeholders()
+{
+    StockBesidePage w;
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.open();
+    w.select_item(milk);
+    w.page().state.matched_item = 99;
+    w.click_add_button();
+    QVERIFY(w.editor().is_open());
+    QCOMPARE(w.page().state.line_mode, 1);
+    QCOMPARE(w.page().state.matched_item, Key(0));
+    QCOMPARE(w.main().shared.editor_mode, 4);
+    QCOMPARE(w.button("imgScratch").toolTip(), QStringLiteral("Cancel adding ingredient"));
+    QCOMPARE(w.button("imgScratch").property("Tag").toString(), QStringLiteral("ns"));
+    QVERIFY(w.button("imgScratch").isVisible());
+    QVERIFY(!w.button("imgedit").isVisible());
+    QVERIFY(w.qty().hasFocus());
+    QCOMPARE(w.item().text(), QStringLiteral("Milk"));
+    QCOMPARE(w.item().property("Tag").toString(), QStringLiteral("Milk"));
+    QCOMPARE(w.measure().text(), QStringLiteral("(Measure)"));
+    QCOMPARE(w.desc().text(), QStringLiteral("(Comment)"));
+    QVERIFY(LineWindow::is_red_italic(w.measure()));
+    QVERIFY(LineWindow::is_red_italic(w.desc()));
+    QCOMPARE(w.tag(QStringLiteral("ingred(1)")), QStringLiteral(" "));
+    QCOMPARE(w.tag(QStringLiteral("Check1(1)")), QString::number(milk));
+    QVERIFY(!w.control(QStringLiteral("flt_btn(1)")).isVisible());
+    w.tab(w.qty());
+    QCOMPARE(w.qty().text(), QStringLiteral("(Qty)"));
+    QVERIFY(LineWindow::is_red_italic(w.qty()));
+    w.click_text();
+    QCOMPARE(w.tag(QStringLiteral("ingred(1)")), QStringLiteral("3^1^Milk"));
+    QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), 2);
+}
+
+void tst_add_to_recipe::the_question_and_a_deleted_line_belong_to_the_recipe_on_the_page()
+{
+    StockBesidePage w;
+    const Key other = w.add_recipe(QStringLiteral("Stew"), QStringLiteral("02"));
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.add_line(w.recipe, QStringLiteral("Milk"), milk);
+    w.open();
+    w.main().shared.cur_recipe = other;
+    QVERIFY(w.page().ingredients().check_exist(milk));
+    QTest::mouseClick(w.line(0).ingred, Qt::LeftButton);
+    QTest::mouseClick(&w.button("imgScratch"), Qt::LeftButton);
+    QCOMPARE(w.tag(QStringLiteral("title")), QString::number(w.recipe));
+    QCOMPARE(w.lines(), 1);
+    QCOMPARE(w.ingred(0), QStringLiteral("Milk"));
 }
 
 QTEST_MAIN(tst_add_to_recipe)

@@ -27,6 +27,7 @@ private slots:
     void a_picked_measure_replaces_what_is_there();
     void down_in_a_box_selects_the_first_row_and_gives_the_list_the_focus();
     void a_press_in_the_quantity_box_opens_its_list_again();
+    void a_press_in_another_box_leaves_its_list_hidden();
     void the_stock_list_follows_the_typed_text();
     void the_final_s_of_a_text_is_cut_even_if_it_is_all();
     void the_list_is_not_filled_again_for_the_name_that_was_there();
@@ -165,6 +166,22 @@ void tst_pick_list::a_press_in_the_quantity_box_opens_its_list_again()
     QTest::mouseClick(&w.qty(), Qt::LeftButton);
     QVERIFY(w.list().isVisible());
     QCOMPARE(w.list().count(), 8);
+}
+
+void tst_pick_list::a_press_in_another_box_leaves_its_list_hidden()
+{
+    LineWindow w;
+    w.add_item(QStringLiteral("Salted butter"), 0);
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    for (QLineEdit* box : {&w.measure(), &w.item()}) {
+        QTest::mouseClick(box, Qt::LeftButton);
+        QVERIFY(w.list().isVisible());
+        w.list().hide();
+        QTest::mouseClick(box, Qt::LeftButton);
+        QVERIFY(!w.list().isVisible());
+    }
 }
 
 void tst_pick_list::the_stock_list_follows_the_typed_text()
