@@ -2,39 +2,19 @@
 
 #include "stock/status.h"
 
-#include <QDialog>
+#include <QMessageBox>
 #include <QToolButton>
 
 using namespace tarnwick;
 
 namespace {
 
-/// The stock tree by name beside the page of a recipe.
-class StockBesidePage : public LineWindow {
-public:
-    StockBesidePage()
-    {
-        set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
-        set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
-    }
-
-    void select_item(Key item)
-    {
-        TreeView& stock = main().stock_tree().view();
-        QTreeWidgetItem* node = stock.node(QStringLiteral("item") + key_str(item));
-        QVERIFY(node);
-        stock.ensure_visible(node);
-        QTest::mouseClick(stock.viewport(), Qt::LeftButton, {}, stock.text_rect(node).center());
-        QCOMPARE(main().shared.item_in_work, item);
-    }
-
-    void click_add_button()
-    {
-        auto* add = find<QToolButton>(QStringLiteral("flt_btn(1)"));
-        QVERIFY(add->isVisible());
-        QTest::mouseClick(add, Qt::LeftButton);
-    }
-};
+void click_add_button(LineWindow& w)
+{
+    auto* add = w.find<QToolButton>(QStringLiteral("flt_btn(1)"));
+    QVERIFY(add->isVisible());
+    QTest::mouseClick(add, Qt::LeftButton);
+}
 
 const QString again_title = QStringLiteral("Item already on recipe");
 
@@ -55,6 +35,11 @@ private slots:
     void the_menu_adds_the_item_that_the_arrow_keys_went_to();
     void a_line_of_a_stock_item_opens_with_its_name_and_red_placeholders();
     void the_question_and_a_deleted_line_belong_to_the_recipe_on_the_page();
+    void a_stock_item_is_added_by_the_menu();
+    void a_stock_item_keeps_its_line_under_another_name();
+    void adding_the_same_stock_item_twice_is_allowed_after_the_question();
+    void the_same_item_on_another_recipe_is_no_question();
+    void a_stock_item_that_has_gone_opens_nothing();
 };
 
 namespace {
@@ -72,7 +57,7 @@ void add_milk(StockBesidePage& w, bool by_menu)
     if (by_menu)
         w.trigger(QStringLiteral("mnu_tv_air"));
     else
-        w.click_add_button();
+        click_add_button(w);
     QVERIFY(w.editor().is_open());
     QCOMPARE(w.focused_after_message(), &w.qty());
     QCOMPARE(w.item().text(), QStringLiteral("Milk"));
@@ -158,7 +143,7 @@ void tst_add_to_recipe::a_line_of_a_stock_item_opens_with_its_name_and_red_place
     w.open();
     w.select_item(milk);
     w.page().state.matched_item = 99;
-    w.click_add_button();
+    click_add_button(w);
     QVERIFY(w.editor().is_open());
     QCOMPARE(w.page().state.line_mode, 1);
     QCOMPARE(w.page().state.matched_item, Key(0));
@@ -200,6 +185,98 @@ void tst_add_to_recipe::the_question_and_a_deleted_line_belong_to_the_recipe_on_
     QCOMPARE(w.tag(QStringLiteral("title")), QString::number(w.recipe));
     QCOMPARE(w.lines(), 1);
     QCOMPARE(w.ingred(0), QStringLiteral("Milk"));
+}
+
+void tst_add_to_recipe::a_stock_item_is_added_by_the_menu()
+{
+    StockBesidePage w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.open();
+    w.select_item(milk);
+    w.trigger(QStringLiteral("mnu_tv_air"));
+    QVERIFY(w.editor().is_open());
+    QCOMPARE(w.page().state.line_mode, 1);
+    QCOMPARE(w.main().shared.editor_mode, 4);
+    QCOMPARE(w.item().text(), QStringLiteral("Milk"));
+    QCOMPARE(w.item().property("Tag").toString(), QStringLiteral("Milk"));
+    QVERIFY(LineWindow::is_black_upright(w.item()));
+    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QTest::keyClicks(&w.qty(), QStringLiteral("1"));
+    w.click_text();
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.text("SELECT item_ref || '|' || item || '|' || qty || '|' || measure FROM recipe_2"),
+             QStringLiteral("%1|Milk|1| ").arg(milk));
+    QCOMPARE(w.ingred(0), QStringLiteral("1 Milk"));
+}
+
+void tst_add_to_recipe::a_stock_item_keeps_its_line_under_another_name()
+{
+    StockBesidePage w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.open();
+    w.select_item(milk);
+    w.trigger(QStringLiteral("mnu_tv_air"));
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.type(w.item(), QStringLiteral("Whole milk"));
+    w.click_text();
+    QCOMPARE(w.text("SELECT item_ref || '|' || item FROM recipe_2"), QStringLiteral("%1|Whole milk").arg(milk));
+    QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
+    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+}
+
+void tst_add_to_recipe::adding_the_same_stock_item_twice_is_allowed_after_the_question()
+{
+    StockBesidePage w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.add_line(w.recipe, QStringLiteral("Milk"), milk);
+    w.open();
+    QVERIFY(w.page().ingredients().check_exist(milk));
+    w.select_item(milk);
+    {
+        MessageScript script;
+        script.expect(again_title, again_text(QStringLiteral("Milk")), Answer::no, [](QDialog& dialog) {
+            auto& message = dynamic_cast<QMessageBox&>(dialog);
+            QCOMPARE(message.icon(), QMessageBox::Question);
+            QCOMPARE(message.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        });
+        w.trigger(QStringLiteral("mnu_tv_air"));
+    }
+    QVERIFY(!w.editor().is_open());
+    {
+        MessageScript script;
+        script.expect(again_title, again_text(QStringLiteral("Milk")), Answer::yes);
+        w.trigger(QStringLiteral("mnu_tv_air"));
+    }
+    QVERIFY(w.editor().is_open());
+    QCOMPARE(w.focused_after_message(), &w.qty());
+    w.click_text();
+    QCOMPARE(w.text("SELECT count(*) FROM recipe_2 WHERE item = 'Milk' AND item_ref > 0"), QStringLiteral("2"));
+}
+
+void tst_add_to_recipe::the_same_item_on_another_recipe_is_no_question()
+{
+    StockBesidePage w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    const Key other = w.add_recipe(QStringLiteral("Shake"), QStringLiteral("07"));
+    w.add_line(other, QStringLiteral("Milk"), milk);
+    w.open();
+    QVERIFY(!w.page().ingredients().check_exist(milk));
+    w.select_item(milk);
+    w.trigger(QStringLiteral("mnu_tv_air"));
+    QVERIFY(w.editor().is_open());
+    w.click_text();
+    QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), 2);
+    QVERIFY(w.page().ingredients().check_exist(milk));
+}
+
+void tst_add_to_recipe::a_stock_item_that_has_gone_opens_nothing()
+{
+    LineWindow w;
+    w.open();
+    w.main().shared.item_in_work = 77;
+    w.page().drag_ingred(QStringLiteral("Ghost"));
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.lines(), 0);
 }
 
 QTEST_MAIN(tst_add_to_recipe)

@@ -1,6 +1,6 @@
 #include "recipes/line_fixture.h"
 
-#include <QDialog>
+#include <QMessageBox>
 
 using namespace tarnwick;
 
@@ -28,27 +28,6 @@ void clear_the_name(LineWindow& w)
     QTest::keyClick(&w.item(), Qt::Key_Delete);
 }
 
-/// A stock item's node in the tree beside the page.
-class StockBesidePage : public LineWindow {
-public:
-    StockBesidePage()
-        : milk(add_item(QStringLiteral("Milk"), 0))
-    {
-        set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
-        set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
-    }
-
-    void click_milk()
-    {
-        TreeView& stock = main().stock_tree().view();
-        QTreeWidgetItem* node = stock.node(QStringLiteral("item") + key_str(milk));
-        QVERIFY(node);
-        QTest::mouseClick(stock.viewport(), Qt::LeftButton, {}, stock.text_rect(node).center());
-    }
-
-    Key milk;
-};
-
 } // namespace
 
 class tst_line_editor_focus : public QObject {
@@ -69,35 +48,45 @@ private slots:
     void cancel_in_the_item_editor_enters_the_comment();
     void another_box_is_entered_when_the_window_comes_back_to_it();
     void the_same_box_keeps_its_caret_when_the_window_comes_back();
+    void a_click_on_another_line_closes_and_opens_there();
+    void a_click_on_a_greyed_line_only_blackens_the_page();
+    void a_refused_click_on_another_line_goes_nowhere();
+    void a_press_on_the_tree_only_finishes_the_edit();
+    void clearing_the_item_box_brings_the_old_name_back_after_the_message();
+    void right_arrow_at_the_end_goes_on_and_ends_in_the_instructions();
+    void left_arrow_at_the_start_moves_back_and_right_arrow_in_the_middle_does_not();
+    void left_arrow_moves_back_from_the_comment_to_the_quantity();
 };
 
 void tst_line_editor_focus::a_press_on_the_tree_from_the_list_only_finishes_the_edit()
 {
     StockBesidePage w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
     const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
     w.open();
     w.open_line(0);
     QTest::keyClicks(&w.qty(), QStringLiteral("8"));
     go_into_the_list(w);
-    w.click_milk();
+    w.click_item(milk);
     QVERIFY(!w.editor().is_open());
     QCOMPARE(w.stored(key, "qty"), QStringLiteral("8"));
     QCOMPARE(w.ingred(0), QStringLiteral("8 Salt"));
     QVERIFY(!w.control(QStringLiteral("flt_btn(1)")).isVisible());
-    w.click_milk();
+    w.click_item(milk);
     QVERIFY(w.control(QStringLiteral("flt_btn(1)")).isVisible());
 }
 
 void tst_line_editor_focus::a_press_on_the_tree_from_the_list_asks_for_a_missing_name_once()
 {
     StockBesidePage w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
     w.open();
     w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
     go_into_the_list(w);
     {
         MessageScript script;
         script.expect(missing_title, missing_new, Answer::ok);
-        w.click_milk();
+        w.click_item(milk);
         QCoreApplication::processEvents();
     }
     QVERIFY(w.editor().is_open());
@@ -360,6 +349,182 @@ void tst_line_editor_focus::the_same_box_keeps_its_caret_when_the_window_comes_b
     QCOMPARE(w.focused_after_message(), &w.qty());
     QCOMPARE(w.qty().cursorPosition(), 0);
     QVERIFY(w.list().isVisible());
+}
+
+void tst_line_editor_focus::a_click_on_another_line_closes_and_opens_there()
+{
+    LineWindow w;
+    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.add_line(w.recipe, QStringLiteral("Oil"));
+    w.open();
+    w.open_line(0);
+    QTest::keyClicks(&w.qty(), QStringLiteral("6"));
+    w.open_line(1);
+    QCOMPARE(w.stored(key, "qty"), QStringLiteral("6"));
+    QCOMPARE(w.ingred(0), QStringLiteral("6 Salt"));
+    QCOMPARE(w.item().text(), QStringLiteral("Oil"));
+    QVERIFY(w.line(0).ingred->isVisible());
+}
+
+void tst_line_editor_focus::a_click_on_a_greyed_line_only_blackens_the_page()
+{
+    LineWindow w;
+    const Key oil = w.add_line(w.recipe, QStringLiteral("Oil"));
+    const Key salt = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(1);
+    QTest::keyClicks(&w.qty(), QStringLiteral("5"));
+    // The click reaches the page before its window gets the keyboard back.
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QCOMPARE(w.line(0).ingred->text_color(), grey);
+    w.click_line(0);
+    QVERIFY(!w.editor().is_open());
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(w.line(i).ingred->text_color(), QColor(Qt::black));
+        QCOMPARE(w.line(i).ingred->toolTip(), QStringLiteral("Non-stock item"));
+    }
+    QCOMPARE(w.stored(salt, "qty"), QStringLiteral("5"));
+    QCOMPARE(w.stored(oil, "qty"), QStringLiteral(" "));
+    w.focused_after_message();
+    w.open_line(0);
+}
+
+void tst_line_editor_focus::a_refused_click_on_another_line_goes_nowhere()
+{
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.add_line(w.recipe, QStringLiteral("Oil"));
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.item().clear();
+    {
+        MessageScript script;
+        script.expect(missing_title, missing_text);
+        w.click_line(1);
+    }
+    QVERIFY(w.editor().is_open());
+    QCOMPARE(w.editor().index(), 0);
+    QCOMPARE(w.focused_after_message(), &w.item());
+    QCOMPARE(w.line(1).ingred->text_color(), grey);
+    w.click_line(1);
+    QCOMPARE(w.editor().index(), 1);
+}
+
+void tst_line_editor_focus::a_press_on_the_tree_only_finishes_the_edit()
+{
+    StockBesidePage w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    QTest::keyClicks(&w.qty(), QStringLiteral("8"));
+    TreeView& tree = w.main().stock_tree().view();
+    QTreeWidgetItem* node = tree.node(QStringLiteral("item") + key_str(milk));
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.text_rect(node).center());
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.stored(key, "qty"), QStringLiteral("8"));
+    QCOMPARE(w.ingred(0), QStringLiteral("8 Salt"));
+    QCOMPARE(w.main().shared.item_in_work, milk);
+    QVERIFY(!w.control(QStringLiteral("flt_btn(1)")).isVisible());
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.text_rect(node).center());
+    QVERIFY(w.control(QStringLiteral("flt_btn(1)")).isVisible());
+}
+
+void tst_line_editor_focus::clearing_the_item_box_brings_the_old_name_back_after_the_message()
+{
+    LineWindow w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.add_item(QStringLiteral("Whole milk powder"), 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Whole milk"), milk);
+    w.open();
+    w.open_line(0);
+    clear_the_name(w);
+    {
+        MessageScript script;
+        script.expect(missing_title, missing_text, Answer::ok, [](QDialog& dialog) {
+            auto& message = dynamic_cast<QMessageBox&>(dialog);
+            QCOMPARE(message.icon(), QMessageBox::Information);
+            QCOMPARE(message.standardButtons(), QMessageBox::Ok);
+        });
+        w.click_text();
+    }
+    QVERIFY(w.editor().is_open());
+    QCOMPARE(w.focused_after_message(), &w.item());
+    QCOMPARE(w.item().text(), QStringLiteral("Whole milk"));
+    QCOMPARE(w.item().cursorPosition(), 10);
+    QVERIFY(LineWindow::is_black_upright(w.item()));
+    QVERIFY(w.list().isVisible());
+    QCOMPARE(w.list().text(0), QStringLiteral("Whole milk powder"));
+    w.click_text();
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.ingred(0), QStringLiteral("Whole milk"));
+    QCOMPARE(w.stored(key, "item"), QStringLiteral("Whole milk"));
+    QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
+    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+}
+
+void tst_line_editor_focus::right_arrow_at_the_end_goes_on_and_ends_in_the_instructions()
+{
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    const std::array<QLineEdit*, 4> chain{&w.qty(), &w.measure(), &w.item(), &w.desc()};
+    for (size_t i = 0; i < chain.size(); ++i) {
+        QVERIFY(chain[i]->hasFocus());
+        QTest::keyClick(chain[i], Qt::Key_End);
+        QTest::keyClick(chain[i], Qt::Key_Right);
+    }
+    QVERIFY(w.Text1().hasFocus());
+    QVERIFY(!w.editor().is_open());
+}
+
+void tst_line_editor_focus::left_arrow_at_the_start_moves_back_and_right_arrow_in_the_middle_does_not()
+{
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"), -1, -1, QStringLiteral("12"));
+    w.open();
+    w.open_line(0);
+    w.tab(w.qty());
+    QTest::keyClick(&w.measure(), Qt::Key_Left);
+    QVERIFY(w.qty().hasFocus());
+    QCOMPARE(w.qty().cursorPosition(), 2);
+    QTest::keyClick(&w.qty(), Qt::Key_Left);
+    QVERIFY(w.qty().hasFocus());
+    QTest::keyClick(&w.qty(), Qt::Key_Right);
+    QVERIFY(w.qty().hasFocus());
+    QCOMPARE(w.qty().cursorPosition(), 2);
+    QTest::keyClick(&w.qty(), Qt::Key_Right);
+    QVERIFY(w.measure().hasFocus());
+    QTest::keyClick(&w.measure(), Qt::Key_Left);
+    QTest::keyClick(&w.qty(), Qt::Key_Home);
+    QTest::keyClick(&w.qty(), Qt::Key_Left);
+    QVERIFY(w.qty().hasFocus());
+}
+
+void tst_line_editor_focus::left_arrow_moves_back_from_the_comment_to_the_quantity()
+{
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"), -1, -1, QStringLiteral("12"), QStringLiteral("cup"),
+               QStringLiteral("fine"));
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.desc(), Qt::LeftButton);
+    const std::array<QLineEdit*, 4> chain{&w.desc(), &w.item(), &w.measure(), &w.qty()};
+    for (size_t i = 0; i + 1 < chain.size(); ++i) {
+        QVERIFY(chain[i]->hasFocus());
+        QCOMPARE(chain[i]->cursorPosition(), int(chain[i]->text().size()));
+        QTest::keyClick(chain[i], Qt::Key_Left);
+        QVERIFY(chain[i]->hasFocus());
+        QTest::keyClick(chain[i], Qt::Key_Home);
+        QTest::keyClick(chain[i], Qt::Key_Left);
+        QVERIFY(chain[i + 1]->hasFocus());
+    }
+    QVERIFY(w.editor().is_open());
 }
 
 QTEST_MAIN(tst_line_editor_focus)

@@ -20,6 +20,8 @@ class tst_pick_list : public QObject {
     Q_OBJECT
 private slots:
     void enter_in_the_quantity_ends_the_edit();
+    void enter_in_the_measure_ends_the_edit();
+    void tab_in_the_list_of_measures_takes_the_measure();
     void the_quantity_list_holds_its_fractions();
     void the_measure_list_holds_its_units();
     void a_typed_quantity_and_a_picked_fraction_join_with_one_blank_data();
@@ -56,6 +58,39 @@ void tst_pick_list::enter_in_the_quantity_ends_the_edit()
     QTest::keyClick(&w.qty(), Qt::Key_Return);
     QVERIFY(w.Text1().hasFocus());
     QCOMPARE(w.ingred(0), QStringLiteral("4 Salt"));
+}
+
+void tst_pick_list::enter_in_the_measure_ends_the_edit()
+{
+    LineWindow w;
+    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    w.tab(w.qty());
+    QTest::keyClicks(&w.measure(), QStringLiteral("pinch"));
+    QVERIFY(w.list().isVisible());
+    QTest::keyClick(&w.measure(), Qt::Key_Return);
+    QVERIFY(w.Text1().hasFocus());
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.stored(key, "measure"), QStringLiteral("pinch"));
+    QCOMPARE(w.ingred(0), QStringLiteral("pinch Salt"));
+}
+
+void tst_pick_list::tab_in_the_list_of_measures_takes_the_measure()
+{
+    LineWindow w;
+    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    w.tab(w.qty());
+    QTest::keyClick(&w.measure(), Qt::Key_Down);
+    QVERIFY(w.list().hasFocus());
+    QTest::keyClick(&w.list(), Qt::Key_Down);
+    QTest::keyClick(&w.list(), Qt::Key_Down);
+    w.tab(w.list());
+    QCOMPARE(w.measure().text(), QStringLiteral("cup"));
+    QVERIFY(w.item().hasFocus());
+    QCOMPARE(w.stored(key, "measure"), QStringLiteral("cup"));
 }
 
 void tst_pick_list::the_quantity_list_holds_its_fractions()
@@ -493,6 +528,8 @@ void tst_pick_list::the_list_stays_inside_the_page()
         const QRect under(box->mapTo(w.list().parentWidget(), QPoint(0, 0)), box->size());
         QVERIFY(list.top() == under.bottom() + 1 || list.bottom() + 1 == under.top());
         QVERIFY(list.height() > 2 * w.list().sizeHintForRow(0));
+        if (size == 12)
+            QCOMPARE(list.width(), 173);
     }
 }
 
