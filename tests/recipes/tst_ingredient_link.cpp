@@ -8,6 +8,8 @@ class tst_ingredient_link : public QObject {
     Q_OBJECT
 private slots:
     void a_typed_stock_name_links_a_new_line();
+    void tab_through_a_typed_stock_name_links_a_new_line_data();
+    void tab_through_a_typed_stock_name_links_a_new_line();
     void plural_and_singular_find_one_stock_item_data();
     void plural_and_singular_find_one_stock_item();
     void a_typed_name_shows_the_pictures_of_its_status_at_once_data();
@@ -31,6 +33,37 @@ void tst_ingredient_link::a_typed_stock_name_links_a_new_line()
     QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
     QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
+}
+
+void tst_ingredient_link::tab_through_a_typed_stock_name_links_a_new_line_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("the very name") << QStringLiteral("Apple") << QStringLiteral("Apple");
+    QTest::newRow("other case") << QStringLiteral("apple") << QStringLiteral("Apple");
+    QTest::newRow("plural") << QStringLiteral("apples") << QStringLiteral("Apples");
+}
+
+void tst_ingredient_link::tab_through_a_typed_stock_name_links_a_new_line()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, written);
+    LineWindow w;
+    const Key apple = w.add_item(QStringLiteral("Apple"), 0);
+    w.open();
+    w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
+    w.tab(w.qty());
+    w.tab(w.measure());
+    w.type(w.item(), typed);
+    w.tab(w.item());
+    QVERIFY(w.desc().hasFocus());
+    QVERIFY(!w.list().isVisible());
+    w.tab(w.desc());
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.text("SELECT item || '|' || item_ref FROM recipe_2"),
+             QStringLiteral("%1|%2").arg(written).arg(apple));
+    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), apple));
 }
 
 void tst_ingredient_link::plural_and_singular_find_one_stock_item_data()
