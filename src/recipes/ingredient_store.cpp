@@ -133,8 +133,9 @@ Key stock_item_named(Connection& connection, const QString& name)
 std::vector<StockName> stock_names_like(Connection& connection, const QString& text)
 {
     std::vector<StockName> names;
+    const QString start = trim(text);
     Query query(connection, "SELECT i1.key_id, i1.item FROM items_1 i1 WHERE i1.item LIKE ? ORDER BY i1.item",
-                QString(singular_of(trim(text)) + u'%'));
+                QString((start.endsWith(u's', Qt::CaseInsensitive) ? start.chopped(1) : start) + u'%'));
     while (query.next())
         names.push_back({query.key(0), query.text(1)});
     return names;

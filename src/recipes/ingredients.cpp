@@ -96,12 +96,14 @@ void Ingredients::drag_ingred(const QString& name)
     }
     editor_.set_field(IngredientField::item, trim(*stock_name));
     link(item);
+    page_.state.matched_item = 0;
     page_.set_lites(editor_.index(), lite_status(main_.connection(), item));
+    page_.lines()[static_cast<size_t>(editor_.index())].ingred->setProperty("Tag", QStringLiteral(" "));
 }
 
 bool Ingredients::check_exist(Key item) const
 {
-    return item_on_recipe(main_.connection(), main_.shared.cur_recipe, item);
+    return item_on_recipe(main_.connection(), page_recipe(), item);
 }
 
 bool Ingredients::add_ingred(const QString& item, const QString& qty, const QString& measure,
@@ -202,7 +204,7 @@ void Ingredients::ingred_del(int index)
         --state.sel_line;
     delete_line(main_.connection(), page_.lines()[static_cast<size_t>(index)].key);
     editor_.hide_line();
-    page_.set_recipe(main_.shared.cur_recipe);
+    page_.set_recipe(page_recipe());
 }
 
 void Ingredients::cancel()

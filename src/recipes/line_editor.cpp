@@ -134,12 +134,16 @@ void LineEditor::mouse_up(int index, Qt::MouseButton button, QPoint position)
 {
     if (index >= page_.recipe_lines().count())
         return;
-    if (button == Qt::RightButton)
+    if (button == Qt::RightButton) {
         show_menu(index, position);
-    else if (button == Qt::LeftButton && std::exchange(ingredients_->work.lines_greyed, false))
-        blacken_lines();
-    else if (button == Qt::LeftButton && !open_)
+    } else if (button == Qt::LeftButton && std::exchange(ingredients_->work.lines_greyed, false)) {
+        if (open_)
+            leave();
+        else
+            blacken_lines();
+    } else if (button == Qt::LeftButton && !open_) {
         open_line(index);
+    }
 }
 
 void LineEditor::show_menu(int index, QPoint position)
@@ -373,6 +377,8 @@ void LineEditor::place_list()
     const QRect viewport = page_.frame4().geometry();
     const QRect box(edit.mapTo(list_->parentWidget(), QPoint(0, 0)), edit.size());
     if (!viewport.contains(box.center()) || list_->count() == 0) {
+        if (list_->hasFocus())
+            go_to(last_box_);
         list_->hide();
         return;
     }

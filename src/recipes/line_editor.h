@@ -56,6 +56,8 @@ public:
     /// Shows a text in a box as if it had been there when the editor opened.
     void set_field(IngredientField field, const QString& text);
 
+    /// Takes a row of the stock list as the line's item; the name that is in the box already changes
+    /// nothing. Goes on to the comment.
     void ListIngred_select(int row);
 
     Ingredients& ingredients() { return *ingredients_; }
@@ -87,7 +89,6 @@ private:
     void place();
     void set_ingred_font();
     std::array<int, 4> box_widths(int room) const;
-    void place_end_frame();
     void place_list();
     QFont box_font(int box) const;
 
@@ -101,7 +102,7 @@ private:
     void name_left(const QString& name);
     void new_name_left(Key item);
     QString tag_of(int box) const;
-    void list_left();
+    void list_left(Qt::FocusReason reason);
     void lf_validate(const QWidget* active);
     void lf_finish();
     void ask_for_name();
@@ -114,6 +115,7 @@ private:
     void mark_changed(int box);
     bool key_in_box(int box, int key, Qt::KeyboardModifiers held);
     bool pick_key_handler(int box, int key);
+    int row_meant(const QString& name) const;
     void go_to(int box);
     void fill_list(int box);
     void ListIngred_fill();

@@ -66,7 +66,9 @@ bool LineEditor::eventFilter(QObject* watched, QEvent* event)
         return false;
     switch (event->type()) {
     case QEvent::FocusIn:
-        if (box >= 0 && (leaves_control(static_cast<QFocusEvent*>(event)->reason()) || is_placeholder(box)))
+        if (box >= 0
+            && (leaves_control(static_cast<QFocusEvent*>(event)->reason()) || box != last_box_
+                || is_placeholder(box)))
             box_entered(box);
         return false;
     case QEvent::FocusOut: {
@@ -80,7 +82,7 @@ bool LineEditor::eventFilter(QObject* watched, QEvent* event)
     case QEvent::KeyRelease:
         return widget == imgScratch_ && scratch_key(static_cast<QKeyEvent*>(event)->key());
     case QEvent::MouseButtonPress:
-        if (box >= 0 && list_->isHidden() && QApplication::focusWidget() == widget)
+        if (box == qty_box && QApplication::focusWidget() == widget)
             fill_list(box);
         return false;
     default:
@@ -122,12 +124,12 @@ bool LineEditor::focus_left(int box, Qt::FocusReason reason)
     return came_back || !may_go;
 }
 
-void LineEditor::list_left()
+void LineEditor::list_left(Qt::FocusReason reason)
 {
     if (!open_ || busy_ || is_part(QApplication::focusWidget()))
         return;
     list_->hide();
-    leave();
+    focus_left(-1, reason);
 }
 
 void LineEditor::leave()
@@ -315,7 +317,8 @@ void LineEditor::box_changed(int box)
     }
     std::vector<StockName> names = stock_names(name);
     ingredients_->link_by_name(stock_item_among(main_.connection(), names, name));
-    show_names(std::move(names));
+    if (name != tag_of(item_box))
+        show_names(std::move(names));
 }
 
 void LineEditor::fill_list(int box)
@@ -356,10 +359,12 @@ void LineEditor::show_names(std::vector<StockName> names)
 void LineEditor::go_to(int box)
 {
     QLineEdit& edit = *boxes_[static_cast<size_t>(box)].edit;
-    if (edit.hasFocus())
-        box_entered(box);
-    else
+    const bool had_focus = edit.hasFocus();
+    if (!had_focus)
         edit.setFocus(Qt::OtherFocusReason);
+    // While a message still holds the keyboard the box gets it later, with the window.
+    if (had_focus || !edit.hasFocus())
+        box_entered(box);
 }
 
 bool LineEditor::key_in_box(int box, int key, Qt::KeyboardModifiers held)
@@ -409,15 +414,28 @@ bool LineEditor::pick_key_handler(int box, int key)
         end_edit();
         return true;
     }
-    const QString name = field(IngredientField::item).toUpper();
-    const QString first = list_->text(0).toUpper();
-    if (!name.isEmpty() && (name == first || name == first + u'S' || first == name + u'S')) {
-        ListIngred_select(0);
+    const QString name = field(IngredientField::item);
+    if (const int meant = name == tag_of(item_box) ? -1 : row_meant(name); meant >= 0) {
+        ListIngred_select(meant);
     } else {
         list_->hide();
         go_to(comment_box);
     }
     return true;
+}
+
+// The row of a typed name: its own, else the first row when that is its singular or plural; -1 none.
+int LineEditor::row_meant(const QString& name) const
+{
+    const QString typed = name.toUpper();
+    if (typed.isEmpty())
+        return -1;
+    for (int row = 0; row < list_->count(); ++row) {
+        if (list_->text(row).toUpper() == typed)
+            return row;
+    }
+    const QString first = list_->text(0).toUpper();
+    return typed == first + u'S' || first == typed + u'S' ? 0 : -1;
 }
 
 void LineEditor::picked(int row)
@@ -449,9 +467,15 @@ void LineEditor::ListIngred_select(int row)
     Connection& connection = main_.connection();
     LineWork& work = ingredients_->work;
     IngredientLine& line = page_.lines()[static_cast<size_t>(index_)];
-    main_.shared.item_in_work = item;
     const QString typed = field(IngredientField::item);
     QString name = trim(list_->text(row));
+    if (name == typed) {
+        ing_flt_updt(item_box);
+        go_to(comment_box);
+        list_->hide();
+        return;
+    }
+    main_.shared.item_in_work = item;
     if (name.toUpper() + u'S' == typed.toUpper())
         name += typed.back();
     work.item_changed = work.item_changed || name != tag_of(item_box);

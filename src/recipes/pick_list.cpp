@@ -177,7 +177,7 @@ void PickList::focusOutEvent(QFocusEvent* event)
 {
     QListView::focusOutEvent(event);
     if (leaves_control(event->reason()))
-        emit left();
+        emit left(event->reason());
 }
 
 } // namespace tarnwick

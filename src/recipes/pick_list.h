@@ -37,7 +37,7 @@ public:
 
 signals:
     void picked(int row); ///< by click, Tab or Enter
-    void left(); ///< the focus goes to another control of the window
+    void left(Qt::FocusReason reason); ///< the focus goes to another control of the window
 
 protected:
     bool event(QEvent* event) override;

@@ -72,13 +72,13 @@ RecipePage::RecipePage(frmmain& main, QWidget* parent)
     recipe_lines_->setParent(this);
     lost_click_ = new LostClick(this);
     make_page();
+    connect(scroll_bar_, &QScrollBar::valueChanged, this, &RecipePage::scroll); // before the editor follows
     make_line_editor();
     connect(title_, &QLineEdit::textChanged, this, &RecipePage::title_typed);
     connect(text1_, &PageText::edited, this, &RecipePage::text_edited);
     connect(text1_, &PageText::key_up, this, &RecipePage::scroll_bar_refresh);
     connect(text1_, &PageText::caret_moved, this, &RecipePage::show_caret);
     connect(text1_, &PageText::left, this, &RecipePage::edit_updt);
-    connect(scroll_bar_, &QScrollBar::valueChanged, this, &RecipePage::scroll);
     connect(recipe_lines_, &RecipeLines::check_clicked, this, &RecipePage::check_clicked);
     title_->installEventFilter(this);
     frame4_->installEventFilter(this);
@@ -345,12 +345,6 @@ void RecipePage::set_lites(int index, int code)
 int RecipePage::color_index() const
 {
     return std::clamp(main_.shared.color_index, 0, 3);
-}
-
-void RecipePage::show_line(int index)
-{
-    const QRect line = lines().at(static_cast<size_t>(index)).ingred->geometry();
-    show_stretch(line.top(), line.bottom());
 }
 
 void RecipePage::show_stretch(int top, int bottom)

@@ -209,6 +209,7 @@ void FloatingButtons::add_to_recipe()
     if (!node)
         return;
     main_.shared.placing_source = from_tree;
+    main_.shared.item_in_work = record_key(TreeView::key(node));
     main_.recipe_page().drag_ingred(node->text(0));
 }
 

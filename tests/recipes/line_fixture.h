@@ -107,4 +107,29 @@ public:
     Key recipe;
 };
 
+/// The same with the stock tree, by name, beside the page.
+class StockBesidePage : public LineWindow {
+public:
+    StockBesidePage()
+    {
+        set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
+        set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
+    }
+
+    void click_item(Key item)
+    {
+        TreeView& stock = main().stock_tree().view();
+        QTreeWidgetItem* node = stock.node(QStringLiteral("item") + key_str(item));
+        QVERIFY(node);
+        stock.ensure_visible(node);
+        QTest::mouseClick(stock.viewport(), Qt::LeftButton, {}, stock.text_rect(node).center());
+    }
+
+    void select_item(Key item)
+    {
+        click_item(item);
+        QCOMPARE(main().shared.item_in_work, item);
+    }
+};
+
 } // namespace tarnwick

@@ -16,23 +16,22 @@ namespace {
 const QString missing_title = QStringLiteral("Ingredient name missing");
 const QString missing_new = QStringLiteral("Please provide a name for your ingredient\n"
                                            "(or hit CANCEL to cancel adding ingredient)");
-const QString again_title = QStringLiteral("Item already on recipe");
 
-QString again_text(const QString& name)
-{
-    return name + QStringLiteral(" already appears on this recipe\nWould you like to add it again?");
-}
+/// Remembers the pointer that the program shows when a box is hidden.
+class PointerWatch : public QObject {
+public:
+    explicit PointerWatch(QWidget& box) { box.installEventFilter(this); }
 
-/// The stock tree beside the page, a stock item selected in it.
-void select_item(LineWindow& w, Key item)
-{
-    TreeView& tree = w.main().stock_tree().view();
-    QTreeWidgetItem* node = tree.node(QStringLiteral("item") + key_str(item));
-    QVERIFY(node);
-    tree.ensure_visible(node);
-    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.text_rect(node).center());
-    QCOMPARE(w.main().shared.item_in_work, item);
-}
+    std::optional<Qt::CursorShape> at_hide;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Hide && QApplication::overrideCursor())
+            at_hide = QApplication::overrideCursor()->shape();
+        return false;
+    }
+};
 
 } // namespace
 
@@ -42,7 +41,6 @@ private slots:
     void a_new_line_opens_empty_with_red_placeholders();
     void a_new_line_is_written_with_blanks_for_what_is_not_given();
     void a_new_line_takes_the_next_place();
-    void a_typed_stock_name_links_a_new_line();
     void ctrl_i_adds_an_ingredient_from_anywhere_on_the_page();
     void ctrl_i_does_nothing_on_the_list_pane();
     void adding_again_finishes_the_line_under_work();
@@ -52,20 +50,15 @@ private slots:
     void cancelling_a_new_line_restores_the_position_of_the_body_data();
     void cancelling_a_new_line_restores_the_position_of_the_body();
     void cancelling_the_first_line_leaves_the_page_empty();
-    void a_stock_item_is_added_by_the_menu();
-    void a_stock_item_keeps_its_line_under_another_name();
-    void adding_the_same_stock_item_twice_is_allowed_after_the_question();
-    void the_same_item_on_another_recipe_is_no_question();
-    void a_stock_item_that_has_gone_opens_nothing();
     void a_measure_of_25_characters_is_cut_on_insert_and_whole_on_a_later_edit();
     void deleting_the_last_line_selects_the_new_last_line_data();
     void deleting_the_last_line_selects_the_new_last_line();
+    void deleting_another_line_than_the_last_keeps_the_selected_index_data();
+    void deleting_another_line_than_the_last_keeps_the_selected_index();
     void deleting_the_only_line_empties_the_page();
+    void the_pointer_is_an_hourglass_while_the_cross_works_data();
+    void the_pointer_is_an_hourglass_while_the_cross_works();
     void a_deleted_line_closes_the_gap_in_the_order();
-    void plural_and_singular_find_one_stock_item_data();
-    void plural_and_singular_find_one_stock_item();
-    void the_link_follows_every_keystroke();
-    void an_item_wanted_on_several_lists_leaves_the_pictures_while_typing();
     void a_full_page_ends_the_program_with_the_message();
     void an_error_while_inserting_ends_the_program_with_the_message();
     void a_recipe_that_has_gone_takes_no_line();
@@ -150,23 +143,6 @@ void tst_ingredients::a_new_line_takes_the_next_place()
     QCOMPARE(w.page().state.cur_line, 3);
     w.page().set_recipe(w.recipe);
     QCOMPARE(w.ingred(3), QStringLiteral("Pepper"));
-}
-
-void tst_ingredients::a_typed_stock_name_links_a_new_line()
-{
-    LineWindow w;
-    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
-    w.open();
-    w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
-    QTest::mouseClick(&w.item(), Qt::LeftButton);
-    w.type(w.item(), QStringLiteral("milk"));
-    QCOMPARE(w.page().state.matched_item, milk);
-    w.click_text();
-    QCOMPARE(w.number("SELECT item_ref FROM recipe_2"), int(milk));
-    QCOMPARE(w.text("SELECT item FROM recipe_2"), QStringLiteral("milk"));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
-    QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
-    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
 }
 
 void tst_ingredients::ctrl_i_adds_an_ingredient_from_anywhere_on_the_page()
@@ -320,106 +296,6 @@ void tst_ingredients::cancelling_the_first_line_leaves_the_page_empty()
     QCOMPARE(w.editor().index(), 0);
 }
 
-void tst_ingredients::a_stock_item_is_added_by_the_menu()
-{
-    LineWindow w;
-    w.set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
-    w.set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
-    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
-    w.open();
-    select_item(w, milk);
-    w.trigger(QStringLiteral("mnu_tv_air"));
-    QVERIFY(w.editor().is_open());
-    QCOMPARE(w.page().state.line_mode, 1);
-    QCOMPARE(w.main().shared.editor_mode, 4);
-    QCOMPARE(w.item().text(), QStringLiteral("Milk"));
-    QCOMPARE(w.item().property("Tag").toString(), QStringLiteral("Milk"));
-    QVERIFY(LineWindow::is_black_upright(w.item()));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
-    QTest::keyClicks(&w.qty(), QStringLiteral("1"));
-    w.click_text();
-    QVERIFY(!w.editor().is_open());
-    QCOMPARE(w.text("SELECT item_ref || '|' || item || '|' || qty || '|' || measure FROM recipe_2"),
-             QStringLiteral("%1|Milk|1| ").arg(milk));
-    QCOMPARE(w.ingred(0), QStringLiteral("1 Milk"));
-}
-
-void tst_ingredients::a_stock_item_keeps_its_line_under_another_name()
-{
-    LineWindow w;
-    w.set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
-    w.set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
-    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
-    w.open();
-    select_item(w, milk);
-    w.trigger(QStringLiteral("mnu_tv_air"));
-    QTest::mouseClick(&w.item(), Qt::LeftButton);
-    w.type(w.item(), QStringLiteral("Whole milk"));
-    w.click_text();
-    QCOMPARE(w.text("SELECT item_ref || '|' || item FROM recipe_2"), QStringLiteral("%1|Whole milk").arg(milk));
-    QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
-}
-
-void tst_ingredients::adding_the_same_stock_item_twice_is_allowed_after_the_question()
-{
-    LineWindow w;
-    w.set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
-    w.set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
-    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
-    w.add_line(w.recipe, QStringLiteral("Milk"), milk);
-    w.open();
-    QVERIFY(w.page().ingredients().check_exist(milk));
-    select_item(w, milk);
-    {
-        MessageScript script;
-        script.expect(again_title, again_text(QStringLiteral("Milk")), Answer::no, [](QDialog& dialog) {
-            auto& message = dynamic_cast<QMessageBox&>(dialog);
-            QCOMPARE(message.icon(), QMessageBox::Question);
-            QCOMPARE(message.standardButtons(), QMessageBox::Yes | QMessageBox::No);
-        });
-        w.trigger(QStringLiteral("mnu_tv_air"));
-    }
-    QVERIFY(!w.editor().is_open());
-    {
-        MessageScript script;
-        script.expect(again_title, again_text(QStringLiteral("Milk")), Answer::yes);
-        w.trigger(QStringLiteral("mnu_tv_air"));
-    }
-    QVERIFY(w.editor().is_open());
-    QCOMPARE(w.focused_after_message(), &w.qty());
-    w.click_text();
-    QCOMPARE(w.text("SELECT count(*) FROM recipe_2 WHERE item = 'Milk' AND item_ref > 0"), QStringLiteral("2"));
-}
-
-void tst_ingredients::the_same_item_on_another_recipe_is_no_question()
-{
-    LineWindow w;
-    w.set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
-    w.set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
-    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
-    const Key other = w.add_recipe(QStringLiteral("Shake"), QStringLiteral("07"));
-    w.add_line(other, QStringLiteral("Milk"), milk);
-    w.open();
-    QVERIFY(!w.page().ingredients().check_exist(milk));
-    select_item(w, milk);
-    w.trigger(QStringLiteral("mnu_tv_air"));
-    QVERIFY(w.editor().is_open());
-    w.click_text();
-    QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), 2);
-    QVERIFY(w.page().ingredients().check_exist(milk));
-}
-
-void tst_ingredients::a_stock_item_that_has_gone_opens_nothing()
-{
-    LineWindow w;
-    w.open();
-    w.main().shared.item_in_work = 77;
-    w.page().drag_ingred(QStringLiteral("Ghost"));
-    QVERIFY(!w.editor().is_open());
-    QCOMPARE(w.lines(), 0);
-}
-
 void tst_ingredients::a_measure_of_25_characters_is_cut_on_insert_and_whole_on_a_later_edit()
 {
     const QString measure = QStringLiteral("1234567890123456789012345");
@@ -478,6 +354,32 @@ void tst_ingredients::deleting_the_last_line_selects_the_new_last_line()
     QVERIFY(!QApplication::overrideCursor());
 }
 
+void tst_ingredients::deleting_another_line_than_the_last_keeps_the_selected_index_data()
+{
+    QTest::addColumn<int>("deleted");
+    QTest::addColumn<int>("selected");
+    QTest::newRow("first, selected") << 0 << 0;
+    QTest::newRow("middle, selected") << 1 << 1;
+    QTest::newRow("middle, first selected") << 1 << 0;
+}
+
+void tst_ingredients::deleting_another_line_than_the_last_keeps_the_selected_index()
+{
+    QFETCH(int, deleted);
+    QFETCH(int, selected);
+    LineWindow w;
+    for (int i = 0; i < 3; ++i)
+        w.add_line(w.recipe, QStringLiteral("Line %1").arg(i));
+    w.open();
+    w.open_line(selected);
+    w.click_text();
+    QCOMPARE(w.page().state.sel_line, selected);
+    w.line(deleted).ingred->setFocus();
+    QTest::keyClick(w.line(deleted).ingred, Qt::Key_Delete);
+    QCOMPARE(w.lines(), 2);
+    QCOMPARE(w.page().state.sel_line, selected);
+}
+
 void tst_ingredients::deleting_the_only_line_empties_the_page()
 {
     LineWindow w;
@@ -491,6 +393,30 @@ void tst_ingredients::deleting_the_only_line_empties_the_page()
     QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), 0);
 }
 
+void tst_ingredients::the_pointer_is_an_hourglass_while_the_cross_works_data()
+{
+    QTest::addColumn<bool>("is_new");
+    QTest::newRow("a new line is dropped") << true;
+    QTest::newRow("a line is deleted") << false;
+}
+
+void tst_ingredients::the_pointer_is_an_hourglass_while_the_cross_works()
+{
+    QFETCH(bool, is_new);
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    if (is_new)
+        w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
+    else
+        w.open_line(0);
+    PointerWatch watch(w.qty());
+    QTest::mouseClick(&w.button("imgScratch"), Qt::LeftButton);
+    QCOMPARE(watch.at_hide, std::optional(Qt::WaitCursor));
+    QVERIFY(!QApplication::overrideCursor());
+    QCOMPARE(w.lines(), is_new ? 1 : 0);
+}
+
 void tst_ingredients::a_deleted_line_closes_the_gap_in_the_order()
 {
     LineWindow w;
@@ -501,74 +427,6 @@ void tst_ingredients::a_deleted_line_closes_the_gap_in_the_order()
     QTest::mouseClick(&w.button("imgScratch"), Qt::LeftButton);
     QCOMPARE(w.ingred(1), QStringLiteral("Line 2"));
     QCOMPARE(w.number("SELECT \"order\" FROM recipe_2 WHERE item = 'Line 2'"), 1);
-}
-
-void tst_ingredients::plural_and_singular_find_one_stock_item_data()
-{
-    QTest::addColumn<QString>("stock");
-    QTest::addColumn<QString>("typed");
-    QTest::newRow("plural for singular") << QStringLiteral("Apple") << QStringLiteral("apples");
-    QTest::newRow("singular for plural") << QStringLiteral("Apples") << QStringLiteral("APPLE");
-    QTest::newRow("plural for plural") << QStringLiteral("Apples") << QStringLiteral("ApPlEs");
-    QTest::newRow("accents") << QStringLiteral("Éclair") << QStringLiteral("éCLAIRS");
-}
-
-void tst_ingredients::plural_and_singular_find_one_stock_item()
-{
-    QFETCH(QString, stock);
-    QFETCH(QString, typed);
-    LineWindow w;
-    const Key item = w.add_item(stock, 0);
-    const Key key = w.add_line(w.recipe, QStringLiteral("Something"));
-    w.open();
-    w.open_line(0);
-    QTest::mouseClick(&w.item(), Qt::LeftButton);
-    w.item().selectAll();
-    w.item().insert(typed);
-    QCOMPARE(w.stored(key, "item_ref"), QString::number(item));
-    w.click_text();
-    QCOMPARE(w.stored(key, "item_ref"), QString::number(item));
-    QCOMPARE(w.stored(key, "item"), typed);
-    QCOMPARE(w.ingred(0), typed);
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
-    QCOMPARE(w.page().rcp_item(0), stock);
-}
-
-void tst_ingredients::the_link_follows_every_keystroke()
-{
-    LineWindow w;
-    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
-    const Key key = w.add_line(w.recipe, QStringLiteral("Milk"), milk);
-    w.open();
-    w.open_line(0);
-    QTest::mouseClick(&w.item(), Qt::LeftButton);
-    QTest::keyClick(&w.item(), Qt::Key_End);
-    QTest::keyClicks(&w.item(), QStringLiteral("y"));
-    QCOMPARE(w.stored(key, "item_ref"), QStringLiteral("-1"));
-    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
-    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
-    QTest::keyClick(&w.item(), Qt::Key_Backspace);
-    QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
-    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
-}
-
-void tst_ingredients::an_item_wanted_on_several_lists_leaves_the_pictures_while_typing()
-{
-    LineWindow w;
-    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
-    w.add_row(milk, w.add_list(QStringLiteral("One")), true);
-    w.add_row(milk, w.add_list(QStringLiteral("Two")), true);
-    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
-    w.open();
-    w.open_line(0);
-    QTest::mouseClick(&w.item(), Qt::LeftButton);
-    w.type(w.item(), QStringLiteral("Milk"));
-    QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
-    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
-    w.click_text();
-    QCOMPARE(w.line(0).lite->picture_number(), 179 + 3);
-    QVERIFY(!w.line(0).Check1->isEnabled());
 }
 
 void tst_ingredients::a_full_page_ends_the_program_with_the_message()

@@ -20,6 +20,8 @@ class tst_pick_list : public QObject {
     Q_OBJECT
 private slots:
     void enter_in_the_quantity_ends_the_edit();
+    void enter_in_the_measure_ends_the_edit();
+    void tab_in_the_list_of_measures_takes_the_measure();
     void the_quantity_list_holds_its_fractions();
     void the_measure_list_holds_its_units();
     void a_typed_quantity_and_a_picked_fraction_join_with_one_blank_data();
@@ -27,13 +29,21 @@ private slots:
     void a_picked_measure_replaces_what_is_there();
     void down_in_a_box_selects_the_first_row_and_gives_the_list_the_focus();
     void a_press_in_the_quantity_box_opens_its_list_again();
+    void a_press_in_another_box_leaves_its_list_hidden();
     void the_stock_list_follows_the_typed_text();
+    void the_final_s_of_a_text_is_cut_even_if_it_is_all();
+    void the_list_is_not_filled_again_for_the_name_that_was_there();
     void the_comment_has_no_list();
     void typing_the_plural_of_a_stock_name_links_the_line_and_keeps_the_plural();
     void choosing_a_stock_name_links_the_line_and_goes_to_the_comment();
     void choosing_a_stock_name_for_a_new_line_links_it();
     void another_name_after_a_choice_unlinks_a_new_line();
     void enter_on_a_name_of_no_stock_goes_to_the_comment();
+    void going_through_an_untouched_name_of_the_stock_changes_nothing_data();
+    void going_through_an_untouched_name_of_the_stock_changes_nothing();
+    void a_typed_name_means_the_stock_item_of_that_name_before_its_singular();
+    void choosing_the_name_in_the_box_keeps_the_link_and_goes_to_the_comment();
+    void choosing_the_name_that_was_typed_stores_it();
     void the_list_stays_inside_the_page_data();
     void the_list_stays_inside_the_page();
 };
@@ -48,6 +58,39 @@ void tst_pick_list::enter_in_the_quantity_ends_the_edit()
     QTest::keyClick(&w.qty(), Qt::Key_Return);
     QVERIFY(w.Text1().hasFocus());
     QCOMPARE(w.ingred(0), QStringLiteral("4 Salt"));
+}
+
+void tst_pick_list::enter_in_the_measure_ends_the_edit()
+{
+    LineWindow w;
+    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    w.tab(w.qty());
+    QTest::keyClicks(&w.measure(), QStringLiteral("pinch"));
+    QVERIFY(w.list().isVisible());
+    QTest::keyClick(&w.measure(), Qt::Key_Return);
+    QVERIFY(w.Text1().hasFocus());
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.stored(key, "measure"), QStringLiteral("pinch"));
+    QCOMPARE(w.ingred(0), QStringLiteral("pinch Salt"));
+}
+
+void tst_pick_list::tab_in_the_list_of_measures_takes_the_measure()
+{
+    LineWindow w;
+    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    w.tab(w.qty());
+    QTest::keyClick(&w.measure(), Qt::Key_Down);
+    QVERIFY(w.list().hasFocus());
+    QTest::keyClick(&w.list(), Qt::Key_Down);
+    QTest::keyClick(&w.list(), Qt::Key_Down);
+    w.tab(w.list());
+    QCOMPARE(w.measure().text(), QStringLiteral("cup"));
+    QVERIFY(w.item().hasFocus());
+    QCOMPARE(w.stored(key, "measure"), QStringLiteral("cup"));
 }
 
 void tst_pick_list::the_quantity_list_holds_its_fractions()
@@ -160,6 +203,22 @@ void tst_pick_list::a_press_in_the_quantity_box_opens_its_list_again()
     QCOMPARE(w.list().count(), 8);
 }
 
+void tst_pick_list::a_press_in_another_box_leaves_its_list_hidden()
+{
+    LineWindow w;
+    w.add_item(QStringLiteral("Salted butter"), 0);
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    for (QLineEdit* box : {&w.measure(), &w.item()}) {
+        QTest::mouseClick(box, Qt::LeftButton);
+        QVERIFY(w.list().isVisible());
+        w.list().hide();
+        QTest::mouseClick(box, Qt::LeftButton);
+        QVERIFY(!w.list().isVisible());
+    }
+}
+
 void tst_pick_list::the_stock_list_follows_the_typed_text()
 {
     LineWindow w;
@@ -184,6 +243,40 @@ void tst_pick_list::the_stock_list_follows_the_typed_text()
     QVERIFY(!w.list().isVisible());
     w.item().clear();
     QVERIFY(!w.list().isVisible());
+}
+
+void tst_pick_list::the_final_s_of_a_text_is_cut_even_if_it_is_all()
+{
+    LineWindow w;
+    for (const char* name : {"Beer", "Oats", "Sage"})
+        w.add_item(QString::fromLatin1(name), 0);
+    w.add_line(w.recipe, QStringLiteral("Zest"));
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.type(w.item(), QStringLiteral("s"));
+    QVERIFY(w.list().isVisible());
+    QCOMPARE(rows_of(w.list()).join(u'|'), QStringLiteral("Beer|Oats|Sage"));
+    QTest::keyClicks(&w.item(), QStringLiteral("a"));
+    QCOMPARE(rows_of(w.list()).join(u'|'), QStringLiteral("Sage"));
+}
+
+void tst_pick_list::the_list_is_not_filled_again_for_the_name_that_was_there()
+{
+    LineWindow w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.add_item(QStringLiteral("Mild cheese"), 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Milk"), milk);
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    QTest::keyClick(&w.item(), Qt::Key_End);
+    QTest::keyClick(&w.item(), Qt::Key_Backspace);
+    QCOMPARE(rows_of(w.list()).join(u'|'), QStringLiteral("Mild cheese|Milk"));
+    QCOMPARE(w.stored(key, "item_ref"), QStringLiteral("-1"));
+    QTest::keyClicks(&w.item(), QStringLiteral("k"));
+    QCOMPARE(rows_of(w.list()).join(u'|'), QStringLiteral("Mild cheese|Milk"));
+    QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
 }
 
 void tst_pick_list::the_comment_has_no_list()
@@ -302,6 +395,105 @@ void tst_pick_list::enter_on_a_name_of_no_stock_goes_to_the_comment()
     QCOMPARE(w.stored(key, "item_ref"), QStringLiteral("-1"));
 }
 
+void tst_pick_list::going_through_an_untouched_name_of_the_stock_changes_nothing_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("linked_to");
+    QTest::addColumn<int>("key");
+    const auto add = [](const char* what, const char* name, const char* linked_to) {
+        for (const auto& [key_name, key] : {std::pair("Tab", Qt::Key_Tab), std::pair("Enter", Qt::Key_Return)})
+            QTest::addRow("%s, %s", what, key_name)
+                << QString::fromLatin1(name) << QString::fromLatin1(linked_to) << int(key);
+    };
+    add("other case", "milk", "Milk");
+    add("plural beside its singular", "Apples", "Apples");
+    add("singular for plural", "egg", "Eggs");
+    add("plural for singular", "milks", "Milk");
+    add("a name of another item", "Milk", "Eggs");
+    add("the very name", "Milk", "Milk");
+}
+
+void tst_pick_list::going_through_an_untouched_name_of_the_stock_changes_nothing()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, linked_to);
+    QFETCH(int, key);
+    LineWindow w;
+    Key link = 0;
+    for (const char* stock : {"Apple", "Apples", "Eggs", "Milk"}) {
+        const Key item = w.add_item(QString::fromLatin1(stock), 0);
+        if (QString::fromLatin1(stock) == linked_to)
+            link = item;
+    }
+    const Key line = w.add_line(w.recipe, name, link);
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    QVERIFY(w.list().isVisible());
+    QTest::keyClick(&w.item(), Qt::Key(key));
+    QVERIFY(w.desc().hasFocus());
+    QVERIFY(!w.list().isVisible());
+    QCOMPARE(w.item().text(), name);
+    w.tab(w.desc());
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.stored(line, "item || '|' || item_ref"), QStringLiteral("%1|%2").arg(name).arg(link));
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(link));
+    QCOMPARE(w.ingred(0), name);
+    QCOMPARE(w.page().rcp_item(0), name);
+    QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), link));
+}
+
+void tst_pick_list::a_typed_name_means_the_stock_item_of_that_name_before_its_singular()
+{
+    LineWindow w;
+    w.add_item(QStringLiteral("Apple"), 0);
+    const Key apples = w.add_item(QStringLiteral("Apples"), 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.type(w.item(), QStringLiteral("apples"));
+    QCOMPARE(rows_of(w.list()).join(u'|'), QStringLiteral("Apple|Apples"));
+    w.tab(w.item());
+    QVERIFY(w.desc().hasFocus());
+    QCOMPARE(w.stored(key, "item || '|' || item_ref"), QStringLiteral("Apples|%1").arg(apples));
+    QCOMPARE(w.main().shared.item_in_work, apples);
+}
+
+void tst_pick_list::choosing_the_name_in_the_box_keeps_the_link_and_goes_to_the_comment()
+{
+    LineWindow w;
+    w.add_item(QStringLiteral("Milk"), 0);
+    const Key whole = w.add_item(QStringLiteral("Whole milk"), 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Milk"), whole);
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    QCOMPARE(rows_of(w.list()).join(u'|'), QStringLiteral("Milk"));
+    w.click_row(0);
+    QVERIFY(w.desc().hasFocus());
+    QVERIFY(!w.list().isVisible());
+    w.click_text();
+    QCOMPARE(w.stored(key, "item || '|' || item_ref"), QStringLiteral("Milk|%1").arg(whole));
+}
+
+void tst_pick_list::choosing_the_name_that_was_typed_stores_it()
+{
+    LineWindow w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.type(w.item(), QStringLiteral("Milk"));
+    w.click_row(0);
+    QVERIFY(w.desc().hasFocus());
+    QCOMPARE(w.stored(key, "item || '|' || item_ref"), QStringLiteral("Milk|%1").arg(milk));
+    QCOMPARE(w.item().property("Tag").toString(), QStringLiteral("Milk"));
+    w.click_text();
+    QCOMPARE(w.ingred(0), QStringLiteral("Milk"));
+}
+
 void tst_pick_list::the_list_stays_inside_the_page_data()
 {
     QTest::addColumn<int>("size");
@@ -336,6 +528,8 @@ void tst_pick_list::the_list_stays_inside_the_page()
         const QRect under(box->mapTo(w.list().parentWidget(), QPoint(0, 0)), box->size());
         QVERIFY(list.top() == under.bottom() + 1 || list.bottom() + 1 == under.top());
         QVERIFY(list.height() > 2 * w.list().sizeHintForRow(0));
+        if (size == 12)
+            QCOMPARE(list.width(), 173);
     }
 }
 

@@ -1,0 +1,177 @@
+#include "recipes/line_fixture.h"
+
+#include "stock/status.h"
+
+using namespace tarnwick;
+
+class tst_ingredient_link : public QObject {
+    Q_OBJECT
+private slots:
+    void a_typed_stock_name_links_a_new_line();
+    void tab_through_a_typed_stock_name_links_a_new_line_data();
+    void tab_through_a_typed_stock_name_links_a_new_line();
+    void plural_and_singular_find_one_stock_item_data();
+    void plural_and_singular_find_one_stock_item();
+    void a_typed_name_shows_the_pictures_of_its_status_at_once_data();
+    void a_typed_name_shows_the_pictures_of_its_status_at_once();
+    void the_link_follows_every_keystroke();
+    void an_item_wanted_on_several_lists_leaves_the_pictures_while_typing();
+};
+
+void tst_ingredient_link::a_typed_stock_name_links_a_new_line()
+{
+    LineWindow w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.open();
+    w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.type(w.item(), QStringLiteral("milk"));
+    QCOMPARE(w.page().state.matched_item, milk);
+    w.click_text();
+    QCOMPARE(w.number("SELECT item_ref FROM recipe_2"), int(milk));
+    QCOMPARE(w.text("SELECT item FROM recipe_2"), QStringLiteral("milk"));
+    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
+}
+
+void tst_ingredient_link::tab_through_a_typed_stock_name_links_a_new_line_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("the very name") << QStringLiteral("Apple") << QStringLiteral("Apple");
+    QTest::newRow("other case") << QStringLiteral("apple") << QStringLiteral("Apple");
+    QTest::newRow("plural") << QStringLiteral("apples") << QStringLiteral("Apples");
+}
+
+void tst_ingredient_link::tab_through_a_typed_stock_name_links_a_new_line()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, written);
+    LineWindow w;
+    const Key apple = w.add_item(QStringLiteral("Apple"), 0);
+    w.open();
+    w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
+    w.tab(w.qty());
+    w.tab(w.measure());
+    w.type(w.item(), typed);
+    w.tab(w.item());
+    QVERIFY(w.desc().hasFocus());
+    QVERIFY(!w.list().isVisible());
+    w.tab(w.desc());
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.text("SELECT item || '|' || item_ref FROM recipe_2"),
+             QStringLiteral("%1|%2").arg(written).arg(apple));
+    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), apple));
+}
+
+void tst_ingredient_link::plural_and_singular_find_one_stock_item_data()
+{
+    QTest::addColumn<QString>("stock");
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("plural for singular") << QStringLiteral("Apple") << QStringLiteral("apples");
+    QTest::newRow("singular for plural") << QStringLiteral("Apples") << QStringLiteral("APPLE");
+    QTest::newRow("plural for plural") << QStringLiteral("Apples") << QStringLiteral("ApPlEs");
+    QTest::newRow("accents") << QStringLiteral("Éclair") << QStringLiteral("éCLAIRS");
+}
+
+void tst_ingredient_link::plural_and_singular_find_one_stock_item()
+{
+    QFETCH(QString, stock);
+    QFETCH(QString, typed);
+    LineWindow w;
+    const Key item = w.add_item(stock, 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Something"));
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.item().selectAll();
+    w.item().insert(typed);
+    QCOMPARE(w.stored(key, "item_ref"), QString::number(item));
+    w.click_text();
+    QCOMPARE(w.stored(key, "item_ref"), QString::number(item));
+    QCOMPARE(w.stored(key, "item"), typed);
+    QCOMPARE(w.ingred(0), typed);
+    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.page().rcp_item(0), stock);
+}
+
+void tst_ingredient_link::a_typed_name_shows_the_pictures_of_its_status_at_once_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("light");
+    QTest::addColumn<int>("check");
+    QTest::newRow("unlisted") << QStringLiteral("Apple") << 175 << 113;
+    QTest::newRow("inactive") << QStringLiteral("Bread") << 183 << 113;
+    QTest::newRow("buy it") << QStringLiteral("Cocoa") << 179 << 122;
+    QTest::newRow("non-stock") << QStringLiteral("Dill") << 171 << 113;
+}
+
+void tst_ingredient_link::a_typed_name_shows_the_pictures_of_its_status_at_once()
+{
+    QFETCH(QString, typed);
+    QFETCH(int, light);
+    QFETCH(int, check);
+    constexpr int color = 3;
+    LineWindow w;
+    const Key list = w.add_list(QStringLiteral("Shop"));
+    w.add_item(QStringLiteral("Apple"), 0);
+    w.add_row(w.add_item(QStringLiteral("Bread"), 0), list, false);
+    w.add_row(w.add_item(QStringLiteral("Cocoa"), 0), list, true);
+    const bool stock = light != 171;
+    // Begins with other pictures than those that are to come.
+    const Key fish = w.add_item(QStringLiteral("Fish"), 0);
+    w.add_row(fish, list, true);
+    w.add_line(w.recipe, stock ? QStringLiteral("Salt") : QStringLiteral("Fish"), stock ? Key(-1) : fish);
+    w.open();
+    QCOMPARE(w.line(0).lite->picture_number(), (stock ? 171 : 179) + color);
+    QCOMPARE(w.line(0).Check1->picture_number(), (stock ? 113 : 122) + color);
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.type(w.item(), typed);
+    QVERIFY(w.item().hasFocus());
+    QCOMPARE(w.line(0).lite->picture_number(), light + color);
+    QCOMPARE(w.line(0).Check1->picture_number(), check + color);
+    QVERIFY(w.line(0).Check1->isEnabled());
+}
+
+void tst_ingredient_link::the_link_follows_every_keystroke()
+{
+    LineWindow w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Milk"), milk);
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    QTest::keyClick(&w.item(), Qt::Key_End);
+    QTest::keyClicks(&w.item(), QStringLiteral("y"));
+    QCOMPARE(w.stored(key, "item_ref"), QStringLiteral("-1"));
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
+    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
+    QTest::keyClick(&w.item(), Qt::Key_Backspace);
+    QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
+    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+}
+
+void tst_ingredient_link::an_item_wanted_on_several_lists_leaves_the_pictures_while_typing()
+{
+    LineWindow w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.add_row(milk, w.add_list(QStringLiteral("One")), true);
+    w.add_row(milk, w.add_list(QStringLiteral("Two")), true);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.type(w.item(), QStringLiteral("Milk"));
+    QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
+    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
+    w.click_text();
+    QCOMPARE(w.line(0).lite->picture_number(), 179 + 3);
+    QVERIFY(!w.line(0).Check1->isEnabled());
+}
+
+QTEST_MAIN(tst_ingredient_link)
+#include "tst_ingredient_link.moc"
