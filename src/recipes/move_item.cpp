@@ -50,7 +50,6 @@ void move_item::make_controls()
     for (int i = 0; i < 2; ++i) {
         Command1_[i] = new QPushButton(i == 0 ? QStringLiteral("OK") : QStringLiteral("CANCEL"), this);
         Command1_[i]->setObjectName(QStringLiteral("Command1(%1)").arg(i));
-        Command1_[i]->setAutoDefault(false);
     }
     Command1_[0]->setDefault(true);
     Command1_[0]->setEnabled(false);

@@ -111,8 +111,6 @@ void l_item_edit::make_controls()
     lbl_note_ = name(new QLabel(QStringLiteral("*Appears on a same list more than once"), this), "lblNote");
     ok_ = name(new QPushButton(QStringLiteral("OK"), this), "Command1(0)");
     cancel_ = name(new QPushButton(QStringLiteral("CANCEL"), this), "Command1(1)");
-    for (QPushButton* button : {new_category_, cancel_})
-        button->setAutoDefault(false);
     ok_->setDefault(true);
 
     txt_item_->installEventFilter(this);
