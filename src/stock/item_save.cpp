@@ -212,11 +212,12 @@ void ItemSave::show_new_node()
 void ItemSave::show_node()
 {
     StockTree& tree = main_.stock_tree();
+    if (QTreeWidgetItem* node = tree.item_node(entry_.item))
+        node->setText(0, get_ingred_name(main_.connection(), entry_.item));
+    // The node's new place goes by its new name.
     if (moved_)
         tree.move_item_node(entry_.item, entry_.category);
     tree.set_item_picture(entry_.item, code_, true);
-    if (QTreeWidgetItem* node = tree.item_node(entry_.item))
-        node->setText(0, get_ingred_name(main_.connection(), entry_.item));
 }
 
 /// Links, lights and tool tips of the recipe page.

@@ -1,0 +1,110 @@
+#include "stock/item_editor_fixture.h"
+
+using namespace tarnwick;
+
+namespace {
+
+QStringList names_in(const QTreeWidgetItem& folder)
+{
+    QStringList names;
+    for (int i = 0; i < folder.childCount(); ++i)
+        names << folder.child(i)->text(0);
+    return names;
+}
+
+} // namespace
+
+/// What the main window shows after OK: the tree's order, the recipe page.
+class tst_item_editor_shown : public QObject {
+    Q_OBJECT
+private slots:
+    void item_renamed_and_moved_at_once_stands_at_its_new_name();
+    void new_item_finds_its_place_in_a_folder_with_a_renamed_item_data();
+    void new_item_finds_its_place_in_a_folder_with_a_renamed_item();
+    void moved_item_finds_its_place_in_a_folder_with_a_renamed_item();
+};
+
+void tst_item_editor_shown::item_renamed_and_moved_at_once_stands_at_its_new_name()
+{
+    EditorCase test;
+    for (const char* name : {"Apple pie", "Pretzel", "Zwieback"})
+        test.window.add_item(QLatin1String(name), test.bakery);
+    frmmain& main = test.window.load();
+    test.open(2, test.milk, [&](EditorHands& hands) {
+        hands.type_name(QStringLiteral("Yeast"));
+        hands.choose_category(QStringLiteral("Bakery"));
+        hands.press_ok();
+        QVERIFY(!hands.dialog.isVisible());
+    });
+    const QTreeWidgetItem* folder = main.stock_tree().category_node(test.bakery);
+    QCOMPARE(names_in(*folder),
+             QStringList({QStringLiteral("Apple pie"), QStringLiteral("Bread"), QStringLiteral("Pretzel"),
+                          QStringLiteral("Yeast"), QStringLiteral("Zwieback")}));
+    QCOMPARE(main.stock_tree().view().selected(), main.stock_tree().item_node(test.milk));
+}
+
+void tst_item_editor_shown::new_item_finds_its_place_in_a_folder_with_a_renamed_item_data()
+{
+    QTest::addColumn<QString>("sort");
+    QTest::newRow("category view") << QStringLiteral("cat");
+    QTest::newRow("alphabetic view") << QStringLiteral("alpha");
+}
+
+void tst_item_editor_shown::new_item_finds_its_place_in_a_folder_with_a_renamed_item()
+{
+    QFETCH(QString, sort);
+    EditorCase test;
+    const Key apples = test.window.add_item(QStringLiteral("Apple pie"), test.bakery);
+    test.window.add_item(QStringLiteral("Croissant"), test.bakery);
+    test.window.set_pref(QStringLiteral("sort"), sort);
+    frmmain& main = test.window.load();
+    const bool flat = sort == QLatin1String("alpha");
+    QCOMPARE(main.shared.stock_alpha, flat);
+    test.open(2, apples, [](EditorHands& hands) {
+        hands.type_name(QStringLiteral("Zwieback"));
+        hands.press_ok();
+    });
+    test.open(0, -1, [](EditorHands& hands) {
+        hands.type_name(QStringLiteral("Donut"));
+        hands.choose_category(QStringLiteral("Bakery"));
+        hands.press_ok();
+        QVERIFY(!hands.dialog.isVisible());
+    });
+    TreeView& tree = main.stock_tree().view();
+    const QTreeWidgetItem& folder
+        = flat ? *tree.invisibleRootItem() : *main.stock_tree().category_node(test.bakery);
+    QStringList expected{QStringLiteral("Bread"), QStringLiteral("Croissant"), QStringLiteral("Donut")};
+    if (flat)
+        expected << QStringLiteral("Milk");
+    expected << QStringLiteral("Zwieback");
+    QCOMPARE(names_in(folder), expected);
+    QTreeWidgetItem* node = tree.node(QStringLiteral("item0005"));
+    QVERIFY(node);
+    QCOMPARE(node->text(0), QStringLiteral("Donut"));
+    QCOMPARE(tree.selected(), node);
+    QVERIFY(!tree.text_rect(node).isNull());
+}
+
+void tst_item_editor_shown::moved_item_finds_its_place_in_a_folder_with_a_renamed_item()
+{
+    EditorCase test;
+    const Key apples = test.window.add_item(QStringLiteral("Apple pie"), test.bakery);
+    test.window.add_item(QStringLiteral("Croissant"), test.bakery);
+    frmmain& main = test.window.load();
+    test.open(2, apples, [](EditorHands& hands) {
+        hands.type_name(QStringLiteral("Zwieback"));
+        hands.press_ok();
+    });
+    test.open(2, test.milk, [](EditorHands& hands) {
+        hands.choose_category(QStringLiteral("Bakery"));
+        hands.press_ok();
+        QVERIFY(!hands.dialog.isVisible());
+    });
+    QCOMPARE(names_in(*main.stock_tree().category_node(test.bakery)),
+             QStringList({QStringLiteral("Bread"), QStringLiteral("Croissant"), QStringLiteral("Milk"),
+                          QStringLiteral("Zwieback")}));
+    QCOMPARE(main.stock_tree().view().selected(), main.stock_tree().item_node(test.milk));
+}
+
+QTEST_MAIN(tst_item_editor_shown)
+#include "tst_item_editor_shown.moc"
