@@ -1,6 +1,7 @@
 #include "stock/item_save.h"
 
 #include "app/frmmain.h"
+#include "app/integrity.h"
 #include "data/runtime_error.h"
 #include "lists/clearing.h"
 #include "lists/list_grid.h"
@@ -86,7 +87,7 @@ void ItemSave::write_rows()
             place(edit, cells);
             break;
         case RowAction::take_off:
-            main_.clearing().groc_del(edit.groc_key, true, true);
+            taken_off_.push_back({edit.groc_key, delete_list_row(main_.connection(), edit.groc_key)});
             break;
         case RowAction::rewrite:
             rewrite(edit, cells);
@@ -95,6 +96,8 @@ void ItemSave::write_rows()
             break;
         }
     }
+    if (!taken_off_.empty())
+        data_integrity_check(main_.connection());
 }
 
 void ItemSave::place(const EditRow& edit, const GridRow& cells)
@@ -167,6 +170,8 @@ void ItemSave::show()
 
 void ItemSave::show_rows()
 {
+    for (const TakenOff& row : taken_off_)
+        main_.clearing().show_removed(row.groc_key, row.item, true, true);
     for (const Placed& placed : placed_) {
         main_.placing().show_placed(placed.placement, placed.row);
         show_row(placed.row.groc_key, *placed.edit, *placed.cells);

@@ -22,6 +22,7 @@ private slots:
     void new_item_finds_its_place_in_a_folder_with_a_renamed_item_data();
     void new_item_finds_its_place_in_a_folder_with_a_renamed_item();
     void moved_item_finds_its_place_in_a_folder_with_a_renamed_item();
+    void rows_taken_off_leave_the_grid_and_the_links_are_repaired();
 };
 
 void tst_item_editor_shown::item_renamed_and_moved_at_once_stands_at_its_new_name()
@@ -104,6 +105,31 @@ void tst_item_editor_shown::moved_item_finds_its_place_in_a_folder_with_a_rename
              QStringList({QStringLiteral("Bread"), QStringLiteral("Croissant"), QStringLiteral("Milk"),
                           QStringLiteral("Zwieback")}));
     QCOMPARE(main.stock_tree().view().selected(), main.stock_tree().item_node(test.milk));
+}
+
+void tst_item_editor_shown::rows_taken_off_leave_the_grid_and_the_links_are_repaired()
+{
+    EditorCase test;
+    test.add_lists();
+    test.window.add_row(test.milk, test.market, true, QStringLiteral("first"));
+    test.window.add_row(test.milk, test.market, true, QStringLiteral("second"));
+    const Key bread = test.window.add_row(test.bread, test.market, true);
+    test.window.set_pref(QStringLiteral("alist"), QStringLiteral("2"));
+    frmmain& main = test.window.load();
+    GridModel& shown = main.list_pane().grid().rows();
+    QCOMPARE(shown.rows(), 3);
+    Query(test.window.db(), "INSERT INTO tie (key_id, item_id, groc_id, list) VALUES (99, 1, 99, 2)").run();
+    test.open(2, test.milk, [](EditorHands& hands) {
+        hands.click_cell(1, grid_column::light);
+        hands.click_cell(2, grid_column::light);
+        hands.press_ok();
+        QVERIFY(!hands.dialog.isVisible());
+    });
+    QCOMPARE(shown.rows(), 1);
+    QCOMPARE(shown.row(0).groc_key, bread);
+    QCOMPARE(TreeView::tag(main.stock_tree().item_node(test.milk)), QStringLiteral("5"));
+    QCOMPARE(main.status_panels().text(), QStringLiteral("Not listed :: Dairy category"));
+    QCOMPARE(test.window.text("SELECT group_concat(groc_id) FROM tie"), QString::number(bread));
 }
 
 QTEST_MAIN(tst_item_editor_shown)
