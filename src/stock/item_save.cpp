@@ -228,23 +228,9 @@ void ItemSave::show_node()
 /// Links, lights and tool tips of the recipe page.
 void ItemSave::show_lines()
 {
-    RecipePage& page = main_.recipe_page();
-    const QString status = get_status(main_.connection(), entry_.item);
     const bool by_name = entry_.mode == edit_mode::new_item;
-    if (entry_.renamed)
-        page.unlink_item(entry_.item, QStringLiteral("Non-stock item"));
-    if (entry_.renamed || by_name)
-        page.link_item(entry_.name, entry_.item, code_, status);
-    for (int i = 0; i < page.recipe_lines().count(); ++i) {
-        IngredientLine& line = page.lines()[static_cast<size_t>(i)];
-        if (entry_.mode > edit_mode::edit_item && line.key == entry_.line)
-            line.item_ref = entry_.item;
-        if (line.item_ref != entry_.item)
-            continue;
-        line.tool_tip = line.item + (by_name ? QStringLiteral(": ") : QStringLiteral(" - ")) + status;
-        page.set_lites(i, code_);
-        page.refresh_line(i);
-    }
+    main_.recipe_page().follow_links(entry_.item, code_, by_name ? QStringLiteral(": ") : QStringLiteral(" - "),
+                                     get_status(main_.connection(), entry_.item), QStringLiteral("Non-stock item"));
 }
 
 } // namespace tarnwick

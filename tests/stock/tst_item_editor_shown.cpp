@@ -1,5 +1,8 @@
 #include "stock/item_editor_fixture.h"
 
+#include "recipes/line_widgets.h"
+#include "recipes/recipe_page.h"
+
 using namespace tarnwick;
 
 namespace {
@@ -12,6 +15,32 @@ QStringList names_in(const QTreeWidgetItem& folder)
     return names;
 }
 
+/// The household with a recipe on show.
+class RecipeCase : public EditorCase {
+public:
+    void load()
+    {
+        Query(window.db(), "INSERT INTO recipe_1 (key_id, r_name, r_body, cat) VALUES (1, 'Soup', ' ', '11')")
+            .run();
+        Query(window.db(), "UPDATE recipe_2 SET \"order\" = key_id").run();
+        window.set_pref(QStringLiteral("arcp"), QStringLiteral("1"));
+        window.set_pref(QStringLiteral("lv_view"), QStringLiteral("0"));
+        window.load();
+    }
+
+    /// Stock item, light and tool tip of each line.
+    QStringList page_lines()
+    {
+        QStringList shown;
+        for (const IngredientLine& line : window.main().recipe_page().lines())
+            shown << QStringLiteral("%1|%2|%3")
+                         .arg(line.Check1->property("Tag").toInt())
+                         .arg(line.lite->picture_number() - window.main().shared.color_index)
+                         .arg(line.ingred->toolTip());
+        return shown;
+    }
+};
+
 } // namespace
 
 /// What the main window shows after OK: the tree's order, the recipe page.
@@ -22,6 +51,7 @@ private slots:
     void new_item_finds_its_place_in_a_folder_with_a_renamed_item_data();
     void new_item_finds_its_place_in_a_folder_with_a_renamed_item();
     void moved_item_finds_its_place_in_a_folder_with_a_renamed_item();
+    void recipe_page_shows_the_links_that_the_file_has();
     void rows_taken_off_leave_the_grid_and_the_links_are_repaired();
 };
 
@@ -105,6 +135,28 @@ void tst_item_editor_shown::moved_item_finds_its_place_in_a_folder_with_a_rename
              QStringList({QStringLiteral("Bread"), QStringLiteral("Croissant"), QStringLiteral("Milk"),
                           QStringLiteral("Zwieback")}));
     QCOMPARE(main.stock_tree().view().selected(), main.stock_tree().item_node(test.milk));
+}
+
+void tst_item_editor_shown::recipe_page_shows_the_links_that_the_file_has()
+{
+    RecipeCase test;
+    test.add_line(QStringLiteral("milks"), test.milk);
+    test.add_line(QStringLiteral("milk "), test.milk);
+    test.add_line(QStringLiteral("Milk"), test.milk);
+    test.add_line(QStringLiteral("milk"), -1);
+    test.add_line(QStringLiteral("milk"), test.bread);
+    test.load();
+    test.open(2, test.milk, [](EditorHands& hands) {
+        hands.type_name(QStringLiteral("MILK"));
+        hands.press_ok();
+        QVERIFY(!hands.dialog.isVisible());
+    });
+    QCOMPARE(test.line_links(), QStringLiteral("-1,-1,1,1,2"));
+    const QString unlinked = QStringLiteral("-1|171|Non-stock item");
+    QCOMPARE(test.page_lines(),
+             QStringList({unlinked, unlinked, QStringLiteral("1|175|Milk - Not listed :: Dairy category"),
+                          QStringLiteral("1|175|milk - Not listed :: Dairy category"),
+                          QStringLiteral("2|175|Bread - Not listed :: Bakery category")}));
 }
 
 void tst_item_editor_shown::rows_taken_off_leave_the_grid_and_the_links_are_repaired()
