@@ -199,7 +199,7 @@ void ItemSave::show_row(Key groc_key, const EditRow& edit, const GridRow& cells)
         target.to_get = edit.state == RowState::active;
         target.light = cells.light;
         target.check = cells.check;
-        target.coupon = cells.coupon;
+        target.coupon = edit.coupon ? picture_base::coupon_on : picture_base::coupon_off;
         target.date = cells.date;
         target.desc = or_blank(trim(cells.desc));
         target.qty = or_blank(trim(cells.qty));

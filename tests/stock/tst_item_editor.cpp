@@ -111,6 +111,7 @@ void tst_item_editor::placing_pre_marks_the_list_it_came_to()
         QCOMPARE(hands.row(1).qty, QStringLiteral(" "));
         QCOMPARE(hands.row(1).date, QStringLiteral(" "));
         QCOMPARE(hands.row(1).aisle, QStringLiteral(" "));
+        QCOMPARE(hands.row(1).coupon, 0);
         QCOMPARE(hands.row(2).light, picture_base::light_unlisted);
         QCOMPARE(hands.state(), QStringLiteral("Active on one list"));
     });
@@ -259,6 +260,8 @@ void tst_item_editor::rows_show_texts_pictures_and_dates()
         QCOMPARE(none.desc, QStringLiteral(" "));
         QCOMPARE(none.qty, QStringLiteral(" "));
         QCOMPARE(none.aisle, QStringLiteral(" "));
+        QCOMPARE(none.coupon, 0);
+        QCOMPARE(none.date, QStringLiteral(" "));
     });
 }
 
