@@ -104,7 +104,6 @@ void l_item_edit::make_controls()
     combo_ = name(new QComboBox(this), "Combo1");
     new_category_ = name(new QPushButton(QStringLiteral("&New..."), this), "CmdNewCat");
     new_category_->setToolTip(QStringLiteral("New stock category"));
-    new_category_->setFocusPolicy(Qt::NoFocus);
     lite_ = name(new QLabel(this), "lite");
     lbl_active_ = name(new QLabel(this), "lblActive");
     grid_ = name(new ItemEditGrid(main_, this), "grid_area");
@@ -153,7 +152,8 @@ void l_item_edit::lay_out()
     all->addLayout(foot);
 
     setTabOrder(txt_item_, combo_);
-    setTabOrder(combo_, grid_->focusProxy());
+    setTabOrder(combo_, new_category_);
+    setTabOrder(new_category_, grid_->focusProxy());
     setTabOrder(grid_->focusProxy(), ok_);
     setTabOrder(ok_, cancel_);
     const int em = fontMetrics().height();
@@ -288,8 +288,9 @@ bool l_item_edit::eventFilter(QObject* watched, QEvent* event)
             || reason == Qt::MenuBarFocusReason;
         const QWidget* target = QApplication::focusWidget();
         // CANCEL takes any name, and OK checks it by itself.
-        if (!other_window && target != cancel_ && target != ok_)
-            name_left();
+        // The message takes the release of a press that led here.
+        if (!other_window && target != cancel_ && target != ok_ && !name_left())
+            QTimer::singleShot(0, new_category_, [this] { new_category_->setDown(false); });
     }
     return QDialog::eventFilter(watched, event);
 }
@@ -356,6 +357,9 @@ bool l_item_edit::new_item_accepted()
 
 void l_item_edit::new_category()
 {
+    // The access key leaves the focus in the name.
+    if (txt_item_->hasFocus() && !name_left())
+        return;
     main_.shared.dialog_kind = naming::category;
     new_item_rcp dialog(main_, this);
     dialog.exec();
