@@ -6,6 +6,7 @@
 #include "recipes/recipe_page.h"
 #include "shell/pictures.h"
 #include "shell/tree_view.h"
+#include "shell/window_title.h"
 #include "stock/item_edit_grid.h"
 #include "stock/item_save.h"
 #include "stock/stock_tree.h"
@@ -269,13 +270,13 @@ void l_item_edit::caption_updt(const QString& name)
         setWindowTitle(QStringLiteral("Adding New Item to Stock"));
         break;
     case edit_mode::place_item:
-        setWindowTitle(QStringLiteral("Adding ") + name);
+        set_window_title(*this, QStringLiteral("Adding ") + name);
         break;
     case edit_mode::non_stock_to_stock:
-        setWindowTitle(QStringLiteral("Adding ") + name + QStringLiteral(" to stock"));
+        set_window_title(*this, QStringLiteral("Adding ") + name + QStringLiteral(" to stock"));
         break;
     default:
-        setWindowTitle(QStringLiteral("Editing ") + name);
+        set_window_title(*this, QStringLiteral("Editing ") + name);
         break;
     }
 }
