@@ -177,7 +177,7 @@ Key l_item_edit::load_head()
     QString name = item ? item->name : mode_ == edit_mode::place_item ? QStringLiteral(" ") : QString();
     if (mode_ == edit_mode::non_stock_to_stock)
         name = main_.recipe_page().rcp_item_in_work();
-    if (mode_ == edit_mode::add_to_recipe || mode_ == edit_mode::non_stock_to_stock)
+    if (mode_ == edit_mode::add_to_recipe || (mode_ == edit_mode::non_stock_to_stock && name.isEmpty()))
         name = store_.line_name(shared.ingredient_in_work).value_or(name);
     txt_item_->setText(name);
     txt_item_->setProperty(tag, name);
@@ -393,10 +393,8 @@ void l_item_edit::reject()
 {
     leaving_ = true;
     QDialog::reject();
-    if (!main_.recipe_page().editor_open())
-        return;
-    if (auto* line = main_.findChild<QWidget*>(QStringLiteral("ing_flt_txtDesc")))
-        line->setFocus(Qt::OtherFocusReason);
+    if (main_.recipe_page().editor_open())
+        main_.findChild<QWidget*>(QStringLiteral("ing_flt_txtDesc"))->setFocus(Qt::OtherFocusReason);
 }
 
 void show_item_editor(frmmain& main)

@@ -233,6 +233,7 @@ void tst_item_editor_checks::other_needs_one_confirmation_and_no_drops_the_list_
                                   const auto& message = static_cast<QMessageBox&>(box);
                                   QCOMPARE(message.icon(), QMessageBox::Question);
                                   QVERIFY(message.standardButtons() == (QMessageBox::Yes | QMessageBox::No));
+                                  QCOMPARE(message.defaultButton(), message.button(QMessageBox::Yes));
                               });
         hands.press_ok();
         QVERIFY(hands.dialog.isVisible());
