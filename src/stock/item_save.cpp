@@ -62,10 +62,8 @@ void ItemSave::run()
 
 void ItemSave::write()
 {
-    if (makes_item_) {
+    if (makes_item_)
         entry_.item = store_.add_item(entry_.name, entry_.category, main_.today());
-        main_.shared.item_in_work = entry_.item;
-    }
     write_rows();
     if (!makes_item_)
         write_item();
@@ -120,7 +118,6 @@ void ItemSave::place(const EditRow& edit, const GridRow& cells)
     in_placing_ = false;
     if (!placed)
         return;
-    main_.shared.last_groc_key = placed->groc_key;
     placed_.push_back({placement, *placed, &edit, &cells});
     // A placing takes a whole number and no coupon; what the user entered beyond that is kept too.
     const bool more_than_number = !qty.isEmpty() && qty != QString::number(placement.qty);
@@ -156,6 +153,7 @@ void ItemSave::write_item()
 
 void ItemSave::show()
 {
+    main_.shared.item_in_work = entry_.item;
     show_rows();
     // Boxes left open over a row would write their old text back with the next key.
     if (main_.row_editor().is_open())

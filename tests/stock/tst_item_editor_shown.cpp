@@ -3,6 +3,8 @@
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
+
 using namespace tarnwick;
 
 namespace {
@@ -52,6 +54,7 @@ private slots:
     void new_item_finds_its_place_in_a_folder_with_a_renamed_item();
     void moved_item_finds_its_place_in_a_folder_with_a_renamed_item();
     void recipe_page_shows_the_links_that_the_file_has();
+    void new_item_that_could_not_be_placed_is_handed_to_nobody();
     void rows_taken_off_leave_the_grid_and_the_links_are_repaired();
 };
 
@@ -157,6 +160,30 @@ void tst_item_editor_shown::recipe_page_shows_the_links_that_the_file_has()
              QStringList({unlinked, unlinked, QStringLiteral("1|175|Milk - Not listed :: Dairy category"),
                           QStringLiteral("1|175|milk - Not listed :: Dairy category"),
                           QStringLiteral("2|175|Bread - Not listed :: Bakery category")}));
+}
+
+void tst_item_editor_shown::new_item_that_could_not_be_placed_is_handed_to_nobody()
+{
+    EditorCase test;
+    test.add_lists();
+    frmmain& main = test.window.load();
+    main.connection().db().exec("CREATE TEMP TRIGGER failing BEFORE INSERT ON tie WHEN new.list = 2"
+                                " BEGIN SELECT RAISE(ABORT, 'disk full'); END");
+    test.open(0, -1, [](EditorHands& hands) {
+        hands.type_name(QStringLiteral("Soap"));
+        hands.choose_category(QStringLiteral("Bakery"));
+        hands.click_cell(0, grid_column::light);
+        hands.click_cell(1, grid_column::light);
+        hands.messages.expect(QStringLiteral("TarnWick"),
+                              QStringLiteral("TarnWick has encountered an error\nand must shut down"));
+        hands.press_ok();
+        QCOMPARE(hands.messages.left(), 0);
+    });
+    QCOMPARE(int(main.shared.item_in_work), -1);
+    QCOMPARE(int(main.shared.last_groc_key), -1);
+    QCOMPARE(test.count("SELECT count(*) FROM items_1"), 2);
+    QCOMPARE(test.count("SELECT count(*) FROM groc_1"), 0);
+    QVERIFY(!main.stock_tree().item_node(3));
 }
 
 void tst_item_editor_shown::rows_taken_off_leave_the_grid_and_the_links_are_repaired()
