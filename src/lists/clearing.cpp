@@ -99,7 +99,12 @@ void Clearing::show_on_page(const ItemStatus& item)
 
 void Clearing::groc_del(Key groc_key, bool remove_from_grid, bool update_tree)
 {
-    const auto item = remove_list_row(main_.connection(), groc_key);
+    show_removed(groc_key, remove_list_row(main_.connection(), groc_key), remove_from_grid, update_tree);
+}
+
+void Clearing::show_removed(Key groc_key, const std::optional<ItemStatus>& item, bool remove_from_grid,
+                            bool update_tree)
+{
     // The editor goes first: it knows its row by number.
     main_.row_editor().hide_line();
     if (remove_from_grid)

@@ -17,6 +17,10 @@ public:
     /// Removes one list row, from the grid and with its effect on the tree as asked.
     void groc_del(Key groc_key, bool remove_from_grid, bool update_tree);
 
+    /// The second half of `groc_del`: shows that a list row is gone. `item` is the stock item that was
+    /// behind it, none without a link.
+    void show_removed(Key groc_key, const std::optional<ItemStatus>& item, bool remove_from_grid, bool update_tree);
+
     /// Shows what a clearing of the current list in mode 1 to 3 has changed.
     void show_cleared(int mode, const std::vector<ItemStatus>& items);
 

@@ -95,7 +95,7 @@ std::vector<ItemStatus> clear_rows(Connection& connection, Key list, int mode)
     return items;
 }
 
-std::optional<ItemStatus> remove_list_row(Connection& connection, Key groc_key)
+std::optional<ItemStatus> delete_list_row(Connection& connection, Key groc_key)
 {
     Transaction transaction(connection);
     std::optional<ItemStatus> item;
@@ -112,8 +112,17 @@ std::optional<ItemStatus> remove_list_row(Connection& connection, Key groc_key)
     if (link) {
         Query(connection, "DELETE FROM tie WHERE key_id = ?", *tie_key).run();
         item = ItemStatus{link->item, write_status(connection, link->item)};
-        data_integrity_check(connection);
     }
+    transaction.commit();
+    return item;
+}
+
+std::optional<ItemStatus> remove_list_row(Connection& connection, Key groc_key)
+{
+    Transaction transaction(connection);
+    const auto item = delete_list_row(connection, groc_key);
+    if (item)
+        data_integrity_check(connection);
     transaction.commit();
     return item;
 }

@@ -28,8 +28,11 @@ bool has_rows_to_clear(Connection& connection, Key list, int mode);
 /// Returns each stock item behind the rows once, if it still exists. Throws SQLite::Exception.
 std::vector<ItemStatus> clear_rows(Connection& connection, Key list, int mode);
 
-/// Deletes one list row with its link and repairs `tie`, in one transaction. Returns the stock item
-/// behind it; nothing when the row had no link. Throws SQLite::Exception.
+/// Deletes one list row with its link, in one transaction. Returns the stock item behind it; nothing when
+/// the row had no link. Throws SQLite::Exception.
+std::optional<ItemStatus> delete_list_row(Connection& connection, Key groc_key);
+
+/// The same, and repairs `tie` when the row had a link.
 std::optional<ItemStatus> remove_list_row(Connection& connection, Key groc_key);
 
 } // namespace tarnwick

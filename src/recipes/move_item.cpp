@@ -4,6 +4,7 @@
 #include "recipes/recipe_categories.h"
 #include "recipes/recipe_tree.h"
 #include "shell/tree_view.h"
+#include "shell/window_title.h"
 #include "stock/stock_commands.h"
 #include "stock/stock_store.h"
 #include "stock/stock_tree.h"
@@ -24,7 +25,7 @@ move_item::move_item(frmmain& main, const QTreeWidgetItem& node)
     setModal(true);
     make_controls();
     const QTreeWidgetItem& folder = *node.parent();
-    setWindowTitle(QStringLiteral("Move ") + node.text(0));
+    set_window_title(*this, QStringLiteral("Move ") + node.text(0));
     Label1_->setText(QStringLiteral("Move ") + node.text(0) + QStringLiteral(" from ") + folder.text(0)
                      + QStringLiteral(" category to:"));
     if (main_.shared.move_stock)
@@ -50,7 +51,6 @@ void move_item::make_controls()
     for (int i = 0; i < 2; ++i) {
         Command1_[i] = new QPushButton(i == 0 ? QStringLiteral("OK") : QStringLiteral("CANCEL"), this);
         Command1_[i]->setObjectName(QStringLiteral("Command1(%1)").arg(i));
-        Command1_[i]->setAutoDefault(false);
     }
     Command1_[0]->setDefault(true);
     Command1_[0]->setEnabled(false);

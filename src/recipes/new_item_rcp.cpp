@@ -63,7 +63,6 @@ void new_item_rcp::make_controls()
         Picture1_[i]->setObjectName(QStringLiteral("Picture1(%1)").arg(i));
         Command1_[i] = new QPushButton(i == 0 ? QStringLiteral("OK") : QStringLiteral("CANCEL"), this);
         Command1_[i]->setObjectName(QStringLiteral("Command1(%1)").arg(i));
-        Command1_[i]->setAutoDefault(false);
     }
     Label1_[1]->setText(QStringLiteral("Select a recipe category:"));
     Command1_[0]->setDefault(true);

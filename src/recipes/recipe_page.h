@@ -103,7 +103,12 @@ public:
     void set_item_status(Key item, int code);
     void set_item_tool_tip(Key item, const QString& text);
     void unlink_item(Key item, const QString& tool_tip); ///< lines become non-stock
-    void link_item(const QString& name, Key item, int code, const QString& tool_tip);
+
+    /// Takes the lines' links to a stock item over from the file. A line that is linked there gets the light
+    /// of the code and its stored name, the joint and the status for a tool tip; one that was linked and is
+    /// no more becomes non-stock, with that tool tip.
+    void follow_links(Key item, int code, const QString& joint, const QString& status,
+                      const QString& unlinked_tool_tip);
 
     /// Saves what can be saved of an open line editor and closes it without a question.
     void close_line_editor();

@@ -1,7 +1,6 @@
 #include "recipes/recipe_page.h"
 
 #include "app/frmmain.h"
-#include "data/collation.h"
 #include "lists/list_grid.h"
 #include "lists/list_pane.h"
 #include "recipes/line_widgets.h"
@@ -164,16 +163,18 @@ void RecipePage::unlink_item(Key item, const QString& tool_tip)
     });
 }
 
-// The lines of the name are told as the LIKE of the database tells them.
-void RecipePage::link_item(const QString& name, Key item, int code, const QString& tool_tip)
+void RecipePage::follow_links(Key item, int code, const QString& joint, const QString& status,
+                              const QString& unlinked_tool_tip)
 {
     for (int i = 0; i < recipe_lines_->count(); ++i) {
         IngredientLine& line = lines()[static_cast<size_t>(i)];
-        if (line.item_ref > 0 || !like(line.item, name))
+        const auto link = line_link(main_.connection(), line.key);
+        if (!link || (link->item_ref != item && line.item_ref != item))
             continue;
-        line.item_ref = item;
-        line.tool_tip = tool_tip;
-        set_lites(i, code);
+        const bool linked = link->item_ref == item;
+        line.item_ref = linked ? item : Key(-1);
+        line.tool_tip = linked ? link->item + joint + status : unlinked_tool_tip;
+        set_lites(i, linked ? code : status_code::non_stock);
         refresh_line(i);
     }
 }

@@ -15,6 +15,7 @@
 #include "shell/tool_tip.h"
 #include "shell/toolbar.h"
 #include "shell/tree_view.h"
+#include "shell/window_title.h"
 #include "stock/floating_buttons.h"
 #include "stock/status.h"
 #include "stock/stock_tree.h"
@@ -415,7 +416,7 @@ void ViewState::caption_refresh()
         form = QStringLiteral("Tarnwick (viewing all lists)");
         list = QStringLiteral("All shopping lists");
     }
-    main_.setWindowTitle(form);
+    set_window_title(main_, form);
     const QString recipe_name = trim(main_.shared.cur_recipe_name);
     const bool named = main_.shared.cur_recipe > 0 && !recipe_name.isEmpty();
     const QString recipe = named ? QStringLiteral("Recipe: ") + recipe_name : QStringLiteral("Recipe");

@@ -15,12 +15,16 @@ namespace tarnwick {
 namespace {
 
 const QString blank = QStringLiteral(" ");
+constexpr int no_picture = 0;
 
+/// All but the name and the pictures in front of it.
 void blank_cells(GridRow& row)
 {
     row.desc = blank;
     row.qty = blank;
     row.aisle = blank;
+    row.coupon = no_picture;
+    row.date = blank;
 }
 
 QString date_text(QDate date)
@@ -112,7 +116,6 @@ void ItemEditGrid::append(const ListOfItem& list, std::vector<GridRow>& rows)
     cells.item = list.list_name;
     if (list.rows.empty()) {
         set_pictures(cells, RowState::not_listed);
-        set_coupon_cells(cells, false, blank);
         blank_cells(cells);
         rows.push_back(cells);
         list_rows_edit_.push_back({list.list_key, 0, RowState::not_listed, false, RowAction::none});
@@ -145,7 +148,7 @@ void ItemEditGrid::pre_mark(Key list)
     row->state = RowState::active;
     row->action = RowAction::place;
     const int index = static_cast<int>(row - list_rows_edit_.begin());
-    show_state(index);
+    grid_->rows().change_row(index, [](GridRow& cells) { set_pictures(cells, RowState::active); });
     grid_->set_current(index, grid_column::item);
 }
 
@@ -219,7 +222,6 @@ void ItemEditGrid::toggle_on_list(int row)
     if (edit.is_listed()) {
         edit.state = RowState::taken_off;
         edit.action = was_there ? RowAction::take_off : RowAction::none;
-        grid_->rows().change_row(row, blank_cells);
     } else {
         edit.state = RowState::inactive;
         edit.action = was_there ? RowAction::none : RowAction::place;
@@ -240,13 +242,16 @@ void ItemEditGrid::toggle_buy_it(int row)
     mark_changed(row);
 }
 
-/// The pictures of a row that came on its list or left it; neither has a coupon.
+/// The cells of a row that came on its list, without a coupon, or left it.
 void ItemEditGrid::show_state(int row)
 {
-    const RowState state = edit_row_of(row).state;
-    grid_->rows().change_row(row, [state](GridRow& cells) {
-        set_pictures(cells, state);
-        set_coupon_cells(cells, false, blank);
+    const EditRow& edit = edit_row_of(row);
+    grid_->rows().change_row(row, [&edit](GridRow& cells) {
+        set_pictures(cells, edit.state);
+        if (edit.is_listed())
+            set_coupon_cells(cells, false, blank);
+        else
+            blank_cells(cells);
     });
 }
 

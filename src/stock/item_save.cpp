@@ -1,6 +1,7 @@
 #include "stock/item_save.h"
 
 #include "app/frmmain.h"
+#include "app/integrity.h"
 #include "data/runtime_error.h"
 #include "lists/clearing.h"
 #include "lists/list_grid.h"
@@ -61,10 +62,8 @@ void ItemSave::run()
 
 void ItemSave::write()
 {
-    if (makes_item_) {
+    if (makes_item_)
         entry_.item = store_.add_item(entry_.name, entry_.category, main_.today());
-        main_.shared.item_in_work = entry_.item;
-    }
     write_rows();
     if (!makes_item_)
         write_item();
@@ -86,7 +85,7 @@ void ItemSave::write_rows()
             place(edit, cells);
             break;
         case RowAction::take_off:
-            main_.clearing().groc_del(edit.groc_key, true, true);
+            taken_off_.push_back({edit.groc_key, delete_list_row(main_.connection(), edit.groc_key)});
             break;
         case RowAction::rewrite:
             rewrite(edit, cells);
@@ -95,6 +94,8 @@ void ItemSave::write_rows()
             break;
         }
     }
+    if (!taken_off_.empty())
+        data_integrity_check(main_.connection());
 }
 
 void ItemSave::place(const EditRow& edit, const GridRow& cells)
@@ -117,7 +118,6 @@ void ItemSave::place(const EditRow& edit, const GridRow& cells)
     in_placing_ = false;
     if (!placed)
         return;
-    main_.shared.last_groc_key = placed->groc_key;
     placed_.push_back({placement, *placed, &edit, &cells});
     // A placing takes a whole number and no coupon; what the user entered beyond that is kept too.
     const bool more_than_number = !qty.isEmpty() && qty != QString::number(placement.qty);
@@ -153,6 +153,7 @@ void ItemSave::write_item()
 
 void ItemSave::show()
 {
+    main_.shared.item_in_work = entry_.item;
     show_rows();
     // Boxes left open over a row would write their old text back with the next key.
     main_.row_editor().refresh();
@@ -166,6 +167,8 @@ void ItemSave::show()
 
 void ItemSave::show_rows()
 {
+    for (const TakenOff& row : taken_off_)
+        main_.clearing().show_removed(row.groc_key, row.item, true, true);
     for (const Placed& placed : placed_) {
         main_.placing().show_placed(placed.placement, placed.row);
         show_row(placed.row.groc_key, *placed.edit, *placed.cells);
@@ -193,7 +196,7 @@ void ItemSave::show_row(Key groc_key, const EditRow& edit, const GridRow& cells)
         target.to_get = edit.state == RowState::active;
         target.light = cells.light;
         target.check = cells.check;
-        target.coupon = cells.coupon;
+        target.coupon = edit.coupon ? picture_base::coupon_on : picture_base::coupon_off;
         target.date = cells.date;
         target.desc = or_blank(trim(cells.desc));
         target.qty = or_blank(trim(cells.qty));
@@ -211,33 +214,20 @@ void ItemSave::show_new_node()
 void ItemSave::show_node()
 {
     StockTree& tree = main_.stock_tree();
+    if (QTreeWidgetItem* node = tree.item_node(entry_.item))
+        node->setText(0, get_ingred_name(main_.connection(), entry_.item));
+    // The node's new place goes by its new name.
     if (moved_)
         tree.move_item_node(entry_.item, entry_.category);
     tree.set_item_picture(entry_.item, code_, true);
-    if (QTreeWidgetItem* node = tree.item_node(entry_.item))
-        node->setText(0, get_ingred_name(main_.connection(), entry_.item));
 }
 
 /// Links, lights and tool tips of the recipe page.
 void ItemSave::show_lines()
 {
-    RecipePage& page = main_.recipe_page();
-    const QString status = get_status(main_.connection(), entry_.item);
     const bool by_name = entry_.mode == edit_mode::new_item;
-    if (entry_.renamed)
-        page.unlink_item(entry_.item, QStringLiteral("Non-stock item"));
-    if (entry_.renamed || by_name)
-        page.link_item(entry_.name, entry_.item, code_, status);
-    for (int i = 0; i < page.recipe_lines().count(); ++i) {
-        IngredientLine& line = page.lines()[static_cast<size_t>(i)];
-        if (entry_.mode > edit_mode::edit_item && line.key == entry_.line)
-            line.item_ref = entry_.item;
-        if (line.item_ref != entry_.item)
-            continue;
-        line.tool_tip = line.item + (by_name ? QStringLiteral(": ") : QStringLiteral(" - ")) + status;
-        page.set_lites(i, code_);
-        page.refresh_line(i);
-    }
+    main_.recipe_page().follow_links(entry_.item, code_, by_name ? QStringLiteral(": ") : QStringLiteral(" - "),
+                                     get_status(main_.connection(), entry_.item), QStringLiteral("Non-stock item"));
 }
 
 } // namespace tarnwick

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "lists/clearing_store.h"
 #include "lists/placing_store.h"
 #include "stock/item_store.h"
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 class QTreeWidgetItem;
@@ -44,6 +46,12 @@ private:
         const GridRow* cells;
     };
 
+    /// A row that was taken off its list, with the stock item behind it; none without a link.
+    struct TakenOff {
+        Key groc_key;
+        std::optional<ItemStatus> item;
+    };
+
     void write();
     void write_rows();
     void place(const EditRow& edit, const GridRow& cells);
@@ -63,6 +71,7 @@ private:
     bool makes_item_;
     bool moved_ = false;
     std::vector<Placed> placed_;
+    std::vector<TakenOff> taken_off_;
     bool in_placing_ = false; ///< a write of a placing is under way
     int code_ = 0;
 };

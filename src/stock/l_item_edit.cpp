@@ -6,6 +6,7 @@
 #include "recipes/recipe_page.h"
 #include "shell/pictures.h"
 #include "shell/tree_view.h"
+#include "shell/window_title.h"
 #include "stock/item_edit_grid.h"
 #include "stock/item_save.h"
 #include "stock/stock_tree.h"
@@ -104,15 +105,12 @@ void l_item_edit::make_controls()
     combo_ = name(new QComboBox(this), "Combo1");
     new_category_ = name(new QPushButton(QStringLiteral("&New..."), this), "CmdNewCat");
     new_category_->setToolTip(QStringLiteral("New stock category"));
-    new_category_->setFocusPolicy(Qt::NoFocus);
     lite_ = name(new QLabel(this), "lite");
     lbl_active_ = name(new QLabel(this), "lblActive");
     grid_ = name(new ItemEditGrid(main_, this), "grid_area");
     lbl_note_ = name(new QLabel(QStringLiteral("*Appears on a same list more than once"), this), "lblNote");
     ok_ = name(new QPushButton(QStringLiteral("OK"), this), "Command1(0)");
     cancel_ = name(new QPushButton(QStringLiteral("CANCEL"), this), "Command1(1)");
-    for (QPushButton* button : {new_category_, cancel_})
-        button->setAutoDefault(false);
     ok_->setDefault(true);
 
     txt_item_->installEventFilter(this);
@@ -155,7 +153,8 @@ void l_item_edit::lay_out()
     all->addLayout(foot);
 
     setTabOrder(txt_item_, combo_);
-    setTabOrder(combo_, grid_->focusProxy());
+    setTabOrder(combo_, new_category_);
+    setTabOrder(new_category_, grid_->focusProxy());
     setTabOrder(grid_->focusProxy(), ok_);
     setTabOrder(ok_, cancel_);
     const int em = fontMetrics().height();
@@ -178,7 +177,7 @@ Key l_item_edit::load_head()
     QString name = item ? item->name : mode_ == edit_mode::place_item ? QStringLiteral(" ") : QString();
     if (mode_ == edit_mode::non_stock_to_stock)
         name = main_.recipe_page().rcp_item_in_work();
-    if (mode_ == edit_mode::add_to_recipe || mode_ == edit_mode::non_stock_to_stock)
+    if (mode_ == edit_mode::add_to_recipe || (mode_ == edit_mode::non_stock_to_stock && name.isEmpty()))
         name = store_.line_name(shared.ingredient_in_work).value_or(name);
     txt_item_->setText(name);
     txt_item_->setProperty(tag, name);
@@ -271,13 +270,13 @@ void l_item_edit::caption_updt(const QString& name)
         setWindowTitle(QStringLiteral("Adding New Item to Stock"));
         break;
     case edit_mode::place_item:
-        setWindowTitle(QStringLiteral("Adding ") + name);
+        set_window_title(*this, QStringLiteral("Adding ") + name);
         break;
     case edit_mode::non_stock_to_stock:
-        setWindowTitle(QStringLiteral("Adding ") + name + QStringLiteral(" to stock"));
+        set_window_title(*this, QStringLiteral("Adding ") + name + QStringLiteral(" to stock"));
         break;
     default:
-        setWindowTitle(QStringLiteral("Editing ") + name);
+        set_window_title(*this, QStringLiteral("Editing ") + name);
         break;
     }
 }
@@ -290,8 +289,9 @@ bool l_item_edit::eventFilter(QObject* watched, QEvent* event)
             || reason == Qt::MenuBarFocusReason;
         const QWidget* target = QApplication::focusWidget();
         // CANCEL takes any name, and OK checks it by itself.
-        if (!other_window && target != cancel_ && target != ok_)
-            name_left();
+        // The message takes the release of a press that led here.
+        if (!other_window && target != cancel_ && target != ok_ && !name_left())
+            QTimer::singleShot(0, new_category_, [this] { new_category_->setDown(false); });
     }
     return QDialog::eventFilter(watched, event);
 }
@@ -358,6 +358,9 @@ bool l_item_edit::new_item_accepted()
 
 void l_item_edit::new_category()
 {
+    // The access key leaves the focus in the name.
+    if (txt_item_->hasFocus() && !name_left())
+        return;
     main_.shared.dialog_kind = naming::category;
     new_item_rcp dialog(main_, this);
     dialog.exec();
@@ -390,10 +393,8 @@ void l_item_edit::reject()
 {
     leaving_ = true;
     QDialog::reject();
-    if (!main_.recipe_page().editor_open())
-        return;
-    if (auto* line = main_.findChild<QWidget*>(QStringLiteral("ing_flt_txtDesc")))
-        line->setFocus(Qt::OtherFocusReason);
+    if (main_.recipe_page().editor_open())
+        main_.findChild<QWidget*>(QStringLiteral("ing_flt_txtDesc"))->setFocus(Qt::OtherFocusReason);
 }
 
 void show_item_editor(frmmain& main)

@@ -233,6 +233,7 @@ QTreeWidgetItem* StockTree::add_item_node(Key item, Key category, const QString&
     const int count = folder ? folder->childCount() : tree_.topLevelItemCount();
     QTreeWidgetItem* node = tree_.insert_node(folder, tree_.place_of(folder, name, count), item_key(item), name,
                                               code, QString::number(code));
+    tree_.sort_children(folder);
     tree_.select(node);
     tree_.ensure_visible(node);
     return node;
@@ -243,7 +244,9 @@ void StockTree::move_item_node(Key item, Key category)
     QTreeWidgetItem* node = item_node(item);
     if (!node || tree_.is_flat())
         return;
-    tree_.move_node(node, &tree_.require_node(category_key(category)));
+    QTreeWidgetItem& folder = tree_.require_node(category_key(category));
+    tree_.move_node(node, &folder);
+    tree_.sort_children(&folder);
     tree_.ensure_visible(node);
     tree_.select(node);
 }

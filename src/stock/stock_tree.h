@@ -45,11 +45,11 @@ public:
     /// Adds a node for a new category in its place by name, selects and shows it. Category view only.
     void add_category_node(Key category, const QString& name);
 
-    /// Adds a node for a stock item under its category, or at root level in the flat view, at its place
-    /// by name; selects and shows it.
+    /// Adds a node for a stock item under its category, or at root level in the flat view, sorts these nodes
+    /// by name, selects and shows the new one.
     QTreeWidgetItem* add_item_node(Key item, Key category, const QString& name, int code);
 
-    /// Moves an item's node to another folder; keeps picture and Tag.
+    /// Moves an item's node to another folder, which is sorted by name; keeps picture and Tag.
     void move_item_node(Key item, Key category);
 
     /// Left and top of the selected row's text, pixels in the window's central area; 0 without one.

@@ -364,7 +364,9 @@ void tst_recipe_check::unlinked_and_linked_lines_change_their_kind()
     QCOMPARE(window.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
     QCOMPARE(window.picture("lite", 0), 171);
     QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), QStringLiteral("Non-stock item"));
-    window.page().link_item(QStringLiteral("spring WATER"), window.item, 6, QStringLiteral("Linked"));
+    Query(window.db(), "UPDATE recipe_2 SET item_ref = iif(key_id = ?, ?, -1)", window.plain, window.item).run();
+    window.page().follow_links(window.item, 6, QStringLiteral(" - "), QStringLiteral("Linked"), QString());
+    QCOMPARE(window.control(QStringLiteral("ingred(1)")).toolTip(), QStringLiteral("Spring water - Linked"));
     QCOMPARE(window.tag(QStringLiteral("Check1(1)")), QString::number(window.item));
     QCOMPARE(window.picture("lite", 1), 183);
     QCOMPARE(window.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));

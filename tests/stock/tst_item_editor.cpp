@@ -1,10 +1,12 @@
 #include "stock/item_editor_fixture.h"
 
+#include "recipes/move_item.h"
 #include "shell/commands.h"
 #include "stock/status.h"
 
 #include <QAction>
 #include <QTextBrowser>
+#include <QWindow>
 
 using namespace tarnwick;
 
@@ -14,6 +16,7 @@ class tst_item_editor : public QObject {
 private slots:
     void captions_data();
     void captions();
+    void titles_show_a_name_letter_by_letter();
     void new_item_is_empty_and_lists_all_lists();
     void new_item_in_the_all_lists_view_has_rows_for_all_lists_none_pre_marked();
     void placing_pre_marks_the_list_it_came_to();
@@ -64,6 +67,36 @@ void tst_item_editor::captions()
     QCOMPARE(int(test.window.main().shared.item_in_work), mode == 0 || mode == 5 ? -1 : int(test.milk));
 }
 
+void tst_item_editor::titles_show_a_name_letter_by_letter()
+{
+    EditorCase test;
+    const QString name = QStringLiteral("[*] A[*][*]b");
+    const Key item = test.window.add_item(name, test.dairy);
+    test.window.add_list(name);
+    test.window.set_pref(QStringLiteral("alist"), QStringLiteral("1"));
+    const Key line = test.add_line(name, -1);
+    frmmain& main = test.window.load();
+    const auto title = [](const QWidget& window) { return window.windowHandle()->title(); };
+    QCOMPARE(title(main), QStringLiteral("Tarnwick (") + name + QStringLiteral(" list)"));
+    test.open(1, item,
+              [&](EditorHands& hands) { QCOMPARE(title(hands.dialog), QStringLiteral("Adding ") + name); });
+    test.open(2, item,
+              [&](EditorHands& hands) { QCOMPARE(title(hands.dialog), QStringLiteral("Editing ") + name); });
+    test.open(
+        5, -1,
+        [&](EditorHands& hands) {
+            QCOMPARE(title(hands.dialog), QStringLiteral("Adding ") + name + QStringLiteral(" to stock"));
+        },
+        line);
+    main.stock_tree().view().select(main.stock_tree().item_node(item));
+    MessageScript messages;
+    messages.drive([&](QDialog& dialog) {
+        QCOMPARE(title(dialog), QStringLiteral("Move ") + name);
+        dialog.reject();
+    });
+    show_move_item(main, true);
+}
+
 void tst_item_editor::new_item_is_empty_and_lists_all_lists()
 {
     EditorCase test;
@@ -111,6 +144,7 @@ void tst_item_editor::placing_pre_marks_the_list_it_came_to()
         QCOMPARE(hands.row(1).qty, QStringLiteral(" "));
         QCOMPARE(hands.row(1).date, QStringLiteral(" "));
         QCOMPARE(hands.row(1).aisle, QStringLiteral(" "));
+        QCOMPARE(hands.row(1).coupon, 0);
         QCOMPARE(hands.row(2).light, picture_base::light_unlisted);
         QCOMPARE(hands.state(), QStringLiteral("Active on one list"));
     });
@@ -259,6 +293,8 @@ void tst_item_editor::rows_show_texts_pictures_and_dates()
         QCOMPARE(none.desc, QStringLiteral(" "));
         QCOMPARE(none.qty, QStringLiteral(" "));
         QCOMPARE(none.aisle, QStringLiteral(" "));
+        QCOMPARE(none.coupon, 0);
+        QCOMPARE(none.date, QStringLiteral(" "));
     });
 }
 

@@ -43,8 +43,10 @@ private slots:
     void escape_and_close_box_cancel_without_the_name_check();
     void enter_is_ok();
     void enter_in_a_floating_editor_only_closes_it();
-    void tab_goes_name_category_grid_ok_cancel();
+    void tab_goes_name_category_new_grid_ok_cancel();
     void new_category_button_makes_and_selects_one();
+    void name_is_checked_on_the_way_to_the_new_category_button();
+    void new_category_button_is_pressed_by_its_keys();
 };
 
 void tst_item_editor_checks::duplicate_differing_in_case_is_refused_for_a_new_item()
@@ -231,6 +233,7 @@ void tst_item_editor_checks::other_needs_one_confirmation_and_no_drops_the_list_
                                   const auto& message = static_cast<QMessageBox&>(box);
                                   QCOMPARE(message.icon(), QMessageBox::Question);
                                   QVERIFY(message.standardButtons() == (QMessageBox::Yes | QMessageBox::No));
+                                  QCOMPARE(message.defaultButton(), message.button(QMessageBox::Yes));
                               });
         hands.press_ok();
         QVERIFY(hands.dialog.isVisible());
@@ -316,7 +319,7 @@ void tst_item_editor_checks::enter_in_a_floating_editor_only_closes_it()
     });
 }
 
-void tst_item_editor_checks::tab_goes_name_category_grid_ok_cancel()
+void tst_item_editor_checks::tab_goes_name_category_new_grid_ok_cancel()
 {
     EditorCase test;
     test.add_lists();
@@ -324,13 +327,14 @@ void tst_item_editor_checks::tab_goes_name_category_grid_ok_cancel()
     test.open(2, test.milk, [&](EditorHands& hands) {
         hands.name().setFocus();
         QStringList order;
-        for (int i = 0; i < 5; ++i) {
+        for (int i = 0; i < 6; ++i) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             order << QApplication::focusWidget()->objectName();
         }
         QCOMPARE(order,
-                 QStringList({QStringLiteral("Combo1"), QStringLiteral("Listview1"), QStringLiteral("Command1(0)"),
-                              QStringLiteral("Command1(1)"), QStringLiteral("txt_item")}));
+                 QStringList({QStringLiteral("Combo1"), QStringLiteral("CmdNewCat"), QStringLiteral("Listview1"),
+                              QStringLiteral("Command1(0)"), QStringLiteral("Command1(1)"),
+                              QStringLiteral("txt_item")}));
     });
 }
 
@@ -357,6 +361,63 @@ void tst_item_editor_checks::new_category_button_makes_and_selects_one()
     });
     QCOMPARE(test.window.text("SELECT c.cat_desc FROM cat c, items_1 i WHERE i.cat = c.key_id AND i.item = 'Soap'"),
              QStringLiteral("Household"));
+}
+
+void tst_item_editor_checks::name_is_checked_on_the_way_to_the_new_category_button()
+{
+    EditorCase test;
+    test.window.load();
+    test.open(0, -1, [&](EditorHands& hands) {
+        auto* button = hands.dialog.findChild<QPushButton*>(QStringLiteral("CmdNewCat"));
+        hands.type_name(QStringLiteral("Milk"));
+        hands.messages.expect(duplicate_title, duplicate_text(QStringLiteral("Milk")));
+        QTest::mousePress(button, Qt::LeftButton); // the message takes the release
+        QCOMPARE(hands.messages.left(), 0);
+        QCOMPARE(hands.name().text(), QString());
+        QTRY_VERIFY(!button->isDown());
+        for (const bool by_key : {false, true}) {
+            hands.dialog.activateWindow();
+            QTRY_COMPARE(QApplication::activeWindow(), &hands.dialog);
+            hands.type_name(QStringLiteral("Ben's"));
+            hands.messages.expect(QStringLiteral("Valora info"), no_apostrophe);
+            if (by_key)
+                QTest::keyClick(&hands.name(), Qt::Key_N, Qt::AltModifier);
+            else
+                QTest::mousePress(button, Qt::LeftButton);
+            QTRY_COMPARE(hands.messages.left(), 0);
+            QTRY_COMPARE(hands.dialog.focusWidget(), &hands.name());
+        }
+    });
+}
+
+void tst_item_editor_checks::new_category_button_is_pressed_by_its_keys()
+{
+    EditorCase test;
+    test.window.load();
+    test.open(0, -1, [&](EditorHands& hands) {
+        const auto cancel_naming = [](QDialog& dialog) {
+            QCOMPARE(dialog.objectName(), QStringLiteral("new_item_rcp"));
+            dialog.reject();
+        };
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_N}) {
+            hands.dialog.activateWindow();
+            QTRY_COMPARE(QApplication::activeWindow(), &hands.dialog);
+            hands.type_name(QStringLiteral("Soap"));
+            hands.messages.drive(cancel_naming);
+            if (key == Qt::Key_N) {
+                QTest::keyClick(&hands.name(), key, Qt::AltModifier);
+            } else {
+                hands.leave_name();
+                QTest::keyClick(&hands.category(), Qt::Key_Tab);
+                QCOMPARE(hands.dialog.focusWidget()->objectName(), QStringLiteral("CmdNewCat"));
+                QTest::keyClick(hands.dialog.focusWidget(), key);
+            }
+            QTRY_COMPARE(hands.messages.left(), 0);
+            QVERIFY(hands.dialog.isVisible());
+            QCOMPARE(hands.name().text(), QStringLiteral("Soap"));
+        }
+    });
+    QCOMPARE(test.count("SELECT count(*) FROM items_1"), 2);
 }
 
 QTEST_MAIN(tst_item_editor_checks)

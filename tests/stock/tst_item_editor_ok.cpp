@@ -1,5 +1,6 @@
 #include "stock/item_editor_fixture.h"
 
+#include "lists/row_editor.h"
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
 #include "stock/floating_buttons.h"
@@ -10,6 +11,29 @@
 #include <QToolButton>
 
 using namespace tarnwick;
+
+namespace {
+
+/// What the main window shows of an item: the list's rows, the row under edit, the node, the page's lines.
+QStringList shown_state(frmmain& main, Key item)
+{
+    QStringList state;
+    for (const GridRow& row : main.list_pane().grid().rows().list_rows())
+        state << QStringLiteral("%1|%2|%3|%4|%5")
+                     .arg(row.groc_key)
+                     .arg(row.item, row.desc)
+                     .arg(row.light)
+                     .arg(row.bold);
+    state << QStringLiteral("row editor %1").arg(main.row_editor().edit_row());
+    const QTreeWidgetItem* node = main.stock_tree().item_node(item);
+    state << node->text(0) << TreeView::tag(node) << QString::number(TreeView::picture(node))
+          << TreeView::key(node->parent()) << main.status_panels().text();
+    for (const IngredientLine& line : main.recipe_page().lines())
+        state << QStringLiteral("%1|%2|%3").arg(line.item_ref).arg(line.tool_tip).arg(line.lite->picture_number());
+    return state;
+}
+
+} // namespace
 
 /// What OK writes in each mode, and what the main window shows then.
 class tst_item_editor_ok : public QObject {
@@ -453,8 +477,21 @@ void tst_item_editor_ok::failing_write_leaves_nothing_half_done()
     test.add_lists();
     test.window.add_row(test.milk, test.weekly, true, QStringLiteral("cold"));
     test.window.add_row(test.milk, test.market, true);
+    test.window.add_row(test.bread, test.market, true);
+    Query(test.window.db(), "INSERT INTO recipe_1 (key_id, r_name, r_body, cat) VALUES (1, 'Soup', ' ', '11')")
+        .run();
     test.add_line(QStringLiteral("Milk"), test.milk);
+    test.window.set_pref(QStringLiteral("alist"), QStringLiteral("2"));
     frmmain& main = test.window.load();
+    main.recipe_page().set_recipe(1);
+    QCOMPARE(main.recipe_page().recipe_lines().count(), 1);
+    ListGrid& grid = main.list_pane().grid();
+    QCOMPARE(grid.rows().rows(), 2);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
+                      {grid.columnViewportPosition(grid_column::desc) + 8, grid.row_height() * 3 / 2});
+    QVERIFY(main.row_editor().is_open());
+    QCOMPARE(grid.rows().row(1).item, QStringLiteral("Milk"));
+    const QStringList shown = shown_state(main, test.milk);
     const QString before = test.list_rows();
     main.connection().db().exec("CREATE TEMP TRIGGER failing " + failing.toStdString()
                                 + " BEGIN SELECT RAISE(ABORT, 'disk full'); END");
@@ -479,7 +516,9 @@ void tst_item_editor_ok::failing_write_leaves_nothing_half_done()
     QCOMPARE(test.list_rows(), before);
     QCOMPARE(test.window.text("SELECT group_concat(item || cat) FROM items_1"), QStringLiteral("Milk1,Bread2"));
     QCOMPARE(test.line_links(), QStringLiteral("1"));
-    QCOMPARE(test.count("SELECT count(*) FROM tie"), 2);
+    QCOMPARE(test.count("SELECT count(*) FROM tie"), 3);
+    QCOMPARE(shown_state(main, test.milk), shown);
+    QCOMPARE(main.row_editor().edit_row(), 1);
 }
 
 void tst_item_editor_ok::read_only_database_raises_the_error()

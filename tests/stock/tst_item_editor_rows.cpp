@@ -16,6 +16,7 @@ private slots:
     void placing_from_the_all_lists_view_goes_through_the_dialog();
     void placing_shows_in_the_grid();
     void placing_keeps_quantity_text_and_coupon();
+    void pre_marked_row_gets_its_coupon_box_with_the_placing();
     void quantity_beyond_16_bits_is_kept_as_text();
     void row_ticked_and_unticked_again_is_not_placed();
     void row_taken_off_goes_from_list_tree_and_grid();
@@ -119,6 +120,26 @@ void tst_item_editor_rows::placing_keeps_quantity_text_and_coupon()
     QCOMPARE(row.date, QStringLiteral("3/14/2026"));
 }
 
+void tst_item_editor_rows::pre_marked_row_gets_its_coupon_box_with_the_placing()
+{
+    EditorCase test;
+    test.add_lists();
+    test.window.set_pref(QStringLiteral("alist"), QStringLiteral("2"));
+    frmmain& main = test.window.load();
+    const GridModel& shown = main.list_pane().grid().rows();
+    test.open(1, test.milk, [](EditorHands& hands) { hands.press_ok(); });
+    QCOMPARE(shown.rows(), 1);
+    QCOMPARE(shown.row(0).coupon, picture_base::coupon_off);
+    test.open(1, test.bread, [](EditorHands& hands) {
+        hands.click_cell(1, grid_column::coupon);
+        QCOMPARE(hands.row(1).coupon, picture_base::coupon_on);
+        hands.press_ok();
+    });
+    QCOMPARE(shown.row(0).item, QStringLiteral("Bread"));
+    QCOMPARE(shown.row(0).coupon, picture_base::coupon_on);
+    QCOMPARE(test.list_rows(), QStringLiteral("2: :0: :1:0 / 2: :0: :1:1"));
+}
+
 void tst_item_editor_rows::quantity_beyond_16_bits_is_kept_as_text()
 {
     EditorCase test;
@@ -171,6 +192,8 @@ void tst_item_editor_rows::row_taken_off_goes_from_list_tree_and_grid()
         QCOMPARE(hands.row(1).desc, QStringLiteral(" "));
         QCOMPARE(hands.row(1).qty, QStringLiteral(" "));
         QCOMPARE(hands.row(1).aisle, QStringLiteral(" "));
+        QCOMPARE(hands.row(1).coupon, 0);
+        QCOMPARE(hands.row(1).date, QStringLiteral(" "));
         QCOMPARE(test.count("SELECT count(*) FROM groc_1"), 2); // nothing is written before OK
         hands.press_ok();
     });
