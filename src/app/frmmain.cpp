@@ -1,6 +1,7 @@
 #include "app/frmmain.h"
 
 #include "app/frmsplash.h"
+#include "app/message_box.h"
 #include "app/update_lock.h"
 #include "lists/clearing.h"
 #include "lists/header_bar.h"
@@ -32,6 +33,7 @@
 #include <QTabBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -257,6 +259,15 @@ void frmmain::exit_at_once()
     environment_.end_program();
 }
 
+void frmmain::shut_down()
+{
+    if (std::exchange(shared.ending, true))
+        return;
+    msg_box(this, QStringLiteral("TarnWick has encountered an error\nand must shut down"), box::ok,
+            QStringLiteral("TarnWick"));
+    environment_.end_program();
+}
+
 void frmmain::closeEvent(QCloseEvent* event)
 {
     unload();
@@ -302,6 +313,8 @@ void frmmain::resizeEvent(QResizeEvent* event)
 void frmmain::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
+    if (shared.ending)
+        return;
     if (event->type() == QEvent::ActivationChange && !isActiveWindow() && shared.started
         && recipe_page_->is_edited())
         recipe_page_->edit_updt();

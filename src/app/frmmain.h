@@ -79,6 +79,9 @@ public:
     /// `mnu_list_exit`: ends the program at once; nothing is saved.
     void exit_at_once();
 
+    /// The message of an error that a procedure has trapped, then the end of the program; nothing is saved.
+    void shut_down();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
