@@ -221,7 +221,7 @@ void frmmain::restore_panes()
     if (shared.list_pane_shown) {
         recipe_page_->scroll_bar().setEnabled(false);
     } else {
-        recipe_page_->set_recipe(shared.cur_recipe);
+        recipe_page_->restore_recipe(shared.cur_recipe);
         list_pane_->show_pane(false);
         layout_->freize_refresh();
     }

@@ -2,6 +2,8 @@
 #include "data/runtime_error.h"
 #include "lists/list_grid.h"
 #include "lists/list_pane.h"
+#include "recipes/page_geometry.h"
+#include "recipes/recipe_fixture.h"
 #include "recipes/recipe_page.h"
 #include "shell/commands.h"
 #include "shell/layout.h"
@@ -73,6 +75,7 @@ private slots:
     void values_of_the_other_applications_do_not_come_back();
     void the_column_switches_come_back_as_they_stood_under_the_main_name();
     void an_arcp_of_a_deleted_recipe_leaves_the_name_empty();
+    void a_recipe_too_long_for_the_large_type_starts_and_shows_its_page();
     void an_alist_of_a_deleted_list_starts();
     void a_font_of_abc_gives_0_and_the_layout_runs();
     void a_number_too_large_for_16_bits_is_error_6_data();
@@ -213,6 +216,32 @@ void tst_start::an_arcp_of_a_deleted_recipe_leaves_the_name_empty()
     QCOMPARE(main.shared.cur_recipe_name, QString());
     QVERIFY(!main.recipe_page().has_recipe());
     QVERIFY(!main.shared.list_pane_shown);
+}
+
+void tst_start::a_recipe_too_long_for_the_large_type_starts_and_shows_its_page()
+{
+    constexpr int lines = 100;
+    RecipeWindow window;
+    const Key feast = window.add_recipe(QStringLiteral("Feast"), QStringLiteral("15"));
+    const Key soup = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
+    window.add_lines(feast, lines);
+    window.set_pref(QStringLiteral("arcp"), QString::number(feast));
+    {
+        frmmain& main = window.load();
+        window.trigger(QStringLiteral("mnu_more_lrg"));
+        QVERIFY(main.close());
+    }
+    QCOMPARE(window.pref(QStringLiteral("font")), QStringLiteral("12"));
+    frmmain& again = window.load();
+    QVERIFY(again.isVisible());
+    QVERIFY(window.page().frame4().isVisible());
+    QCOMPARE(window.title().text(), QStringLiteral("Feast"));
+    QCOMPARE(window.page().recipe_lines().count(), lines);
+    QVERIFY(window.page().lines().back().ingred->y() > page_geometry::to_pixels(32767));
+
+    // The limit stands for a recipe that is chosen later.
+    window.page().set_recipe(soup);
+    QCOMPARE(error_number([&] { window.page().set_recipe(feast); }), int(runtime_error::overflow));
 }
 
 void tst_start::an_alist_of_a_deleted_list_starts()
