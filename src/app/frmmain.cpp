@@ -31,6 +31,7 @@
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QWindowStateChangeEvent>
 
 #include <algorithm>
 #include <utility>
@@ -293,8 +294,12 @@ void frmmain::unload()
 void frmmain::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    if (!shared.started || isMinimized())
-        return;
+    if (shared.started && !isMinimized())
+        refresh_after_resize();
+}
+
+void frmmain::refresh_after_resize()
+{
     {
         const UpdateLock lock(*this);
         layout_->frm_refresh();
@@ -315,6 +320,9 @@ void frmmain::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (shared.ending)
         return;
+    if (event->type() == QEvent::WindowStateChange && shared.started && !isMinimized()
+        && static_cast<QWindowStateChangeEvent*>(event)->oldState().testFlag(Qt::WindowMinimized))
+        refresh_after_resize();
     if (event->type() == QEvent::ActivationChange && !isActiveWindow() && shared.started
         && recipe_page_->is_edited())
         recipe_page_->edit_updt();

@@ -96,6 +96,7 @@ private:
     void restore_window();
     void restore_panes();
     void unload();
+    void refresh_after_resize();
 
     Environment environment_;
     Settings settings_;

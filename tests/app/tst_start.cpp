@@ -86,6 +86,8 @@ private slots:
     void settings_that_cannot_be_written_end_the_load();
     void size_and_separator_are_restored();
     void minimising_writes_nothing_and_lays_nothing_out();
+    void coming_back_from_minimised_lays_out_and_writes_as_a_resize();
+    void a_start_minimised_lays_out_when_the_window_comes_up();
     void every_resize_writes_the_size();
     void the_close_box_saves_the_window_and_closes_the_database();
     void exit_from_the_menu_writes_nothing();
@@ -367,6 +369,45 @@ void tst_start::minimising_writes_nothing_and_lays_nothing_out()
     QCoreApplication::sendEvent(&main, &small);
     QCOMPARE(bytes_of(window.environment().settings_file), before);
     QCOMPARE(main.list_pane().grid().geometry(), grid);
+}
+
+void tst_start::coming_back_from_minimised_lays_out_and_writes_as_a_resize()
+{
+    TestWindow window;
+    window.set_pref(QStringLiteral("wstate"), QStringLiteral("0"));
+    frmmain& main = window.load({900, 600});
+    const QRect grid = main.list_pane().grid().geometry();
+    main.showMinimized();
+    QCoreApplication::processEvents();
+    main.resize(1000, 640);
+    QCoreApplication::processEvents();
+    QCOMPARE(main.list_pane().grid().geometry(), grid);
+    QCOMPARE(window.pref(QStringLiteral("fwidth")), QStringLiteral("13500"));
+    main.showNormal();
+    QCoreApplication::processEvents();
+    QVERIFY(!main.isMinimized());
+    QCOMPARE(main.list_pane().grid().geometry().size(), grid.size() + QSize(100, 40));
+    QCOMPARE(window.pref(QStringLiteral("fwidth")), QStringLiteral("15000"));
+    QCOMPARE(window.pref(QStringLiteral("fheight")), QStringLiteral("9600"));
+}
+
+void tst_start::a_start_minimised_lays_out_when_the_window_comes_up()
+{
+    TestWindow window;
+    window.set_pref(QStringLiteral("wstate"), QStringLiteral("1"));
+    window.set_pref(QStringLiteral("fwidth"), QString::number(1000 * Layout::twips_per_pixel));
+    window.set_pref(QStringLiteral("fheight"), QString::number(640 * Layout::twips_per_pixel));
+    frmmain& main = window.load({});
+    QVERIFY(main.isMinimized());
+    main.resize(1100, 700);
+    QCoreApplication::processEvents();
+    QCOMPARE(window.pref(QStringLiteral("fwidth")), QStringLiteral("15000"));
+    main.showNormal();
+    QCoreApplication::processEvents();
+    QCOMPARE(main.size(), QSize(1100, 700));
+    QCOMPARE(window.pref(QStringLiteral("fwidth")), QStringLiteral("16500"));
+    const QWidget& grid = main.list_pane().grid();
+    QVERIFY(main.width() - grid.mapTo(&main, QPoint(grid.width(), 0)).x() < 40);
 }
 
 void tst_start::every_resize_writes_the_size()
