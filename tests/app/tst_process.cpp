@@ -34,6 +34,7 @@ private slots:
 
     void runs_from_the_folder_it_was_copied_to();
     void a_second_start_says_so_and_touches_nothing();
+    void a_second_start_reads_neither_settings_nor_database();
     void a_start_after_a_killed_one_is_no_second_start();
     void a_missing_database_shows_the_message_and_makes_none();
     void a_damaged_database_shows_the_message_and_is_left_alone();
@@ -180,6 +181,26 @@ void tst_process::a_second_start_says_so_and_touches_nothing()
     QCOMPARE(bytes_of(database()), before);
     QCOMPARE(files(), files_before);
     QCOMPARE(first->state(), QProcess::Running);
+    first->kill();
+    QVERIFY(first->waitForFinished(patience_ms));
+}
+
+void tst_process::a_second_start_reads_neither_settings_nor_database()
+{
+    const auto first = start(Probe::watches);
+    QVERIFY(wait_for(*first, main_window));
+    // To read the first of the settings, or to look for the database, would be an error of its own.
+    QVERIFY(QDir().mkpath(folder_->filePath(QStringLiteral("other/tarnwick"))));
+    QFile file(folder_->filePath(QStringLiteral("other/tarnwick/settings.ini")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[trnwck]\nprefs\\load=load\nprefs\\clean=0, 1\n");
+    file.close();
+    QVERIFY(QFile::rename(database(), folder_->filePath(QStringLiteral("elsewhere.mdb"))));
+
+    const auto second = start(Probe::closes, QStringLiteral("other"));
+    QCOMPARE(lines_of(*second),
+             QStringList(QStringLiteral("message TarnWick: A previous instance of TarnWick|is already running")));
+    QCOMPARE(second->exitCode(), 0);
     first->kill();
     QVERIFY(first->waitForFinished(patience_ms));
 }

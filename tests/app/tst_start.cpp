@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QResizeEvent>
 #include <QTest>
+#include <QToolButton>
 
 #include <array>
 
@@ -70,11 +71,13 @@ private slots:
     void first_run_writes_every_default_and_load_reads_load();
     void a_first_run_starts_maximised_with_the_stock_and_the_list();
     void a_later_run_writes_no_defaults();
+    void settings_without_load_get_every_default_data();
+    void settings_without_load_get_every_default();
     void a_value_other_than_1_in_clean_shows_no_warnings_data();
     void a_value_other_than_1_in_clean_shows_no_warnings();
     void values_of_the_other_applications_do_not_come_back();
     void the_column_switches_come_back_as_they_stood_under_the_main_name();
-    void an_arcp_of_a_deleted_recipe_leaves_the_name_empty();
+    void an_arcp_of_a_deleted_recipe_leaves_name_and_page_empty();
     void a_recipe_too_long_for_the_large_type_starts_and_shows_its_page();
     void an_alist_of_a_deleted_list_starts();
     void a_font_of_abc_gives_0_and_the_layout_runs();
@@ -136,6 +139,31 @@ void tst_start::a_later_run_writes_no_defaults()
     QCOMPARE(window.pref(QStringLiteral("font")), QStringLiteral("12"));
     QCOMPARE(main.shared.type_size, 12);
     QCOMPARE(main.shared.page_color.value_or(QColor()), QColor(255, 204, 204));
+}
+
+void tst_start::settings_without_load_get_every_default_data()
+{
+    QTest::addColumn<QByteArray>("load");
+    QTest::newRow("absent") << QByteArray();
+    QTest::newRow("fail") << QByteArray("prefs\\load=fail\n");
+}
+
+void tst_start::settings_without_load_get_every_default()
+{
+    QFETCH(QByteArray, load);
+    TestWindow window;
+    QFile file(window.environment().settings_file);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[trnwck]\n" + load + "prefs\\font=12\nprefs\\aisle=0\nprefs\\cpn=0\nprefs\\wstate=0\n");
+    file.close();
+    const frmmain& main = window.load({});
+    QCOMPARE(window.pref(QStringLiteral("load")), QStringLiteral("load"));
+    QCOMPARE(window.pref(QStringLiteral("font")), QStringLiteral("9"));
+    QCOMPARE(main.shared.type_size, 9);
+    QVERIFY(main.isMaximized());
+    for (const int group : {0, 1})
+        QVERIFY(window.main().list_pane().column_group_shown(group));
+    QVERIFY(window.main().list_pane().grid().col_width(grid_column::aisle) > 0);
 }
 
 void tst_start::a_value_other_than_1_in_clean_shows_no_warnings_data()
@@ -208,16 +236,24 @@ void tst_start::the_column_switches_come_back_as_they_stood_under_the_main_name(
     QVERIFY(again.list_pane().grid().col_width(grid_column::aisle) > 0);
 }
 
-void tst_start::an_arcp_of_a_deleted_recipe_leaves_the_name_empty()
+void tst_start::an_arcp_of_a_deleted_recipe_leaves_name_and_page_empty()
 {
-    TestWindow window;
-    add_recipe(window, 1, QStringLiteral("Soup"));
+    RecipeWindow window;
+    const Key soup = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
+    window.add_line(soup, QStringLiteral("Salt"));
     window.set_pref(QStringLiteral("arcp"), QStringLiteral("9"));
-    window.set_pref(QStringLiteral("lv_view"), QStringLiteral("0"));
     frmmain& main = window.load();
     QCOMPARE(main.shared.cur_recipe_name, QString());
     QVERIFY(!main.recipe_page().has_recipe());
     QVERIFY(!main.shared.list_pane_shown);
+    QVERIFY(window.title().isVisible());
+    QCOMPARE(window.title().text(), QString());
+    QCOMPARE(window.Text1().text(), QString());
+    for (const char* control : {"ingred(0)", "lite(0)", "Check1(0)"})
+        QVERIFY2(!window.control(QLatin1String(control)).isVisible(), control);
+    for (int button = 10; button <= 13; ++button)
+        QVERIFY(!window.find<QToolButton>(QStringLiteral("Toolbar1(%1)").arg(button))->isEnabled());
+    QCOMPARE(window.pref(QStringLiteral("arcp")), QStringLiteral("9"));
 }
 
 void tst_start::a_recipe_too_long_for_the_large_type_starts_and_shows_its_page()
