@@ -9,6 +9,9 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include <string>
+#include <string_view>
+
 using namespace tarnwick;
 
 namespace {
