@@ -1,5 +1,6 @@
 #include "app/application.h"
 
+#include "app/frmmain.h"
 #include "app/message_box.h"
 
 #include <QIcon>
@@ -42,9 +43,13 @@ bool Application::notify(QObject* receiver, QEvent* event)
     try {
         return QApplication::notify(receiver, event);
     } catch (...) {
+        if (ending_ || (main_ && main_->shared.ending))
+            return false;
+        ending_ = true;
         const runtime_error error = current_error();
-        if (!started_)
+        if (!main_)
             end_with_start_message(error);
+        main_->shared.ending = true;
         end_with_runtime_message(error);
     }
 }

@@ -6,19 +6,24 @@
 
 namespace tarnwick {
 
-/// The application. A run-time error that no procedure traps shows its message and ends the process.
+class frmmain;
+
+/// The application. A run-time error that no procedure traps shows its message and ends the process; errors
+/// that come up behind this message, or behind the one of a trapped error, are not told.
 class Application : public QApplication {
     Q_OBJECT
 public:
     Application(int& argc, char** argv);
 
-    /// The main form is loaded: from here on an untrapped error is the run-time's to report.
-    void set_started() { started_ = true; }
+    /// The main form is loaded: from here on an untrapped error is the run-time's to report. The form must
+    /// live as long as events come.
+    void set_started(frmmain& main) { main_ = &main; }
 
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:
-    bool started_ = false;
+    frmmain* main_ = nullptr;
+    bool ending_ = false;
 };
 
 /// The message of a failed start, then the end of the process; nothing is saved.

@@ -1,6 +1,7 @@
 #include "app/frmmain.h"
 
 #include "app/frmsplash.h"
+#include "app/message_box.h"
 #include "app/update_lock.h"
 #include "lists/clearing.h"
 #include "lists/header_bar.h"
@@ -30,8 +31,10 @@
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QWindowStateChangeEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -219,7 +222,7 @@ void frmmain::restore_panes()
     if (shared.list_pane_shown) {
         recipe_page_->scroll_bar().setEnabled(false);
     } else {
-        recipe_page_->set_recipe(shared.cur_recipe);
+        recipe_page_->restore_recipe(shared.cur_recipe);
         list_pane_->show_pane(false);
         layout_->freize_refresh();
     }
@@ -257,6 +260,15 @@ void frmmain::exit_at_once()
     environment_.end_program();
 }
 
+void frmmain::shut_down()
+{
+    if (std::exchange(shared.ending, true))
+        return;
+    msg_box(this, QStringLiteral("TarnWick has encountered an error\nand must shut down"), box::ok,
+            QStringLiteral("TarnWick"));
+    environment_.end_program();
+}
+
 void frmmain::closeEvent(QCloseEvent* event)
 {
     unload();
@@ -282,8 +294,12 @@ void frmmain::unload()
 void frmmain::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    if (!shared.started || isMinimized())
-        return;
+    if (shared.started && !isMinimized())
+        refresh_after_resize();
+}
+
+void frmmain::refresh_after_resize()
+{
     {
         const UpdateLock lock(*this);
         layout_->frm_refresh();
@@ -302,6 +318,11 @@ void frmmain::resizeEvent(QResizeEvent* event)
 void frmmain::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
+    if (shared.ending)
+        return;
+    if (event->type() == QEvent::WindowStateChange && shared.started && !isMinimized()
+        && static_cast<QWindowStateChangeEvent*>(event)->oldState().testFlag(Qt::WindowMinimized))
+        refresh_after_resize();
     if (event->type() == QEvent::ActivationChange && !isActiveWindow() && shared.started
         && recipe_page_->is_edited())
         recipe_page_->edit_updt();

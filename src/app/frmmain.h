@@ -79,6 +79,9 @@ public:
     /// `mnu_list_exit`: ends the program at once; nothing is saved.
     void exit_at_once();
 
+    /// The message of an error that a procedure has trapped, then the end of the program; nothing is saved.
+    void shut_down();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -93,6 +96,7 @@ private:
     void restore_window();
     void restore_panes();
     void unload();
+    void refresh_after_resize();
 
     Environment environment_;
     Settings settings_;

@@ -32,7 +32,7 @@ int main(int argc, char** argv)
     try {
         frmmain main(environment);
         main.load();
-        application.set_started();
+        application.set_started(main);
         return QApplication::exec();
     } catch (...) {
         instance.unlock();

@@ -38,6 +38,7 @@ inline constexpr int category = 3;
 struct SharedValues {
     bool form_loading = true; ///< the main form's Load runs: views and folders are not stored
     bool started = false; ///< Load has restored size and separator
+    bool ending = false; ///< the message of an error that ends the program is up: nothing is saved any more
     bool stock_view = true; ///< left pane: stock tree, else recipe tree
     bool list_pane_shown = true; ///< right pane: shopping list, else recipe page
     bool stock_alpha = false; ///< stock tree by name instead of by category

@@ -6,8 +6,9 @@
 
 namespace tarnwick {
 
-runtime_error::runtime_error(int number, QString description)
+runtime_error::runtime_error(int number, QString description, bool of_database)
     : number_(number)
+    , of_database_(of_database)
     , description_(std::move(description))
     , what_(description_.toStdString())
 {
@@ -22,7 +23,7 @@ runtime_error current_error()
     } catch (const runtime_error& error) {
         return error;
     } catch (const SQLite::Exception& error) {
-        return {error.getErrorCode(), QString::fromUtf8(error.what())};
+        return {error.getErrorCode(), QString::fromUtf8(error.what()), true};
     } catch (const std::bad_alloc&) {
         return {out_of_memory, QStringLiteral("Out of memory")};
     } catch (const std::exception& error) {

@@ -18,14 +18,17 @@ public:
         key_not_unique = 35602,
     };
 
-    runtime_error(int number, QString description);
+    /// An error of the database has the database's own number, which may be one of the above by chance.
+    runtime_error(int number, QString description, bool of_database = false);
 
     int number() const noexcept { return number_; }
+    bool is(Number number) const noexcept { return number_ == number && !of_database_; }
     const QString& description() const noexcept { return description_; }
     const char* what() const noexcept override { return what_.c_str(); }
 
 private:
     int number_;
+    bool of_database_;
     QString description_;
     std::string what_;
 };

@@ -81,11 +81,9 @@ void Placing::add_item(const Placement& placement)
 
 bool Placing::end_after_error(const runtime_error& error)
 {
-    if (error.number() == runtime_error::subscript)
+    if (error.is(runtime_error::subscript))
         return true;
-    msg_box(&main_, QStringLiteral("TarnWick has encountered an error\nand must shut down"), box::ok,
-            QStringLiteral("TarnWick"));
-    main_.environment().end_program();
+    main_.shut_down();
     return false;
 }
 

@@ -64,7 +64,7 @@ void Ingredients::add_ns_ingred()
     try {
         editor_.show_r_line(-1);
     } catch (...) {
-        end_by_error();
+        end_after_error(current_error());
     }
 }
 
@@ -91,7 +91,7 @@ void Ingredients::drag_ingred(const QString& name)
     try {
         editor_.show_r_line(-1);
     } catch (...) {
-        end_by_error();
+        end_after_error(current_error());
         return;
     }
     editor_.set_field(IngredientField::item, trim(*stock_name));
@@ -123,7 +123,7 @@ bool Ingredients::add_ingred(const QString& item, const QString& qty, const QStr
     try {
         insert(item, qty, measure, comment);
     } catch (...) {
-        end_by_error();
+        end_after_error(current_error());
     }
     return true;
 }
@@ -245,16 +245,13 @@ void Ingredients::link_by_name(Key item)
         page_.set_lites(editor_.index(), code);
 }
 
-void Ingredients::end_by_error()
+// The message comes first: what made the operation fail may fail the tidying up as well.
+void Ingredients::end_after_error(const runtime_error& error)
 {
-    const bool silent = current_error().number() == runtime_error::type_mismatch;
+    if (!error.is(runtime_error::type_mismatch))
+        main_.shut_down();
     editor_.hide_line();
     drop_new_line();
-    if (silent)
-        return;
-    msg_box(&main_, QStringLiteral("TarnWick has encountered an error\nand must shut down"), box::ok,
-            QStringLiteral("TarnWick"));
-    main_.environment().end_program();
 }
 
 } // namespace tarnwick

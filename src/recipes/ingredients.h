@@ -12,6 +12,7 @@ namespace tarnwick {
 class LineEditor;
 class RecipePage;
 class frmmain;
+class runtime_error;
 
 /// What `PageState::line_mode` says of the line under work.
 namespace line_mode {
@@ -64,6 +65,10 @@ public:
     /// The same while a name is typed; the pictures of an item wanted on several lists stay.
     void link_by_name(Key item);
 
+    /// What an error while a line is added leads to: error 13 drops the line silently, any other ends the
+    /// program after a message.
+    void end_after_error(const runtime_error& error);
+
     LineWork work;
 
 private:
@@ -73,7 +78,6 @@ private:
     void insert(const QString& item, const QString& qty, const QString& measure, const QString& comment);
     void show_inserted(const IngredientRow& row);
     void drop_new_line();
-    void end_by_error();
 
     frmmain& main_;
     RecipePage& page_;

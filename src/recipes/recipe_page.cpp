@@ -119,6 +119,17 @@ bool RecipePage::has_recipe() const
 
 void RecipePage::set_recipe(Key recipe)
 {
+    // Before the window has its size the page is so narrow that every line would seem to wrap.
+    build_page(recipe, main_.shared.started);
+}
+
+void RecipePage::restore_recipe(Key recipe)
+{
+    build_page(recipe, false);
+}
+
+void RecipePage::build_page(Key recipe, bool checked)
+{
     // Whatever the way to another recipe, what was typed into this one is kept.
     close_line_editor();
     if (is_edited())
@@ -133,8 +144,7 @@ void RecipePage::set_recipe(Key recipe)
         fill_lines(recipe);
     fill_text(recipe);
     text1_->set_border_style(text1_->is_help_text() ? 1 : 0);
-    // Before the window has its size the page is so narrow that every line would seem to wrap.
-    place_page(main_.shared.started);
+    place_page(checked);
     recipe_lines_->show_lines();
     const QString key = QString::number(recipe);
     if (main_.settings().pref(QStringLiteral("arcp"), {}) != key)

@@ -48,6 +48,9 @@ public:
     /// Rebuilds the page; below 1 there is no recipe to show. Throws error 6 when the page gets too long.
     void set_recipe(Key recipe);
 
+    /// The same at start, of any length: a recipe that a larger type has made too long must not bar the start.
+    void restore_recipe(Key recipe);
+
     /// Saves name and instructions when either was edited.
     void edit_updt();
     bool is_edited() const;
@@ -130,6 +133,7 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void make_page();
     void make_line_editor();
+    void build_page(Key recipe, bool checked);
     void fill_lines(Key recipe);
     void fill_text(Key recipe);
     bool write_page();

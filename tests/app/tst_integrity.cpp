@@ -1,5 +1,7 @@
 #include "app/integrity.h"
 #include "data/query.h"
+#include "lists/clearing.h"
+#include "support/message_script.h"
 #include "support/table_dump.h"
 #include "support/test_window.h"
 
@@ -55,6 +57,9 @@ private slots:
     void links_to_a_missing_list_stay();
     void nothing_else_is_repaired();
     void failure_in_the_second_pass_takes_the_first_back();
+    void clearing_a_list_ends_with_the_check_data();
+    void clearing_a_list_ends_with_the_check();
+    void removing_a_row_ends_with_the_check();
     void clean_1_shows_all_warnings_at_every_start_and_leaves_the_data();
     void other_values_of_clean_show_no_warning_data();
     void other_values_of_clean_show_no_warning();
@@ -128,6 +133,59 @@ void tst_integrity::failure_in_the_second_pass_takes_the_first_back()
     const QStringList before = table_dump(window.db());
     QVERIFY_EXCEPTION_THROWN(data_integrity_check(window.db()), SQLite::Exception);
     QCOMPARE(table_dump(window.db()), before);
+}
+
+namespace {
+
+/// A window on a list with a row to buy and one not, and links to a missing item and a missing row.
+class LooseLinks : public TestWindow {
+public:
+    LooseLinks()
+    {
+        const Key list = add_list(QStringLiteral("Weekly"));
+        row = add_row(add_item(QStringLiteral("Milk"), 0), list, true);
+        add_row(add_item(QStringLiteral("Bread"), 0), list, false);
+        tie(*this, 50, row, 999, 444);
+        tie(*this, 51, 777, 1, 444);
+        set_pref(QStringLiteral("alist"), QString::number(list));
+        load();
+    }
+    int loose() { return number("SELECT count(*) FROM tie WHERE list = 444"); }
+    int sound() { return number("SELECT count(*) FROM tie WHERE list <> 444"); }
+
+    Key row = 0;
+};
+
+} // namespace
+
+void tst_integrity::clearing_a_list_ends_with_the_check_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("kept");
+    QTest::newRow("uncheck") << clear_mode::uncheck << 2;
+    QTest::newRow("delete unchecked") << clear_mode::delete_unchecked << 1;
+    QTest::newRow("delete all") << clear_mode::delete_all << 0;
+}
+
+void tst_integrity::clearing_a_list_ends_with_the_check()
+{
+    QFETCH(int, mode);
+    QFETCH(int, kept);
+    LooseLinks window;
+    QCOMPARE(window.loose(), 2);
+    const MessageScript silent;
+    window.main().clearing().clear_list(mode);
+    QCOMPARE(window.loose(), 0);
+    QCOMPARE(window.sound(), kept);
+}
+
+void tst_integrity::removing_a_row_ends_with_the_check()
+{
+    LooseLinks window;
+    const MessageScript silent;
+    window.main().clearing().groc_del(window.row, true, true);
+    QCOMPARE(window.loose(), 0);
+    QCOMPARE(window.sound(), 1);
 }
 
 void tst_integrity::clean_1_shows_all_warnings_at_every_start_and_leaves_the_data()

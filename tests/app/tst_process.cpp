@@ -1,4 +1,7 @@
+#include "app/settings.h"
 #include "data/schema.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
 
 #include <QDir>
 #include <QFile>
@@ -31,17 +34,33 @@ private slots:
 
     void runs_from_the_folder_it_was_copied_to();
     void a_second_start_says_so_and_touches_nothing();
+    void a_second_start_reads_neither_settings_nor_database();
     void a_start_after_a_killed_one_is_no_second_start();
     void a_missing_database_shows_the_message_and_makes_none();
     void a_damaged_database_shows_the_message_and_is_left_alone();
     void a_setting_that_is_no_text_shows_the_message();
     void a_read_only_store_of_settings_shows_the_message();
+    void settings_lost_after_the_start_end_the_program_with_one_message_data();
+    void settings_lost_after_the_start_end_the_program_with_one_message();
+    void a_recipe_that_cannot_be_saved_ends_the_program_with_one_message_data();
+    void a_recipe_that_cannot_be_saved_ends_the_program_with_one_message();
+    void an_error_with_an_edited_recipe_saves_nothing_behind_its_message();
 
 private:
-    std::unique_ptr<QProcess> start(bool closing, const QString& config = QStringLiteral("config"));
-    /// Waits for the end and gives all that was printed.
+    /// How a process is watched: it closes by itself, or does what is written to it.
+    enum class Probe { watches, closes, listens };
+    static constexpr const char* main_window = "window frmmain";
+    std::unique_ptr<QProcess> start(Probe probe, const QString& config = QStringLiteral("config"));
+    /// Waits for the end and gives all that was printed, but for what `wait_for` has taken.
     static QStringList lines_of(QProcess& process);
     static bool wait_for(QProcess& process, const QByteArray& line);
+    static void tell(QProcess& process, const QByteArray& command);
+
+    /// A process on the page of a recipe "Soup" whose title has got an unsaved "s" in front.
+    std::unique_ptr<QProcess> start_with_edited_recipe();
+    /// From here on the settings can be neither read nor written.
+    bool lose_settings() const;
+    QString recipe_name() const;
 
     QString program() const { return folder_->filePath(QStringLiteral("app/tarnwick")); }
     QString database() const { return folder_->filePath(QStringLiteral("app/twdata/groc.mdb")); }
@@ -59,7 +78,7 @@ void tst_process::init()
     QVERIFY(make_database(database()));
 }
 
-std::unique_ptr<QProcess> tst_process::start(bool closing, const QString& config)
+std::unique_ptr<QProcess> tst_process::start(Probe probe, const QString& config)
 {
     auto process = std::make_unique<QProcess>();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -67,8 +86,10 @@ std::unique_ptr<QProcess> tst_process::start(bool closing, const QString& config
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder_->filePath(config));
     environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(PROBE_FOLDER));
     environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("message_probe"));
-    if (closing)
+    if (probe == Probe::closes)
         environment.insert(QStringLiteral("PROBE_CLOSES"), QStringLiteral("1"));
+    if (probe == Probe::listens)
+        environment.insert(QStringLiteral("PROBE_LISTENS"), QStringLiteral("1"));
     process->setProcessEnvironment(environment);
     process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process->start(program(), QStringList());
@@ -93,6 +114,41 @@ bool tst_process::wait_for(QProcess& process, const QByteArray& line)
     return output.contains(line);
 }
 
+void tst_process::tell(QProcess& process, const QByteArray& command)
+{
+    process.write(command + '\n');
+    QVERIFY(process.waitForBytesWritten(patience_ms));
+}
+
+std::unique_ptr<QProcess> tst_process::start_with_edited_recipe()
+{
+    SQLite::Database(database().toStdString(), SQLite::OPEN_READWRITE)
+        .exec("INSERT INTO recipe_1 (key_id, r_name, r_body, cat) VALUES (1, 'Soup', 'Stir.', '11')");
+    Settings prefs(settings());
+    prefs.set_reg();
+    prefs.set_pref(QStringLiteral("arcp"), QStringLiteral("1"));
+    prefs.set_pref(QStringLiteral("lv_view"), QStringLiteral("0"));
+    auto process = start(Probe::listens);
+    const bool up = wait_for(*process, main_window);
+    tell(*process, "type title s");
+    if (!up || !wait_for(*process, "line sSoup"))
+        QTest::qFail("the title could not be typed at", __FILE__, __LINE__);
+    return process;
+}
+
+bool tst_process::lose_settings() const
+{
+    const QString folder = QFileInfo(settings()).path();
+    QFile blocker(folder);
+    return QDir(folder).removeRecursively() && blocker.open(QIODevice::WriteOnly);
+}
+
+QString tst_process::recipe_name() const
+{
+    SQLite::Database file(database().toStdString());
+    return QString::fromStdString(file.execAndGet("SELECT r_name FROM recipe_1").getString());
+}
+
 QStringList tst_process::files() const
 {
     return QDir(folder_->filePath(QStringLiteral("app/twdata"))).entryList(QDir::Files);
@@ -100,7 +156,7 @@ QStringList tst_process::files() const
 
 void tst_process::runs_from_the_folder_it_was_copied_to()
 {
-    const auto process = start(true);
+    const auto process = start(Probe::closes);
     QCOMPARE(lines_of(*process), QStringList(QStringLiteral("window frmmain")));
     QCOMPARE(process->exitStatus(), QProcess::NormalExit);
     QCOMPARE(process->exitCode(), 0);
@@ -110,13 +166,13 @@ void tst_process::runs_from_the_folder_it_was_copied_to()
 
 void tst_process::a_second_start_says_so_and_touches_nothing()
 {
-    const auto first = start(false);
-    QVERIFY(wait_for(*first, "window frmmain"));
+    const auto first = start(Probe::watches);
+    QVERIFY(wait_for(*first, main_window));
     const QByteArray before = bytes_of(database());
     const QStringList files_before = files();
 
     // The settings of the second start lie elsewhere, where the first does not write.
-    const auto second = start(true, QStringLiteral("other"));
+    const auto second = start(Probe::closes, QStringLiteral("other"));
     QCOMPARE(lines_of(*second),
              QStringList(QStringLiteral("message TarnWick: A previous instance of TarnWick|is already running")));
     QCOMPARE(second->exitStatus(), QProcess::NormalExit);
@@ -129,15 +185,35 @@ void tst_process::a_second_start_says_so_and_touches_nothing()
     QVERIFY(first->waitForFinished(patience_ms));
 }
 
+void tst_process::a_second_start_reads_neither_settings_nor_database()
+{
+    const auto first = start(Probe::watches);
+    QVERIFY(wait_for(*first, main_window));
+    // To read the first of the settings, or to look for the database, would be an error of its own.
+    QVERIFY(QDir().mkpath(folder_->filePath(QStringLiteral("other/tarnwick"))));
+    QFile file(folder_->filePath(QStringLiteral("other/tarnwick/settings.ini")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[trnwck]\nprefs\\load=load\nprefs\\clean=0, 1\n");
+    file.close();
+    QVERIFY(QFile::rename(database(), folder_->filePath(QStringLiteral("elsewhere.mdb"))));
+
+    const auto second = start(Probe::closes, QStringLiteral("other"));
+    QCOMPARE(lines_of(*second),
+             QStringList(QStringLiteral("message TarnWick: A previous instance of TarnWick|is already running")));
+    QCOMPARE(second->exitCode(), 0);
+    first->kill();
+    QVERIFY(first->waitForFinished(patience_ms));
+}
+
 void tst_process::a_start_after_a_killed_one_is_no_second_start()
 {
-    const auto first = start(false);
-    QVERIFY(wait_for(*first, "window frmmain"));
+    const auto first = start(Probe::watches);
+    QVERIFY(wait_for(*first, main_window));
     first->kill();
     QVERIFY(first->waitForFinished(patience_ms));
     QVERIFY(files().contains(QStringLiteral("groc.lock")));
 
-    const auto second = start(true);
+    const auto second = start(Probe::closes);
     QCOMPARE(lines_of(*second), QStringList(QStringLiteral("window frmmain")));
     QCOMPARE(second->exitCode(), 0);
 }
@@ -145,7 +221,7 @@ void tst_process::a_start_after_a_killed_one_is_no_second_start()
 void tst_process::a_missing_database_shows_the_message_and_makes_none()
 {
     QVERIFY(QFile::remove(database()));
-    const auto process = start(true);
+    const auto process = start(Probe::closes);
     QCOMPARE(lines_of(*process),
              QStringList(QStringLiteral("message TarnWick: TarnWick encountered an error|And must shut down||"
                                         "Error 14: The database file is missing|(%1)")
@@ -164,7 +240,7 @@ void tst_process::a_damaged_database_shows_the_message_and_is_left_alone()
     file.write(damaged);
     file.close();
     {
-        const auto closing = start(true);
+        const auto closing = start(Probe::closes);
         const QStringList lines = lines_of(*closing);
         QCOMPARE(lines.size(), 1);
         QVERIFY2(lines[0].startsWith(QStringLiteral("message TarnWick: TarnWick encountered an error|"
@@ -184,7 +260,7 @@ void tst_process::a_setting_that_is_no_text_shows_the_message()
     file.write("[trnwck]\nprefs\\load=load\nprefs\\font=9, 10\n");
     file.close();
     const QByteArray before = bytes_of(settings());
-    const auto process = start(true);
+    const auto process = start(Probe::closes);
     const int number = static_cast<int>(0x800407D0U) + QMetaType::QStringList;
     QCOMPARE(lines_of(*process),
              QStringList(QStringLiteral("message TarnWick: TarnWick encountered an error|And must shut down||"
@@ -199,12 +275,72 @@ void tst_process::a_read_only_store_of_settings_shows_the_message()
     QVERIFY(blocker.open(QIODevice::WriteOnly));
     blocker.close();
     const QByteArray before = bytes_of(database());
-    const auto process = start(true);
+    const auto process = start(Probe::closes);
     const QStringList lines = lines_of(*process);
     QCOMPARE(lines.size(), 1);
     QVERIFY2(lines[0].endsWith(QStringLiteral("Could not open/create registry section")), qPrintable(lines[0]));
     QVERIFY(process->exitCode() != 0);
     QCOMPARE(bytes_of(database()), before);
+}
+
+void tst_process::settings_lost_after_the_start_end_the_program_with_one_message_data()
+{
+    QTest::addColumn<QByteArray>("command");
+    QTest::newRow("view switch") << QByteArray("do mnu_view_rcp");
+    QTest::newRow("close") << QByteArray("close");
+}
+
+void tst_process::settings_lost_after_the_start_end_the_program_with_one_message()
+{
+    QFETCH(QByteArray, command);
+    const auto process = start(Probe::listens);
+    QVERIFY(wait_for(*process, main_window));
+    tell(*process, "ready");
+    QVERIFY(wait_for(*process, "ready"));
+    QVERIFY(lose_settings());
+    tell(*process, command);
+    const int number = static_cast<int>(0x800407D0U) + 1;
+    QCOMPARE(lines_of(*process),
+             QStringList(QStringLiteral("message TarnWick: Run-time error '%1':||"
+                                        "Could not open/create registry section")
+                             .arg(number)));
+    QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+    QVERIFY(process->exitCode() != 0);
+}
+
+void tst_process::a_recipe_that_cannot_be_saved_ends_the_program_with_one_message_data()
+{
+    QTest::addColumn<QByteArray>("command");
+    QTest::newRow("view switch") << QByteArray("do mnu_view_shoplist");
+    QTest::newRow("close") << QByteArray("close");
+}
+
+void tst_process::a_recipe_that_cannot_be_saved_ends_the_program_with_one_message()
+{
+    QFETCH(QByteArray, command);
+    const auto process = start_with_edited_recipe();
+    {
+        SQLite::Database other(database().toStdString(), SQLite::OPEN_READWRITE);
+        other.exec("BEGIN EXCLUSIVE");
+        tell(*process, command);
+        QCOMPARE(lines_of(*process),
+                 QStringList(QStringLiteral("message TarnWick: Run-time error '5':||database is locked")));
+    }
+    QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+    QVERIFY(process->exitCode() != 0);
+    QCOMPARE(recipe_name(), QStringLiteral("Soup"));
+}
+
+void tst_process::an_error_with_an_edited_recipe_saves_nothing_behind_its_message()
+{
+    const auto process = start_with_edited_recipe();
+    QVERIFY(lose_settings());
+    tell(*process, "do mnu_view_stock");
+    const QStringList lines = lines_of(*process);
+    QCOMPARE(lines.size(), 1);
+    QVERIFY2(lines[0].endsWith(QStringLiteral("Could not open/create registry section")), qPrintable(lines[0]));
+    QVERIFY(process->exitCode() != 0);
+    QCOMPARE(recipe_name(), QStringLiteral("Soup"));
 }
 
 QTEST_GUILESS_MAIN(tst_process)

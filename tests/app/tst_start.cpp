@@ -2,6 +2,8 @@
 #include "data/runtime_error.h"
 #include "lists/list_grid.h"
 #include "lists/list_pane.h"
+#include "recipes/page_geometry.h"
+#include "recipes/recipe_fixture.h"
 #include "recipes/recipe_page.h"
 #include "shell/commands.h"
 #include "shell/layout.h"
@@ -14,6 +16,7 @@
 #include <QLineEdit>
 #include <QResizeEvent>
 #include <QTest>
+#include <QToolButton>
 
 #include <array>
 
@@ -68,11 +71,14 @@ private slots:
     void first_run_writes_every_default_and_load_reads_load();
     void a_first_run_starts_maximised_with_the_stock_and_the_list();
     void a_later_run_writes_no_defaults();
+    void settings_without_load_get_every_default_data();
+    void settings_without_load_get_every_default();
     void a_value_other_than_1_in_clean_shows_no_warnings_data();
     void a_value_other_than_1_in_clean_shows_no_warnings();
     void values_of_the_other_applications_do_not_come_back();
     void the_column_switches_come_back_as_they_stood_under_the_main_name();
-    void an_arcp_of_a_deleted_recipe_leaves_the_name_empty();
+    void an_arcp_of_a_deleted_recipe_leaves_name_and_page_empty();
+    void a_recipe_too_long_for_the_large_type_starts_and_shows_its_page();
     void an_alist_of_a_deleted_list_starts();
     void a_font_of_abc_gives_0_and_the_layout_runs();
     void a_number_too_large_for_16_bits_is_error_6_data();
@@ -83,6 +89,8 @@ private slots:
     void settings_that_cannot_be_written_end_the_load();
     void size_and_separator_are_restored();
     void minimising_writes_nothing_and_lays_nothing_out();
+    void coming_back_from_minimised_lays_out_and_writes_as_a_resize();
+    void a_start_minimised_lays_out_when_the_window_comes_up();
     void every_resize_writes_the_size();
     void the_close_box_saves_the_window_and_closes_the_database();
     void exit_from_the_menu_writes_nothing();
@@ -131,6 +139,31 @@ void tst_start::a_later_run_writes_no_defaults()
     QCOMPARE(window.pref(QStringLiteral("font")), QStringLiteral("12"));
     QCOMPARE(main.shared.type_size, 12);
     QCOMPARE(main.shared.page_color.value_or(QColor()), QColor(255, 204, 204));
+}
+
+void tst_start::settings_without_load_get_every_default_data()
+{
+    QTest::addColumn<QByteArray>("load");
+    QTest::newRow("absent") << QByteArray();
+    QTest::newRow("fail") << QByteArray("prefs\\load=fail\n");
+}
+
+void tst_start::settings_without_load_get_every_default()
+{
+    QFETCH(QByteArray, load);
+    TestWindow window;
+    QFile file(window.environment().settings_file);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[trnwck]\n" + load + "prefs\\font=12\nprefs\\aisle=0\nprefs\\cpn=0\nprefs\\wstate=0\n");
+    file.close();
+    const frmmain& main = window.load({});
+    QCOMPARE(window.pref(QStringLiteral("load")), QStringLiteral("load"));
+    QCOMPARE(window.pref(QStringLiteral("font")), QStringLiteral("9"));
+    QCOMPARE(main.shared.type_size, 9);
+    QVERIFY(main.isMaximized());
+    for (const int group : {0, 1})
+        QVERIFY(window.main().list_pane().column_group_shown(group));
+    QVERIFY(window.main().list_pane().grid().col_width(grid_column::aisle) > 0);
 }
 
 void tst_start::a_value_other_than_1_in_clean_shows_no_warnings_data()
@@ -203,16 +236,50 @@ void tst_start::the_column_switches_come_back_as_they_stood_under_the_main_name(
     QVERIFY(again.list_pane().grid().col_width(grid_column::aisle) > 0);
 }
 
-void tst_start::an_arcp_of_a_deleted_recipe_leaves_the_name_empty()
+void tst_start::an_arcp_of_a_deleted_recipe_leaves_name_and_page_empty()
 {
-    TestWindow window;
-    add_recipe(window, 1, QStringLiteral("Soup"));
+    RecipeWindow window;
+    const Key soup = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
+    window.add_line(soup, QStringLiteral("Salt"));
     window.set_pref(QStringLiteral("arcp"), QStringLiteral("9"));
-    window.set_pref(QStringLiteral("lv_view"), QStringLiteral("0"));
     frmmain& main = window.load();
     QCOMPARE(main.shared.cur_recipe_name, QString());
     QVERIFY(!main.recipe_page().has_recipe());
     QVERIFY(!main.shared.list_pane_shown);
+    QVERIFY(window.title().isVisible());
+    QCOMPARE(window.title().text(), QString());
+    QCOMPARE(window.Text1().text(), QString());
+    for (const char* control : {"ingred(0)", "lite(0)", "Check1(0)"})
+        QVERIFY2(!window.control(QLatin1String(control)).isVisible(), control);
+    for (int button = 10; button <= 13; ++button)
+        QVERIFY(!window.find<QToolButton>(QStringLiteral("Toolbar1(%1)").arg(button))->isEnabled());
+    QCOMPARE(window.pref(QStringLiteral("arcp")), QStringLiteral("9"));
+}
+
+void tst_start::a_recipe_too_long_for_the_large_type_starts_and_shows_its_page()
+{
+    constexpr int lines = 100;
+    RecipeWindow window;
+    const Key feast = window.add_recipe(QStringLiteral("Feast"), QStringLiteral("15"));
+    const Key soup = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
+    window.add_lines(feast, lines);
+    window.set_pref(QStringLiteral("arcp"), QString::number(feast));
+    {
+        frmmain& main = window.load();
+        window.trigger(QStringLiteral("mnu_more_lrg"));
+        QVERIFY(main.close());
+    }
+    QCOMPARE(window.pref(QStringLiteral("font")), QStringLiteral("12"));
+    frmmain& again = window.load();
+    QVERIFY(again.isVisible());
+    QVERIFY(window.page().frame4().isVisible());
+    QCOMPARE(window.title().text(), QStringLiteral("Feast"));
+    QCOMPARE(window.page().recipe_lines().count(), lines);
+    QVERIFY(window.page().lines().back().ingred->y() > page_geometry::to_pixels(32767));
+
+    // The limit stands for a recipe that is chosen later.
+    window.page().set_recipe(soup);
+    QCOMPARE(error_number([&] { window.page().set_recipe(feast); }), int(runtime_error::overflow));
 }
 
 void tst_start::an_alist_of_a_deleted_list_starts()
@@ -338,6 +405,45 @@ void tst_start::minimising_writes_nothing_and_lays_nothing_out()
     QCoreApplication::sendEvent(&main, &small);
     QCOMPARE(bytes_of(window.environment().settings_file), before);
     QCOMPARE(main.list_pane().grid().geometry(), grid);
+}
+
+void tst_start::coming_back_from_minimised_lays_out_and_writes_as_a_resize()
+{
+    TestWindow window;
+    window.set_pref(QStringLiteral("wstate"), QStringLiteral("0"));
+    frmmain& main = window.load({900, 600});
+    const QRect grid = main.list_pane().grid().geometry();
+    main.showMinimized();
+    QCoreApplication::processEvents();
+    main.resize(1000, 640);
+    QCoreApplication::processEvents();
+    QCOMPARE(main.list_pane().grid().geometry(), grid);
+    QCOMPARE(window.pref(QStringLiteral("fwidth")), QStringLiteral("13500"));
+    main.showNormal();
+    QCoreApplication::processEvents();
+    QVERIFY(!main.isMinimized());
+    QCOMPARE(main.list_pane().grid().geometry().size(), grid.size() + QSize(100, 40));
+    QCOMPARE(window.pref(QStringLiteral("fwidth")), QStringLiteral("15000"));
+    QCOMPARE(window.pref(QStringLiteral("fheight")), QStringLiteral("9600"));
+}
+
+void tst_start::a_start_minimised_lays_out_when_the_window_comes_up()
+{
+    TestWindow window;
+    window.set_pref(QStringLiteral("wstate"), QStringLiteral("1"));
+    window.set_pref(QStringLiteral("fwidth"), QString::number(1000 * Layout::twips_per_pixel));
+    window.set_pref(QStringLiteral("fheight"), QString::number(640 * Layout::twips_per_pixel));
+    frmmain& main = window.load({});
+    QVERIFY(main.isMinimized());
+    main.resize(1100, 700);
+    QCoreApplication::processEvents();
+    QCOMPARE(window.pref(QStringLiteral("fwidth")), QStringLiteral("15000"));
+    main.showNormal();
+    QCoreApplication::processEvents();
+    QCOMPARE(main.size(), QSize(1100, 700));
+    QCOMPARE(window.pref(QStringLiteral("fwidth")), QStringLiteral("16500"));
+    const QWidget& grid = main.list_pane().grid();
+    QVERIFY(main.width() - grid.mapTo(&main, QPoint(grid.width(), 0)).x() < 40);
 }
 
 void tst_start::every_resize_writes_the_size()

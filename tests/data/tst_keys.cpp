@@ -11,10 +11,42 @@ using namespace tarnwick;
 class tst_keys : public QObject {
     Q_OBJECT
 private slots:
+    void get_node_is_the_same_in_every_table_data();
+    void get_node_is_the_same_in_every_table();
     void get_node_data();
     void get_node();
     void key_past_32767_is_an_overflow();
 };
+
+void tst_keys::get_node_is_the_same_in_every_table_data()
+{
+    QTest::addColumn<Table>("table");
+    QTest::newRow("cat") << Table::cat;
+    QTest::newRow("items_1") << Table::items_1;
+    QTest::newRow("groc_1") << Table::groc_1;
+    QTest::newRow("tie") << Table::tie;
+    QTest::newRow("list_name") << Table::list_name;
+    QTest::newRow("recipe_1") << Table::recipe_1;
+    QTest::newRow("recipe_2") << Table::recipe_2;
+}
+
+void tst_keys::get_node_is_the_same_in_every_table()
+{
+    QFETCH(Table, table);
+    TestWindow window;
+    const std::string insert = std::string("INSERT INTO ") + QTest::currentDataTag() + " (key_id) VALUES (?)";
+    const auto next_after = [&](int key) {
+        Query(window.db(), insert, key).run();
+        return int(tarnwick::get_node(window.db(), table));
+    };
+    QCOMPARE(int(tarnwick::get_node(window.db(), table)), 1);
+    QCOMPARE(next_after(-2), 1);
+    QCOMPARE(next_after(2), 3);
+    QCOMPARE(next_after(4), 1);
+    QCOMPARE(next_after(1), 5);
+    QCOMPARE(next_after(5), 3);
+    QCOMPARE(next_after(3), 6);
+}
 
 void tst_keys::get_node_data()
 {

@@ -1,17 +1,24 @@
 // A plugin that Qt loads into the real program by QT_QPA_GENERIC_PLUGINS=message_probe. It prints what windows come
-// up, one line each, answers every message box with its first button, and closes the main window when the
-// environment variable PROBE_CLOSES is set.
+// up, one line each, and answers every message box with its first button. With the environment variable
+// PROBE_CLOSES it closes the main window. With PROBE_LISTENS it is the user's hands: it takes one command a line
+// from the standard input, once the main window stands: "close", "do ACTION" (by object name), "type NAME TEXT"
+// (into a line of text).
 
+#include <QAction>
 #include <QCoreApplication>
-#include <QEvent>
 #include <QGenericPlugin>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QSocketNotifier>
 #include <QTimer>
 
+#include <array>
 #include <cstdio>
+#include <unistd.h>
 
 namespace {
 
@@ -26,7 +33,7 @@ protected:
             if (auto* box = qobject_cast<QMessageBox*>(watched))
                 QTimer::singleShot(0, box, [box] { answer(*box); });
             else if (auto* window = qobject_cast<QMainWindow*>(watched))
-                QTimer::singleShot(0, window, [window] { seen(*window); });
+                QTimer::singleShot(0, window, [this, window] { seen(*window); });
         }
         return QObject::eventFilter(watched, event);
     }
@@ -45,12 +52,55 @@ private:
             box.buttons().first()->click();
     }
 
-    static void seen(QMainWindow& window)
+    void seen(QMainWindow& window)
     {
         print(QStringLiteral("window ") + window.objectName());
         if (qEnvironmentVariableIsSet("PROBE_CLOSES"))
             window.close();
+        if (!qEnvironmentVariableIsSet("PROBE_LISTENS") || listener_)
+            return;
+        window.activateWindow();
+        listener_ = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, this);
+        connect(listener_, &QSocketNotifier::activated, &window, [this, &window] { listen(window); });
     }
+
+    void listen(QMainWindow& window)
+    {
+        std::array<char, 512> buffer{};
+        const auto count = ::read(STDIN_FILENO, buffer.data(), buffer.size());
+        if (count <= 0) {
+            listener_->setEnabled(false);
+            return;
+        }
+        heard_.append(buffer.data(), count);
+        for (qsizetype end = 0; (end = heard_.indexOf('\n')) >= 0;) {
+            const QString command = QString::fromUtf8(heard_.left(end));
+            heard_.remove(0, end + 1);
+            obey(window, command);
+        }
+    }
+
+    static void obey(QMainWindow& window, const QString& command)
+    {
+        const QString name = command.section(u' ', 1, 1);
+        if (command == QLatin1String("close")) {
+            window.close();
+        } else if (command == QLatin1String("ready")) {
+            print(command);
+        } else if (auto* action = window.findChild<QAction*>(name); action && action->isEnabled()) {
+            action->trigger();
+        } else if (auto* line = window.findChild<QLineEdit*>(name); line && line->isVisible()) {
+            line->setFocus();
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, command.section(u' ', 2));
+            QCoreApplication::sendEvent(line, &press);
+            print(QStringLiteral("line ") + line->text());
+        } else {
+            print(QStringLiteral("cannot ") + command);
+        }
+    }
+
+    QSocketNotifier* listener_ = nullptr;
+    QByteArray heard_;
 };
 
 } // namespace
