@@ -416,11 +416,11 @@ void tst_stock_tree::new_nodes_go_to_their_places_by_name()
 {
     load();
     StockTree& stock = window_->main().stock_tree();
-    stock.add_category_node(9, QStringLiteral("Frozen"));
+    stock.add_category_node(window_->add_category(QStringLiteral("Frozen")), QStringLiteral("Frozen"));
     QCOMPARE(tree().topLevelItem(1)->text(0), QStringLiteral("Frozen"));
     QCOMPARE(TreeView::picture(tree().topLevelItem(1)), 1);
     QCOMPARE(tree().selected(), tree().topLevelItem(1));
-    stock.add_category_node(10, QStringLiteral("Zoo"));
+    stock.add_category_node(window_->add_category(QStringLiteral("Zoo")), QStringLiteral("Zoo"));
     QCOMPARE(tree().topLevelItem(3)->text(0), QStringLiteral("Zoo"));
     QCOMPARE(tree().topLevelItem(4)->text(0), QStringLiteral("OTHER"));
     const QTreeWidgetItem* cheese = stock.add_item_node(50, dairy_, QStringLiteral("Cheese"), 5);
