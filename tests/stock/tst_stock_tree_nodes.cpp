@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 
 using namespace tarnwick;
 
@@ -26,6 +27,10 @@ private slots:
     void new_item_leaves_no_button_at_a_stale_place();
     void moved_item_leaves_no_button_at_a_stale_place();
     void new_item_on_no_list_gets_the_recipe_button_beside_it();
+
+    void buttons_stay_beside_their_item_at_every_type_size_data();
+    void buttons_stay_beside_their_item_at_every_type_size();
+    void button_of_a_row_that_leaves_the_view_with_the_type_size_hides();
 
     void failed_load_of_the_folders_keeps_no_node();
 
@@ -59,6 +64,19 @@ private:
         for (int i = 0; i < tree().topLevelItemCount(); ++i)
             names += tree().topLevelItem(i)->text(0);
         return names.join(u' ');
+    }
+
+    void set_type_size(const char* command)
+    {
+        QVERIFY(enabled(command));
+        commands().action(QLatin1String(command)).trigger();
+        QApplication::processEvents();
+    }
+
+    void add_many_items()
+    {
+        for (int i = 0; i < 100; ++i)
+            window_->add_item(QStringLiteral("Sort %1").arg(i, 3, 10, QLatin1Char('0')), dairy_);
     }
 
     bool any_button() { return button(0).isVisible() || button(1).isVisible() || button(2).isVisible(); }
@@ -172,6 +190,63 @@ void tst_stock_tree_nodes::new_item_on_no_list_gets_the_recipe_button_beside_it(
     QVERIFY(!button(0).isVisible() && button(1).isVisible() && !button(2).isVisible());
     const QRect row = tree().visualItemRect(made).translated(tree().pos());
     QVERIFY(row.top() <= button(1).y() && button(1).y() < row.bottom());
+}
+
+void tst_stock_tree_nodes::buttons_stay_beside_their_item_at_every_type_size_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<bool>("scrolled");
+    for (const int index : {0, 1, 2})
+        for (const bool scrolled : {false, true})
+            QTest::addRow("button %d%s", index, scrolled ? ", scrolled" : "") << index << scrolled;
+}
+
+void tst_stock_tree_nodes::buttons_stay_beside_their_item_at_every_type_size()
+{
+    QFETCH(int, index);
+    QFETCH(bool, scrolled);
+    add_many_items();
+    if (index == 2)
+        Query(window_->db(), "UPDATE items_1 SET status = 7").run();
+    if (index == 1)
+        load_recipe_of(butter_);
+    else
+        load();
+    set_type_size("mnu_more_lrg");
+    if (scrolled)
+        tree().verticalScrollBar()->setValue(tree().verticalScrollBar()->maximum());
+    const QTreeWidgetItem* chosen
+        = scrolled ? tree().node(QStringLiteral("cat") + key_str(dairy_))->child(100) : node(milk_);
+    click(chosen);
+    QVERIFY(button(index).isVisible());
+    const QString tool_tip = button(index).toolTip();
+    for (const char* size : {"mnu_more_sml", "mnu_more_mdm", "mnu_more_lrg"}) {
+        set_type_size(size);
+        if (scrolled && size == QByteArrayView("mnu_more_lrg"))
+            continue; // fewer rows have room: this one may have left the view
+        const QRect row = tree().visualItemRect(chosen).translated(tree().pos());
+        QVERIFY2(button(index).isVisible(), size);
+        QVERIFY2(row.top() < button(index).y() && button(index).geometry().center().y() <= row.bottom(), size);
+        QCOMPARE(button(index).x(), tree().x() + tree().text_rect(chosen).left() - 60);
+        QCOMPARE(button(index).toolTip(), tool_tip);
+        for (const int other : {0, 1, 2})
+            QCOMPARE(button(other).isVisible(), other == index);
+    }
+}
+
+void tst_stock_tree_nodes::button_of_a_row_that_leaves_the_view_with_the_type_size_hides()
+{
+    add_many_items();
+    load();
+    const QTreeWidgetItem* lowest
+        = tree().hit_test({200, (tree().get_visible_count() - 1) * tree().row_height() + 3});
+    click(lowest);
+    QVERIFY(button(0).isVisible());
+    set_type_size("mnu_more_lrg");
+    QVERIFY(tree().visualItemRect(lowest).bottom() > tree().viewport()->height());
+    QVERIFY(!any_button());
+    set_type_size("mnu_more_sml");
+    QVERIFY(!any_button());
 }
 
 void tst_stock_tree_nodes::failed_load_of_the_folders_keeps_no_node()
