@@ -336,12 +336,6 @@ int RecipePage::color_index() const
     return std::clamp(main_.shared.color_index, 0, 3);
 }
 
-void RecipePage::show_line(int index)
-{
-    const QRect line = lines().at(static_cast<size_t>(index)).ingred->geometry();
-    show_stretch(line.top(), line.bottom());
-}
-
 void RecipePage::show_stretch(int top, int bottom)
 {
     const int height = frame4_->height();

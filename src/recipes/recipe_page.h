@@ -76,10 +76,7 @@ public:
     /// Light and check box of a line; codes outside 5 to 9 change nothing.
     void set_lites(int index, int code);
 
-    /// Scrolls as little as needed to bring a line into the viewport.
-    void show_line(int index);
-
-    /// The same for a stretch of the page, pixels from its top.
+    /// Scrolls as little as needed to bring a stretch of the page into the viewport, pixels from the page's top.
     void show_stretch(int top, int bottom);
 
     /// The line's item name.
@@ -106,8 +103,6 @@ public:
 
     /// Saves what can be saved of an open line editor and closes it without a question.
     void close_line_editor();
-
-    void hide_line(); ///< closes the floating editors of list and page; what is not written is not saved
 
     LineEditor& line_editor() { return *line_editor_; }
     Ingredients& ingredients();

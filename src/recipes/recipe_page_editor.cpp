@@ -41,11 +41,6 @@ void RecipePage::close_line_editor()
     line_editor_->close_quietly();
 }
 
-void RecipePage::hide_line()
-{
-    line_editor_->hide_line();
-}
-
 void RecipePage::add_ns_ingred()
 {
     ingredients().add_ns_ingred();

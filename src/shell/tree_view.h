@@ -92,7 +92,6 @@ signals:
     void before_label_edit(QTreeWidgetItem* node, bool& cancel);
     /// The edit is done; the receiver sets `cancel` to keep the old text.
     void after_label_edit(QTreeWidgetItem* node, const QString& text, bool& cancel);
-    void drag_wanted(QTreeWidgetItem* node, QPoint position);
 
 public:
     /// Opens the editor on the selected node's label, through the gate of `before_label_edit`.
