@@ -99,6 +99,8 @@ class tst_view_focus : public QObject {
 private slots:
     void no_change_of_view_leaves_the_keyboard_in_a_hidden_control_data();
     void no_change_of_view_leaves_the_keyboard_in_a_hidden_control();
+    void tab_keys_move_nothing_data();
+    void tab_keys_move_nothing();
     void delete_after_the_recipe_tab_removes_no_row();
     void the_grid_takes_no_keys_while_the_page_is_shown();
     void letters_after_a_change_to_the_list_do_not_reach_the_recipe();
@@ -157,6 +159,53 @@ void tst_view_focus::no_change_of_view_leaves_the_keyboard_in_a_hidden_control()
 
     QVERIFY(w.keyboard_is_on_show());
     QVERIFY(!w.main().focusWidget() || w.main().focusWidget()->isVisible());
+}
+
+void tst_view_focus::tab_keys_move_nothing_data()
+{
+    QTest::addColumn<QString>("control");
+    QTest::addColumn<Qt::Key>("key");
+    for (const char* control : {"TreeView1(0)", "TreeView1(1)", "TabStrip1(0)", "Frame1", "title", "Listview1",
+                                "desc_brdr", "qty_brdr", "aisle_brdr", "dp_brdr"}) {
+        QTest::addRow("%s, Tab", control) << QString::fromLatin1(control) << Qt::Key_Tab;
+        QTest::addRow("%s, Backtab", control) << QString::fromLatin1(control) << Qt::Key_Backtab;
+    }
+}
+
+void tst_view_focus::tab_keys_move_nothing()
+{
+    QFETCH(QString, control);
+    QFETCH(Qt::Key, key);
+    Window w;
+    for (const char* group : {"cpn", "aisle"})
+        w.set_pref(QLatin1String(group), QStringLiteral("1"));
+    Query(w.db(), "UPDATE groc_1 SET cpn = 1, created = '2026-03-20'").run();
+    w.open();
+    w.click_milk();
+    if (control == QLatin1String("title"))
+        w.click_recipe_tab();
+    else if (control == QLatin1String("TreeView1(1)"))
+        w.click_tab(0, 1);
+    else if (control == QLatin1String("Listview1") || control.endsWith(QLatin1String("brdr")))
+        w.click_row(0);
+    const bool row_open = w.main().row_editor().is_open();
+    w.control(control).setFocus();
+    QWidget* const focus = QApplication::focusWidget();
+    QCOMPARE(focus, &w.control(control));
+    const int row = w.grid().current_row();
+    const int column = w.grid().current_col();
+    const QString title = w.title().text();
+    const QTreeWidgetItem* chosen = w.main().visible_tree().selected();
+
+    w.key(key);
+
+    QCOMPARE(QApplication::focusWidget(), focus);
+    QCOMPARE(w.grid().current_row(), row);
+    QCOMPARE(w.grid().current_col(), column);
+    QCOMPARE(w.main().row_editor().is_open(), row_open);
+    QCOMPARE(w.main().visible_tree().selected(), chosen);
+    QCOMPARE(w.title().text(), title);
+    QVERIFY(!w.edited());
 }
 
 void tst_view_focus::delete_after_the_recipe_tab_removes_no_row()
