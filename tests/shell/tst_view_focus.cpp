@@ -104,6 +104,7 @@ private slots:
     void delete_after_the_recipe_tab_removes_no_row();
     void the_grid_takes_no_keys_while_the_page_is_shown();
     void letters_after_a_change_to_the_list_do_not_reach_the_recipe();
+    void arrow_keys_on_a_clicked_tab_choose_the_view();
     void a_tree_that_takes_the_place_of_another_takes_its_keyboard();
     void a_tab_click_with_an_empty_name_gives_the_message_and_changes_nothing_data();
     void a_tab_click_with_an_empty_name_gives_the_message_and_changes_nothing();
@@ -250,6 +251,21 @@ void tst_view_focus::letters_after_a_change_to_the_list_do_not_reach_the_recipe(
         QCOMPARE(w.title().text(), QStringLiteral("Pie"));
     }
     QCOMPARE(w.text("SELECT r_name || ': ' || r_body FROM recipe_1"), QStringLiteral("Pie: Bake."));
+    QCOMPARE(w.number("SELECT count(*) FROM groc_1"), 2);
+}
+
+void tst_view_focus::arrow_keys_on_a_clicked_tab_choose_the_view()
+{
+    Window w;
+    w.open();
+    w.click_recipe_tab();
+    w.key(Qt::Key_Left);
+    QVERIFY(w.main().shared.list_pane_shown);
+    QVERIFY(w.grid().isVisible());
+    QCOMPARE(w.pref(QStringLiteral("lv_view")), QStringLiteral("0"));
+    w.key(Qt::Key_Right);
+    QVERIFY(!w.main().shared.list_pane_shown);
+    QCOMPARE(w.pref(QStringLiteral("lv_view")), QStringLiteral("1"));
     QCOMPARE(w.number("SELECT count(*) FROM groc_1"), 2);
 }
 
