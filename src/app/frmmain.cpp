@@ -63,7 +63,8 @@ QTabBar* make_tabs(const QString& name, QWidget* parent)
     tabs->setExpanding(false);
     tabs->setUsesScrollButtons(false);
     tabs->setElideMode(Qt::ElideRight);
-    tabs->setFocusPolicy(Qt::NoFocus);
+    // A click takes the keyboard first: what is edited elsewhere is left by its own rules before the view changes.
+    tabs->setFocusPolicy(Qt::ClickFocus);
     return tabs;
 }
 

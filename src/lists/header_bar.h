@@ -30,7 +30,6 @@ public:
     void set_headers(int top, int height);
     void set_type_size(int points);
     void set_visible(bool visible);
-    bool is_shown() const { return shown_; }
 
     /// The height in pixels that the captions need at the present type size.
     int wanted_height() const;

@@ -121,7 +121,7 @@ void ListMouse::row_clicked(Qt::MouseButton button)
 void ListMouse::lv1_keyhandler(int key)
 {
     const int row = grid().current_row();
-    if (row < 0)
+    if (row < 0 || !main_.shared.list_pane_shown)
         return;
     if (key == key_code::remove)
         remove_row(row);

@@ -5,6 +5,7 @@
 #include "lists/list_grid.h"
 #include "lists/row_editor_controls.h"
 #include "lists/row_store.h"
+#include "shell/separator.h"
 #include "shell/tool_tip.h"
 #include "stock/status.h"
 
@@ -348,7 +349,7 @@ void RowEditor::focus_left()
 {
     const QWidget* now = QApplication::focusWidget();
     const bool elsewhere = now && now->window() == grid_.window() && now != &grid_ && !grid_.isAncestorOf(now)
-        && !owns(now) && !qobject_cast<const QMenuBar*>(now);
+        && !owns(now) && !qobject_cast<const QMenuBar*>(now) && !qobject_cast<const Separator*>(now);
     if (elsewhere && is_open() && !controls_->qty->isHidden())
         lv_edit_off();
 }

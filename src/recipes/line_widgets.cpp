@@ -55,11 +55,6 @@ int IngredientText::rows_in(int width)
     return std::max(1, layout_.lineCount());
 }
 
-int IngredientText::text_width() const
-{
-    return fontMetrics().horizontalAdvance(text());
-}
-
 void IngredientText::set_text_color(const QColor& color)
 {
     if (color_ == color)

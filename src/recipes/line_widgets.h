@@ -20,9 +20,6 @@ public:
     /// Rows that the text takes in `width` pixels.
     int rows_in(int width);
 
-    /// Width of the text on one row, pixels.
-    int text_width() const;
-
     void set_text_color(const QColor& color);
     QColor text_color() const { return color_; }
 

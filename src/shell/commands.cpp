@@ -130,6 +130,7 @@ QMenu& Commands::menu(const QString& name) const
 
 void Commands::run(const QString& name)
 {
+    emit ran(name);
     if (const auto handler = handlers_.value(name))
         handler(main_);
 }

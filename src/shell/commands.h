@@ -49,6 +49,7 @@ public:
     void set_list_entry_count(int count); ///< at least 1: entry 0 always exists
 
 signals:
+    void ran(const QString& name); ///< a command was chosen, from the menus or a control that stands for it
     void list_chosen(int entry);
     void edit_row_wanted(); ///< `mnu_lv_ed`
     void remove_row_wanted(); ///< `mnu_lv_di`

@@ -292,14 +292,15 @@ void Layout::font_reset(int type_size)
 {
     const UpdateLock lock(main_);
     const int points = usable_points(type_size);
+    const int beside_item = main_.floating_buttons().shown();
     set_own_fonts(type_size);
-    main_.floating_buttons().hide_all();
     main_.list_pane().set_type_size();
     main_.list_pane().header().set_type_size(points);
     main_.row_editor().set_type_size(points);
     main_.recipe_page().set_type_size();
     frm_refresh();
     main_.row_editor().place_again();
+    main_.floating_buttons().place_again(beside_item);
 }
 
 QRect Layout::left_pane() const

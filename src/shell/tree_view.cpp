@@ -2,9 +2,9 @@
 
 #include "data/collation.h"
 #include "data/runtime_error.h"
+#include "shell/second_click.h"
 #include "shell/tree_delegate.h"
 
-#include <QApplication>
 #include <QMouseEvent>
 #include <QScrollBar>
 
@@ -91,6 +91,7 @@ private:
 TreeView::TreeView(ImageList pictures, QWidget* parent)
     : QTreeWidget(parent)
     , delegate_(new TreeDelegate(pictures, *this))
+    , second_click_(new SecondClick(this))
 {
     setHeaderHidden(true);
     setUniformRowHeights(true);
@@ -101,13 +102,12 @@ TreeView::TreeView(ImageList pictures, QWidget* parent)
     setVerticalScrollMode(ScrollPerItem);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideRight);
-    second_click_.setSingleShot(true);
-    connect(&second_click_, &QTimer::timeout, this, [this] {
-        if (hasFocus() && !QApplication::activeModalWidget())
+    connect(second_click_, &SecondClick::came, this, [this] {
+        if (hasFocus())
             start_label_edit();
     });
     connect(this, &QTreeWidget::itemCollapsed, this, &TreeView::follow_collapse);
-    connect(this, &QTreeWidget::currentItemChanged, &second_click_, &QTimer::stop);
+    connect(this, &QTreeWidget::currentItemChanged, second_click_, &SecondClick::stop);
 }
 
 void TreeView::set_flat(bool flat)
@@ -190,7 +190,7 @@ void TreeView::close_if_empty(QTreeWidgetItem* folder)
 void TreeView::clear_nodes()
 {
     pressed_ = false;
-    second_click_.stop();
+    second_click_->stop();
     nodes_.clear();
     clear();
 }
@@ -286,7 +286,7 @@ int TreeView::get_visible_count() const
 
 void TreeView::start_label_edit()
 {
-    second_click_.stop();
+    second_click_->stop();
     QTreeWidgetItem* node = selected();
     if (!node)
         return;
@@ -306,6 +306,14 @@ void TreeView::end_label_edit(const QModelIndex& index, const QString& text)
     emit after_label_edit(edited, text, cancel);
     if (QTreeWidgetItem* left = node(edited_key); left && !cancel)
         left->setText(0, text);
+}
+
+/// The tab keys end an edit like any other; the label of another node is not opened past its gate.
+void TreeView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const bool onward
+        = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
+    QTreeWidget::closeEditor(editor, onward ? QAbstractItemDelegate::NoHint : hint);
 }
 
 /// A node that vanishes inside a closed folder leaves the selection to the folder.
@@ -337,17 +345,17 @@ void TreeView::press(QMouseEvent* event)
 
 void TreeView::mousePressEvent(QMouseEvent* event)
 {
-    second_click_.stop();
+    second_click_->stop();
     QTreeWidgetItem* node = hit_test(event->pos());
-    edit_on_release_ = event->button() == Qt::LeftButton && hasFocus() && node && node == selected()
-        && on_label(node, event->pos());
+    edit_on_release_ = event->button() == Qt::LeftButton && hasFocus() && !press_brought_focus_ && node
+        && node == selected() && on_label(node, event->pos());
     QTreeWidget::mousePressEvent(event);
     press(event);
 }
 
 void TreeView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    second_click_.stop();
+    second_click_->stop();
     edit_on_release_ = false;
     press(event);
     QTreeWidget::mouseDoubleClickEvent(event);
@@ -372,12 +380,12 @@ void TreeView::mouseReleaseEvent(QMouseEvent* event)
         emit node_click(pressed_node);
     emit mouse_up(event->button(), event->pos());
     if (edit)
-        second_click_.start(QApplication::doubleClickInterval());
+        second_click_->start();
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event)
 {
-    second_click_.stop();
+    second_click_->stop();
     if (state() == EditingState)
         return; // what the label's editor left over
     const int code = event->key();
@@ -407,6 +415,10 @@ void TreeView::keyReleaseEvent(QKeyEvent* event)
 void TreeView::focusInEvent(QFocusEvent* event)
 {
     QTreeWidget::focusInEvent(event);
+    // The focus comes just before the press that brings it; the flag is gone before the user's next one.
+    press_brought_focus_ = event->reason() == Qt::MouseFocusReason;
+    QMetaObject::invokeMethod(
+        this, [this] { press_brought_focus_ = false; }, Qt::QueuedConnection);
     if (!is_passing(event->reason()))
         emit got_focus();
 }
@@ -414,8 +426,7 @@ void TreeView::focusInEvent(QFocusEvent* event)
 void TreeView::focusOutEvent(QFocusEvent* event)
 {
     QTreeWidget::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason)
-        second_click_.stop();
+    second_click_->stop();
     if (!is_passing(event->reason()))
         emit lost_focus();
 }

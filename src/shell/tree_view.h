@@ -3,11 +3,11 @@
 #include "shell/pictures.h"
 
 #include <QHash>
-#include <QTimer>
 #include <QTreeWidget>
 
 namespace tarnwick {
 
+class SecondClick;
 class TreeDelegate;
 
 /// The tree control of the left pane: nodes with unique keys, Tags and picture numbers.
@@ -92,7 +92,6 @@ signals:
     void before_label_edit(QTreeWidgetItem* node, bool& cancel);
     /// The edit is done; the receiver sets `cancel` to keep the old text.
     void after_label_edit(QTreeWidgetItem* node, const QString& text, bool& cancel);
-    void drag_wanted(QTreeWidgetItem* node, QPoint position);
 
 public:
     /// Opens the editor on the selected node's label, through the gate of `before_label_edit`.
@@ -102,6 +101,7 @@ public:
     void end_label_edit(const QModelIndex& index, const QString& text);
 
 protected:
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void changeEvent(QEvent* event) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& options, const QModelIndex& index) const override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -122,10 +122,11 @@ private:
 
     QHash<QString, QTreeWidgetItem*> nodes_;
     TreeDelegate* delegate_;
-    QTimer second_click_;
+    SecondClick* second_click_;
     QString pressed_key_;
     bool pressed_ = false;
     bool edit_on_release_ = false;
+    bool press_brought_focus_ = false;
     bool flat_ = false;
 };
 

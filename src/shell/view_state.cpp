@@ -93,6 +93,12 @@ QString ViewState::list_name() const
 
 void ViewState::l_r_refresh()
 {
+    refresh_all();
+    take_keyboard_from_hidden();
+}
+
+void ViewState::refresh_all()
+{
     const UpdateLock lock(main_);
     Commands& commands = main_.commands();
     if (main_.shared.stock_view) {
@@ -120,6 +126,20 @@ void ViewState::l_r_refresh()
     set_mnu_recipe();
     set_mnu_stock();
     caption_refresh();
+}
+
+/// A control that got hidden would go on taking the keys. A tree hands them to the tree in its place; a control
+/// of the right pane to nobody, for the user has not chosen one there yet.
+void ViewState::take_keyboard_from_hidden()
+{
+    QWidget* focus = main_.focusWidget();
+    if (!focus || focus->isVisibleTo(&main_))
+        return;
+    const TreeView& hidden = main_.shared.stock_view ? main_.recipe_tree().view() : main_.stock_tree().view();
+    if (focus == &hidden || hidden.isAncestorOf(focus))
+        main_.visible_tree().setFocus(Qt::OtherFocusReason);
+    else
+        focus->clearFocus();
 }
 
 ViewState::ListTexts ViewState::list_texts() const
@@ -286,7 +306,7 @@ void ViewState::show_list_pane(bool list)
     l_r_refresh();
 }
 
-/// The wheel does not turn tabs: only a click chooses a view.
+/// The wheel does not turn tabs.
 bool ViewState::eventFilter(QObject* watched, QEvent* event)
 {
     return event->type() == QEvent::Wheel || QObject::eventFilter(watched, event);

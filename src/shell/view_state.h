@@ -37,6 +37,8 @@ private:
     enum class ListState { single, all, none };
     struct ListTexts;
 
+    void refresh_all();
+    void take_keyboard_from_hidden();
     ListState list_state() const;
     QString list_name() const;
     ListTexts list_texts() const;

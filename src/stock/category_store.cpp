@@ -19,4 +19,16 @@ Key insert_category(Connection& connection, const QString& name)
     return key;
 }
 
+std::optional<Key> category_before(Connection& connection, Key category)
+{
+    std::optional<Key> before;
+    Query rows(connection, "SELECT key_id FROM cat WHERE key_id > 0 ORDER BY cat_desc");
+    while (rows.next()) {
+        if (rows.key(0) == category)
+            return before;
+        before = rows.key(0);
+    }
+    return std::nullopt;
+}
+
 } // namespace tarnwick

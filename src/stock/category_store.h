@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace tarnwick {
 
 /// Whether a category has a name that matches this one, case-blind and with `%` and `_` as patterns.
@@ -12,5 +14,9 @@ bool category_name_taken(Connection& connection, const QString& name);
 
 /// Makes a closed category. Returns its key. Throws error 6 when the keys are used up.
 Key insert_category(Connection& connection, const QString& name);
+
+/// The category whose row stands before this one's in name order, OTHER left out. None before the first, or
+/// when there is no such category.
+std::optional<Key> category_before(Connection& connection, Key category);
 
 } // namespace tarnwick

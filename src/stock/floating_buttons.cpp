@@ -96,12 +96,9 @@ void FloatingButtons::tree_lost_focus()
 
 void FloatingButtons::show_for(QTreeWidgetItem& node)
 {
-    const TreeView& tree = main_.stock_tree().view();
     const int indent = main_.stock_tree().get_indent();
     const int topdent = main_.stock_tree().get_topdent();
-    const int rows_height = tree.get_visible_count() * tree.row_height();
-    if ((topdent - tree.y()) * Layout::twips_per_pixel + full_view_margin
-        >= rows_height * Layout::twips_per_pixel) {
+    if (!row_in_view(topdent - main_.stock_tree().view().y())) {
         hide(add_to_list);
         hide(add_to_page);
         return;
@@ -115,6 +112,39 @@ void FloatingButtons::show_for(QTreeWidgetItem& node)
         show_locate_button(node, indent, top);
 }
 
+/// Whether a row whose text begins this far down in the tree does not reach beyond its lower edge.
+bool FloatingButtons::row_in_view(int top) const
+{
+    const TreeView& tree = main_.stock_tree().view();
+    const int rows_height = tree.get_visible_count() * tree.row_height();
+    return top * Layout::twips_per_pixel + full_view_margin < rows_height * Layout::twips_per_pixel;
+}
+
+int FloatingButtons::shown() const
+{
+    for (size_t i = 0; i < buttons_.size(); ++i) {
+        if (!buttons_[i]->isHidden())
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+void FloatingButtons::place_again(int index)
+{
+    if (index < 0)
+        return;
+    const TreeView& tree = main_.stock_tree().view();
+    const QTreeWidgetItem* node = tree.node(beside_);
+    const QRect text = node ? tree.text_rect(node) : QRect();
+    if (text.isNull() || text.top() < 0 || !row_in_view(text.top())) {
+        hide(index);
+        return;
+    }
+    const int top = tree.y() + text.top() + button_offset(main_.shared.type_size);
+    button(index).move(tree.x() + text.left() - left_of_text, top);
+    button(index).show();
+}
+
 void FloatingButtons::show_recipe_button(QTreeWidgetItem& node, int indent, int top)
 {
     hide(add_to_list);
@@ -124,7 +154,7 @@ void FloatingButtons::show_recipe_button(QTreeWidgetItem& node, int indent, int 
         hide(add_to_page);
         return;
     }
-    show_at(add_to_page, indent, top,
+    show_at(add_to_page, node, indent, top,
             QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to ") + main_.shared.cur_recipe_name
                 + QStringLiteral(" recipe"));
 }
@@ -139,7 +169,7 @@ void FloatingButtons::show_locate_button(QTreeWidgetItem& node, int indent, int 
     }
     if (main_.row_editor().is_open())
         return;
-    show_at(locate_row, indent, top,
+    show_at(locate_row, node, indent, top,
             QStringLiteral("Locate ") + node.text(0) + QStringLiteral(" on shopping lists"));
 }
 
@@ -152,7 +182,7 @@ void FloatingButtons::show_list_button(QTreeWidgetItem& node, int indent, int to
         hide(add_to_list);
         return;
     }
-    show_at(add_to_list, indent, top,
+    show_at(add_to_list, node, indent, top,
             QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to ") + get_list_name(main_.connection(), list)
                 + QStringLiteral(" list"));
 }
@@ -161,12 +191,13 @@ void FloatingButtons::show_for_recipe(QTreeWidgetItem& node)
 {
     hide_all();
     const StockTree& tree = main_.stock_tree();
-    show_at(add_to_page, tree.get_indent(), tree.get_topdent() + button_offset(main_.shared.type_size),
+    show_at(add_to_page, node, tree.get_indent(), tree.get_topdent() + button_offset(main_.shared.type_size),
             QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to recipe"));
 }
 
-void FloatingButtons::show_at(int index, int indent, int top, const QString& tool_tip)
+void FloatingButtons::show_at(int index, const QTreeWidgetItem& node, int indent, int top, const QString& tool_tip)
 {
+    beside_ = TreeView::key(&node);
     QToolButton& shown = button(index);
     shown.setToolTip(plain_tool_tip(tool_tip));
     shown.move(indent - left_of_text, top);

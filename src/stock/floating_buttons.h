@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 #include <array>
 
@@ -32,6 +33,13 @@ public:
     /// Shows the recipe button beside an item's node, for a new item that was put on no list.
     void show_for_recipe(QTreeWidgetItem& node);
 
+    /// Index of the button on show; -1 without one.
+    int shown() const;
+
+    /// Puts a button that was on show beside its item again after the rows got another size, when the row is
+    /// whole in view; hides it otherwise. -1: nothing.
+    void place_again(int index);
+
     /// Hides the first two after the tree lost the focus, unless one of the buttons took it.
     void tree_lost_focus();
 
@@ -40,7 +48,8 @@ private:
     void show_recipe_button(QTreeWidgetItem& node, int indent, int top);
     void show_locate_button(QTreeWidgetItem& node, int indent, int top);
     void show_list_button(QTreeWidgetItem& node, int indent, int top);
-    void show_at(int index, int indent, int top, const QString& tool_tip);
+    void show_at(int index, const QTreeWidgetItem& node, int indent, int top, const QString& tool_tip);
+    bool row_in_view(int top) const;
     void place_on_list();
     void add_to_recipe();
     void locate();
@@ -48,6 +57,7 @@ private:
 
     frmmain& main_;
     std::array<QToolButton*, 3> buttons_{};
+    QString beside_; ///< key of the node beside which a button was shown last
 };
 
 } // namespace tarnwick

@@ -5,6 +5,7 @@
 #include "shell/toolbar.h"
 #include "shell/tree_view.h"
 #include "shell/view_state.h"
+#include "stock/category_store.h"
 #include "stock/floating_buttons.h"
 #include "stock/status.h"
 #include "stock/stock_commands.h"
@@ -105,20 +106,31 @@ void StockTree::load_folders()
     for (const CatalogueFolder& category : categories)
         nodes += category.items;
     tree_.reserve_nodes(nodes);
-    for (const CatalogueFolder& category : categories) {
-        const bool other = category.key == 0;
-        const bool open = category.expand && category.items > 0;
-        const int picture = other && category.items == 0 ? 0 : folder_picture(other, open);
-        const QString key = category_key(category.key);
-        QTreeWidgetItem* node = tree_.make_node(key, other ? QStringLiteral("OTHER") : category.name, picture,
-                                                picture > 0 ? QString::number(picture) : QString());
-        if (other && category.items > 0)
-            node->setForeground(0, other_color);
-        if (open && !other)
-            open_at_load_.push_back(key);
-        folders.append(node);
+    try {
+        for (const CatalogueFolder& category : categories)
+            folders.append(make_folder(category));
+    } catch (...) {
+        // Nodes that have no place in the tree yet belong to nobody.
+        tree_.clear_nodes();
+        qDeleteAll(folders);
+        throw;
     }
     tree_.addTopLevelItems(folders);
+}
+
+QTreeWidgetItem* StockTree::make_folder(const CatalogueFolder& category)
+{
+    const bool other = category.key == 0;
+    const bool open = category.expand && category.items > 0;
+    const int picture = other && category.items == 0 ? 0 : folder_picture(other, open);
+    const QString key = category_key(category.key);
+    QTreeWidgetItem* node = tree_.make_node(key, other ? QStringLiteral("OTHER") : category.name, picture,
+                                            picture > 0 ? QString::number(picture) : QString());
+    if (other && category.items > 0)
+        node->setForeground(0, other_color);
+    if (open && !other)
+        open_at_load_.push_back(key);
+    return node;
 }
 
 /// Adds the items folder by folder in one piece each; the query has them in name order already.
@@ -136,7 +148,6 @@ void StockTree::load_items(bool alpha)
     try {
         read_items(main_.connection(), take);
     } catch (...) {
-        // Nodes that have no place in the tree yet belong to nobody.
         tree_.clear_nodes();
         qDeleteAll(flat);
         for (const auto& nodes : std::as_const(by_category))
@@ -219,8 +230,10 @@ void StockTree::add_category_node(Key category, const QString& name)
 {
     if (main_.shared.stock_alpha)
         return;
-    const bool other_last = category_node(0) != nullptr;
-    const int place = tree_.place_of(nullptr, name, tree_.topLevelItemCount() - (other_last ? 1 : 0));
+    buttons_.hide_all();
+    // The table tells the place: a folder that was renamed may stand out of order in the tree.
+    const auto before = category_before(main_.connection(), category);
+    const int place = before ? tree_.indexOfTopLevelItem(&tree_.require_node(category_key(*before))) + 1 : 0;
     QTreeWidgetItem* node = tree_.insert_node(nullptr, place, category_key(category), name, category_closed,
                                               QString::number(category_closed));
     tree_.select(node);
@@ -229,6 +242,7 @@ void StockTree::add_category_node(Key category, const QString& name)
 
 QTreeWidgetItem* StockTree::add_item_node(Key item, Key category, const QString& name, int code)
 {
+    buttons_.hide_all();
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &tree_.require_node(category_key(category));
     const int count = folder ? folder->childCount() : tree_.topLevelItemCount();
     QTreeWidgetItem* node = tree_.insert_node(folder, tree_.place_of(folder, name, count), item_key(item), name,
@@ -244,6 +258,7 @@ void StockTree::move_item_node(Key item, Key category)
     QTreeWidgetItem* node = item_node(item);
     if (!node || tree_.is_flat())
         return;
+    buttons_.hide_all();
     QTreeWidgetItem& folder = tree_.require_node(category_key(category));
     tree_.move_node(node, &folder);
     tree_.sort_children(&folder);

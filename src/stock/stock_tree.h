@@ -14,6 +14,7 @@ namespace tarnwick {
 class frmmain;
 class FloatingButtons;
 class TreeView;
+struct CatalogueFolder;
 
 /// The stock tree `TreeView1(0)`: its load, its events and the pictures of its items.
 class StockTree : public QObject {
@@ -42,7 +43,8 @@ public:
     /// Writes an item's status into the first status panel, when its node is the selected one.
     void show_status_if_selected(Key item);
 
-    /// Adds a node for a new category in its place by name, selects and shows it. Category view only.
+    /// Adds a node for a category whose row was just made, behind the folder of the row before it in name order;
+    /// selects and shows it. Category view only. Throws error 35601 when that folder is missing.
     void add_category_node(Key category, const QString& name);
 
     /// Adds a node for a stock item under its category, or at root level in the flat view, sorts these nodes
@@ -64,6 +66,7 @@ public:
 private:
     void connect_events();
     void load_folders();
+    QTreeWidgetItem* make_folder(const CatalogueFolder& category);
     void load_items(bool alpha);
     void open_folders();
     void expanded(QTreeWidgetItem* node, bool open);

@@ -1,4 +1,5 @@
 #include "app/frmmain.h"
+#include "lists/editing_window.h"
 #include "lists/list_grid.h"
 #include "lists/list_pane.h"
 #include "recipes/recipe_page.h"
@@ -69,6 +70,8 @@ private slots:
     void dragging_13_pixels_to_the_left_moves();
     void a_click_on_the_separator_writes_nothing();
     void arrow_keys_move_the_separator();
+    void a_drag_keeps_the_open_row_and_its_boxes_over_their_cells();
+    void enter_on_the_separator_closes_the_open_row();
     void a_very_narrow_window_keeps_the_separator_on_the_form_and_writes_its_position();
     void a_resize_that_leaves_400_pixels_does_not_move_the_separator();
     void absurd_settings_give_a_usable_window_data();
@@ -229,6 +232,48 @@ void tst_layout::arrow_keys_move_the_separator()
     for (int i = 0; i < 100; ++i)
         QTest::keyClick(&bar(main), Qt::Key_Right);
     QCOMPARE(bar(main).x(), 1000 - 390);
+}
+
+void tst_layout::a_drag_keeps_the_open_row_and_its_boxes_over_their_cells()
+{
+    EditingWindow w;
+    w.rows(3);
+    w.open();
+    w.open_row(1);
+    w.type_into("desc_brdr", QStringLiteral("ripe"));
+    const auto over_cells = [&w] {
+        const std::pair<const char*, int> boxes[] = {
+            {"desc_brdr", grid_column::desc}, {"qty_brdr", grid_column::qty}, {"aisle_brdr", grid_column::aisle}};
+        return std::all_of(std::begin(boxes), std::end(boxes), [&w](const auto& box) {
+            return w.shown(box.first) && w.cell_in_form(box.second).contains(w.in_form(box.first).center());
+        });
+    };
+    QVERIFY(over_cells());
+    for (const int by : {60, -90, 900}) {
+        const int before = bar(w.main()).x();
+        drag(w.main(), by);
+        QVERIFY(bar(w.main()).x() != before);
+        QVERIFY(w.editor().is_open());
+        QCOMPARE(w.editor().edit_row(), 1);
+        QCOMPARE(w.box("desc_brdr").text(), QStringLiteral("ripe"));
+        QVERIFY(over_cells());
+    }
+    w.type_into("desc_brdr", QStringLiteral("very ripe"));
+    QCOMPARE(w.cell(1, grid_column::desc), QStringLiteral("very ripe"));
+}
+
+void tst_layout::enter_on_the_separator_closes_the_open_row()
+{
+    EditingWindow w;
+    w.rows(3);
+    w.open();
+    w.open_row(1);
+    w.type_into("desc_brdr", QStringLiteral("ripe"));
+    QTest::mouseClick(&bar(w.main()), Qt::LeftButton, {}, QPoint(2, 100));
+    QVERIFY(w.editor().is_open());
+    QVERIFY(bar(w.main()).hasFocus());
+    QTest::keyClick(&bar(w.main()), Qt::Key_Return);
+    QVERIFY(!w.editor().is_open());
 }
 
 void tst_layout::a_very_narrow_window_keeps_the_separator_on_the_form_and_writes_its_position()

@@ -1,11 +1,15 @@
 #include "app/frmmain.h"
+#include "data/query.h"
+#include "lists/editing_window.h"
 #include "shell/commands.h"
 #include "shell/toolbar.h"
 #include "shell/view_state.h"
 #include "stock/stock_tree.h"
+#include "support/message_script.h"
 #include "support/test_window.h"
 
 #include <QAction>
+#include <QDialog>
 #include <QMenu>
 #include <QToolButton>
 #include <QTreeWidgetItem>
@@ -36,6 +40,49 @@ QAction* drop_down_item(frmmain& main, int index, const QString& key)
             return action;
     return nullptr;
 }
+
+/// The commands that a real click on a button runs.
+QStringList commands_of_click(frmmain& main, int index)
+{
+    QStringList commands;
+    const auto noted = QObject::connect(&main.commands(), &Commands::ran,
+                                        [&commands](const QString& name) { commands += name; });
+    click(main, index);
+    QObject::disconnect(noted);
+    return commands;
+}
+
+/// The window on the list "Weekly", with the recipe "Pie" on its page.
+frmmain& load_list_and_recipe(TestWindow& w)
+{
+    w.set_pref(QStringLiteral("alist"), QString::number(w.add_list(QStringLiteral("Weekly"))));
+    w.set_pref(QStringLiteral("arcp"), QStringLiteral("1"));
+    Query(w.db(), "INSERT INTO recipe_1 (key_id, r_name, r_body, cat) VALUES (1, 'Pie', 'Bake.', '13')").run();
+    return w.load();
+}
+
+/// Notes the type size at which a control gets hidden.
+class HideWatch : public QObject {
+public:
+    HideWatch(QObject& control, const SharedValues& shared)
+        : shared_(shared)
+    {
+        control.installEventFilter(this);
+    }
+
+    QList<int> sizes;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Hide)
+            sizes += shared_.type_size;
+        return false;
+    }
+
+private:
+    const SharedValues& shared_;
+};
 
 /// How much the toolbar has given away: 0 nothing, 1 Size, 2 Sort too, 3 Find too; -1 an impossible mix.
 int given_away(frmmain& main)
@@ -75,9 +122,13 @@ private slots:
     void size_cycle_goes_through_its_table();
     void size_cycle_from_12_goes_down();
     void size_drop_down_goes_straight_to_the_size();
+    void size_drop_down_sets_the_button_for_the_step_away_from_the_size();
+    void a_change_of_size_closes_the_open_row_first_data();
+    void a_change_of_size_closes_the_open_row_first();
     void size_cycle_starts_at_10_from_a_damaged_size();
     void tool_tips_of_the_state_survive_a_resize();
     void email_button_follows_its_tag_and_not_the_list();
+    void buttons_stand_for_their_commands_data();
     void buttons_stand_for_their_commands();
     void folder_button_closes_the_folders();
 };
@@ -354,12 +405,61 @@ void tst_toolbar::size_drop_down_goes_straight_to_the_size()
         main.commands().action(QString::fromLatin1(choice.item)).trigger();
         QCOMPARE(main.shared.type_size, choice.size);
     }
-    drop_down_item(main, 18, QStringLiteral("LRG"))->trigger();
-    QCOMPARE(main.toolbar().tag(14), QStringLiteral("DN"));
-    QCOMPARE(button(main, 18)->property("picture").toInt(), 16);
-    drop_down_item(main, 18, QStringLiteral("SML"))->trigger();
-    QCOMPARE(main.toolbar().tag(14), QStringLiteral("UP"));
-    QCOMPARE(button(main, 18)->property("picture").toInt(), 17);
+}
+
+void tst_toolbar::size_drop_down_sets_the_button_for_the_step_away_from_the_size()
+{
+    struct Choice {
+        const char* key;
+        int picture;
+        const char* tag;
+        const char* tool_tip;
+    };
+    // Medium leads on in the direction that the button before it had.
+    const Choice choices[] = {{"LRG", 16, "DN", "Make size smaller"}, {"MDM", 17, "UP", "Make size larger"},
+                              {"LRG", 16, "DN", "Make size smaller"}, {"SML", 17, "UP", "Make size larger"},
+                              {"MDM", 16, "DN", "Make size smaller"}, {"SML", 17, "UP", "Make size larger"}};
+    TestWindow w;
+    frmmain& main = w.load();
+    for (const Choice& choice : choices) {
+        drop_down_item(main, 18, QString::fromLatin1(choice.key))->trigger();
+        QCOMPARE(button(main, 18)->property("picture").toInt(), choice.picture);
+        QCOMPARE(main.toolbar().tag(14), QString::fromLatin1(choice.tag));
+        QCOMPARE(button(main, 18)->toolTip(), QString::fromLatin1(choice.tool_tip));
+    }
+}
+
+void tst_toolbar::a_change_of_size_closes_the_open_row_first_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::newRow("size button") << QString();
+    for (const char* command : {"mnu_more_sml", "mnu_more_mdm", "mnu_more_lrg"})
+        QTest::newRow(command) << QString::fromLatin1(command);
+}
+
+void tst_toolbar::a_change_of_size_closes_the_open_row_first()
+{
+    QFETCH(QString, command);
+    EditingWindow w;
+    w.rows(2);
+    w.open();
+    w.open_row(1);
+    w.type_into("desc_brdr", QStringLiteral("ripe"));
+    const HideWatch watch(w.widget("desc_brdr"), w.main().shared);
+    if (command.isEmpty()) {
+        click(w.main(), 18);
+    } else {
+        QAction& action = w.main().commands().action(command);
+        QVERIFY(action.isEnabled());
+        action.trigger();
+    }
+    QCOMPARE(watch.sizes, QList<int>{9});
+    QVERIFY(!w.editor().is_open());
+    for (const char* box : {"desc_brdr", "qty_brdr", "aisle_brdr", "frmEditDel"})
+        QVERIFY2(!w.shown(box), box);
+    QVERIFY(!w.grid().rows().row(1).bold);
+    QCOMPARE(w.cell(1, grid_column::desc), QStringLiteral("ripe"));
+    QVERIFY(w.grid().hasFocus());
 }
 
 void tst_toolbar::size_cycle_starts_at_10_from_a_damaged_size()
@@ -387,43 +487,62 @@ void tst_toolbar::tool_tips_of_the_state_survive_a_resize()
 void tst_toolbar::email_button_follows_its_tag_and_not_the_list()
 {
     TestWindow w;
-    frmmain& main = w.load();
-    main.shared.current_list = w.add_list(QStringLiteral("Weekly"));
-    main.l_r_refresh();
+    frmmain& main = load_list_and_recipe(w);
     QCOMPARE(main.toolbar().tag(13), QStringLiteral("list"));
-    QCOMPARE(main.toolbar().command_of(13), QStringLiteral("mnu_tools_email_list"));
+    QCOMPARE(commands_of_click(main, 13), QStringList{QStringLiteral("mnu_tools_email_list")});
     main.view_state().show_list_pane(false);
     QVERIFY(main.shared.current_list > 0);
     QCOMPARE(main.toolbar().tag(13), QStringLiteral("rcp"));
-    QCOMPARE(main.toolbar().command_of(13), QStringLiteral("mnu_tools_email_rcp"));
+    QCOMPARE(commands_of_click(main, 13), QStringList{QStringLiteral("mnu_tools_email_rcp")});
     main.toolbar().set_tag(13, QStringLiteral("list"));
-    QCOMPARE(main.toolbar().command_of(13), QStringLiteral("mnu_tools_email_list"));
+    QCOMPARE(commands_of_click(main, 13), QStringList{QStringLiteral("mnu_tools_email_list")});
+}
+
+void tst_toolbar::buttons_stand_for_their_commands_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("list_side");
+    QTest::addColumn<QString>("recipe_side");
+    QTest::addColumn<bool>("dialog");
+    const auto row = [](int index, const char* list_side, const char* recipe_side, bool dialog = false) {
+        QTest::addRow("%d", index) << index << QString::fromLatin1(list_side) << QString::fromLatin1(recipe_side)
+                                   << dialog;
+    };
+    row(1, "mnu_list_new", "mnu_list_new", true);
+    row(2, "mnu_list_clear", "mnu_list_clear");
+    row(3, "mnu_tools_listlist", "mnu_tools_listlist");
+    row(5, "mnu_recipe_new", "mnu_recipe_new", true);
+    row(6, "", "mnu_recipe_add_ingred");
+    row(8, "mnu_edit_add_stck", "mnu_edit_add_stck", true);
+    row(10, "mnu_list_Print", "mnu_recipe_prnt");
+    row(11, "no command", "no command"); // the preview stands in no menu, and never prints
+    row(12, "mnu_tools_wp_list", "mnu_tools_wp_rcp");
+    row(13, "mnu_tools_email_list", "mnu_tools_email_rcp");
+    row(15, "mnu_tools_find_item", "mnu_tools_find_item");
+    row(17, "mnu_view_cntrct_all", "mnu_view_cntrct_all");
 }
 
 void tst_toolbar::buttons_stand_for_their_commands()
 {
-    struct Row {
-        int index;
-        const char* list_side;
-        const char* recipe_side;
-    };
-    const Row rows[] = {{1, "mnu_list_new", "mnu_list_new"},
-                        {2, "mnu_list_clear", "mnu_list_clear"},
-                        {3, "mnu_tools_listlist", "mnu_tools_listlist"},
-                        {5, "mnu_recipe_new", "mnu_recipe_new"},
-                        {6, "mnu_recipe_add_ingred", "mnu_recipe_add_ingred"},
-                        {8, "mnu_edit_add_stck", "mnu_edit_add_stck"},
-                        {10, "mnu_list_Print", "mnu_recipe_prnt"},
-                        {12, "mnu_tools_wp_list", "mnu_tools_wp_rcp"},
-                        {15, "mnu_tools_find_item", "mnu_tools_find_item"},
-                        {17, "mnu_view_cntrct_all", "mnu_view_cntrct_all"}};
+    QFETCH(int, index);
+    QFETCH(QString, list_side);
+    QFETCH(QString, recipe_side);
+    QFETCH(bool, dialog);
     TestWindow w;
-    frmmain& main = w.load();
-    for (const Row& row : rows)
-        QCOMPARE(main.toolbar().command_of(row.index), QString::fromLatin1(row.list_side));
-    main.view_state().show_list_pane(false);
-    for (const Row& row : rows)
-        QCOMPARE(main.toolbar().command_of(row.index), QString::fromLatin1(row.recipe_side));
+    frmmain& main = load_list_and_recipe(w);
+    for (const QString& expected : {list_side, recipe_side}) {
+        MessageScript script;
+        if (dialog)
+            script.drive([](QDialog& opened) { opened.reject(); });
+        if (expected.isEmpty())
+            QVERIFY(!button(main, index)->isEnabled());
+        else if (expected == QLatin1String("no command"))
+            QCOMPARE(commands_of_click(main, index), QStringList());
+        else
+            QCOMPARE(commands_of_click(main, index), QStringList{expected});
+        QCOMPARE(script.left(), 0);
+        main.view_state().show_list_pane(false);
+    }
 }
 
 void tst_toolbar::folder_button_closes_the_folders()

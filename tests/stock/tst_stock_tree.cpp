@@ -46,6 +46,7 @@ private slots:
     void label_edit_is_refused_for_other();
 
     // the views
+    void sorting_to_the_order_on_show_neither_loads_nor_writes_data();
     void sorting_to_the_order_on_show_neither_loads_nor_writes();
     void sorting_reloads_and_stores_the_order_and_keeps_the_focus();
 
@@ -294,6 +295,8 @@ void tst_stock_tree::alphabetic_view_hides_the_move_command()
     load_flat();
     click(node(milk_));
     QVERIFY(!visible("mnu_tv_move") && !visible("mnu_tv_nc") && !visible("mnu_tv_sep_1"));
+    QCOMPARE(caption("mnu_edit_move"), QStringLiteral("Move Milk to a different category"));
+    QVERIFY(!enabled("mnu_edit_move"));
 }
 
 void tst_stock_tree::click_after_a_drag_only_clears_the_flag()
@@ -350,14 +353,18 @@ void tst_stock_tree::right_click_pops_up_the_menu_and_leaves_the_box_alone()
 
 void tst_stock_tree::arrow_keys_move_the_status_but_not_the_item_in_work()
 {
+    window_->add_row(milk_, home_, false);
     load();
     click(node(butter_));
+    QCOMPARE(status(), QStringLiteral("Not listed :: Dairy category"));
     QVERIFY(button(0).isVisible());
     QTest::keyClick(&tree(), Qt::Key_Down);
     QCOMPARE(tree().selected(), node(milk_));
+    QCOMPARE(status(), QStringLiteral("Inactive On Home list :: Dairy category"));
     QCOMPARE(shared().item_in_work, butter_);
     QVERIFY(!button(0).isVisible());
     QTest::keyClick(&tree(), Qt::Key_Up);
+    QCOMPARE(status(), QStringLiteral("Not listed :: Dairy category"));
     QTest::keyClick(&tree(), Qt::Key_Up);
     QCOMPARE(status(), QStringLiteral("Dairy category: 2 stock items"));
 }
@@ -375,13 +382,32 @@ void tst_stock_tree::label_edit_is_refused_for_other()
     QTest::keyClick(editor, Qt::Key_Escape);
 }
 
+void tst_stock_tree::sorting_to_the_order_on_show_neither_loads_nor_writes_data()
+{
+    QTest::addColumn<bool>("flat");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("by category") << false << QStringLiteral("mnu_view_sort_cat");
+    QTest::newRow("alphabetic") << true << QStringLiteral("mnu_view_sort_alpha");
+}
+
 void tst_stock_tree::sorting_to_the_order_on_show_neither_loads_nor_writes()
 {
-    load();
-    const QTreeWidgetItem* before = node(milk_);
+    QFETCH(bool, flat);
+    QFETCH(QString, command);
+    if (flat)
+        load_flat();
+    else
+        load();
+    click(node(milk_));
+    TreeView::set_tag(node(butter_), QStringLiteral("marked"));
     window_->set_pref(QStringLiteral("sort"), QStringLiteral("untouched"));
-    window_->main().view_state().sort_by_cat();
-    QCOMPARE(node(milk_), before);
+    QAction& sort = commands().action(command);
+    QVERIFY(sort.isEnabled() && sort.isChecked());
+    sort.trigger();
+    QCOMPARE(TreeView::tag(node(butter_)), QStringLiteral("marked"));
+    QVERIFY(node(milk_));
+    QCOMPARE(tree().selected(), node(milk_));
+    QVERIFY(sort.isChecked());
     QCOMPARE(window_->pref(QStringLiteral("sort")), QStringLiteral("untouched"));
 }
 
@@ -416,11 +442,11 @@ void tst_stock_tree::new_nodes_go_to_their_places_by_name()
 {
     load();
     StockTree& stock = window_->main().stock_tree();
-    stock.add_category_node(9, QStringLiteral("Frozen"));
+    stock.add_category_node(window_->add_category(QStringLiteral("Frozen")), QStringLiteral("Frozen"));
     QCOMPARE(tree().topLevelItem(1)->text(0), QStringLiteral("Frozen"));
     QCOMPARE(TreeView::picture(tree().topLevelItem(1)), 1);
     QCOMPARE(tree().selected(), tree().topLevelItem(1));
-    stock.add_category_node(10, QStringLiteral("Zoo"));
+    stock.add_category_node(window_->add_category(QStringLiteral("Zoo")), QStringLiteral("Zoo"));
     QCOMPARE(tree().topLevelItem(3)->text(0), QStringLiteral("Zoo"));
     QCOMPARE(tree().topLevelItem(4)->text(0), QStringLiteral("OTHER"));
     const QTreeWidgetItem* cheese = stock.add_item_node(50, dairy_, QStringLiteral("Cheese"), 5);
