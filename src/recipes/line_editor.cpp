@@ -143,8 +143,10 @@ void LineEditor::mouse_up(int index, Qt::MouseButton button, QPoint position)
             leave();
         else
             blacken_lines();
-    } else if (button == Qt::LeftButton && !open_) {
-        open_line(index);
+    } else if (button == Qt::LeftButton) {
+        leave();
+        if (!open_ && index < page_.recipe_lines().count())
+            open_line(index);
     }
 }
 
