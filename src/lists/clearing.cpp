@@ -105,7 +105,6 @@ void Clearing::groc_del(Key groc_key, bool remove_from_grid, bool update_tree)
 void Clearing::show_removed(Key groc_key, const std::optional<ItemStatus>& item, bool remove_from_grid,
                             bool update_tree)
 {
-    // The editor goes first: it knows its row by number.
     main_.row_editor().hide_line();
     if (remove_from_grid)
         main_.list_pane().remove_row(groc_key);

@@ -1,6 +1,6 @@
 #include "lists/list_grid.h"
 
-#include "lists/last_press.h"
+#include "shell/last_press.h"
 #include "shell/pictures.h"
 #include "shell/tool_tip.h"
 

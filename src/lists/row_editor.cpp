@@ -1,7 +1,7 @@
 #include "lists/row_editor.h"
 
 #include "app/update_lock.h"
-#include "lists/last_press.h"
+#include "shell/last_press.h"
 #include "lists/list_grid.h"
 #include "lists/row_editor_controls.h"
 #include "lists/row_store.h"

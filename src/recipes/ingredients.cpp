@@ -45,11 +45,6 @@ bool Ingredients::has_new_line() const
     return page_.next_index() > 0 && page_.lines().back().key < 0;
 }
 
-Key Ingredients::page_recipe() const
-{
-    return to_int16(page_.title().property("Tag").toString());
-}
-
 void Ingredients::add_ns_ingred()
 {
     if (!begin_line())
@@ -103,7 +98,7 @@ void Ingredients::drag_ingred(const QString& name)
 
 bool Ingredients::check_exist(Key item) const
 {
-    return item_on_recipe(main_.connection(), page_recipe(), item);
+    return item_on_recipe(main_.connection(), page_.page_key(), item);
 }
 
 bool Ingredients::add_ingred(const QString& item, const QString& qty, const QString& measure,
@@ -138,7 +133,7 @@ void Ingredients::insert(const QString& item, const QString& qty, const QString&
     row.item_ref = page_.state.line_mode >= line_mode::non_stock ? Key(-1) : work.adding_item;
     Transaction transaction(main_.connection());
     const auto inserted
-        = insert_line(main_.connection(), page_recipe(), row, page_.next_index() - (has_new_line() ? 1 : 0));
+        = insert_line(main_.connection(), page_.page_key(), row, page_.next_index() - (has_new_line() ? 1 : 0));
     if (!inserted) {
         drop_new_line();
         return;
@@ -204,7 +199,7 @@ void Ingredients::ingred_del(int index)
         --state.sel_line;
     delete_line(main_.connection(), page_.lines()[static_cast<size_t>(index)].key);
     editor_.hide_line();
-    page_.set_recipe(page_recipe());
+    page_.set_recipe(page_.page_key());
 }
 
 void Ingredients::cancel()

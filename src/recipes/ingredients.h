@@ -74,7 +74,6 @@ public:
 private:
     bool begin_line();
     bool has_new_line() const;
-    Key page_recipe() const;
     void insert(const QString& item, const QString& qty, const QString& measure, const QString& comment);
     void show_inserted(const IngredientRow& row);
     void drop_new_line();

@@ -12,6 +12,7 @@
 #include "recipes/pick_list.h"
 #include "recipes/recipe_page.h"
 #include "shell/commands.h"
+#include "shell/last_press.h"
 #include "shell/tool_tip.h"
 #include "stock/status.h"
 
@@ -107,6 +108,7 @@ void LineEditor::make_end_frame()
     for (PictureButton* button : {imgedit_, imgScratch_}) {
         button->setFocusPolicy(Qt::ClickFocus);
         button->installEventFilter(this);
+        LastPress::require_on(*button);
     }
     imgedit_->setAccessibleName(QStringLiteral("Edit stock item"));
     imgScratch_->setAccessibleName(QStringLiteral("Delete ingredient"));
@@ -141,8 +143,10 @@ void LineEditor::mouse_up(int index, Qt::MouseButton button, QPoint position)
             leave();
         else
             blacken_lines();
-    } else if (button == Qt::LeftButton && !open_) {
-        open_line(index);
+    } else if (button == Qt::LeftButton) {
+        leave();
+        if (!open_ && index < page_.recipe_lines().count())
+            open_line(index);
     }
 }
 

@@ -92,6 +92,9 @@ bool LineEditor::eventFilter(QObject* watched, QEvent* event)
 
 void LineEditor::box_entered(int box)
 {
+    // A box that was left behind an inactive window did not hear of it.
+    if (box != last_box_ && field(static_cast<IngredientField>(last_box_)).isEmpty() && !is_placeholder(last_box_))
+        set_placeholder(boxes_[static_cast<size_t>(last_box_)]);
     last_box_ = box;
     QLineEdit& edit = *boxes_[static_cast<size_t>(box)].edit;
     if (is_placeholder(box))

@@ -1,5 +1,6 @@
 #include "recipes/line_widgets.h"
 
+#include "shell/last_press.h"
 #include "shell/pictures.h"
 
 #include <QKeyEvent>
@@ -20,6 +21,7 @@ IngredientText::IngredientText(QWidget* parent)
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout_.setTextOption(option);
     layout_.setCacheEnabled(true);
+    LastPress::require_on(*this);
 }
 
 void IngredientText::set_text(const QString& text)

@@ -2,6 +2,7 @@
 
 #include "app/update_lock.h"
 #include "recipes/page_text.h"
+#include "shell/last_press.h"
 
 #include <QAbstractListModel>
 #include <QFocusEvent>
@@ -74,6 +75,7 @@ PickList::PickList(QWidget* parent)
     setFrameShape(QFrame::Box);
     setModel(rows_);
     set_content(Content::none);
+    LastPress::require_on(*viewport());
     connect(this, &QAbstractItemView::clicked, this, [this](const QModelIndex& row) { emit picked(row.row()); });
     hide();
 }
@@ -103,6 +105,7 @@ void PickList::fill(std::vector<StockName> rows, Content content)
     set_content(content);
     rows_->set(std::move(rows));
     scrollToTop();
+    LastPress::forget(*viewport());
 }
 
 void PickList::clear_and_hide()

@@ -55,6 +55,7 @@ public:
     void edit_updt();
     bool is_edited() const;
 
+    Key page_key() const; ///< the recipe on the page; -1 none
     bool has_recipe() const; ///< a recipe is on the page
 
     /// Names the recipe in the tool tips of the print and preview buttons; nothing without a recipe.
@@ -137,7 +138,6 @@ private:
     void fill_lines(Key recipe);
     void fill_text(Key recipe);
     bool write_page();
-    Key page_key() const;
     void set_marks(const char* mark);
     bool title_validated(Qt::FocusReason reason);
     void title_typed();

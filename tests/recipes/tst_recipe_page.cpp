@@ -31,6 +31,7 @@ private slots:
     void an_empty_recipe_hides_its_first_element_only();
     void no_recipe_hides_name_and_body();
     void a_missing_recipe_marks_the_title_and_writes_nothing();
+    void a_page_first_shown_when_all_recipes_are_gone_has_no_title();
     void a_page_past_sixteen_bits_is_an_overflow_data();
     void a_page_past_sixteen_bits_is_an_overflow();
     void a_hundred_lines_and_lines_of_two_thousand_characters_load();
@@ -259,6 +260,19 @@ void tst_recipe_page::no_recipe_hides_name_and_body()
     window.page().set_recipe(0);
     QVERIFY(window.title().isVisible());
     QCOMPARE(window.tag(QStringLiteral("title")), QStringLiteral("-1"));
+}
+
+void tst_recipe_page::a_page_first_shown_when_all_recipes_are_gone_has_no_title()
+{
+    RecipeWindow window;
+    window.set_pref(QStringLiteral("lv_view"), QStringLiteral("1"));
+    window.set_pref(QStringLiteral("arcp"), QStringLiteral("-1"));
+    window.load();
+    QVERIFY(!window.page().frame4().isVisible());
+    window.trigger(QStringLiteral("mnu_view_rcpepages"));
+    QVERIFY(window.page().frame4().isVisible());
+    QVERIFY(!window.title().isVisible());
+    QVERIFY(!window.Text1().isVisible());
 }
 
 void tst_recipe_page::a_missing_recipe_marks_the_title_and_writes_nothing()

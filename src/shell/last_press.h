@@ -4,6 +4,7 @@
 #include <QPointer>
 
 class QWidget;
+class QWindow;
 
 namespace tarnwick {
 
@@ -18,14 +19,23 @@ public:
     /// Whether the last press that was not itself the second of a double click went to this widget.
     static bool was_on(const QWidget& widget);
 
+    /// From now on the second press of a double click is lost over this widget, with its release and
+    /// without a change of the focus, unless the first went to it.
+    static void require_on(QWidget& widget);
+
+    /// The widget shows other things now: what got the last press is no longer there.
+    static void forget(const QWidget& widget);
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     explicit LastPress(QObject* application);
     static LastPress* follower();
+    bool is_lost(const QWindow& window, const QEvent& event);
 
     QPointer<QObject> pressed_;
+    bool loses_release_ = false; ///< its press was lost
 };
 
 } // namespace tarnwick
