@@ -4,6 +4,7 @@
 #include "lists/column_layout.h"
 #include "lists/header_bar.h"
 #include "lists/list_grid.h"
+#include "lists/list_store.h"
 #include "stock/status.h"
 
 #include <QLabel>
@@ -35,17 +36,9 @@ QString date_text(QDate date)
 /// Cells 0 and 1 of a row in a state.
 void set_pictures(GridRow& row, RowState state)
 {
-    row.to_get = state == RowState::active;
-    row.light = state == RowState::active ? picture_base::light_on
-        : state == RowState::inactive     ? picture_base::light_off
-                                          : picture_base::light_unlisted;
-    row.check = row.to_get ? picture_base::check_on : picture_base::check_off;
-}
-
-void set_coupon_cells(GridRow& row, bool on, const QString& date)
-{
-    row.coupon = on ? picture_base::coupon_on : picture_base::coupon_off;
-    row.date = on ? date : blank;
+    list_store::set_to_get(row, state == RowState::active);
+    if (state == RowState::taken_off || state == RowState::not_listed)
+        row.light = picture_base::light_unlisted;
 }
 
 } // namespace
@@ -129,7 +122,7 @@ void ItemEditGrid::append(const ListOfItem& list, std::vector<GridRow>& rows)
         const RowState state = row.to_get ? RowState::active : RowState::inactive;
         cells.groc_key = row.groc_key;
         set_pictures(cells, state);
-        set_coupon_cells(cells, row.cpn, date_text(row.created));
+        list_store::set_coupon_cells(cells, row.cpn, row.cpn ? date_text(row.created) : blank);
         cells.desc = row.desc;
         cells.qty = or_blank(trim(row.qty));
         cells.aisle = row.aisle;
@@ -249,7 +242,7 @@ void ItemEditGrid::show_state(int row)
     grid_->rows().change_row(row, [&edit](GridRow& cells) {
         set_pictures(cells, edit.state);
         if (edit.is_listed())
-            set_coupon_cells(cells, false, blank);
+            list_store::set_coupon_cells(cells, false, blank);
         else
             blank_cells(cells);
     });

@@ -3,6 +3,7 @@
 #include "app/frmmain.h"
 #include "lists/list_grid.h"
 #include "lists/list_pane.h"
+#include "lists/list_store.h"
 #include "lists/placing.h"
 #include "lists/row_editor.h"
 #include "recipes/recipe_page.h"
@@ -288,12 +289,8 @@ void StockTree::common_refresh(Key item, Key groc_key, Key list_key, int code)
     const bool on_grid = list_key == main_.shared.current_list || main_.shared.all_lists_view;
     if (on_grid && main_.list_pane().set_row(groc_key)) {
         GridModel& rows = main_.list_pane().grid().rows();
-        const StatusPictures pictures = status_pictures(code);
-        rows.change_row(rows.find_row(groc_key), [&](GridRow& row) {
-            row.light = pictures.light;
-            row.check = pictures.check;
-            row.to_get = code == status_code::buy_it;
-        });
+        rows.change_row(rows.find_row(groc_key),
+                        [code](GridRow& row) { list_store::set_to_get(row, code == status_code::buy_it); });
     }
     if (!main_.shared.list_pane_shown)
         main_.recipe_page().set_item_status(item, code);
