@@ -15,6 +15,7 @@ class frmmain;
 class FloatingButtons;
 class TreeView;
 struct CatalogueFolder;
+struct TiedRow;
 
 /// The stock tree `TreeView1(0)`: its load, its events and the pictures of its items.
 class StockTree : public QObject {
@@ -85,6 +86,8 @@ private:
     bool hits_box(int x) const;
     void activate(QTreeWidgetItem& node, Key item);
     void inactivate(QTreeWidgetItem& node, Key item);
+    /// Gives one row of an item, and the item's node, the code 7 or 6 everywhere.
+    void change_box(QTreeWidgetItem& node, Key item, const TiedRow& row, int code);
     void common_refresh(Key item, Key groc_key, Key list_key, int code);
 
     frmmain& main_;

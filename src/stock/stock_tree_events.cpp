@@ -264,23 +264,22 @@ void StockTree::activate(QTreeWidgetItem& node, Key item)
         show_item_editor(main_);
         return;
     }
-    const TiedRow& row = rows.front();
-    store_box_click(main_.connection(), item, row.groc_key, true);
-    tree_.set_picture(&node, status_code::buy_it);
-    TreeView::set_tag(&node, QString::number(status_code::buy_it));
-    common_refresh(item, row.groc_key, row.list_key, status_code::buy_it);
+    change_box(node, item, rows.front(), status_code::buy_it);
 }
 
 void StockTree::inactivate(QTreeWidgetItem& node, Key item)
 {
     const std::vector<TiedRow> rows = clickable_rows(main_.connection(), item);
-    if (rows.empty())
-        return;
-    const TiedRow& row = rows.front();
-    store_box_click(main_.connection(), item, row.groc_key, false);
-    tree_.set_picture(&node, status_code::inactive);
-    TreeView::set_tag(&node, QString::number(status_code::inactive));
-    common_refresh(item, row.groc_key, row.list_key, status_code::inactive);
+    if (!rows.empty())
+        change_box(node, item, rows.front(), status_code::inactive);
+}
+
+void StockTree::change_box(QTreeWidgetItem& node, Key item, const TiedRow& row, int code)
+{
+    store_box_click(main_.connection(), item, row.groc_key, code == status_code::buy_it);
+    tree_.set_picture(&node, code);
+    TreeView::set_tag(&node, QString::number(code));
+    common_refresh(item, row.groc_key, row.list_key, code);
 }
 
 void StockTree::common_refresh(Key item, Key groc_key, Key list_key, int code)
