@@ -61,6 +61,10 @@ public:
     /// Shows grid and header, or hides them for the recipe page.
     void show_pane(bool shown);
 
+    /// A press on a tree takes the user out of the grid: the selection and the open row's boxes go, and the
+    /// current cell is the name in its row.
+    void leave_for_tree();
+
     /// A new row of the grid, filled by the item's status as a placing does it. Sorted in; made current
     /// when asked. Returns its grid row.
     int add_row(GridRow row, bool make_current = true);

@@ -5,7 +5,6 @@
 #include "lists/list_pane.h"
 #include "lists/list_store.h"
 #include "lists/placing.h"
-#include "lists/row_editor.h"
 #include "recipes/recipe_page.h"
 #include "shell/commands.h"
 #include "shell/tree_view.h"
@@ -164,12 +163,7 @@ void StockTree::key_up(int key)
 void StockTree::mouse_down(Qt::MouseButton, QPoint position)
 {
     if (QTreeWidgetItem* node = tree_.hit_test(position)) {
-        ListGrid& grid = main_.list_pane().grid();
-        if (grid.current_row() >= 0)
-            grid.set_current(grid.current_row(), grid_column::item);
-        grid.clearSelection();
-        if (main_.row_editor().is_open())
-            main_.row_editor().lv_edit_off();
+        main_.list_pane().leave_for_tree();
         const Key record = record_key(TreeView::key(node));
         if (main_.recipe_page().editor_open()) {
             main_.recipe_page().finish_line_editor();
