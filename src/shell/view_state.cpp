@@ -4,7 +4,6 @@
 #include "app/update_lock.h"
 #include "lists/header_bar.h"
 #include "lists/list_pane.h"
-#include "lists/lists_store.h"
 #include "lists/row_editor.h"
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
