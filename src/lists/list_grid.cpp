@@ -320,19 +320,16 @@ void ListGrid::mouseDoubleClickEvent(QMouseEvent* event)
 
 void ListGrid::keyPressEvent(QKeyEvent* event)
 {
-    constexpr int up = 38;
-    constexpr int down = 40;
-    constexpr int del = 46;
     QScrollBar& bar = *verticalScrollBar();
     switch (event->key()) {
     case Qt::Key_Up:
-        emit key_down(up);
+        emit key_down(key_code::up);
         break;
     case Qt::Key_Down:
-        emit key_down(down);
+        emit key_down(key_code::down);
         break;
     case Qt::Key_Delete:
-        emit key_down(del);
+        emit key_down(key_code::remove);
         break;
     case Qt::Key_PageUp:
         bar.triggerAction(QScrollBar::SliderPageStepSub);

@@ -13,6 +13,13 @@ struct TextRatio {
     int desc = 1;
 };
 
+/// The keys that a list grid reports.
+namespace key_code {
+inline constexpr int up = 38;
+inline constexpr int down = 40;
+inline constexpr int remove = 46;
+} // namespace key_code
+
 /// The grid control `Listview1` of the main window and of the item editor.
 class ListGrid : public QTableView {
     Q_OBJECT
@@ -59,7 +66,7 @@ public:
 signals:
     void mouse_down(Qt::MouseButton button, QPoint position); ///< viewport coordinates
     void mouse_up(Qt::MouseButton button, QPoint position);
-    void key_down(int key); ///< 38, 40 and 46: up, down and delete; the grid itself does not move
+    void key_down(int key); ///< one of `key_code`; the grid itself does not move
     void scrolled();
     void lost_focus();
     void item_dropped(); ///< anything of this program was dropped on the grid

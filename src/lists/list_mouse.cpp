@@ -16,12 +16,6 @@
 namespace tarnwick {
 namespace {
 
-namespace key_code {
-constexpr int up = 38;
-constexpr int down = 40;
-constexpr int remove = 46;
-} // namespace key_code
-
 /// In the all-lists view a row's own list stands in for the current one while the row is worked on.
 class RowList {
 public:

@@ -15,7 +15,7 @@ class ListMouse : public QObject {
 public:
     explicit ListMouse(frmmain& main);
 
-    /// Key handling of the grid: Delete, up and down (46, 38, 40); other keys pass.
+    /// Key handling of the grid: Delete, up and down (`key_code`); other keys pass.
     void lv1_keyhandler(int key);
 
     /// Opens the item editor for a grid row.

@@ -198,9 +198,7 @@ void ItemEditGrid::cell_clicked(int row, int column)
 
 void ItemEditGrid::key_down(int key)
 {
-    constexpr int up = 38;
-    constexpr int down = 40;
-    const int row = grid_->current_row() + (key == up ? -1 : key == down ? 1 : 0);
+    const int row = grid_->current_row() + (key == key_code::up ? -1 : key == key_code::down ? 1 : 0);
     if (row == grid_->current_row() || row < 0 || row >= grid_->rows().rows())
         return;
     grid_->set_current(row, grid_column::item);
