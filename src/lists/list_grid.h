@@ -63,6 +63,10 @@ public:
     /// The grid row under a height in the viewport; -1 below the last row.
     int row_at(int y) const;
 
+    /// The cell under the last press, as the rows stood then: -1 below the last row and beside the columns.
+    int pressed_row() const { return pressed_row_; }
+    int pressed_column() const { return pressed_column_; }
+
 signals:
     void mouse_down(Qt::MouseButton button, QPoint position); ///< viewport coordinates
     void mouse_up(Qt::MouseButton button, QPoint position);
@@ -90,7 +94,9 @@ private:
     void follow_scroll_test();
 
     GridModel* model_;
-    QPersistentModelIndex pressed_; ///< a cell of the row that got the last press; none outside the rows
+    int pressed_row_ = -1;
+    int pressed_column_ = -1;
+    QPersistentModelIndex pressed_; ///< a cell of the pressed row, wherever the row has gone since; none outside
     bool skips_release_ = false; ///< the press before it was none of this grid's
     TextRatio ratio_; ///< holds while the widths are those that were set along with it
     int ratio_item_ = -1;

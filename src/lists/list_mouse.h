@@ -25,15 +25,13 @@ public:
     void remove_row(int row);
 
 private:
-    void mouse_down(Qt::MouseButton button, QPoint position);
+    void mouse_down(Qt::MouseButton button);
     void mouse_up(Qt::MouseButton button, QPoint position);
     void row_clicked(Qt::MouseButton button);
     void move_to(int row);
     ListGrid& grid();
 
     frmmain& main_;
-    int pressed_row_ = -1; ///< where the button went down; -1 outside the rows
-    int pressed_column_ = -1;
 };
 
 } // namespace tarnwick

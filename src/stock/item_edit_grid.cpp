@@ -66,7 +66,6 @@ ItemEditGrid::ItemEditGrid(frmmain& main, QWidget* parent)
         editor_->set_page_color(*main_.shared.page_color);
     }
     setFocusProxy(grid_);
-    connect(grid_, &ListGrid::mouse_down, this, [this](Qt::MouseButton, QPoint position) { mouse_down(position); });
     connect(grid_, &ListGrid::mouse_up, this, &ItemEditGrid::mouse_up);
     connect(grid_, &ListGrid::key_down, this, &ItemEditGrid::key_down);
 }
@@ -161,19 +160,13 @@ const GridRow& ItemEditGrid::cells(int row) const
     return static_cast<const ListGrid*>(grid_)->rows().row(row);
 }
 
-void ItemEditGrid::mouse_down(QPoint position)
-{
-    pressed_row_ = grid_->row_at(position.y());
-    pressed_column_ = grid_->columnAt(position.x());
-}
-
 void ItemEditGrid::mouse_up(Qt::MouseButton button, QPoint position)
 {
-    if (grid_->row_at(position.y()) < 0 || pressed_row_ < 0) {
+    if (grid_->row_at(position.y()) < 0 || grid_->pressed_row() < 0) {
         lv_edit_off();
         return;
     }
-    if (button == Qt::LeftButton && pressed_column_ >= 0 && grid_->columnAt(position.x()) >= 0)
+    if (button == Qt::LeftButton && grid_->pressed_column() >= 0 && grid_->columnAt(position.x()) >= 0)
         cell_clicked(grid_->current_row(), grid_->current_col());
 }
 
