@@ -65,8 +65,8 @@ public:
     /// current cell is the name in its row.
     void leave_for_tree();
 
-    /// A new row of the grid, filled by the item's status as a placing does it. Sorted in; made current
-    /// when asked. Returns its grid row.
+    /// Puts a row into the grid as it is, at its place by name; makes it current when asked, or when no row is.
+    /// Returns its grid row.
     int add_row(GridRow row, bool make_current = true);
 
     /// Removes the row of a `groc_1` key from the grid; widths and headers follow the scroll bar.

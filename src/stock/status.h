@@ -41,7 +41,8 @@ struct StatusPictures {
 /// The pictures of a code 5 to 9; Non-stock for any other.
 StatusPictures status_pictures(int code);
 
-/// The true status code of a stock item, computed from its list rows.
+/// The true status code of a stock item, computed from its list rows. Everything here that takes a connection
+/// throws SQLite::Exception on a database error.
 int lite_status(Connection& connection, Key item);
 
 /// Computes the status code of a stock item, stores it with the item and returns it. Joins the caller's

@@ -28,7 +28,7 @@ public:
     /// Rebuilds the tree: folders with their items, or one flat list when `alpha`.
     void tv_load(bool alpha);
 
-    /// Sets one item's picture from its list rows: 5, 6 or 7.
+    /// Sets one item's picture from its list rows: 5, 6 or 7. Throws error 35601 when the tree has no such item.
     void tv_refresh(Key item);
 
     /// Closes every folder and stores that.
@@ -49,10 +49,11 @@ public:
     void add_category_node(Key category, const QString& name);
 
     /// Adds a node for a stock item under its category, or at root level in the flat view, sorts these nodes
-    /// by name, selects and shows the new one.
+    /// by name, selects and shows the new one. Throws error 35601 when the category has no folder.
     QTreeWidgetItem* add_item_node(Key item, Key category, const QString& name, int code);
 
-    /// Moves an item's node to another folder, which is sorted by name; keeps picture and Tag.
+    /// Moves an item's node to another folder, which is sorted by name; keeps picture and Tag. No node, or
+    /// the flat view: nothing. Throws error 35601 when the category has no folder.
     void move_item_node(Key item, Key category);
 
     /// Left and top of the selected row's text, pixels in the window's central area; 0 without one.
