@@ -30,7 +30,7 @@ public:
 
     void close();
     bool is_open() const { return database_ != nullptr; }
-    SQLite::Database& db();
+    SQLite::Database& db(); ///< throws a run-time error while the connection is closed
 
 private:
     friend class Query;

@@ -5,6 +5,7 @@
 #include "app/update_lock.h"
 #include "lists/list_grid.h"
 #include "lists/list_pane.h"
+#include "lists/list_store.h"
 #include "lists/row_editor.h"
 #include "recipes/recipe_page.h"
 #include "stock/status.h"
@@ -58,11 +59,7 @@ void Clearing::clear_grid(int mode)
 {
     ListGrid& grid = main_.list_pane().grid();
     if (mode == clear_mode::uncheck) {
-        grid.rows().change_all([](GridRow& row) {
-            row.to_get = false;
-            row.light = picture_base::light_off;
-            row.check = picture_base::check_off;
-        });
+        grid.rows().change_all([](GridRow& row) { list_store::set_to_get(row, false); });
         return;
     }
     main_.row_editor().lv_edit_off();

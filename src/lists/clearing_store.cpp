@@ -48,13 +48,6 @@ void run_for_rows(Connection& connection, std::string_view sql, const std::vecto
     }
 }
 
-int write_status(Connection& connection, Key item)
-{
-    const int status = lite_status(connection, item);
-    Query(connection, "UPDATE items_1 SET status = ? WHERE key_id = ?", status, item).run();
-    return status;
-}
-
 /// The stock items behind cleared rows: no longer to be bought, with the status that is now theirs.
 std::vector<ItemStatus> write_items(Connection& connection, const std::vector<LinkedRow>& rows)
 {

@@ -279,11 +279,12 @@ void ListGrid::resizeEvent(QResizeEvent* event)
 void ListGrid::mousePressEvent(QMouseEvent* event)
 {
     const QPoint position = event->position().toPoint();
-    const int row = row_at(position.y());
-    pressed_ = model_->index(row, grid_column::light);
+    pressed_row_ = row_at(position.y());
+    pressed_column_ = columnAt(position.x());
+    pressed_ = model_->index(pressed_row_, grid_column::light);
     skips_release_ = false;
-    if (event->button() == Qt::LeftButton && row >= 0)
-        set_current(row, std::max(columnAt(position.x()), 0));
+    if (event->button() == Qt::LeftButton && pressed_row_ >= 0)
+        set_current(pressed_row_, std::max(pressed_column_, 0));
     emit mouse_down(event->button(), position);
     event->accept();
 }
@@ -320,19 +321,16 @@ void ListGrid::mouseDoubleClickEvent(QMouseEvent* event)
 
 void ListGrid::keyPressEvent(QKeyEvent* event)
 {
-    constexpr int up = 38;
-    constexpr int down = 40;
-    constexpr int del = 46;
     QScrollBar& bar = *verticalScrollBar();
     switch (event->key()) {
     case Qt::Key_Up:
-        emit key_down(up);
+        emit key_down(key_code::up);
         break;
     case Qt::Key_Down:
-        emit key_down(down);
+        emit key_down(key_code::down);
         break;
     case Qt::Key_Delete:
-        emit key_down(del);
+        emit key_down(key_code::remove);
         break;
     case Qt::Key_PageUp:
         bar.triggerAction(QScrollBar::SliderPageStepSub);

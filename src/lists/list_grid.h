@@ -13,6 +13,13 @@ struct TextRatio {
     int desc = 1;
 };
 
+/// The keys that a list grid reports.
+namespace key_code {
+inline constexpr int up = 38;
+inline constexpr int down = 40;
+inline constexpr int remove = 46;
+} // namespace key_code
+
 /// The grid control `Listview1` of the main window and of the item editor.
 class ListGrid : public QTableView {
     Q_OBJECT
@@ -56,10 +63,14 @@ public:
     /// The grid row under a height in the viewport; -1 below the last row.
     int row_at(int y) const;
 
+    /// The cell under the last press, as the rows stood then: -1 below the last row and beside the columns.
+    int pressed_row() const { return pressed_row_; }
+    int pressed_column() const { return pressed_column_; }
+
 signals:
     void mouse_down(Qt::MouseButton button, QPoint position); ///< viewport coordinates
     void mouse_up(Qt::MouseButton button, QPoint position);
-    void key_down(int key); ///< 38, 40 and 46: up, down and delete; the grid itself does not move
+    void key_down(int key); ///< one of `key_code`; the grid itself does not move
     void scrolled();
     void lost_focus();
     void item_dropped(); ///< anything of this program was dropped on the grid
@@ -83,7 +94,9 @@ private:
     void follow_scroll_test();
 
     GridModel* model_;
-    QPersistentModelIndex pressed_; ///< a cell of the row that got the last press; none outside the rows
+    int pressed_row_ = -1;
+    int pressed_column_ = -1;
+    QPersistentModelIndex pressed_; ///< a cell of the pressed row, wherever the row has gone since; none outside
     bool skips_release_ = false; ///< the press before it was none of this grid's
     TextRatio ratio_; ///< holds while the widths are those that were set along with it
     int ratio_item_ = -1;

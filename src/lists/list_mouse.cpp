@@ -16,12 +16,6 @@
 namespace tarnwick {
 namespace {
 
-namespace key_code {
-constexpr int up = 38;
-constexpr int down = 40;
-constexpr int remove = 46;
-} // namespace key_code
-
 /// In the all-lists view a row's own list stands in for the current one while the row is worked on.
 class RowList {
 public:
@@ -63,16 +57,15 @@ ListGrid& ListMouse::grid()
     return main_.list_pane().grid();
 }
 
-void ListMouse::mouse_down(Qt::MouseButton button, QPoint position)
+void ListMouse::mouse_down(Qt::MouseButton button)
 {
-    pressed_row_ = grid().row_at(position.y());
-    pressed_column_ = grid().columnAt(position.x());
-    if (pressed_row_ < 0 || button != Qt::RightButton)
+    const int row = grid().pressed_row();
+    if (row < 0 || button != Qt::RightButton)
         return;
-    grid().set_current(pressed_row_, grid_column::item);
+    grid().set_current(row, grid_column::item);
     main_.row_editor().lv_edit_off();
-    main_.row_editor().mark_row(pressed_row_);
-    main_.shared.item_in_work = grid().rows().row(pressed_row_).item_key;
+    main_.row_editor().mark_row(row);
+    main_.shared.item_in_work = grid().rows().row(row).item_key;
 }
 
 void ListMouse::mouse_up(Qt::MouseButton button, QPoint position)
@@ -85,14 +78,14 @@ void ListMouse::mouse_up(Qt::MouseButton button, QPoint position)
         main_.commands().menu(QStringLiteral("mnu_lv")).popup(grid().viewport()->mapToGlobal(position));
         return;
     }
-    if (grid().row_at(position.y()) < 0 || pressed_row_ < 0) {
+    if (grid().row_at(position.y()) < 0 || grid().pressed_row() < 0) {
         main_.row_editor().lv_edit_off();
         return;
     }
     int width = 0;
     for (int column = 0; column < grid_column::count; ++column)
         width += grid().col_width(column);
-    if (position.x() > width - 2 || pressed_column_ < 0)
+    if (position.x() > width - 2 || grid().pressed_column() < 0)
         return;
     row_clicked(button);
 }

@@ -15,7 +15,7 @@ class ListMouse : public QObject {
 public:
     explicit ListMouse(frmmain& main);
 
-    /// Key handling of the grid: Delete, up and down (46, 38, 40); other keys pass.
+    /// Key handling of the grid: Delete, up and down (`key_code`); other keys pass.
     void lv1_keyhandler(int key);
 
     /// Opens the item editor for a grid row.
@@ -25,15 +25,13 @@ public:
     void remove_row(int row);
 
 private:
-    void mouse_down(Qt::MouseButton button, QPoint position);
+    void mouse_down(Qt::MouseButton button);
     void mouse_up(Qt::MouseButton button, QPoint position);
     void row_clicked(Qt::MouseButton button);
     void move_to(int row);
     ListGrid& grid();
 
     frmmain& main_;
-    int pressed_row_ = -1; ///< where the button went down; -1 outside the rows
-    int pressed_column_ = -1;
 };
 
 } // namespace tarnwick

@@ -293,6 +293,15 @@ void ListPane::show_pane(bool shown)
         set_CreateList(false);
 }
 
+void ListPane::leave_for_tree()
+{
+    if (grid_->current_row() >= 0)
+        grid_->set_current(grid_->current_row(), grid_column::item);
+    grid_->clearSelection();
+    if (main_.row_editor().is_open())
+        main_.row_editor().lv_edit_off();
+}
+
 int ListPane::add_row(GridRow row, bool make_current)
 {
     const bool bar_was_shown = grid_->scroll_bar_shown();

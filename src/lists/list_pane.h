@@ -61,8 +61,12 @@ public:
     /// Shows grid and header, or hides them for the recipe page.
     void show_pane(bool shown);
 
-    /// A new row of the grid, filled by the item's status as a placing does it. Sorted in; made current
-    /// when asked. Returns its grid row.
+    /// A press on a tree takes the user out of the grid: the selection and the open row's boxes go, and the
+    /// current cell is the name in its row.
+    void leave_for_tree();
+
+    /// Puts a row into the grid as it is, at its place by name; makes it current when asked, or when no row is.
+    /// Returns its grid row.
     int add_row(GridRow row, bool make_current = true);
 
     /// Removes the row of a `groc_1` key from the grid; widths and headers follow the scroll bar.

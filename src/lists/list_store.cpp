@@ -61,10 +61,15 @@ void set_to_get(GridRow& row, bool to_get)
     row.check = to_get ? picture_base::check_on : picture_base::check_off;
 }
 
-void set_coupon(GridRow& row, bool coupon, const QString& created)
+void set_coupon_cells(GridRow& row, bool coupon, const QString& date)
 {
     row.coupon = coupon ? picture_base::coupon_on : picture_base::coupon_off;
-    row.date = coupon ? screen_date(created) : QStringLiteral(" ");
+    row.date = date;
+}
+
+void set_coupon(GridRow& row, bool coupon, const QString& created)
+{
+    set_coupon_cells(row, coupon, coupon ? screen_date(created) : QStringLiteral(" "));
 }
 
 QString screen_date(const QString& stored)

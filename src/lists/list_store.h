@@ -12,7 +12,10 @@ namespace tarnwick::list_store {
 /// Sets the buy-it mark of a row with its two pictures.
 void set_to_get(GridRow& row, bool to_get);
 
-/// Coupon picture and date of a row. `created` is the text of the table.
+/// Sets the coupon picture and the date of a row. `date` is as the screen shows it, one blank without a coupon.
+void set_coupon_cells(GridRow& row, bool coupon, const QString& date);
+
+/// The same from `created`, the text of the table, which does not count without a coupon.
 void set_coupon(GridRow& row, bool coupon, const QString& created);
 
 /// A date of the tables as the screen shows it: M/d/yyyy. A text that is no ISO date stays as it is.

@@ -14,12 +14,6 @@ std::vector<ShoppingList> shopping_lists(Connection& connection)
     return lists;
 }
 
-std::optional<QString> list_name_of(Connection& connection, Key list)
-{
-    Query query(connection, "SELECT list_name FROM list_name WHERE key_id = ?", list);
-    return query.next() ? std::optional(query.text(0)) : std::nullopt;
-}
-
 bool list_name_taken(Connection& connection, const QString& name)
 {
     return Query(connection, "SELECT key_id FROM list_name ln WHERE ln.list_name LIKE ?", name).next();

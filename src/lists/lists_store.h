@@ -18,9 +18,6 @@ struct ShoppingList {
 /// All shopping lists in the order of their names.
 std::vector<ShoppingList> shopping_lists(Connection& connection);
 
-/// The name of a list as stored; nothing when the key has no row.
-std::optional<QString> list_name_of(Connection& connection, Key list);
-
 /// Whether a list has a name that matches this one, case-blind and with `%` and `_` as patterns.
 bool list_name_taken(Connection& connection, const QString& name);
 

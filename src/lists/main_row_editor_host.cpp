@@ -4,7 +4,6 @@
 #include "lists/list_grid.h"
 #include "lists/list_mouse.h"
 #include "lists/list_pane.h"
-#include "lists/lists_store.h"
 #include "lists/row_store.h"
 #include "stock/status.h"
 

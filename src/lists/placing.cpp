@@ -5,6 +5,7 @@
 #include "data/runtime_error.h"
 #include "lists/list_grid.h"
 #include "lists/list_pane.h"
+#include "lists/list_store.h"
 #include "lists/row_editor.h"
 #include "recipes/recipe_page.h"
 #include "stock/floating_buttons.h"
@@ -116,11 +117,11 @@ void Placing::show_row(const Placement& placement, const PlacedRow& placed)
     row.to_get = placement.to_get;
     row.light = active ? picture_base::light_on : picture_base::light_off;
     row.check = active ? picture_base::check_on : picture_base::check_off;
-    row.coupon = coupon ? picture_base::coupon_on : picture_base::coupon_off;
     row.item = placed.item;
     row.desc = placement.desc.isEmpty() ? QStringLiteral(" ") : trim(placement.desc);
     row.qty = placement.qty > 0 ? QString::number(placement.qty) : QStringLiteral(" ");
-    row.date = coupon ? placement.created.toString(screen_date_format) : QStringLiteral(" ");
+    list_store::set_coupon_cells(row, coupon,
+                                 coupon ? placement.created.toString(screen_date_format) : QStringLiteral(" "));
     row.aisle = trim(placement.aisle);
 
     RowEditor& editor = main_.row_editor();
@@ -155,11 +156,8 @@ void Placing::toggle_buy_it(int row)
 
 void Placing::show_buy_it(int row, Key item, bool to_get)
 {
-    main_.list_pane().grid().rows().change_row(row, [to_get](GridRow& changed) {
-        changed.to_get = to_get;
-        changed.light = to_get ? picture_base::light_on : picture_base::light_off;
-        changed.check = to_get ? picture_base::check_on : picture_base::check_off;
-    });
+    main_.list_pane().grid().rows().change_row(
+        row, [to_get](GridRow& changed) { list_store::set_to_get(changed, to_get); });
     Connection& connection = main_.connection();
     main_.set_status(get_status(connection, item));
     const int status = lite_status(connection, item);

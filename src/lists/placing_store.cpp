@@ -25,12 +25,8 @@ std::optional<PlacedRow> insert_list_row(Connection& connection, const Placement
 {
     Transaction transaction(connection);
     std::optional<PlacedRow> placed;
-    {
-        Query item(connection, "SELECT item FROM items_1 WHERE key_id = ?", placement.item_key);
-        if (item.next())
-            placed = PlacedRow{0, trim(item.text(0)), 0};
-    }
-    if (placed) {
+    if (const auto name = stock_item_name(connection, placement.item_key)) {
+        placed = PlacedRow{0, trim(*name), 0};
         placed->groc_key = insert_row(connection, placed->item, placement);
         Query(connection, "INSERT INTO tie (key_id, groc_id, item_id, list) VALUES (?, ?, ?, ?)",
               get_node(connection, Table::tie), placed->groc_key, placement.item_key, placement.list_key)

@@ -3,6 +3,7 @@
 #include "app/update_lock.h"
 #include "shell/last_press.h"
 #include "lists/list_grid.h"
+#include "lists/list_store.h"
 #include "lists/row_editor_controls.h"
 #include "lists/row_store.h"
 #include "shell/separator.h"
@@ -224,10 +225,8 @@ void RowEditor::step(const Box& box, bool up)
 void RowEditor::switch_coupon(int row, bool on)
 {
     const QString date = host_.set_coupon(row, on);
-    grid_.rows().change_row(row, [on, &date](GridRow& changed) {
-        changed.coupon = on ? picture_base::coupon_on : picture_base::coupon_off;
-        changed.date = date;
-    });
+    grid_.rows().change_row(row,
+                            [on, &date](GridRow& changed) { list_store::set_coupon_cells(changed, on, date); });
     if (!is_open() || edit_row() != row)
         return;
     fill_coupon();

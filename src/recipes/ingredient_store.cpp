@@ -3,6 +3,7 @@
 #include "data/collation.h"
 #include "data/keys.h"
 #include "data/query.h"
+#include "stock/status.h"
 
 namespace tarnwick {
 namespace {
@@ -106,14 +107,6 @@ bool item_on_recipe(Connection& connection, Key recipe, Key item)
 {
     return Query(connection, "SELECT item_ref FROM recipe_2 r WHERE item_ref = ? AND r_ref = ?", item, recipe)
         .next();
-}
-
-std::optional<QString> stock_item_name(Connection& connection, Key item)
-{
-    Query query(connection, "SELECT item FROM items_1 WHERE key_id = ?", item);
-    if (!query.next())
-        return std::nullopt;
-    return query.text(0);
 }
 
 // All three forms begin like the singular: the other patterns are tried on few records.

@@ -48,9 +48,6 @@ void delete_line(Connection& connection, Key line);
 /// Whether a stock item stands on a recipe.
 bool item_on_recipe(Connection& connection, Key recipe, Key item);
 
-/// The name of a stock item; nothing when there is none.
-std::optional<QString> stock_item_name(Connection& connection, Key item);
-
 /// The stock item that a typed name means, singular or plural, in any case; the very name goes first.
 /// The name is a pattern. 0 when there is none.
 Key stock_item_named(Connection& connection, const QString& name);

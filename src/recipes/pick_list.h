@@ -19,20 +19,21 @@ public:
 
     explicit PickList(QWidget* parent);
 
-    void ListIngred_fill_qty();
-    void ListIngred_fill_measure();
-    void ListIngred_fill(std::vector<StockName> names);
-    void clear_and_hide();
-    void set_content(Content content);
+    void ListIngred_fill_qty(); ///< the usual quantities
+    void ListIngred_fill_measure(); ///< the usual measures
+    void ListIngred_fill(std::vector<StockName> names); ///< stock items, in this order
+    void clear_and_hide(); ///< the content stays what it was
+    void set_content(Content content); ///< the rows stay
     Content content() const { return content_; }
 
-    int count() const;
+    int count() const; ///< rows
     QString text(int row) const; ///< empty outside the list
     Key item_data(int row) const; ///< the stock item of a row; 0 none
     int list_index() const; ///< the selected row; -1 none
-    void select_row(int row);
+    void select_row(int row); ///< brings it into view
 
-    /// Stands under its box, above it where there is more room. Both rectangles in the parent's pixels.
+    /// Stands under its box, above it where there is more room, no wider than the viewport. Both rectangles in
+    /// the parent's pixels.
     void place(const QRect& box, const QRect& viewport, int least_width);
 
 signals:

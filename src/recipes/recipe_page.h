@@ -51,9 +51,10 @@ public:
     /// The same at start, of any length: a recipe that a larger type has made too long must not bar the start.
     void restore_recipe(Key recipe);
 
-    /// Saves name and instructions when either was edited.
+    /// Saves name and instructions when either was edited, and makes the page's recipe the current one. Throws
+    /// SQLite::Exception.
     void edit_updt();
-    bool is_edited() const;
+    bool is_edited() const; ///< name or instructions were edited since they were read or saved
 
     Key page_key() const; ///< the recipe on the page; -1 none
     bool has_recipe() const; ///< a recipe is on the page
@@ -94,7 +95,8 @@ public:
     QString rcp_item_in_work() const;
     void set_rcp_item_in_work(const QString& name);
 
-    /// State 1 marks the line's stock item to buy on all lists, 0 clears it, others only refresh.
+    /// State 1 marks the line's stock item to buy on all lists, 0 clears it, others only refresh. An item that is
+    /// on no list opens the item editor. Throws SQLite::Exception.
     void recipe_chck(int to_state, Key line_key);
 
     bool editor_open() const; ///< the line editor stands open
@@ -103,8 +105,8 @@ public:
     void finish_line_editor();
 
     // What other panes tell the page about a stock item; lines of other items stay as they are.
-    bool shows_item(Key item) const;
-    void set_item_status(Key item, int code);
+    bool shows_item(Key item) const; ///< a line has this stock item
+    void set_item_status(Key item, int code); ///< light and check box of a status code
     void set_item_tool_tip(Key item, const QString& text);
     void unlink_item(Key item, const QString& tool_tip); ///< lines become non-stock
 
@@ -119,13 +121,13 @@ public:
 
     LineEditor& line_editor() { return *line_editor_; }
     Ingredients& ingredients();
-    void add_ns_ingred();
-    void drag_ingred(const QString& name);
+    void add_ns_ingred(); ///< as `Ingredients::add_ns_ingred`
+    void drag_ingred(const QString& name); ///< as `Ingredients::drag_ingred`
 
-    void show_pane(bool shown);
-    void set_page_color();
-    void set_type_size();
-    void layout_page();
+    void show_pane(bool shown); ///< shows the page, or closes its line editor and hides it
+    void set_page_color(); ///< takes the page colour over from `SharedValues`
+    void set_type_size(); ///< takes the type size over from `SharedValues`, other than 9, 10 and 12 as 9
+    void layout_page(); ///< places title, lines and instructions in the width of the viewport
 
 signals:
     void laid_out(); ///< lines and boxes have taken new places

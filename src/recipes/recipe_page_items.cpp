@@ -3,6 +3,7 @@
 #include "app/frmmain.h"
 #include "lists/list_grid.h"
 #include "lists/list_pane.h"
+#include "lists/list_store.h"
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_store.h"
 #include "shell/tree_view.h"
@@ -119,12 +120,7 @@ void RecipePage::mark_to_buy(int to_state, Key item)
 void RecipePage::show_in_grid(bool to_get)
 {
     ListGrid& grid = main_.list_pane().grid();
-    const StatusPictures pictures = status_pictures(to_get ? status_code::buy_it : status_code::inactive);
-    grid.rows().change_row(grid.current_row(), [&](GridRow& row) {
-        row.to_get = to_get;
-        row.light = pictures.light;
-        row.check = pictures.check;
-    });
+    grid.rows().change_row(grid.current_row(), [to_get](GridRow& row) { list_store::set_to_get(row, to_get); });
 }
 
 bool RecipePage::shows_item(Key item) const

@@ -165,8 +165,7 @@ int mark_item(Connection& connection, Key item, bool to_get)
           "UPDATE groc_1 SET to_get = ? WHERE key_id IN (SELECT t.groc_id FROM tie t WHERE t.item_id = ?)", to_get,
           item)
         .run();
-    const int status = lite_status(connection, item);
-    Query(connection, "UPDATE items_1 SET status = ? WHERE key_id = ?", status, item).run();
+    const int status = write_status(connection, item);
     transaction.commit();
     return status;
 }

@@ -54,7 +54,8 @@ const QString& help_text();
 /// A text with every line end as CR LF.
 QString with_crlf(const QString& text);
 
-/// All recipes, ordered by name.
+/// All recipes, ordered by name. Everything here that takes a connection throws SQLite::Exception on a database
+/// error, and what reads keys error 6 for one beyond 16 bits.
 std::vector<RecipeRow> read_recipes(Connection& connection);
 
 /// The lines of a recipe in their order. Renumbers `order` from 0 without gaps, in one transaction.
@@ -69,7 +70,8 @@ std::optional<QString> recipe_name(Connection& connection, Key recipe);
 /// Writes name and instructions; an empty body becomes the help text. False when there is no such recipe.
 bool save_recipe(Connection& connection, Key recipe, const QString& name, const QString& body);
 
-/// A new recipe with the help text for its body. `cat` has two digits. Returns its key.
+/// A new recipe with the help text for its body. `cat` has two digits. Returns its key. Throws error 6
+/// past key 32767.
 Key insert_recipe(Connection& connection, const QString& name, const QString& cat);
 
 /// Deletes a recipe with its lines.
@@ -78,6 +80,7 @@ void delete_recipe(Connection& connection, Key recipe);
 /// Name and category of a recipe; a category of one digit gets its leading zero. Nothing without a row.
 std::optional<RecipeRow> recipe_for_move(Connection& connection, Key recipe);
 
+/// Writes the category of a recipe, a two-digit text. A recipe that has gone is passed over.
 void set_recipe_category(Connection& connection, Key recipe, const QString& cat);
 
 /// Nothing when there is no such line.

@@ -2,9 +2,7 @@
 
 #include "app/frmmain.h"
 #include "app/message_box.h"
-#include "lists/list_grid.h"
 #include "lists/list_pane.h"
-#include "lists/row_editor.h"
 #include "recipes/recipe_page.h"
 #include "shell/commands.h"
 #include "shell/tree_view.h"
@@ -73,12 +71,7 @@ void RecipeTree::node_click(QTreeWidgetItem* node)
 void RecipeTree::mouse_down(QPoint position)
 {
     if (QTreeWidgetItem* node = tree_.hit_test(position)) {
-        ListGrid& grid = main_.list_pane().grid();
-        if (grid.current_row() >= 0)
-            grid.set_current(grid.current_row(), grid_column::item);
-        grid.clearSelection();
-        if (main_.row_editor().is_open())
-            main_.row_editor().lv_edit_off();
+        main_.list_pane().leave_for_tree();
         if (main_.recipe_page().editor_open()) {
             main_.recipe_page().finish_line_editor();
             return;

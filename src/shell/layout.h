@@ -25,15 +25,17 @@ public:
 
     /// The separator's left edge in pixels, as restored from or written to the setting `seprtr`.
     int separator() const;
-    void set_separator(int left);
+    void set_separator(int left); ///< moves the bar alone: no pane follows, nothing is written
 
     /// While held, a pane that is too narrow does not move the separator: the window has not yet its size.
     void hold_separator(bool held) { separator_held_ = held; }
 
     void frm_refresh(); ///< the whole window from its present size
     void frame_refresh(int right_pane_width); ///< what lies in the right pane
-    void freize_refresh();
-    void lv_resize();
+    void freize_refresh(); ///< the frame around the right pane
+    void lv_resize(); ///< the grid, its columns and what lies over them
+
+    /// Gives all panes their fonts of 9, 10 or 12 points, any other as 9, and lays the whole window out again.
     void font_reset(int type_size);
 
     /// The last step of the toolbar fit: where tab strips, header row and panes begin at this type size.

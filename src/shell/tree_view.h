@@ -45,7 +45,11 @@ public:
     /// The node of a key. Throws error 35601 when there is none.
     QTreeWidgetItem& require_node(const QString& key) const;
 
+    /// Deletes a node with what is under it, and closes a folder that this empties. Forgets the keys of the node
+    /// and of its children; a tree of more levels would keep the keys further down.
     void remove_node(QTreeWidgetItem* node);
+
+    /// Deletes all nodes and forgets their keys.
     void clear_nodes();
 
     /// Makes room for this many keys ahead of a load.
@@ -64,8 +68,8 @@ public:
     static void set_tag(QTreeWidgetItem* node, const QString& tag) { node->setData(0, TagRole, tag); }
 
     QTreeWidgetItem* selected() const; ///< the selected node; none without one
-    void select(QTreeWidgetItem* node);
-    void ensure_visible(QTreeWidgetItem* node);
+    void select(QTreeWidgetItem* node); ///< makes it current too; none takes both away
+    void ensure_visible(QTreeWidgetItem* node); ///< opens its folder and scrolls
 
     /// The node whose row is under a point of the viewport.
     QTreeWidgetItem* hit_test(QPoint point) const { return itemAt(point); }

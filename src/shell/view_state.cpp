@@ -4,7 +4,6 @@
 #include "app/update_lock.h"
 #include "lists/header_bar.h"
 #include "lists/list_pane.h"
-#include "lists/lists_store.h"
 #include "lists/row_editor.h"
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
@@ -49,7 +48,7 @@ void select_tab(QTabBar& tabs, int index)
 
 /// What the commands on the list in the right pane read, and whether there is something to act on.
 struct ViewState::ListTexts {
-    QString del, print_item, clear_item;
+    QString del, print_item;
     QString clear, print, preview, word_processor, email;
     bool single;
     bool any;
@@ -152,7 +151,6 @@ ViewState::ListTexts ViewState::list_texts() const
         return {text("Delete ") + name_list,
                 text("Print ") + name_list,
                 text("Clear ") + name_list,
-                text("Clear ") + name_list,
                 text("Print ") + name_list,
                 text("Preview ") + name_list,
                 text("Open ") + name_list + text(" in word processor"),
@@ -163,7 +161,6 @@ ViewState::ListTexts ViewState::list_texts() const
     case ListState::all:
         return {text("Delete list"),
                 text("Print all lists"),
-                text("Clear lists"),
                 text("Clear lists"),
                 text("Print all shopping lists"),
                 text("Preview all shopping lists"),
@@ -177,7 +174,6 @@ ViewState::ListTexts ViewState::list_texts() const
     return {text("Delete list"),
             text("Print lists"),
             text("Clear lists"),
-            text("Clear lists"),
             text("Print list"),
             text("Preview list"),
             text("Open list in word processor"),
@@ -190,7 +186,7 @@ void ViewState::refresh_list_commands(const ListTexts& texts)
 {
     Commands& commands = main_.commands();
     commands.set(QStringLiteral("mnu_list_Print"), texts.print_item, texts.any);
-    commands.set(QStringLiteral("mnu_list_clear"), texts.clear_item, true);
+    commands.set(QStringLiteral("mnu_list_clear"), texts.clear, true);
     main_.toolbar().set_tool_tip(2, texts.clear);
     main_.toolbar().set_enabled(2, texts.single);
 }

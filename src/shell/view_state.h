@@ -11,26 +11,33 @@ namespace tarnwick {
 
 class frmmain;
 
-/// Puts the whole window into the state of its two view switches, the list in use and the selection.
+/// Puts the whole window into the state of its two view switches, the list in use and the selection. What
+/// reads or loads throws SQLite::Exception on a database error.
 class ViewState : public QObject {
     Q_OBJECT
 public:
     ViewState(frmmain& main, QTabBar& left_tabs, QTabBar& right_tabs);
 
+    /// Brings panes, tabs, captions, menus and toolbar to the view in `SharedValues`; an edited recipe is saved.
+    /// Throws error 6 when the recipe it has to show is too long for the page.
     void l_r_refresh();
-    void view_stock();
-    void view_rcps();
-    void show_list_pane(bool list); ///< `mnu_view_shoplist` and `mnu_view_rcpepages`
-    void sort_by_cat();
-    void sort_by_alpha();
-    void close_folders(); ///< of the visible tree
-    void set_mnu_recipe();
-    void set_mnu_stock();
-    void caption_refresh();
-    void set_tab_stops();
 
-    void size_cycle(); ///< toolbar button 18
-    void set_type_size(int size); ///< `mnu_more_sml`, `mnu_more_mdm`, `mnu_more_lrg`
+    void view_stock(); ///< shows the stock tree and stores the choice
+    void view_rcps(); ///< shows the recipe tree and stores the choice
+
+    /// Shows the lists, or the recipe page when not `list`, and stores the choice; nothing when it is shown.
+    void show_list_pane(bool list);
+
+    void sort_by_cat(); ///< loads the visible tree with folders, unless it has them
+    void sort_by_alpha(); ///< loads the visible tree by name, unless it is so
+    void close_folders(); ///< of the visible tree
+    void set_mnu_recipe(); ///< menu entries that name the selected recipe
+    void set_mnu_stock(); ///< entries of the Edit menu that name the selected stock item or category
+    void caption_refresh(); ///< window title and tabs, cut short where the right tabs have no room
+    void set_tab_stops(); ///< takes every control of the window out of the Tab order
+
+    void size_cycle(); ///< toolbar button 18: the next type size, and its setting
+    void set_type_size(int size); ///< 9, 10 or 12 points, and the setting
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;

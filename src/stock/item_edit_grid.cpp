@@ -4,6 +4,7 @@
 #include "lists/column_layout.h"
 #include "lists/header_bar.h"
 #include "lists/list_grid.h"
+#include "lists/list_store.h"
 #include "stock/status.h"
 
 #include <QLabel>
@@ -35,17 +36,9 @@ QString date_text(QDate date)
 /// Cells 0 and 1 of a row in a state.
 void set_pictures(GridRow& row, RowState state)
 {
-    row.to_get = state == RowState::active;
-    row.light = state == RowState::active ? picture_base::light_on
-        : state == RowState::inactive     ? picture_base::light_off
-                                          : picture_base::light_unlisted;
-    row.check = row.to_get ? picture_base::check_on : picture_base::check_off;
-}
-
-void set_coupon_cells(GridRow& row, bool on, const QString& date)
-{
-    row.coupon = on ? picture_base::coupon_on : picture_base::coupon_off;
-    row.date = on ? date : blank;
+    list_store::set_to_get(row, state == RowState::active);
+    if (state == RowState::taken_off || state == RowState::not_listed)
+        row.light = picture_base::light_unlisted;
 }
 
 } // namespace
@@ -73,7 +66,6 @@ ItemEditGrid::ItemEditGrid(frmmain& main, QWidget* parent)
         editor_->set_page_color(*main_.shared.page_color);
     }
     setFocusProxy(grid_);
-    connect(grid_, &ListGrid::mouse_down, this, [this](Qt::MouseButton, QPoint position) { mouse_down(position); });
     connect(grid_, &ListGrid::mouse_up, this, &ItemEditGrid::mouse_up);
     connect(grid_, &ListGrid::key_down, this, &ItemEditGrid::key_down);
 }
@@ -129,7 +121,7 @@ void ItemEditGrid::append(const ListOfItem& list, std::vector<GridRow>& rows)
         const RowState state = row.to_get ? RowState::active : RowState::inactive;
         cells.groc_key = row.groc_key;
         set_pictures(cells, state);
-        set_coupon_cells(cells, row.cpn, date_text(row.created));
+        list_store::set_coupon_cells(cells, row.cpn, row.cpn ? date_text(row.created) : blank);
         cells.desc = row.desc;
         cells.qty = or_blank(trim(row.qty));
         cells.aisle = row.aisle;
@@ -168,19 +160,13 @@ const GridRow& ItemEditGrid::cells(int row) const
     return static_cast<const ListGrid*>(grid_)->rows().row(row);
 }
 
-void ItemEditGrid::mouse_down(QPoint position)
-{
-    pressed_row_ = grid_->row_at(position.y());
-    pressed_column_ = grid_->columnAt(position.x());
-}
-
 void ItemEditGrid::mouse_up(Qt::MouseButton button, QPoint position)
 {
-    if (grid_->row_at(position.y()) < 0 || pressed_row_ < 0) {
+    if (grid_->row_at(position.y()) < 0 || grid_->pressed_row() < 0) {
         lv_edit_off();
         return;
     }
-    if (button == Qt::LeftButton && pressed_column_ >= 0 && grid_->columnAt(position.x()) >= 0)
+    if (button == Qt::LeftButton && grid_->pressed_column() >= 0 && grid_->columnAt(position.x()) >= 0)
         cell_clicked(grid_->current_row(), grid_->current_col());
 }
 
@@ -205,9 +191,7 @@ void ItemEditGrid::cell_clicked(int row, int column)
 
 void ItemEditGrid::key_down(int key)
 {
-    constexpr int up = 38;
-    constexpr int down = 40;
-    const int row = grid_->current_row() + (key == up ? -1 : key == down ? 1 : 0);
+    const int row = grid_->current_row() + (key == key_code::up ? -1 : key == key_code::down ? 1 : 0);
     if (row == grid_->current_row() || row < 0 || row >= grid_->rows().rows())
         return;
     grid_->set_current(row, grid_column::item);
@@ -249,7 +233,7 @@ void ItemEditGrid::show_state(int row)
     grid_->rows().change_row(row, [&edit](GridRow& cells) {
         set_pictures(cells, edit.state);
         if (edit.is_listed())
-            set_coupon_cells(cells, false, blank);
+            list_store::set_coupon_cells(cells, false, blank);
         else
             blank_cells(cells);
     });

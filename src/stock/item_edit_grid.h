@@ -85,7 +85,6 @@ private:
 
     void make_header();
     void append(const ListOfItem& list, std::vector<GridRow>& rows);
-    void mouse_down(QPoint position);
     void mouse_up(Qt::MouseButton button, QPoint position);
     void cell_clicked(int row, int column);
     void key_down(int key);
@@ -103,8 +102,6 @@ private:
     std::unique_ptr<RowEditor> editor_;
     std::vector<EditRow> list_rows_edit_;
     bool has_repeats_ = false;
-    int pressed_row_ = -1; ///< where the button went down; -1 outside the rows
-    int pressed_column_ = -1;
 };
 
 } // namespace tarnwick

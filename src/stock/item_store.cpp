@@ -152,9 +152,7 @@ void ItemStore::move_item(Key item, Key category, QDate today)
 
 int ItemStore::write_status(Key item)
 {
-    const int code = lite_status(connection_, item);
-    Query(connection_, "UPDATE items_1 SET status = ? WHERE key_id = ?", code, item).run();
-    return code;
+    return tarnwick::write_status(connection_, item);
 }
 
 } // namespace tarnwick

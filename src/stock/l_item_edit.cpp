@@ -209,13 +209,13 @@ void l_item_edit::load_lists()
         auto* frame = new QFrame(this);
         frame->setObjectName(QStringLiteral("frmCreateList"));
         frame->setFrameShape(QFrame::StyledPanel);
-        no_lists_ = new QTextBrowser(frame);
-        no_lists_->setObjectName(QStringLiteral("txtCreateList"));
-        no_lists_->setPlainText(no_lists_text());
-        no_lists_->setFrameShape(QFrame::NoFrame);
-        no_lists_->setFocusPolicy(Qt::NoFocus);
+        auto* no_lists = new QTextBrowser(frame);
+        no_lists->setObjectName(QStringLiteral("txtCreateList"));
+        no_lists->setPlainText(no_lists_text());
+        no_lists->setFrameShape(QFrame::NoFrame);
+        no_lists->setFocusPolicy(Qt::NoFocus);
         auto* inside = new QVBoxLayout(frame);
-        inside->addWidget(no_lists_);
+        inside->addWidget(no_lists);
         static_cast<QVBoxLayout*>(layout())->insertWidget(layout()->indexOf(grid_), frame, 1);
         return;
     }

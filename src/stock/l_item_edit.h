@@ -9,7 +9,6 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTextBrowser;
 
 namespace tarnwick {
 
@@ -58,7 +57,6 @@ private:
     QComboBox* combo_ = nullptr;
     QPushButton* new_category_ = nullptr;
     ItemEditGrid* grid_ = nullptr;
-    QTextBrowser* no_lists_ = nullptr;
     QLabel* lite_ = nullptr;
     QLabel* lbl_active_ = nullptr;
     QLabel* lbl_note_ = nullptr;

@@ -49,6 +49,13 @@ int lite_status(Connection& connection, Key item)
     return active == 1 ? status_code::buy_it : status_code::inactive;
 }
 
+int write_status(Connection& connection, Key item)
+{
+    const int code = lite_status(connection, item);
+    Query(connection, "UPDATE items_1 SET status = ? WHERE key_id = ?", code, item).run();
+    return code;
+}
+
 QString get_status(Connection& connection, Key item)
 {
     if (item < 1)
@@ -62,8 +69,7 @@ QString get_status(Connection& connection, Key item)
         if (!text.isEmpty())
             text += separator;
         text += rows.flag(0) ? QStringLiteral("Active On ") : QStringLiteral("Inactive On ");
-        Query name(connection, "SELECT ln.list_name FROM list_name ln WHERE ln.key_id = ?", rows.key(1));
-        text += (name.next() ? name.text(0) : QString()) + QStringLiteral(" list");
+        text += list_name_of(connection, rows.key(1)).value_or(QString()) + QStringLiteral(" list");
     }
     if (text.isEmpty())
         text
@@ -82,16 +88,26 @@ QString get_ttt(Connection& connection, Key item)
     return name.size() < 2 ? status : name + QStringLiteral(" - ") + status;
 }
 
-QString get_ingred_name(Connection& connection, Key item)
+std::optional<QString> stock_item_name(Connection& connection, Key item)
 {
     Query name(connection, "SELECT i.item FROM items_1 i WHERE i.key_id = ?", item);
-    return name.next() ? name.text(0) : QString();
+    return name.next() ? std::optional(name.text(0)) : std::nullopt;
+}
+
+QString get_ingred_name(Connection& connection, Key item)
+{
+    return stock_item_name(connection, item).value_or(QString());
+}
+
+std::optional<QString> list_name_of(Connection& connection, Key list)
+{
+    Query name(connection, "SELECT ln.list_name FROM list_name ln WHERE ln.key_id = ?", list);
+    return name.next() ? std::optional(name.text(0)) : std::nullopt;
 }
 
 QString get_list_name(Connection& connection, Key list)
 {
-    Query name(connection, "SELECT ln.list_name FROM list_name ln WHERE ln.key_id = ?", list);
-    return name.next() ? name.text(0) : QStringLiteral("All");
+    return list_name_of(connection, list).value_or(QStringLiteral("All"));
 }
 
 QString trans_status(Connection& connection, const QString& status)

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace tarnwick {
 
 /// How a stock item stands with the shopping lists. The numbers are the tree's pictures as well.
@@ -39,8 +41,13 @@ struct StatusPictures {
 /// The pictures of a code 5 to 9; Non-stock for any other.
 StatusPictures status_pictures(int code);
 
-/// The true status code of a stock item, computed from its list rows.
+/// The true status code of a stock item, computed from its list rows. Everything here that takes a connection
+/// throws SQLite::Exception on a database error.
 int lite_status(Connection& connection, Key item);
+
+/// Computes the status code of a stock item, stores it with the item and returns it. Joins the caller's
+/// transaction.
+int write_status(Connection& connection, Key item);
 
 /// The status of a stock item in words: its lists and its category, joined by " :: ".
 QString get_status(Connection& connection, Key item);
@@ -48,8 +55,14 @@ QString get_status(Connection& connection, Key item);
 /// The item's name, " - " and its status in words; names of one character are left out.
 QString get_ttt(Connection& connection, Key item);
 
+/// The name of a stock item as stored; nothing when there is none.
+std::optional<QString> stock_item_name(Connection& connection, Key item);
+
 /// The name of a stock item; empty when there is none.
 QString get_ingred_name(Connection& connection, Key item);
+
+/// The name of a shopping list as stored; nothing when the key has no row.
+std::optional<QString> list_name_of(Connection& connection, Key list);
 
 /// The name of a shopping list; "All" when the key has no row.
 QString get_list_name(Connection& connection, Key list);

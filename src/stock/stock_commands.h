@@ -15,16 +15,21 @@ class StockCommands {
 public:
     explicit StockCommands(frmmain& main);
 
-    void new_cat();
+    void new_cat(); ///< asks for the name of a new category
+
+    // Deleting, moving and renaming are not written yet: these five do nothing.
     void tv_del_cat(Key category);
     void tv_del_item(Key item);
     void mv_item(Key category, Key item);
-    void rename_category(); ///< starts a label edit on the selected category
-    void rename_item(); ///< starts a label edit on the selected item
-    void new_stock_item();
+    void rename_category();
+    void rename_item();
+
+    void new_stock_item(); ///< opens the item editor on a new item
+
+    /// Opens the item editor on the selected item; nothing without one. Throws SQLite::Exception.
     void edit_stock_item();
 
-    /// The end of a label edit in the stock tree. False keeps the old text.
+    /// The end of a label edit in the stock tree. False keeps the old text, which is all it does yet.
     bool after_label_edit(QTreeWidgetItem& node, const QString& text);
 
 private:

@@ -34,7 +34,8 @@ struct TiedRow {
 };
 
 /// Readies the folders for a load: makes the category OTHER (key 0) where it is missing, and marks every
-/// other category without items as closed.
+/// other category without items as closed. Everything here throws SQLite::Exception on a database error, and
+/// what reads keys error 6 for one beyond 16 bits.
 void prepare_folders(Connection& connection);
 
 /// The user's categories in name order, OTHER last.

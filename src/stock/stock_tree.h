@@ -15,6 +15,7 @@ class frmmain;
 class FloatingButtons;
 class TreeView;
 struct CatalogueFolder;
+struct TiedRow;
 
 /// The stock tree `TreeView1(0)`: its load, its events and the pictures of its items.
 class StockTree : public QObject {
@@ -27,7 +28,7 @@ public:
     /// Rebuilds the tree: folders with their items, or one flat list when `alpha`.
     void tv_load(bool alpha);
 
-    /// Sets one item's picture from its list rows: 5, 6 or 7.
+    /// Sets one item's picture from its list rows: 5, 6 or 7. Throws error 35601 when the tree has no such item.
     void tv_refresh(Key item);
 
     /// Closes every folder and stores that.
@@ -48,10 +49,11 @@ public:
     void add_category_node(Key category, const QString& name);
 
     /// Adds a node for a stock item under its category, or at root level in the flat view, sorts these nodes
-    /// by name, selects and shows the new one.
+    /// by name, selects and shows the new one. Throws error 35601 when the category has no folder.
     QTreeWidgetItem* add_item_node(Key item, Key category, const QString& name, int code);
 
-    /// Moves an item's node to another folder, which is sorted by name; keeps picture and Tag.
+    /// Moves an item's node to another folder, which is sorted by name; keeps picture and Tag. No node, or
+    /// the flat view: nothing. Throws error 35601 when the category has no folder.
     void move_item_node(Key item, Key category);
 
     /// Left and top of the selected row's text, pixels in the window's central area; 0 without one.
@@ -85,6 +87,8 @@ private:
     bool hits_box(int x) const;
     void activate(QTreeWidgetItem& node, Key item);
     void inactivate(QTreeWidgetItem& node, Key item);
+    /// Gives one row of an item, and the item's node, the code 7 or 6 everywhere.
+    void change_box(QTreeWidgetItem& node, Key item, const TiedRow& row, int code);
     void common_refresh(Key item, Key groc_key, Key list_key, int code);
 
     frmmain& main_;

@@ -3,8 +3,8 @@
 #include "app/frmmain.h"
 #include "lists/list_grid.h"
 #include "lists/list_pane.h"
+#include "lists/list_store.h"
 #include "lists/placing.h"
-#include "lists/row_editor.h"
 #include "recipes/recipe_page.h"
 #include "shell/commands.h"
 #include "shell/tree_view.h"
@@ -163,12 +163,7 @@ void StockTree::key_up(int key)
 void StockTree::mouse_down(Qt::MouseButton, QPoint position)
 {
     if (QTreeWidgetItem* node = tree_.hit_test(position)) {
-        ListGrid& grid = main_.list_pane().grid();
-        if (grid.current_row() >= 0)
-            grid.set_current(grid.current_row(), grid_column::item);
-        grid.clearSelection();
-        if (main_.row_editor().is_open())
-            main_.row_editor().lv_edit_off();
+        main_.list_pane().leave_for_tree();
         const Key record = record_key(TreeView::key(node));
         if (main_.recipe_page().editor_open()) {
             main_.recipe_page().finish_line_editor();
@@ -263,23 +258,22 @@ void StockTree::activate(QTreeWidgetItem& node, Key item)
         show_item_editor(main_);
         return;
     }
-    const TiedRow& row = rows.front();
-    store_box_click(main_.connection(), item, row.groc_key, true);
-    tree_.set_picture(&node, status_code::buy_it);
-    TreeView::set_tag(&node, QString::number(status_code::buy_it));
-    common_refresh(item, row.groc_key, row.list_key, status_code::buy_it);
+    change_box(node, item, rows.front(), status_code::buy_it);
 }
 
 void StockTree::inactivate(QTreeWidgetItem& node, Key item)
 {
     const std::vector<TiedRow> rows = clickable_rows(main_.connection(), item);
-    if (rows.empty())
-        return;
-    const TiedRow& row = rows.front();
-    store_box_click(main_.connection(), item, row.groc_key, false);
-    tree_.set_picture(&node, status_code::inactive);
-    TreeView::set_tag(&node, QString::number(status_code::inactive));
-    common_refresh(item, row.groc_key, row.list_key, status_code::inactive);
+    if (!rows.empty())
+        change_box(node, item, rows.front(), status_code::inactive);
+}
+
+void StockTree::change_box(QTreeWidgetItem& node, Key item, const TiedRow& row, int code)
+{
+    store_box_click(main_.connection(), item, row.groc_key, code == status_code::buy_it);
+    tree_.set_picture(&node, code);
+    TreeView::set_tag(&node, QString::number(code));
+    common_refresh(item, row.groc_key, row.list_key, code);
 }
 
 void StockTree::common_refresh(Key item, Key groc_key, Key list_key, int code)
@@ -288,12 +282,8 @@ void StockTree::common_refresh(Key item, Key groc_key, Key list_key, int code)
     const bool on_grid = list_key == main_.shared.current_list || main_.shared.all_lists_view;
     if (on_grid && main_.list_pane().set_row(groc_key)) {
         GridModel& rows = main_.list_pane().grid().rows();
-        const StatusPictures pictures = status_pictures(code);
-        rows.change_row(rows.find_row(groc_key), [&](GridRow& row) {
-            row.light = pictures.light;
-            row.check = pictures.check;
-            row.to_get = code == status_code::buy_it;
-        });
+        rows.change_row(rows.find_row(groc_key),
+                        [code](GridRow& row) { list_store::set_to_get(row, code == status_code::buy_it); });
     }
     if (!main_.shared.list_pane_shown)
         main_.recipe_page().set_item_status(item, code);

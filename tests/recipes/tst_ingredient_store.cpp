@@ -4,6 +4,7 @@
 #include "data/query.h"
 #include "data/runtime_error.h"
 #include "data/schema.h"
+#include "stock/status.h"
 #include "support/error_number.h"
 
 #include <QTemporaryDir>
