@@ -146,9 +146,7 @@ void RecipePage::build_page(Key recipe, bool checked)
     text1_->set_border_style(text1_->is_help_text() ? 1 : 0);
     place_page(checked);
     recipe_lines_->show_lines();
-    const QString key = QString::number(recipe);
-    if (main_.settings().pref(QStringLiteral("arcp"), {}) != key)
-        main_.settings().set_pref(QStringLiteral("arcp"), key);
+    main_.settings().set_pref(QStringLiteral("arcp"), QString::number(recipe));
     state.cur_line = 0;
 }
 
