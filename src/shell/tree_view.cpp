@@ -417,8 +417,9 @@ void TreeView::focusInEvent(QFocusEvent* event)
     QTreeWidget::focusInEvent(event);
     // The focus comes just before the press that brings it; the flag is gone before the user's next one.
     press_brought_focus_ = event->reason() == Qt::MouseFocusReason;
-    QMetaObject::invokeMethod(
-        this, [this] { press_brought_focus_ = false; }, Qt::QueuedConnection);
+    if (press_brought_focus_)
+        QMetaObject::invokeMethod(
+            this, [this] { press_brought_focus_ = false; }, Qt::QueuedConnection);
     if (!is_passing(event->reason()))
         emit got_focus();
 }
