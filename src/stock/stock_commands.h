@@ -23,6 +23,7 @@ public:
     void rename_item(); ///< starts a label edit on the selected item
     void new_stock_item();
     void edit_stock_item();
+    void item_to_recipe(); ///< adds the selected item to the recipe on the page
 
     /// The end of a label edit in the stock tree. False keeps the old text.
     bool after_label_edit(QTreeWidgetItem& node, const QString& text);
