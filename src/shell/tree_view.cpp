@@ -195,6 +195,12 @@ void TreeView::clear_nodes()
     clear();
 }
 
+void TreeView::drop_unplaced(const QList<QTreeWidgetItem*>& nodes)
+{
+    clear_nodes();
+    qDeleteAll(nodes);
+}
+
 void TreeView::move_node(QTreeWidgetItem* node, QTreeWidgetItem* folder)
 {
     QTreeWidgetItem* from = node->parent();

@@ -48,6 +48,9 @@ public:
     void remove_node(QTreeWidgetItem* node);
     void clear_nodes();
 
+    /// Gives up a load: clears the tree and frees the given nodes of `make_node`, which no folder owns yet.
+    void drop_unplaced(const QList<QTreeWidgetItem*>& nodes);
+
     /// Makes room for this many keys ahead of a load.
     void reserve_nodes(int count) { nodes_.reserve(count); }
 
