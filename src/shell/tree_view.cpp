@@ -351,7 +351,6 @@ void TreeView::press(QMouseEvent* event)
 
 void TreeView::mousePressEvent(QMouseEvent* event)
 {
-    second_click_->stop();
     QTreeWidgetItem* node = hit_test(event->pos());
     edit_on_release_ = event->button() == Qt::LeftButton && hasFocus() && !press_brought_focus_ && node
         && node == selected() && on_label(node, event->pos());
@@ -361,7 +360,6 @@ void TreeView::mousePressEvent(QMouseEvent* event)
 
 void TreeView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    second_click_->stop();
     edit_on_release_ = false;
     press(event);
     QTreeWidget::mouseDoubleClickEvent(event);
@@ -391,7 +389,6 @@ void TreeView::mouseReleaseEvent(QMouseEvent* event)
 
 void TreeView::keyPressEvent(QKeyEvent* event)
 {
-    second_click_->stop();
     if (state() == EditingState)
         return; // what the label's editor left over
     const int code = event->key();
