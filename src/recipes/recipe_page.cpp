@@ -272,9 +272,9 @@ void RecipePage::place_page(bool checked)
 
 int RecipePage::text_top() const
 {
-    const int told = page_geometry::to_pixels(
+    const int estimated = page_geometry::to_pixels(
         page_geometry::text_top(recipe_lines_->count(), recipe_lines_->wrap_extra(), main_.shared.type_size));
-    return std::max(told + recipe_lines_->surplus(), recipe_lines_->bottom() + text_gap);
+    return std::max(estimated + recipe_lines_->surplus(), recipe_lines_->bottom() + text_gap);
 }
 
 void RecipePage::place_text()
