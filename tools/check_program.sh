@@ -5,6 +5,8 @@
 set -euo pipefail
 
 longest_wait=30 # seconds for anything to happen
+longest_run=$((6 * longest_wait))
+program= # process id while one runs that has not been waited for
 
 fail() {
     echo "check_program.sh: $*" >&2
@@ -24,7 +26,10 @@ wait_until() {
 # Puts the main window into $window. The splash before it is narrower, and a message has another name.
 main_window() {
     local found name WIDTH
-    kill -0 "$program" 2>/dev/null || fail "the program has ended"
+    if has_ended; then
+        program=
+        fail "the program has ended"
+    fi
     for found in $(xdotool search --onlyvisible --name '^Tarnwick' 2>/dev/null || true); do
         name=$(xdotool getwindowname "$found" 2>/dev/null || true)
         WIDTH=0
@@ -54,9 +59,12 @@ menu() {
 has_ended() { ! kill -0 "$program" 2>/dev/null; }
 
 leave_program() {
+    local status=0
     menu Up Return
     wait_until "the program does not end" has_ended
-    wait "$program" || fail "the program ended with $?"
+    wait "$program" || status=$?
+    program=
+    [[ $status -eq 0 ]] || fail "the program ended with $status"
     [[ $(ls -A "$folder/twdata") == groc.mdb ]] || fail "left beside the database: $(ls -A "$folder/twdata")"
 }
 
@@ -86,7 +94,7 @@ use_program() {
 if [[ "${1:-}" == --on-display ]]; then
     folder=$2
     export XDG_CONFIG_HOME="$folder/config" XDG_RUNTIME_DIR="$folder/runtime" QT_QPA_PLATFORM=xcb
-    trap 'kill "${program:-$$}" 2>/dev/null || true' EXIT
+    trap '[[ -z $program ]] || kill "$program" 2>/dev/null || true' EXIT
     use_program
     exit
 fi
@@ -100,7 +108,10 @@ cp -r "$build/bin/ico" "$folder/"
 mkdir -p "$folder/twdata" "$folder/config"
 mkdir -m 700 "$folder/runtime"
 "$build/tools/make_database" "$folder/twdata/groc.mdb"
-xvfb-run -a -s "-screen 0 1600x1200x24" timeout $((6 * longest_wait)) "$(realpath "$0")" --on-display "$folder"
+status=0
+xvfb-run -a -s "-screen 0 1600x1200x24" timeout "$longest_run" "$(realpath "$0")" --on-display "$folder" || status=$?
+[[ $status -ne 124 ]] || fail "not done after $longest_run seconds"
+[[ $status -eq 0 ]] || exit "$status"
 
 # Opening the database checks it page by page, and the household shows that it can still be written.
 "$build/tools/load_household" "$sources/tools/sample/household" "$folder/twdata/groc.mdb"

@@ -295,7 +295,7 @@ void frmmain::unload()
 void frmmain::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    if (shared.started && !isMinimized())
+    if (shared.started && !shared.ending && !isMinimized())
         refresh_after_resize();
 }
 

@@ -3,6 +3,7 @@
 #include "data/runtime_error.h"
 #include "data/text.h"
 
+#include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QVariant>
@@ -63,12 +64,23 @@ Settings::~Settings()
 void Settings::write(const QString& application, const QString& section, const QString& key, const QString& value)
 {
     const QString name = full_key(application, section, key);
+    if (holds(name, value))
+        return;
     store_->setValue(name, value);
     store_->sync();
     if (const int status = store_->status(); status != QSettings::NoError)
         throw runtime_error(store_error + status, QStringLiteral("Could not open/create registry section"));
     if (!store_->contains(name))
         throw runtime_error(store_error, QStringLiteral("Could not set key value"));
+}
+
+/// Whether a write would change nothing and would not fail: the file is there, open to writing, with this text.
+bool Settings::holds(const QString& name, const QString& text) const
+{
+    if (store_->status() != QSettings::NoError || !QFileInfo(store_->fileName()).isWritable())
+        return false;
+    const QVariant stored = store_->value(name);
+    return stored.typeId() == QMetaType::QString && stored.toString() == text;
 }
 
 QString Settings::read(const QString& application, const QString& section, const QString& key,

@@ -23,8 +23,8 @@ public:
     Settings(const Settings&) = delete;
     Settings& operator=(const Settings&) = delete;
 
-    /// Stores a text at once. Throws a run-time error on a blank name (0x800403E8 to 0x800403EA) and
-    /// when the store refuses (0x800407D0 plus QSettings' status).
+    /// Stores a text at once; a text that is there already leaves the file as it is. Throws a run-time error on a
+    /// blank name (0x800403E8 to 0x800403EA) and when the store refuses (0x800407D0 plus QSettings' status).
     void write(const QString& application, const QString& section, const QString& key, const QString& value);
 
     /// The stored text, or the default where there is none. Throws on a blank name, on a store that
@@ -40,6 +40,8 @@ public:
     void set_reg();
 
 private:
+    bool holds(const QString& name, const QString& text) const;
+
     QSettings* store_;
 };
 

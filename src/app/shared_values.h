@@ -27,6 +27,13 @@ inline constexpr int add_to_recipe = 4;
 inline constexpr int non_stock_to_stock = 5;
 } // namespace edit_mode
 
+/// Where the item that is placed comes from.
+namespace placing_source {
+inline constexpr int tree_to_recipe = 1;
+inline constexpr int manager_all_lists = 2; ///< the list manager, with all lists chosen
+inline constexpr int manager_one_list = 3; ///< the list manager, with one list chosen
+} // namespace placing_source
+
 /// What the naming dialog makes.
 namespace naming {
 inline constexpr int list = 1;
@@ -55,7 +62,7 @@ struct SharedValues {
     Key ingredient_in_work = -1; ///< recipe line that the item editor was opened for
     int editor_mode = edit_mode::new_item;
     int dialog_kind = naming::list;
-    int placing_source = 0; ///< 1 tree to recipe, 2 and 3 list manager
+    int placing_source = 0; ///< of the namespace `placing_source`; 0 nothing placed yet
     bool move_stock = true; ///< the move dialog moves a stock item, else a recipe
     bool tree_drag = false; ///< a drag from a tree is under way
     bool node_dragged = false; ///< swallows the node click that ends a drag

@@ -17,12 +17,6 @@
 #include <QScopedValueRollback>
 
 namespace tarnwick {
-namespace {
-
-/// `placing_source` of a drop in the list manager, 2 on all lists and 3 on one.
-constexpr int from_list_manager = 2;
-
-} // namespace
 
 Placing::Placing(frmmain& main)
     : main_(main)
@@ -129,7 +123,7 @@ void Placing::show_row(const Placement& placement, const PlacedRow& placed)
     const bool show = !placement.quiet && main_.shared.list_pane_shown;
     main_.list_pane().add_row(std::move(row), show);
     const bool window_enabled = main_.isEnabled() && !QApplication::activeModalWidget();
-    const bool mark = show && window_enabled && main_.shared.placing_source < from_list_manager;
+    const bool mark = show && window_enabled && main_.shared.placing_source < placing_source::manager_all_lists;
     if (mark || (show && editor_was_open))
         editor.show_l_line();
     main_.floating_buttons().hide_all();

@@ -335,8 +335,9 @@ std::array<int, 4> LineEditor::box_widths(int room) const
     for (size_t i = 0; i < widths.size(); ++i) {
         QFont font = box_font(static_cast<int>(i));
         font.setItalic(true);
-        const int told = design_widths[i] * std::min(all, std::max(room, design)) / design;
-        widths[i] = std::max(told, QFontMetrics(font).horizontalAdvance(boxes_[i].placeholder) + text_margin);
+        const int proportional = design_widths[i] * std::min(all, std::max(room, design)) / design;
+        widths[i]
+            = std::max(proportional, QFontMetrics(font).horizontalAdvance(boxes_[i].placeholder) + text_margin);
     }
     const int sum = std::accumulate(widths.begin(), widths.end(), 0);
     if (sum > room) {

@@ -14,7 +14,7 @@ int to_pixels(int twips)
 
 int estimated_rows(int upper, int other, int width, int step)
 {
-    // A capital counts narrower than any other character; the pair of constants is meant so.
+    // A capital counts 3 less than any other character.
     const auto capitals = static_cast<float>(upper) / static_cast<float>(width) * static_cast<float>(step + 32);
     const auto others = static_cast<float>(other) / static_cast<float>(width) * static_cast<float>(step + 35);
     return to_int16(static_cast<double>(capitals + others)) + 1;

@@ -146,9 +146,7 @@ void RecipePage::build_page(Key recipe, bool checked)
     text1_->set_border_style(text1_->is_help_text() ? 1 : 0);
     place_page(checked);
     recipe_lines_->show_lines();
-    const QString key = QString::number(recipe);
-    if (main_.settings().pref(QStringLiteral("arcp"), {}) != key)
-        main_.settings().set_pref(QStringLiteral("arcp"), key);
+    main_.settings().set_pref(QStringLiteral("arcp"), QString::number(recipe));
     state.cur_line = 0;
 }
 
@@ -274,9 +272,9 @@ void RecipePage::place_page(bool checked)
 
 int RecipePage::text_top() const
 {
-    const int told = page_geometry::to_pixels(
+    const int estimated = page_geometry::to_pixels(
         page_geometry::text_top(recipe_lines_->count(), recipe_lines_->wrap_extra(), main_.shared.type_size));
-    return std::max(told + recipe_lines_->surplus(), recipe_lines_->bottom() + text_gap);
+    return std::max(estimated + recipe_lines_->surplus(), recipe_lines_->bottom() + text_gap);
 }
 
 void RecipePage::place_text()

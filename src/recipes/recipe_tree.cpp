@@ -86,7 +86,7 @@ void RecipeTree::load_flat()
         for (const RecipeRow& row : rows)
             nodes.append(make_recipe_node(row));
     } catch (...) {
-        drop_unplaced(nodes);
+        tree_.drop_unplaced(nodes);
         throw;
     }
     tree_.addTopLevelItems(nodes);
@@ -109,7 +109,7 @@ void RecipeTree::load_folders()
     } catch (...) {
         for (const auto& nodes : recipes)
             folders.append(nodes);
-        drop_unplaced(folders);
+        tree_.drop_unplaced(folders);
         throw;
     }
     for (size_t i = 0; i < recipes.size(); ++i)
@@ -120,13 +120,6 @@ void RecipeTree::load_folders()
 QTreeWidgetItem* RecipeTree::make_recipe_node(const RecipeRow& row)
 {
     return tree_.make_node(recipe_key(row.key), row.name, recipe_picture, {});
-}
-
-// Nodes that have no place in the tree yet belong to nobody.
-void RecipeTree::drop_unplaced(const QList<QTreeWidgetItem*>& nodes)
-{
-    tree_.clear_nodes();
-    qDeleteAll(nodes);
 }
 
 void RecipeTree::select_current()

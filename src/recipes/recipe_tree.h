@@ -48,7 +48,6 @@ private:
     void load_flat();
     void load_folders();
     QTreeWidgetItem* make_recipe_node(const RecipeRow& row);
-    void drop_unplaced(const QList<QTreeWidgetItem*>& nodes);
     void select_current();
     QTreeWidgetItem& category_node(const QString& category) const;
     void node_click(QTreeWidgetItem* node);

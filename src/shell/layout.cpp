@@ -299,7 +299,6 @@ void Layout::font_reset(int type_size)
     main_.row_editor().set_type_size(points);
     main_.recipe_page().set_type_size();
     frm_refresh();
-    main_.row_editor().place_again();
     main_.floating_buttons().place_again(beside_item);
 }
 

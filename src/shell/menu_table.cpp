@@ -53,12 +53,7 @@ void item_to_list(frmmain& main)
 
 void item_to_recipe(frmmain& main)
 {
-    with_selected_item(main, [](frmmain& m, Key item) {
-        constexpr int tree_to_recipe = 1;
-        m.shared.placing_source = tree_to_recipe;
-        m.shared.item_in_work = item;
-        m.recipe_page().drag_ingred(m.stock_tree().view().selected()->text(0));
-    });
+    main.stock_commands().item_to_recipe();
 }
 
 void delete_recipe(frmmain& main)

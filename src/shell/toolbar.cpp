@@ -46,13 +46,13 @@ constexpr int size = 18;
 } // namespace index_of
 
 /// Image, caption and tool tip at rest. Image 0 is a separator.
-struct ButtonSpec {
+struct StandingButton {
     int picture;
     const char* caption;
     const char* tool_tip;
 };
 
-constexpr ButtonSpec specs[last_button + 1] = {
+constexpr StandingButton standing[last_button + 1] = {
     {},
     {1, "New", "Create a new shopping list"},
     {2, "Clear", "Clear selected list"},
@@ -74,9 +74,9 @@ constexpr ButtonSpec specs[last_button + 1] = {
     {picture_size_up, "Size", "Make size larger"},
 };
 
-const ButtonSpec& spec(int index)
+const StandingButton& at_rest(int index)
 {
-    return specs[static_cast<size_t>(index)];
+    return standing[static_cast<size_t>(index)];
 }
 
 QString text_of(const char* text)
@@ -100,7 +100,7 @@ Toolbar::Toolbar(frmmain& main, QWidget* parent)
     font.setPointSize(caption_points);
     bar_->setFont(font);
     for (int i = first_button; i <= last_button; ++i) {
-        if (spec(i).picture == 0)
+        if (at_rest(i).picture == 0)
             make_separator(i);
         else
             make_button(i);
@@ -124,10 +124,10 @@ void Toolbar::make_button(int index)
     made->setIconSize({icon_size, icon_size});
     made->setAutoRaise(true);
     made->setFocusPolicy(Qt::NoFocus);
-    made->setText(text_of(spec(index).caption));
+    made->setText(text_of(at_rest(index).caption));
     buttons_.at(static_cast<size_t>(index)) = made;
-    set_picture(index, spec(index).picture);
-    set_tool_tip(index, text_of(spec(index).tool_tip));
+    set_picture(index, at_rest(index).picture);
+    set_tool_tip(index, text_of(at_rest(index).tool_tip));
     connect(made, &QToolButton::clicked, this, [this, index] { clicked(index); });
 }
 
@@ -188,7 +188,7 @@ int Toolbar::height() const
 {
     int tallest = 0;
     for (int i = first_button; i <= last_button; ++i)
-        tallest = std::max(tallest, spec(i).picture == 0 ? 0 : button(i).sizeHint().height());
+        tallest = std::max(tallest, at_rest(i).picture == 0 ? 0 : button(i).sizeHint().height());
     return tallest + edge_margin;
 }
 
@@ -197,7 +197,7 @@ int Toolbar::least_width() const
     const QWidget& folders = button(index_of::folders);
     const QFontMetrics metrics = folders.fontMetrics();
     const int wider = metrics.horizontalAdvance(more_caption())
-        - metrics.horizontalAdvance(text_of(spec(index_of::folders).caption));
+        - metrics.horizontalAdvance(text_of(at_rest(index_of::folders).caption));
     const int more = std::max(folders.sizeHint().width() + std::max(wider, 0), least_button_width);
     return button(index_of::find).x() + more + fit_margin;
 }
@@ -215,7 +215,7 @@ void Toolbar::place_buttons()
     for (int i = first_button; i <= last_button; ++i) {
         if (!shown_.at(static_cast<size_t>(i)))
             continue;
-        const bool is_separator = spec(i).picture == 0;
+        const bool is_separator = at_rest(i).picture == 0;
         const int width
             = is_separator ? separator_width : std::max(button(i).sizeHint().width(), least_button_width);
         if (is_separator)
@@ -234,8 +234,8 @@ bool Toolbar::fits(int index) const
 void Toolbar::restore_standing_state()
 {
     for (int i = first_button; i <= last_button; ++i)
-        if (spec(i).picture != 0)
-            static_cast<QToolButton&>(button(i)).setText(text_of(spec(i).caption));
+        if (at_rest(i).picture != 0)
+            static_cast<QToolButton&>(button(i)).setText(text_of(at_rest(i).caption));
     set_picture(index_of::folders, picture_close_folders);
     set_tag(index_of::folders, QStringLiteral("DFLT"));
     for (const char* name : {"mnu_more_find", "mnu_more_sort", "mnu_more_sort_alpha", "mnu_more_sort_cat"})

@@ -195,6 +195,12 @@ void TreeView::clear_nodes()
     clear();
 }
 
+void TreeView::drop_unplaced(const QList<QTreeWidgetItem*>& nodes)
+{
+    clear_nodes();
+    qDeleteAll(nodes);
+}
+
 void TreeView::move_node(QTreeWidgetItem* node, QTreeWidgetItem* folder)
 {
     QTreeWidgetItem* from = node->parent();
@@ -345,7 +351,6 @@ void TreeView::press(QMouseEvent* event)
 
 void TreeView::mousePressEvent(QMouseEvent* event)
 {
-    second_click_->stop();
     QTreeWidgetItem* node = hit_test(event->pos());
     edit_on_release_ = event->button() == Qt::LeftButton && hasFocus() && !press_brought_focus_ && node
         && node == selected() && on_label(node, event->pos());
@@ -355,7 +360,6 @@ void TreeView::mousePressEvent(QMouseEvent* event)
 
 void TreeView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    second_click_->stop();
     edit_on_release_ = false;
     press(event);
     QTreeWidget::mouseDoubleClickEvent(event);
@@ -385,7 +389,6 @@ void TreeView::mouseReleaseEvent(QMouseEvent* event)
 
 void TreeView::keyPressEvent(QKeyEvent* event)
 {
-    second_click_->stop();
     if (state() == EditingState)
         return; // what the label's editor left over
     const int code = event->key();
@@ -417,8 +420,9 @@ void TreeView::focusInEvent(QFocusEvent* event)
     QTreeWidget::focusInEvent(event);
     // The focus comes just before the press that brings it; the flag is gone before the user's next one.
     press_brought_focus_ = event->reason() == Qt::MouseFocusReason;
-    QMetaObject::invokeMethod(
-        this, [this] { press_brought_focus_ = false; }, Qt::QueuedConnection);
+    if (press_brought_focus_)
+        QMetaObject::invokeMethod(
+            this, [this] { press_brought_focus_ = false; }, Qt::QueuedConnection);
     if (!is_passing(event->reason()))
         emit got_focus();
 }

@@ -52,6 +52,9 @@ public:
     /// Deletes all nodes and forgets their keys.
     void clear_nodes();
 
+    /// Gives up a load: clears the tree and frees the given nodes of `make_node`, which no folder owns yet.
+    void drop_unplaced(const QList<QTreeWidgetItem*>& nodes);
+
     /// Makes room for this many keys ahead of a load.
     void reserve_nodes(int count) { nodes_.reserve(count); }
 

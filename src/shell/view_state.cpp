@@ -517,8 +517,6 @@ void ViewState::change_type_size(int size, int image, const QString& tag, const 
     const UpdateLock lock(main_);
     main_.recipe_page().close_line_editor();
     main_.row_editor().hide_line();
-    if (main_.row_editor().is_open())
-        main_.row_editor().lv_edit_off();
     main_.shared.type_size = size;
     main_.toolbar().set_size_button(image, tag, tool_tip);
     main_.toolbar().toolbar_fit();

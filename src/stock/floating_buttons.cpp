@@ -11,6 +11,7 @@
 #include "shell/pictures.h"
 #include "shell/tree_view.h"
 #include "stock/status.h"
+#include "stock/stock_commands.h"
 #include "stock/stock_store.h"
 #include "stock/stock_tree.h"
 #include "shell/tool_tip.h"
@@ -234,14 +235,8 @@ void FloatingButtons::place_on_list()
 
 void FloatingButtons::add_to_recipe()
 {
-    constexpr int from_tree = 1;
     hide(add_to_page);
-    const QTreeWidgetItem* node = selected_item();
-    if (!node)
-        return;
-    main_.shared.placing_source = from_tree;
-    main_.shared.item_in_work = record_key(TreeView::key(node));
-    main_.recipe_page().drag_ingred(node->text(0));
+    main_.stock_commands().item_to_recipe();
 }
 
 void FloatingButtons::locate()

@@ -28,7 +28,6 @@ namespace tarnwick {
 namespace {
 
 constexpr const char* tag = "Tag";
-constexpr int whole_list = 2; ///< the item came from the list manager's entry of all lists
 
 namespace lite_picture {
 constexpr int unlisted = 134;
@@ -222,7 +221,7 @@ void l_item_edit::load_lists()
     grid_->load(lists);
     lbl_note_->setVisible(grid_->has_repeats());
     grid_->select(mode_ == edit_mode::edit_item ? main_.shared.last_groc_key : Key(-1));
-    if (mode_ == edit_mode::place_item && main_.shared.placing_source != whole_list)
+    if (mode_ == edit_mode::place_item && main_.shared.placing_source != placing_source::manager_all_lists)
         grid_->pre_mark(main_.shared.current_list);
 }
 

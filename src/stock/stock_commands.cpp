@@ -2,6 +2,7 @@
 
 #include "app/frmmain.h"
 #include "recipes/new_item_rcp.h"
+#include "recipes/recipe_page.h"
 #include "shell/tree_view.h"
 #include "stock/item_store.h"
 #include "stock/l_item_edit.h"
@@ -44,6 +45,16 @@ void StockCommands::edit_stock_item()
     shared.last_groc_key = ItemStore(main_.connection()).row_on_list(shared.item_in_work, shared.current_list);
     shared.editor_mode = edit_mode::edit_item;
     show_item_editor(main_);
+}
+
+void StockCommands::item_to_recipe()
+{
+    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
+        return;
+    main_.shared.placing_source = placing_source::tree_to_recipe;
+    main_.shared.item_in_work = record_key(TreeView::key(node));
+    main_.recipe_page().drag_ingred(node->text(0));
 }
 
 bool StockCommands::after_label_edit(QTreeWidgetItem&, const QString&)

@@ -28,6 +28,7 @@ public:
 
     /// Opens the item editor on the selected item; nothing without one. Throws SQLite::Exception.
     void edit_stock_item();
+    void item_to_recipe(); ///< adds the selected item to the recipe on the page
 
     /// The end of a label edit in the stock tree. False keeps the old text, which is all it does yet.
     bool after_label_edit(QTreeWidgetItem& node, const QString& text);

@@ -110,9 +110,7 @@ void StockTree::load_folders()
         for (const CatalogueFolder& category : categories)
             folders.append(make_folder(category));
     } catch (...) {
-        // Nodes that have no place in the tree yet belong to nobody.
-        tree_.clear_nodes();
-        qDeleteAll(folders);
+        tree_.drop_unplaced(folders);
         throw;
     }
     tree_.addTopLevelItems(folders);
@@ -148,10 +146,9 @@ void StockTree::load_items(bool alpha)
     try {
         read_items(main_.connection(), take);
     } catch (...) {
-        tree_.clear_nodes();
-        qDeleteAll(flat);
         for (const auto& nodes : std::as_const(by_category))
-            qDeleteAll(nodes);
+            flat.append(nodes);
+        tree_.drop_unplaced(flat);
         throw;
     }
     tree_.addTopLevelItems(flat);

@@ -12,8 +12,8 @@ class tst_close : public QObject {
 private slots:
     void closing_writes_size_and_state_data();
     void closing_writes_size_and_state();
-    void a_window_closed_in_a_state_comes_up_in_it_data();
-    void a_window_closed_in_a_state_comes_up_in_it();
+    void a_window_comes_up_in_the_stored_state_data();
+    void a_window_comes_up_in_the_stored_state();
     void closing_writes_the_views_as_they_are_whatever_the_menus_wrote();
     void closing_writes_the_views_as_they_are_whatever_the_tabs_wrote();
     void exit_clicked_in_the_menu_does_not_save_an_edited_recipe();
@@ -68,12 +68,12 @@ void tst_close::closing_writes_size_and_state()
     QCOMPARE(window.pref(QStringLiteral("fheight")), QString::number(size.height() * Layout::twips_per_pixel));
 }
 
-void tst_close::a_window_closed_in_a_state_comes_up_in_it_data()
+void tst_close::a_window_comes_up_in_the_stored_state_data()
 {
     add_states();
 }
 
-void tst_close::a_window_closed_in_a_state_comes_up_in_it()
+void tst_close::a_window_comes_up_in_the_stored_state()
 {
     QFETCH(int, states);
     QFETCH(QString, stored);

@@ -40,6 +40,7 @@ private slots:
     void a_damaged_database_shows_the_message_and_is_left_alone();
     void a_setting_that_is_no_text_shows_the_message();
     void a_read_only_store_of_settings_shows_the_message();
+    void the_probe_obeys_only_the_verbs_it_knows();
     void settings_lost_after_the_start_end_the_program_with_one_message_data();
     void settings_lost_after_the_start_end_the_program_with_one_message();
     void a_recipe_that_cannot_be_saved_ends_the_program_with_one_message_data();
@@ -56,7 +57,8 @@ private:
     static bool wait_for(QProcess& process, const QByteArray& line);
     static void tell(QProcess& process, const QByteArray& command);
 
-    /// A process on the page of a recipe "Soup" whose title has got an unsaved "s" in front.
+    /// A process on the page of a recipe "Soup" whose title has got an unsaved "s" in front; null when it does not
+    /// get there.
     std::unique_ptr<QProcess> start_with_edited_recipe();
     /// From here on the settings can be neither read nor written.
     bool lose_settings() const;
@@ -129,11 +131,10 @@ std::unique_ptr<QProcess> tst_process::start_with_edited_recipe()
     prefs.set_pref(QStringLiteral("arcp"), QStringLiteral("1"));
     prefs.set_pref(QStringLiteral("lv_view"), QStringLiteral("0"));
     auto process = start(Probe::listens);
-    const bool up = wait_for(*process, main_window);
+    if (!wait_for(*process, main_window))
+        return nullptr;
     tell(*process, "type title s");
-    if (!up || !wait_for(*process, "line sSoup"))
-        QTest::qFail("the title could not be typed at", __FILE__, __LINE__);
-    return process;
+    return wait_for(*process, "line sSoup") ? std::move(process) : nullptr;
 }
 
 bool tst_process::lose_settings() const
@@ -283,6 +284,19 @@ void tst_process::a_read_only_store_of_settings_shows_the_message()
     QCOMPARE(bytes_of(database()), before);
 }
 
+void tst_process::the_probe_obeys_only_the_verbs_it_knows()
+{
+    const auto process = start(Probe::listens);
+    QVERIFY(wait_for(*process, main_window));
+    for (const QByteArray command : {"type mnu_view_rcp", "undo mnu_view_rcp", "do title"}) {
+        tell(*process, command);
+        QVERIFY2(wait_for(*process, "cannot " + command), command.constData());
+    }
+    tell(*process, "close");
+    QCOMPARE(lines_of(*process), QStringList());
+    QCOMPARE(process->exitCode(), 0);
+}
+
 void tst_process::settings_lost_after_the_start_end_the_program_with_one_message_data()
 {
     QTest::addColumn<QByteArray>("command");
@@ -319,6 +333,7 @@ void tst_process::a_recipe_that_cannot_be_saved_ends_the_program_with_one_messag
 {
     QFETCH(QByteArray, command);
     const auto process = start_with_edited_recipe();
+    QVERIFY(process);
     {
         SQLite::Database other(database().toStdString(), SQLite::OPEN_READWRITE);
         other.exec("BEGIN EXCLUSIVE");
@@ -334,6 +349,7 @@ void tst_process::a_recipe_that_cannot_be_saved_ends_the_program_with_one_messag
 void tst_process::an_error_with_an_edited_recipe_saves_nothing_behind_its_message()
 {
     const auto process = start_with_edited_recipe();
+    QVERIFY(process);
     QVERIFY(lose_settings());
     tell(*process, "do mnu_view_stock");
     const QStringList lines = lines_of(*process);

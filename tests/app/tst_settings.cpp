@@ -2,6 +2,7 @@
 #include "data/runtime_error.h"
 #include "support/child_process.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -53,6 +54,8 @@ private slots:
     void set_reg_writes_every_default_once();
     void set_reg_leaves_the_other_applications_alone();
     void a_write_is_in_the_file_at_once();
+    void a_value_that_is_there_already_leaves_the_file_alone();
+    void a_value_that_is_there_already_is_written_again_into_a_lost_file();
     void a_file_that_cannot_be_written_is_an_error();
     void a_file_without_permission_is_an_error();
     void a_file_that_cannot_be_read_is_an_error();
@@ -292,6 +295,35 @@ void tst_settings::a_write_is_in_the_file_at_once()
     settings.set_pref(QStringLiteral("font"), QStringLiteral("10"));
     QVERIFY(content().contains("prefs\\font=10"));
     QVERIFY(!content().contains("12"));
+}
+
+void tst_settings::a_value_that_is_there_already_leaves_the_file_alone()
+{
+    Settings settings(file());
+    settings.set_pref(QStringLiteral("font"), QStringLiteral("12"));
+    settings.set_pref(QStringLiteral("sort"), QString());
+    const QDateTime long_ago(QDate(2020, 2, 2), QTime(2, 2));
+    QFile written(file());
+    QVERIFY(written.open(QIODevice::ReadWrite) && written.setFileTime(long_ago, QFileDevice::FileModificationTime));
+    written.close();
+    const auto last_written = [this] { return QFileInfo(file()).lastModified(); };
+    QCOMPARE(last_written(), long_ago);
+
+    settings.set_pref(QStringLiteral("font"), QStringLiteral("12"));
+    settings.set_pref(QStringLiteral("sort"), QString());
+    QCOMPARE(last_written(), long_ago);
+    settings.set_pref(QStringLiteral("font"), QStringLiteral("012"));
+    QVERIFY(last_written() != long_ago);
+    QVERIFY(content().contains("prefs\\font=012"));
+}
+
+void tst_settings::a_value_that_is_there_already_is_written_again_into_a_lost_file()
+{
+    Settings settings(file());
+    settings.set_pref(QStringLiteral("font"), QStringLiteral("12"));
+    QVERIFY(QFile::remove(file()));
+    settings.set_pref(QStringLiteral("font"), QStringLiteral("12"));
+    QVERIFY(content().contains("prefs\\font=12"));
 }
 
 void tst_settings::a_file_that_cannot_be_written_is_an_error()

@@ -2,6 +2,7 @@
 #include "lists/placing.h"
 #include "recipes/line_fixture.h"
 #include "recipes/page_geometry.h"
+#include "shell/layout.h"
 
 #include <QClipboard>
 #include <QDialog>
@@ -85,6 +86,7 @@ private slots:
     void an_interrupted_statement_is_no_subscript();
     void a_failed_placing_does_not_save_an_edited_recipe();
     void a_full_page_does_not_save_an_edited_recipe();
+    void a_resize_behind_the_last_message_stores_nothing();
     void one_failure_gives_one_message();
 };
 
@@ -244,6 +246,25 @@ void tst_traps::a_full_page_does_not_save_an_edited_recipe()
     }
     QCOMPARE(w.ends, 1);
     QCOMPARE(w.text("SELECT r_name FROM recipe_1"), QStringLiteral("Soup"));
+}
+
+void tst_traps::a_resize_behind_the_last_message_stores_nothing()
+{
+    TestWindow window;
+    frmmain& main = window.load();
+    const QString width = window.pref(QStringLiteral("fwidth"));
+    const QRect pane = main.layout_manager().right_pane();
+    {
+        MessageScript script;
+        expect_shut_down(script, [&](QDialog&) {
+            main.resize(900, 650);
+            QCOMPARE(main.width(), 900);
+        });
+        main.placing().end_after_error(runtime_error(runtime_error::overflow, QStringLiteral("planted")));
+    }
+    QCOMPARE(window.ends, 1);
+    QCOMPARE(window.pref(QStringLiteral("fwidth")), width);
+    QCOMPARE(main.layout_manager().right_pane(), pane);
 }
 
 void tst_traps::one_failure_gives_one_message()

@@ -1,8 +1,9 @@
 // A plugin that Qt loads into the real program by QT_QPA_GENERIC_PLUGINS=message_probe. It prints what windows come
 // up, one line each, and answers every message box with its first button. With the environment variable
 // PROBE_CLOSES it closes the main window. With PROBE_LISTENS it is the user's hands: it takes one command a line
-// from the standard input, once the main window stands: "close", "do ACTION" (by object name), "type NAME TEXT"
-// (into a line of text).
+// from the standard input, once the main window stands. "close" closes the window; "ready" is printed back;
+// "do ACTION" triggers an enabled action by its object name; "type NAME TEXT" types into a visible line of text and
+// prints what it then holds. A command that it does not know or cannot do comes back behind "cannot".
 
 #include <QAction>
 #include <QCoreApplication>
@@ -82,14 +83,17 @@ private:
 
     static void obey(QMainWindow& window, const QString& command)
     {
+        const QString verb = command.section(u' ', 0, 0);
         const QString name = command.section(u' ', 1, 1);
+        auto* action = verb == QLatin1String("do") ? window.findChild<QAction*>(name) : nullptr;
+        auto* line = verb == QLatin1String("type") ? window.findChild<QLineEdit*>(name) : nullptr;
         if (command == QLatin1String("close")) {
             window.close();
         } else if (command == QLatin1String("ready")) {
             print(command);
-        } else if (auto* action = window.findChild<QAction*>(name); action && action->isEnabled()) {
+        } else if (action && action->isEnabled()) {
             action->trigger();
-        } else if (auto* line = window.findChild<QLineEdit*>(name); line && line->isVisible()) {
+        } else if (line && line->isVisible()) {
             line->setFocus();
             QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, command.section(u' ', 2));
             QCoreApplication::sendEvent(line, &press);

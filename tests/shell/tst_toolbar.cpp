@@ -432,15 +432,21 @@ void tst_toolbar::size_drop_down_sets_the_button_for_the_step_away_from_the_size
 void tst_toolbar::a_change_of_size_closes_the_open_row_first_data()
 {
     QTest::addColumn<QString>("command");
-    QTest::newRow("size button") << QString();
-    for (const char* command : {"mnu_more_sml", "mnu_more_mdm", "mnu_more_lrg"})
-        QTest::newRow(command) << QString::fromLatin1(command);
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("after");
+    QTest::newRow("size button") << QString() << 9 << 10;
+    QTest::newRow("mnu_more_sml") << QStringLiteral("mnu_more_sml") << 12 << 9;
+    QTest::newRow("mnu_more_mdm") << QStringLiteral("mnu_more_mdm") << 9 << 10;
+    QTest::newRow("mnu_more_lrg") << QStringLiteral("mnu_more_lrg") << 9 << 12;
 }
 
 void tst_toolbar::a_change_of_size_closes_the_open_row_first()
 {
     QFETCH(QString, command);
+    QFETCH(int, before);
+    QFETCH(int, after);
     EditingWindow w;
+    w.set_pref(QStringLiteral("font"), QString::number(before));
     w.rows(2);
     w.open();
     w.open_row(1);
@@ -453,7 +459,8 @@ void tst_toolbar::a_change_of_size_closes_the_open_row_first()
         QVERIFY(action.isEnabled());
         action.trigger();
     }
-    QCOMPARE(watch.sizes, QList<int>{9});
+    QCOMPARE(watch.sizes, QList<int>{before});
+    QCOMPARE(w.main().shared.type_size, after);
     QVERIFY(!w.editor().is_open());
     for (const char* box : {"desc_brdr", "qty_brdr", "aisle_brdr", "frmEditDel"})
         QVERIFY2(!w.shown(box), box);
