@@ -89,7 +89,7 @@ QLineEdit* item_box(Window& window)
     QTest::keyClick(box, Qt::Key_B);
     Window::settle();
     const auto* list = window->findChild<QWidget*>(QStringLiteral("ListIngred"));
-    if (!list || !list->isVisible())
+    if (!box->hasFocus() || !list || !list->isVisible())
         return nullptr;
     return box;
 }
