@@ -2,7 +2,7 @@
 
 #include "household_loader.h"
 
-#include "app/settings.h"
+#include "data/settings.h"
 #include "data/connection.h"
 #include "data/schema.h"
 

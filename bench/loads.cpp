@@ -4,16 +4,16 @@
 #include "measure.h"
 #include "window.h"
 
-#include "app/frmmain.h"
+#include "window/frmmain.h"
 #include "data/query.h"
-#include "lists/list_grid.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
 #include "lists/placing.h"
-#include "lists/row_editor.h"
-#include "lists/row_store.h"
-#include "shell/tree_view.h"
-#include "stock/item_store.h"
-#include "stock/l_item_edit.h"
+#include "widgets/row_editor.h"
+#include "household/row_store.h"
+#include "widgets/tree_view.h"
+#include "household/item_store.h"
+#include "dialogs/l_item_edit.h"
 #include "stock/stock_tree.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>

@@ -4,7 +4,7 @@
 #include "measure.h"
 
 #include "app/application.h"
-#include "app/frmmain.h"
+#include "window/frmmain.h"
 
 #include <QElapsedTimer>
 #include <QFile>

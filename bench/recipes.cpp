@@ -6,7 +6,7 @@
 #include "data/query.h"
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
-#include "shell/view_state.h"
+#include "window/view_state.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 

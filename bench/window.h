@@ -2,8 +2,8 @@
 
 #include "catalogue.h"
 
-#include "app/frmmain.h"
-#include "lists/list_grid.h"
+#include "window/frmmain.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
 
 #include <QApplication>

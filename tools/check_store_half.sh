@@ -19,11 +19,7 @@ qt_headers() {
 store_files() {
     local src=$1
     shopt -s nullglob
-    printf '%s\n' "$src"/data/*.cpp "$src"/*/*_store.cpp
-    local name
-    for name in app/settings app/integrity stock/status; do
-        [[ ! -f $src/$name.cpp ]] || echo "$src/$name.cpp"
-    done
+    printf '%s\n' "$src"/data/*.cpp "$src"/household/*.cpp
 }
 
 # Prints every window header that a store file of the source folder reaches; succeeds when there is none.
@@ -70,11 +66,11 @@ self_test() {
     local folder
     folder=$(mktemp -d)
     trap "rm -rf '$folder'" EXIT
-    mkdir -p "$folder/data" "$folder/lists"
+    mkdir -p "$folder/data" "$folder/household" "$folder/lists"
     printf '#include <QString>\nQString clean();\n' >"$folder/data/clean.cpp"
     check_includes "$folder" || { echo "self-test: a clean file was refused" >&2; return 1; }
 
-    printf '#include "lists/deep.h"\n' >"$folder/lists/row_store.cpp"
+    printf '#include "lists/deep.h"\n' >"$folder/household/row_store.cpp"
     printf '#include "lists/deeper.h"\n' >"$folder/lists/deep.h"
     printf '#include <QWidget>\n' >"$folder/lists/deeper.h"
     expect_refusal "$folder" "a widget header behind two headers"

@@ -1,6 +1,6 @@
 #include "app/environment.h"
 
-#include "app/settings.h"
+#include "data/settings.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>

@@ -1,6 +1,6 @@
 #include "app/frmsplash.h"
 
-#include "shell/pictures.h"
+#include "widgets/pictures.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
 #include "app/application.h"
 #include "app/environment.h"
-#include "app/frmmain.h"
-#include "app/message_box.h"
+#include "window/frmmain.h"
+#include "widgets/message_box.h"
 
 #include <QLockFile>
 

@@ -1,14 +1,14 @@
 #include "lists/clearing.h"
 
-#include "app/frmmain.h"
-#include "app/message_box.h"
-#include "app/update_lock.h"
-#include "lists/list_grid.h"
+#include "window/frmmain.h"
+#include "widgets/message_box.h"
+#include "widgets/update_lock.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "lists/list_store.h"
-#include "lists/row_editor.h"
+#include "household/list_store.h"
+#include "widgets/row_editor.h"
 #include "recipes/recipe_page.h"
-#include "stock/status.h"
+#include "household/status.h"
 #include "stock/stock_tree.h"
 
 #include <algorithm>

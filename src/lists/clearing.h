@@ -1,6 +1,6 @@
 #pragma once
 
-#include "lists/clearing_store.h"
+#include "household/clearing_store.h"
 
 namespace tarnwick {
 

@@ -1,15 +1,15 @@
 #include "lists/list_mouse.h"
 
-#include "app/frmmain.h"
-#include "app/update_lock.h"
+#include "window/frmmain.h"
+#include "widgets/update_lock.h"
 #include "lists/clearing.h"
-#include "lists/header_bar.h"
-#include "lists/list_grid.h"
+#include "widgets/header_bar.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
 #include "lists/placing.h"
-#include "lists/row_editor.h"
-#include "shell/commands.h"
-#include "stock/l_item_edit.h"
+#include "widgets/row_editor.h"
+#include "window/commands.h"
+#include "dialogs/l_item_edit.h"
 
 #include <QMenu>
 

@@ -1,16 +1,16 @@
 #include "lists/list_pane.h"
 
-#include "app/frmmain.h"
-#include "app/update_lock.h"
-#include "lists/column_layout.h"
-#include "lists/header_bar.h"
-#include "lists/list_grid.h"
-#include "lists/list_store.h"
-#include "lists/row_editor.h"
-#include "shell/commands.h"
-#include "shell/layout.h"
-#include "shell/pictures.h"
-#include "shell/toolbar.h"
+#include "window/frmmain.h"
+#include "widgets/update_lock.h"
+#include "widgets/column_layout.h"
+#include "widgets/header_bar.h"
+#include "widgets/list_grid.h"
+#include "household/list_store.h"
+#include "widgets/row_editor.h"
+#include "window/commands.h"
+#include "window/layout.h"
+#include "widgets/pictures.h"
+#include "window/toolbar.h"
 
 #include <QAction>
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/text.h"
-#include "lists/grid_row.h"
+#include "household/grid_row.h"
 
 #include <QObject>
 

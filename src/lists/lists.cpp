@@ -1,15 +1,15 @@
 #include "lists/lists.h"
 
-#include "app/frmmain.h"
-#include "app/message_box.h"
-#include "app/update_lock.h"
+#include "window/frmmain.h"
+#include "widgets/message_box.h"
+#include "widgets/update_lock.h"
 #include "lists/clearing.h"
-#include "lists/header_bar.h"
+#include "widgets/header_bar.h"
 #include "lists/list_pane.h"
-#include "recipes/new_item_rcp.h"
+#include "dialogs/new_item_rcp.h"
 #include "recipes/recipe_page.h"
-#include "shell/commands.h"
-#include "stock/status.h"
+#include "window/commands.h"
+#include "household/status.h"
 
 #include <QAction>
 #include <QCheckBox>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "lists/lists_store.h"
+#include "household/lists_store.h"
 
 #include <QObject>
 

@@ -1,11 +1,11 @@
 #include "lists/main_row_editor_host.h"
 
-#include "app/frmmain.h"
-#include "lists/list_grid.h"
+#include "window/frmmain.h"
+#include "widgets/list_grid.h"
 #include "lists/list_mouse.h"
 #include "lists/list_pane.h"
-#include "lists/row_store.h"
-#include "stock/status.h"
+#include "household/row_store.h"
+#include "household/status.h"
 
 namespace tarnwick {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "lists/row_editor.h"
+#include "widgets/row_editor.h"
 
 namespace tarnwick {
 

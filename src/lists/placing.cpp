@@ -1,16 +1,16 @@
 #include "lists/placing.h"
 
-#include "app/frmmain.h"
-#include "app/message_box.h"
+#include "window/frmmain.h"
+#include "widgets/message_box.h"
 #include "data/runtime_error.h"
-#include "lists/list_grid.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "lists/list_store.h"
-#include "lists/row_editor.h"
+#include "household/list_store.h"
+#include "widgets/row_editor.h"
 #include "recipes/recipe_page.h"
 #include "stock/floating_buttons.h"
-#include "stock/l_item_edit.h"
-#include "stock/status.h"
+#include "dialogs/l_item_edit.h"
+#include "household/status.h"
 #include "stock/stock_tree.h"
 
 #include <QApplication>

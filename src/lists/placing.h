@@ -1,6 +1,6 @@
 #pragma once
 
-#include "lists/placing_store.h"
+#include "household/placing_store.h"
 
 namespace tarnwick {
 

@@ -1,14 +1,14 @@
 #include "recipes/ingredients.h"
 
-#include "app/frmmain.h"
-#include "app/message_box.h"
+#include "window/frmmain.h"
+#include "widgets/message_box.h"
 #include "data/runtime_error.h"
-#include "recipes/ingredient_store.h"
+#include "household/ingredient_store.h"
 #include "recipes/line_editor.h"
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
 #include "stock/floating_buttons.h"
-#include "stock/status.h"
+#include "household/status.h"
 
 #include <QLineEdit>
 #include <QScrollBar>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/text.h"
-#include "recipes/recipe_store.h"
+#include "household/recipe_store.h"
 
 #include <QString>
 

@@ -1,9 +1,9 @@
 #include "recipes/line_editor.h"
 
-#include "app/frmmain.h"
-#include "app/update_lock.h"
-#include "lists/row_editor.h"
-#include "lists/row_editor_controls.h"
+#include "window/frmmain.h"
+#include "widgets/update_lock.h"
+#include "widgets/row_editor.h"
+#include "widgets/row_editor_controls.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_widgets.h"
 #include "recipes/lost_click.h"
@@ -11,10 +11,10 @@
 #include "recipes/page_text.h"
 #include "recipes/pick_list.h"
 #include "recipes/recipe_page.h"
-#include "shell/commands.h"
-#include "shell/last_press.h"
-#include "shell/tool_tip.h"
-#include "stock/status.h"
+#include "window/commands.h"
+#include "widgets/last_press.h"
+#include "widgets/tool_tip.h"
+#include "household/status.h"
 
 #include <QApplication>
 #include <QFrame>

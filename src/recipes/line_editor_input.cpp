@@ -1,19 +1,19 @@
 #include "recipes/line_editor.h"
 
-#include "app/busy_pointer.h"
-#include "app/frmmain.h"
-#include "app/message_box.h"
-#include "lists/row_editor_controls.h"
+#include "widgets/busy_pointer.h"
+#include "window/frmmain.h"
+#include "widgets/message_box.h"
+#include "widgets/row_editor_controls.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_widgets.h"
 #include "recipes/lost_click.h"
 #include "recipes/page_text.h"
 #include "recipes/pick_list.h"
 #include "recipes/recipe_page.h"
-#include "shell/tool_tip.h"
-#include "shell/tree_view.h"
-#include "stock/l_item_edit.h"
-#include "stock/status.h"
+#include "widgets/tool_tip.h"
+#include "widgets/tree_view.h"
+#include "dialogs/l_item_edit.h"
+#include "household/status.h"
 
 #include <QApplication>
 #include <QFocusEvent>

@@ -1,7 +1,7 @@
 #include "recipes/line_widgets.h"
 
-#include "shell/last_press.h"
-#include "shell/pictures.h"
+#include "widgets/last_press.h"
+#include "widgets/pictures.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

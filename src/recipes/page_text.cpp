@@ -1,7 +1,7 @@
 #include "recipes/page_text.h"
 
 #include "data/text.h"
-#include "recipes/recipe_store.h"
+#include "household/recipe_store.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>

@@ -1,8 +1,8 @@
 #include "recipes/pick_list.h"
 
-#include "app/update_lock.h"
+#include "widgets/update_lock.h"
 #include "recipes/page_text.h"
-#include "shell/last_press.h"
+#include "widgets/last_press.h"
 
 #include <QAbstractListModel>
 #include <QFocusEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "recipes/ingredient_store.h"
+#include "household/ingredient_store.h"
 
 #include <QListView>
 

@@ -2,8 +2,8 @@
 
 #include "recipes/line_widgets.h"
 #include "recipes/page_geometry.h"
-#include "shell/tool_tip.h"
-#include "stock/status.h"
+#include "widgets/tool_tip.h"
+#include "household/status.h"
 
 #include <algorithm>
 

@@ -1,18 +1,18 @@
 #include "recipes/recipe_page.h"
 
-#include "app/frmmain.h"
-#include "app/message_box.h"
-#include "app/update_lock.h"
+#include "window/frmmain.h"
+#include "widgets/message_box.h"
+#include "widgets/update_lock.h"
 #include "recipes/line_widgets.h"
 #include "recipes/lost_click.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
-#include "recipes/recipe_store.h"
+#include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
-#include "shell/layout.h"
-#include "shell/toolbar.h"
-#include "shell/tree_view.h"
-#include "stock/status.h"
+#include "window/layout.h"
+#include "window/toolbar.h"
+#include "widgets/tree_view.h"
+#include "household/status.h"
 
 #include <QApplication>
 #include <QFocusEvent>

@@ -1,9 +1,9 @@
 #include "recipes/recipe_page.h"
 
-#include "app/frmmain.h"
+#include "window/frmmain.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_editor.h"
-#include "shell/commands.h"
+#include "window/commands.h"
 
 #include <QAction>
 #include <QShortcut>

@@ -1,14 +1,14 @@
 #include "recipes/recipe_page.h"
 
-#include "app/frmmain.h"
-#include "lists/list_grid.h"
+#include "window/frmmain.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "lists/list_store.h"
+#include "household/list_store.h"
 #include "recipes/line_widgets.h"
-#include "recipes/recipe_store.h"
-#include "shell/tree_view.h"
-#include "stock/l_item_edit.h"
-#include "stock/status.h"
+#include "household/recipe_store.h"
+#include "widgets/tree_view.h"
+#include "dialogs/l_item_edit.h"
+#include "household/status.h"
 #include "stock/stock_tree.h"
 
 #include <QLabel>

@@ -1,15 +1,15 @@
 #include "recipes/recipe_tree.h"
 
-#include "app/frmmain.h"
-#include "app/message_box.h"
-#include "recipes/new_item_rcp.h"
+#include "window/frmmain.h"
+#include "widgets/message_box.h"
+#include "dialogs/new_item_rcp.h"
 #include "recipes/page_text.h"
-#include "recipes/recipe_categories.h"
+#include "household/recipe_categories.h"
 #include "recipes/recipe_page.h"
-#include "recipes/recipe_store.h"
-#include "shell/commands.h"
-#include "shell/tree_view.h"
-#include "shell/view_state.h"
+#include "household/recipe_store.h"
+#include "window/commands.h"
+#include "widgets/tree_view.h"
+#include "window/view_state.h"
 
 #include <QList>
 

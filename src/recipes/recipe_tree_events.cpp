@@ -1,12 +1,12 @@
 #include "recipes/recipe_tree.h"
 
-#include "app/frmmain.h"
-#include "app/message_box.h"
+#include "window/frmmain.h"
+#include "widgets/message_box.h"
 #include "lists/list_pane.h"
 #include "recipes/recipe_page.h"
-#include "shell/commands.h"
-#include "shell/tree_view.h"
-#include "shell/view_state.h"
+#include "window/commands.h"
+#include "widgets/tree_view.h"
+#include "window/view_state.h"
 
 #include <QCursor>
 #include <QMenu>

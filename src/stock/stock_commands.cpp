@@ -1,11 +1,11 @@
 #include "stock/stock_commands.h"
 
-#include "app/frmmain.h"
-#include "recipes/new_item_rcp.h"
+#include "window/frmmain.h"
+#include "dialogs/new_item_rcp.h"
 #include "recipes/recipe_page.h"
-#include "shell/tree_view.h"
-#include "stock/item_store.h"
-#include "stock/l_item_edit.h"
+#include "widgets/tree_view.h"
+#include "household/item_store.h"
+#include "dialogs/l_item_edit.h"
 #include "stock/stock_tree.h"
 
 namespace tarnwick {

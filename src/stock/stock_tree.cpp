@@ -1,15 +1,15 @@
 #include "stock/stock_tree.h"
 
-#include "app/busy_pointer.h"
-#include "app/frmmain.h"
-#include "shell/toolbar.h"
-#include "shell/tree_view.h"
-#include "shell/view_state.h"
-#include "stock/category_store.h"
+#include "widgets/busy_pointer.h"
+#include "window/frmmain.h"
+#include "window/toolbar.h"
+#include "widgets/tree_view.h"
+#include "window/view_state.h"
+#include "household/category_store.h"
 #include "stock/floating_buttons.h"
-#include "stock/status.h"
+#include "household/status.h"
 #include "stock/stock_commands.h"
-#include "stock/stock_store.h"
+#include "household/stock_store.h"
 
 #include <QHash>
 #include <QScopedValueRollback>

@@ -1,19 +1,19 @@
 #include "stock/stock_tree.h"
 
-#include "app/frmmain.h"
-#include "lists/list_grid.h"
+#include "window/frmmain.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "lists/list_store.h"
+#include "household/list_store.h"
 #include "lists/placing.h"
 #include "recipes/recipe_page.h"
-#include "shell/commands.h"
-#include "shell/tree_view.h"
-#include "shell/view_state.h"
+#include "window/commands.h"
+#include "widgets/tree_view.h"
+#include "window/view_state.h"
 #include "stock/floating_buttons.h"
-#include "stock/l_item_edit.h"
-#include "stock/status.h"
+#include "dialogs/l_item_edit.h"
+#include "household/status.h"
 #include "stock/stock_commands.h"
-#include "stock/stock_store.h"
+#include "household/stock_store.h"
 
 #include <QMenu>
 

@@ -1,4 +1,4 @@
-#include "app/integrity.h"
+#include "data/integrity.h"
 #include "data/query.h"
 #include "lists/clearing.h"
 #include "support/message_script.h"

@@ -1,4 +1,4 @@
-#include "app/settings.h"
+#include "data/settings.h"
 #include "data/runtime_error.h"
 #include "support/child_process.h"
 

@@ -2,7 +2,7 @@
 #include "lists/placing.h"
 #include "recipes/line_fixture.h"
 #include "recipes/page_geometry.h"
-#include "shell/layout.h"
+#include "window/layout.h"
 
 #include <QClipboard>
 #include <QDialog>

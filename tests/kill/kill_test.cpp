@@ -4,7 +4,7 @@
 #include "kill/kill_model.h"
 #include "kill/kill_user.h"
 
-#include "app/frmmain.h"
+#include "window/frmmain.h"
 #include "data/query.h"
 #include "data/schema.h"
 #include "data/runtime_error.h"

@@ -1,10 +1,10 @@
 #include "kill/kill_user.h"
 
-#include "app/frmmain.h"
-#include "lists/list_grid.h"
+#include "window/frmmain.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "shell/commands.h"
-#include "shell/tree_view.h"
+#include "window/commands.h"
+#include "widgets/tree_view.h"
 #include "stock/stock_tree.h"
 
 #include <QAction>

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "data/query.h"
-#include "lists/header_bar.h"
-#include "lists/list_grid.h"
+#include "widgets/header_bar.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "lists/row_editor.h"
+#include "widgets/row_editor.h"
 #include "support/test_window.h"
 
 #include <QAbstractButton>

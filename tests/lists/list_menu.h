@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/commands.h"
+#include "window/commands.h"
 #include "support/message_script.h"
 #include "support/test_window.h"
 

@@ -1,7 +1,7 @@
-#include "lists/column_layout.h"
-#include "lists/header_bar.h"
-#include "lists/list_grid.h"
-#include "lists/list_store.h"
+#include "widgets/column_layout.h"
+#include "widgets/header_bar.h"
+#include "widgets/list_grid.h"
+#include "household/list_store.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "lists/editing_window.h"
-#include "shell/commands.h"
-#include "shell/status_panels.h"
+#include "window/commands.h"
+#include "window/status_panels.h"
 
 #include <QMenu>
 

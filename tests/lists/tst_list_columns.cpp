@@ -1,5 +1,5 @@
 #include "lists/editing_window.h"
-#include "shell/layout.h"
+#include "window/layout.h"
 
 #include <QFrame>
 #include <QMouseEvent>

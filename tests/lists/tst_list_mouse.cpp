@@ -1,5 +1,5 @@
 #include "lists/editing_window.h"
-#include "shell/commands.h"
+#include "window/commands.h"
 #include "support/message_script.h"
 
 #include <QAction>

@@ -1,4 +1,4 @@
-#include "lists/lists_store.h"
+#include "household/lists_store.h"
 #include "support/table_dump.h"
 #include "support/test_window.h"
 

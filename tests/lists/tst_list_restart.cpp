@@ -1,4 +1,4 @@
-#include "lists/list_grid.h"
+#include "widgets/list_grid.h"
 #include "lists/list_menu.h"
 #include "lists/list_pane.h"
 

@@ -1,6 +1,6 @@
 #include "data/query.h"
 #include "data/runtime_error.h"
-#include "lists/list_store.h"
+#include "household/list_store.h"
 #include "support/test_window.h"
 #include "support/error_number.h"
 

@@ -1,6 +1,6 @@
 #include "data/query.h"
-#include "lists/header_bar.h"
-#include "lists/list_grid.h"
+#include "widgets/header_bar.h"
+#include "widgets/list_grid.h"
 #include "lists/list_menu.h"
 #include "lists/list_pane.h"
 #include "lists/lists.h"

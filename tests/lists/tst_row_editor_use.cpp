@@ -1,7 +1,7 @@
 #include "lists/editing_window.h"
-#include "shell/commands.h"
-#include "shell/pictures.h"
-#include "shell/tree_view.h"
+#include "window/commands.h"
+#include "widgets/pictures.h"
+#include "widgets/tree_view.h"
 
 #include <QClipboard>
 #include <QMenu>

@@ -1,5 +1,5 @@
 #include "data/query.h"
-#include "lists/row_store.h"
+#include "household/row_store.h"
 #include "support/test_window.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>

@@ -1,6 +1,6 @@
 #include "recipes/line_fixture.h"
 
-#include "stock/status.h"
+#include "household/status.h"
 
 #include <QMessageBox>
 #include <QToolButton>

@@ -1,10 +1,10 @@
-#include "recipes/ingredient_store.h"
+#include "household/ingredient_store.h"
 
 #include "data/keys.h"
 #include "data/query.h"
 #include "data/runtime_error.h"
 #include "data/schema.h"
-#include "stock/status.h"
+#include "household/status.h"
 #include "support/error_number.h"
 
 #include <QTemporaryDir>

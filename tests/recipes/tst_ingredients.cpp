@@ -1,9 +1,9 @@
 #include "recipes/line_fixture.h"
 
 #include "recipes/page_geometry.h"
-#include "shell/toolbar.h"
+#include "window/toolbar.h"
 #include "stock/floating_buttons.h"
-#include "stock/status.h"
+#include "household/status.h"
 
 #include <QMenu>
 #include <QMessageBox>

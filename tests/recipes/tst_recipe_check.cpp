@@ -1,9 +1,9 @@
 #include "recipes/recipe_fixture.h"
 
-#include "lists/list_grid.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
 #include "recipes/page_geometry.h"
-#include "stock/status.h"
+#include "household/status.h"
 #include "support/table_dump.h"
 
 #include <QDialog>

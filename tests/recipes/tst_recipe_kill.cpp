@@ -1,8 +1,8 @@
 #include "data/connection.h"
 #include "data/query.h"
 #include "data/schema.h"
-#include "recipes/ingredient_store.h"
-#include "recipes/recipe_store.h"
+#include "household/ingredient_store.h"
+#include "household/recipe_store.h"
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>

@@ -1,10 +1,10 @@
 #include "recipes/recipe_fixture.h"
 
 #include "lists/clearing.h"
-#include "lists/list_grid.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "shell/view_state.h"
-#include "stock/status.h"
+#include "window/view_state.h"
+#include "household/status.h"
 
 using namespace tarnwick;
 

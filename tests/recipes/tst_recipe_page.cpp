@@ -2,7 +2,7 @@
 
 #include "data/runtime_error.h"
 #include "recipes/page_geometry.h"
-#include "stock/status.h"
+#include "household/status.h"
 #include "support/error_number.h"
 
 using namespace tarnwick;

@@ -1,4 +1,4 @@
-#include "recipes/recipe_store.h"
+#include "household/recipe_store.h"
 
 #include "data/query.h"
 #include "data/schema.h"

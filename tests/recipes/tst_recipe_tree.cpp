@@ -1,7 +1,7 @@
 #include "recipes/recipe_fixture.h"
 
 #include "data/runtime_error.h"
-#include "recipes/recipe_categories.h"
+#include "household/recipe_categories.h"
 #include "support/error_number.h"
 #include "support/table_dump.h"
 

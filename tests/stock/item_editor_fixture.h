@@ -1,11 +1,11 @@
 #pragma once
 
 #include "data/query.h"
-#include "lists/list_grid.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "shell/status_panels.h"
-#include "shell/tree_view.h"
-#include "stock/l_item_edit.h"
+#include "window/status_panels.h"
+#include "widgets/tree_view.h"
+#include "dialogs/l_item_edit.h"
 #include "stock/stock_tree.h"
 #include "support/message_script.h"
 #include "support/test_window.h"

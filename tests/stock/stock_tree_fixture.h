@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/frmmain.h"
+#include "window/frmmain.h"
 #include "data/query.h"
-#include "shell/commands.h"
-#include "shell/status_panels.h"
-#include "shell/tree_view.h"
+#include "window/commands.h"
+#include "window/status_panels.h"
+#include "widgets/tree_view.h"
 #include "stock/floating_buttons.h"
 #include "stock/stock_tree.h"
 #include "support/test_window.h"

@@ -1,5 +1,5 @@
-#include "recipes/move_item.h"
-#include "recipes/new_item_rcp.h"
+#include "dialogs/move_item.h"
+#include "dialogs/new_item_rcp.h"
 #include "recipes/recipe_tree.h"
 #include "stock/item_editor_fixture.h"
 #include "support/table_dump.h"

@@ -1,8 +1,8 @@
 #include "stock/item_editor_fixture.h"
 
-#include "recipes/move_item.h"
-#include "shell/commands.h"
-#include "stock/status.h"
+#include "dialogs/move_item.h"
+#include "window/commands.h"
+#include "household/status.h"
 
 #include <QAction>
 #include <QTextBrowser>

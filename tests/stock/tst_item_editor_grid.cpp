@@ -1,6 +1,6 @@
 #include "stock/item_editor_fixture.h"
 
-#include "stock/status.h"
+#include "household/status.h"
 
 #include <QCalendarWidget>
 #include <QSpinBox>

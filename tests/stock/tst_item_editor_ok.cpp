@@ -1,10 +1,10 @@
 #include "stock/item_editor_fixture.h"
 
-#include "lists/row_editor.h"
+#include "widgets/row_editor.h"
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
 #include "stock/floating_buttons.h"
-#include "stock/status.h"
+#include "household/status.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 

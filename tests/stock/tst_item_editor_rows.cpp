@@ -1,7 +1,7 @@
 #include "stock/item_editor_fixture.h"
 
 #include "lists/placing.h"
-#include "stock/status.h"
+#include "household/status.h"
 
 #include <QAbstractItemView>
 #include <QDate>

@@ -3,8 +3,8 @@
 #include "lists/list_menu.h"
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
-#include "shell/toolbar.h"
-#include "stock/status.h"
+#include "window/toolbar.h"
+#include "household/status.h"
 
 #include <QToolButton>
 

@@ -1,7 +1,7 @@
-#include "stock/item_store.h"
+#include "household/item_store.h"
 
 #include "data/query.h"
-#include "stock/status.h"
+#include "household/status.h"
 #include "support/test_window.h"
 
 #include <SQLiteCpp/Exception.h>

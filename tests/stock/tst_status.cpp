@@ -1,5 +1,5 @@
 #include "data/query.h"
-#include "stock/status.h"
+#include "household/status.h"
 #include "support/test_window.h"
 
 #include <QTest>

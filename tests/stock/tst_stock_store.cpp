@@ -1,5 +1,5 @@
 #include "data/query.h"
-#include "stock/stock_store.h"
+#include "household/stock_store.h"
 #include "support/test_window.h"
 
 #include <QTest>

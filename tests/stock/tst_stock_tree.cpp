@@ -1,5 +1,5 @@
 #include "data/runtime_error.h"
-#include "shell/view_state.h"
+#include "window/view_state.h"
 #include "stock/stock_tree_fixture.h"
 #include "support/error_number.h"
 

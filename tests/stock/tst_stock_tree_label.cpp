@@ -1,6 +1,6 @@
-#include "lists/list_grid.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "lists/row_editor.h"
+#include "widgets/row_editor.h"
 #include "stock/stock_tree_fixture.h"
 #include "support/message_script.h"
 

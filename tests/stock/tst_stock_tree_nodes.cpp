@@ -1,5 +1,5 @@
 #include "data/runtime_error.h"
-#include "stock/category_store.h"
+#include "household/category_store.h"
 #include "stock/stock_tree_fixture.h"
 #include "support/error_number.h"
 #include "support/message_script.h"

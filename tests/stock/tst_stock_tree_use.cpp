@@ -1,7 +1,7 @@
-#include "lists/list_grid.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "lists/row_editor.h"
-#include "stock/status.h"
+#include "widgets/row_editor.h"
+#include "household/status.h"
 #include "stock/stock_tree_fixture.h"
 #include "support/message_script.h"
 

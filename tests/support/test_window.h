@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/environment.h"
-#include "app/frmmain.h"
+#include "window/frmmain.h"
 
 #include <QTemporaryDir>
 #include <QUrl>

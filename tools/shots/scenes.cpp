@@ -2,13 +2,13 @@
 
 #include "shots/studio.h"
 
-#include "app/frmmain.h"
-#include "lists/list_grid.h"
+#include "window/frmmain.h"
+#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
 #include "recipes/recipe_page.h"
-#include "shell/commands.h"
-#include "shell/tree_view.h"
-#include "stock/l_item_edit.h"
+#include "window/commands.h"
+#include "widgets/tree_view.h"
+#include "dialogs/l_item_edit.h"
 #include "stock/stock_tree.h"
 
 #include <QAction>

@@ -1,8 +1,8 @@
 #include "shots/studio.h"
 
-#include "app/frmmain.h"
+#include "window/frmmain.h"
 #include "data/schema.h"
-#include "shell/tree_view.h"
+#include "widgets/tree_view.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,0 +1,203 @@
+#include "dialogs/new_item_rcp.h"
+
+#include "window/frmmain.h"
+#include "widgets/message_box.h"
+#include "lists/lists.h"
+#include "household/lists_store.h"
+#include "household/recipe_categories.h"
+#include "household/recipe_store.h"
+#include "recipes/recipe_tree.h"
+#include "widgets/tree_view.h"
+#include "household/category_store.h"
+#include "stock/stock_tree.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace tarnwick {
+namespace {
+
+constexpr int icon_size = 32;
+constexpr int text_width = 300;
+
+} // namespace
+
+new_item_rcp::new_item_rcp(frmmain& main, QWidget* owner)
+    : QDialog(owner)
+    , main_(main)
+    , kind_(main.shared.dialog_kind)
+{
+    setObjectName(QStringLiteral("new_item_rcp"));
+    setModal(true);
+    make_controls();
+    place_controls();
+    if (kind_ == naming::list)
+        show_kind(QStringLiteral("New shopping list"), QStringLiteral("Enter a name for your shopping list"),
+                  QStringLiteral("list.ico"));
+    else if (kind_ == naming::category)
+        show_kind(QStringLiteral("New stock category"), QStringLiteral("Enter a name for your stock category"),
+                  QStringLiteral("fldr_1.ico"));
+    else
+        show_kind(QStringLiteral("New recipe"), QStringLiteral("Enter a name for your recipe"),
+                  QStringLiteral("recipe.ico"));
+    set_type_size();
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void new_item_rcp::make_controls()
+{
+    Text1_ = new QLineEdit(this);
+    Text1_->setObjectName(QStringLiteral("Text1"));
+    Text1_->setMinimumWidth(text_width);
+    Combo1_ = new QComboBox(this);
+    Combo1_->setObjectName(QStringLiteral("Combo1"));
+    for (int i = 0; i < 2; ++i) {
+        Label1_[i] = new QLabel(this);
+        Label1_[i]->setObjectName(QStringLiteral("Label1(%1)").arg(i));
+        Picture1_[i] = new QLabel(this);
+        Picture1_[i]->setObjectName(QStringLiteral("Picture1(%1)").arg(i));
+        Command1_[i] = new QPushButton(i == 0 ? QStringLiteral("OK") : QStringLiteral("CANCEL"), this);
+        Command1_[i]->setObjectName(QStringLiteral("Command1(%1)").arg(i));
+    }
+    Label1_[1]->setText(QStringLiteral("Select a recipe category:"));
+    Command1_[0]->setDefault(true);
+    Command1_[0]->setEnabled(false);
+    connect(Text1_, &QLineEdit::textChanged, this,
+            [this](const QString& text) { Command1_[0]->setEnabled(!trim(text).isEmpty()); });
+    connect(Command1_[0], &QPushButton::clicked, this, &new_item_rcp::ok);
+    connect(Command1_[1], &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void new_item_rcp::place_controls()
+{
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
+    for (QPushButton* button : Command1_)
+        buttons->addWidget(button);
+
+    auto* rows = new QGridLayout(this);
+    rows->setContentsMargins(18, 16, 18, 16);
+    rows->setHorizontalSpacing(14);
+    rows->setVerticalSpacing(6);
+    rows->addWidget(Picture1_[0], 0, 0, 2, 1, Qt::AlignTop);
+    rows->addWidget(Label1_[0], 0, 1);
+    rows->addWidget(Text1_, 1, 1);
+    rows->setRowMinimumHeight(2, 6);
+    if (kind_ == naming::recipe) {
+        rows->addWidget(Picture1_[1], 3, 0, 2, 1, Qt::AlignTop | Qt::AlignHCenter);
+        rows->addWidget(Label1_[1], 3, 1);
+        rows->addWidget(Combo1_, 4, 1);
+        rows->addLayout(buttons, 4, 2);
+    } else {
+        rows->addLayout(buttons, 3, 0, 1, 2, Qt::AlignHCenter);
+    }
+}
+
+void new_item_rcp::show_kind(const QString& caption, const QString& prompt, const QString& icon)
+{
+    setWindowTitle(caption);
+    Label1_[0]->setText(prompt);
+    const QString file = main_.environment().icon_file(icon);
+    const bool has_icon = QFile::exists(file);
+    if (has_icon)
+        Picture1_[0]->setPixmap(QIcon(file).pixmap(QSize(icon_size, icon_size), devicePixelRatioF()));
+    Picture1_[0]->setVisible(has_icon);
+    const bool recipe = kind_ == naming::recipe;
+    if (recipe)
+        fill_categories();
+    Picture1_[1]->setVisible(recipe);
+    Label1_[1]->setVisible(recipe);
+    Combo1_->setVisible(recipe);
+}
+
+void new_item_rcp::fill_categories()
+{
+    for (const QString& caption : recipe_categories())
+        Combo1_->addItem(caption);
+    constexpr int folder_picture = 3;
+    Picture1_[1]->setPixmap(list_image(ImageList::recipe_tree, folder_picture, devicePixelRatioF()));
+
+    int index = 0;
+    const QTreeWidgetItem* node = main_.recipe_tree().view().selected();
+    if (!main_.shared.stock_view && node) {
+        if (!TreeView::key(node).startsWith(QLatin1String("rcat")))
+            node = node->parent();
+        if (node)
+            index = TreeView::key(node).mid(4).toInt() - 1;
+    }
+    Combo1_->setCurrentIndex(index);
+}
+
+void new_item_rcp::set_type_size()
+{
+    const int size = main_.shared.type_size == 9 ? 9 : 10;
+    for (QWidget* control : {static_cast<QWidget*>(Label1_[0]), static_cast<QWidget*>(Label1_[1]),
+                             static_cast<QWidget*>(Combo1_), static_cast<QWidget*>(Command1_[0]),
+                             static_cast<QWidget*>(Command1_[1]), static_cast<QWidget*>(Text1_)}) {
+        QFont font = control->font();
+        font.setPointSize(size);
+        control->setFont(font);
+    }
+}
+
+void new_item_rcp::ok()
+{
+    QString name = Text1_->text();
+    if (trim(name).isEmpty())
+        return;
+    strip_apostrophes(name);
+    name = trim(name);
+    Text1_->setText(name);
+    bool done = false;
+    if (kind_ == naming::list)
+        done = ok_list(name);
+    else if (kind_ == naming::category)
+        done = ok_category(name);
+    else
+        done = ok_recipe(name);
+    if (done)
+        accept();
+}
+
+bool new_item_rcp::ok_list(const QString& name)
+{
+    if (list_name_taken(main_.connection(), name)) {
+        msg_box(this,
+                QStringLiteral("There is already a list named \n") + name
+                    + QStringLiteral(":\nPlease provide a different name\nfor your new list - or CANCEL"),
+                box::information, QStringLiteral("Valora info"));
+        return false;
+    }
+    made_ = insert_list(main_.connection(), name, main_.today());
+    main_.lists().list_made(made_);
+    return true;
+}
+
+bool new_item_rcp::ok_recipe(const QString& name)
+{
+    if (name.isEmpty())
+        return false;
+    const QString category = recipe_category(Combo1_->currentIndex());
+    made_ = insert_recipe(main_.connection(), name, category);
+    main_.recipe_tree().recipe_made(made_, name, category);
+    return true;
+}
+
+bool new_item_rcp::ok_category(const QString& name)
+{
+    if (category_name_taken(main_.connection(), name)) {
+        msg_box(this, QStringLiteral("There is already a stock \ncategory named ") + name, box::ok,
+                QStringLiteral("Stock category"));
+        return false;
+    }
+    made_ = insert_category(main_.connection(), name);
+    main_.stock_tree().add_category_node(made_, name);
+    return true;
+}
+
+} // namespace tarnwick

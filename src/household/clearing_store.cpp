@@ -1,0 +1,123 @@
+#include "household/clearing_store.h"
+
+#include "data/integrity.h"
+#include "data/query.h"
+#include "household/status.h"
+
+#include <string_view>
+#include <unordered_set>
+
+namespace tarnwick {
+namespace {
+
+struct LinkedRow {
+    Key groc_key;
+    Key item;
+};
+
+std::string_view rows_sql(int mode)
+{
+    switch (mode) {
+    case clear_mode::uncheck:
+        return "SELECT g1.key_id, t.item_id FROM groc_1 g1, tie t"
+               " WHERE g1.key_id = t.groc_id AND t.list = ? AND g1.to_get <> 0";
+    case clear_mode::delete_unchecked:
+        return "SELECT g1.key_id, t.item_id FROM groc_1 g1, tie t"
+               " WHERE g1.key_id = t.groc_id AND t.list = ? AND g1.to_get = 0";
+    default:
+        return "SELECT g1.key_id, t.item_id FROM groc_1 g1, tie t WHERE g1.key_id = t.groc_id AND t.list = ?";
+    }
+}
+
+std::vector<LinkedRow> rows_to_clear(Connection& connection, Key list, int mode)
+{
+    std::vector<LinkedRow> rows;
+    Query query(connection, rows_sql(mode), list);
+    while (query.next())
+        rows.push_back({query.key(0), query.key(1)});
+    return rows;
+}
+
+void run_for_rows(Connection& connection, std::string_view sql, const std::vector<LinkedRow>& rows)
+{
+    Query query(connection, sql);
+    for (const LinkedRow& row : rows) {
+        query.bind(1, row.groc_key);
+        query.run();
+        query.reset();
+    }
+}
+
+/// The stock items behind cleared rows: no longer to be bought, with the status that is now theirs.
+std::vector<ItemStatus> write_items(Connection& connection, const std::vector<LinkedRow>& rows)
+{
+    std::vector<ItemStatus> items;
+    std::unordered_set<Key> seen;
+    for (const LinkedRow& row : rows) {
+        if (!seen.insert(row.item).second)
+            continue;
+        if (Query(connection, "UPDATE items_1 SET to_get = 0 WHERE key_id = ?", row.item).run() > 0)
+            items.push_back({row.item, write_status(connection, row.item)});
+    }
+    return items;
+}
+
+} // namespace
+
+bool has_rows_to_clear(Connection& connection, Key list, int mode)
+{
+    return Query(connection, rows_sql(mode), list).next();
+}
+
+std::vector<ItemStatus> clear_rows(Connection& connection, Key list, int mode)
+{
+    Transaction transaction(connection);
+    std::vector<ItemStatus> items;
+    const std::vector<LinkedRow> rows = rows_to_clear(connection, list, mode);
+    if (!rows.empty()) {
+        if (mode == clear_mode::uncheck) {
+            run_for_rows(connection, "UPDATE groc_1 SET to_get = 0 WHERE key_id = ?", rows);
+        } else {
+            run_for_rows(connection, "DELETE FROM tie WHERE groc_id = ?", rows);
+            run_for_rows(connection, "DELETE FROM groc_1 WHERE key_id = ?", rows);
+        }
+        items = write_items(connection, rows);
+        data_integrity_check(connection);
+    }
+    transaction.commit();
+    return items;
+}
+
+std::optional<ItemStatus> delete_list_row(Connection& connection, Key groc_key)
+{
+    Transaction transaction(connection);
+    std::optional<ItemStatus> item;
+    Query(connection, "DELETE FROM groc_1 WHERE key_id = ?", groc_key).run();
+    std::optional<LinkedRow> link;
+    std::optional<Key> tie_key;
+    {
+        Query tie(connection, "SELECT t.key_id, t.item_id FROM tie t WHERE t.groc_id = ?", groc_key);
+        if (tie.next()) {
+            tie_key = tie.key(0);
+            link = LinkedRow{groc_key, tie.key(1)};
+        }
+    }
+    if (link) {
+        Query(connection, "DELETE FROM tie WHERE key_id = ?", *tie_key).run();
+        item = ItemStatus{link->item, write_status(connection, link->item)};
+    }
+    transaction.commit();
+    return item;
+}
+
+std::optional<ItemStatus> remove_list_row(Connection& connection, Key groc_key)
+{
+    Transaction transaction(connection);
+    const auto item = delete_list_row(connection, groc_key);
+    if (item)
+        data_integrity_check(connection);
+    transaction.commit();
+    return item;
+}
+
+} // namespace tarnwick

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "data/connection.h"
+#include "data/text.h"
+#include "household/recipe_store.h"
+
+#include <QString>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace tarnwick {
+
+/// The texts of an ingredient line, in the order in which they are edited.
+enum class IngredientField { qty, measure, item, comment };
+
+/// A stock item as the pick list offers it.
+struct StockName {
+    Key key = 0;
+    QString name;
+};
+
+/// One ingredient line, its texts trimmed; nothing when there is no such line. Everything here throws
+/// SQLite::Exception on a database error.
+std::optional<IngredientRow> read_line(Connection& connection, Key line);
+
+/// The longest start of a text that the measure of a new line holds: 20 characters, none cut in half.
+QString measure_of_new_line(const QString& measure);
+
+/// Writes a new line at a place of a recipe, empty texts as one blank. A link to a stock item that has gone
+/// becomes -1. Returns the line as it is stored, with its key; nothing when the recipe has gone.
+/// Throws error 6 past key 32767.
+std::optional<IngredientRow> insert_line(Connection& connection, Key recipe, IngredientRow line, int order);
+
+/// Writes texts of a line, trimmed and an empty one as a blank. A line that has gone is passed over.
+void write_line_fields(Connection& connection, Key line,
+                       const std::vector<std::pair<IngredientField, QString>>& fields);
+
+/// Writes name and stock item (-1 none) of a line. A line that has gone is passed over.
+void write_line_item(Connection& connection, Key line, Key item_ref, const QString& name);
+
+/// Points a line to a stock item, -1 to none; writes nothing when it does so already.
+void set_line_link(Connection& connection, Key line, Key item_ref);
+
+void delete_line(Connection& connection, Key line);
+
+/// Whether a stock item stands on a recipe.
+bool item_on_recipe(Connection& connection, Key recipe, Key item);
+
+/// The stock item that a typed name means, singular or plural, in any case; the very name goes first.
+/// The name is a pattern. 0 when there is none.
+Key stock_item_named(Connection& connection, const QString& name);
+
+/// Stock items whose names begin with a text, its final S left out, by name. The text is a pattern.
+std::vector<StockName> stock_names_like(Connection& connection, const QString& text);
+
+/// The stock item of `stock_item_named`, found among the `stock_names_like` of the same text.
+Key stock_item_among(Connection& connection, const std::vector<StockName>& names, const QString& name);
+
+} // namespace tarnwick

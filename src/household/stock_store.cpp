@@ -1,0 +1,95 @@
+#include "household/stock_store.h"
+
+#include "data/query.h"
+#include "household/status.h"
+
+namespace tarnwick {
+
+void prepare_folders(Connection& connection)
+{
+    Transaction transaction(connection);
+    Query(connection,
+          "INSERT INTO cat (key_id, cat_desc, expand) SELECT 0, 'OTHER', 0"
+          " WHERE NOT EXISTS (SELECT 1 FROM cat WHERE key_id = 0)")
+        .run();
+    Query(connection,
+          "UPDATE cat SET expand = 0 WHERE key_id > 0 AND expand <> 0"
+          " AND NOT EXISTS (SELECT 1 FROM items_1 WHERE items_1.cat = cat.key_id)")
+        .run();
+    transaction.commit();
+}
+
+std::vector<CatalogueFolder> read_categories(Connection& connection)
+{
+    std::vector<CatalogueFolder> categories;
+    Query rows(connection,
+               "SELECT c.key_id, c.cat_desc, c.expand, (SELECT count(*) FROM items_1 i WHERE i.cat = c.key_id)"
+               " FROM cat c WHERE c.key_id >= 0 ORDER BY c.key_id = 0, c.cat_desc");
+    while (rows.next())
+        categories.push_back({rows.key(0), trim(rows.text(1)), rows.flag(2), rows.number(3)});
+    return categories;
+}
+
+void read_items(Connection& connection, const std::function<void(const CatalogueItem&)>& take)
+{
+    Query rows(connection, "SELECT key_id, item, cat, status FROM items_1 ORDER BY item");
+    while (rows.next())
+        take({rows.key(0), trim(rows.text(1)), rows.key(2), rows.number(3)});
+}
+
+void store_expand(Connection& connection, Key category, bool open)
+{
+    Query(connection, "UPDATE cat SET expand = ? WHERE key_id = ?", open, category).run();
+}
+
+void store_all_closed(Connection& connection)
+{
+    Query(connection, "UPDATE cat SET expand = 0 WHERE expand <> 0").run();
+}
+
+std::vector<TiedRow> clickable_rows(Connection& connection, Key item)
+{
+    std::vector<TiedRow> found;
+    Query rows(connection,
+               "SELECT t.groc_id, t.list FROM groc_1 g, tie t, items_1 i WHERE t.item_id = ?"
+               " AND g.key_id = t.groc_id AND i.key_id = t.item_id ORDER BY t.key_id",
+               item);
+    while (rows.next())
+        found.push_back({rows.key(0), rows.key(1)});
+    return found;
+}
+
+void store_box_click(Connection& connection, Key item, Key groc_key, bool to_get)
+{
+    const int code = to_get ? status_code::buy_it : status_code::inactive;
+    Transaction transaction(connection);
+    Query(connection, "UPDATE groc_1 SET to_get = ? WHERE key_id = ?", to_get, groc_key).run();
+    Query(connection, "UPDATE items_1 SET status = ? WHERE key_id = ?", code, item).run();
+    transaction.commit();
+}
+
+std::optional<TiedRow> first_tied_row(Connection& connection, Key item)
+{
+    Query rows(connection, "SELECT t.groc_id, t.list FROM tie t WHERE t.item_id = ? ORDER BY t.key_id", item);
+    if (!rows.next())
+        return std::nullopt;
+    return TiedRow{rows.key(0), rows.key(1)};
+}
+
+int plain_status(Connection& connection, Key item)
+{
+    int code = status_code::unlisted;
+    Query rows(connection,
+               "SELECT g.to_get FROM tie t LEFT JOIN groc_1 g ON g.key_id = t.groc_id WHERE t.item_id = ?"
+               " ORDER BY t.key_id",
+               item);
+    while (rows.next()) {
+        if (rows.flag(0))
+            return status_code::buy_it;
+        if (!rows.is_null(0))
+            code = status_code::inactive;
+    }
+    return code;
+}
+
+} // namespace tarnwick

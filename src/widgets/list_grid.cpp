@@ -1,0 +1,385 @@
+#include "widgets/list_grid.h"
+
+#include "widgets/last_press.h"
+#include "widgets/pictures.h"
+#include "widgets/tool_tip.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+
+#include <algorithm>
+#include <array>
+
+namespace tarnwick {
+namespace {
+
+constexpr int first_row_height = 19;
+constexpr int scroll_bar_width = 17;
+constexpr char own_drag_format[] = "application/x-tarnwick";
+constexpr int text_margin = 3;
+constexpr int picture_margin = 1;
+constexpr std::array full_widths = {18, 18, 120, 120, 36, 18, 80, 36};
+
+/// Draws the cells from the model's plain texts and picture numbers. The current row is tinted as a
+/// whole; no cell of it is framed.
+class GridDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        if (option.rect.width() <= 0)
+            return;
+        if (option.state.testFlag(QStyle::State_Selected))
+            painter->fillRect(option.rect, option.palette.highlight());
+        const QVariant number = index.data(GridModel::PictureRole);
+        if (number.isValid()) {
+            const QPixmap image = picture(number.toInt(), painter->device()->devicePixelRatio());
+            const QSize size = picture_size(number.toInt());
+            painter->drawPixmap(option.rect.x() + picture_margin,
+                                option.rect.y() + (option.rect.height() - size.height()) / 2, image);
+            return;
+        }
+        const QString text = index.data(Qt::DisplayRole).toString();
+        if (text.isEmpty())
+            return;
+        const QFont font = index.data(Qt::FontRole).value<QFont>();
+        const QRect cell = option.rect.adjusted(text_margin, 0, -1, 0);
+        painter->setFont(font);
+        painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
+        painter->drawText(cell, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                          QFontMetrics(font, painter->device()).elidedText(text, Qt::ElideRight, cell.width()));
+    }
+
+    /// Tells the whole text of a cell that shows only a part of it.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override
+    {
+        if (event->type() != QEvent::ToolTip)
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        const QString text = index.data(Qt::ToolTipRole).toString().trimmed();
+        const QFontMetrics metrics(index.data(Qt::FontRole).value<QFont>());
+        const bool cut_off = metrics.horizontalAdvance(text) > option.rect.width() - text_margin - 1;
+        QToolTip::showText(event->globalPos(), cut_off ? plain_tool_tip(text) : QString(), view);
+        return true;
+    }
+};
+
+/// The column widths allow for a bar of this width whatever the style draws.
+class GridScrollBar : public QScrollBar {
+public:
+    using QScrollBar::QScrollBar;
+    QSize sizeHint() const override { return {scroll_bar_width, QScrollBar::sizeHint().height()}; }
+};
+
+/// A file or text from another program is nothing to place.
+bool is_own_drag(const QDropEvent& event)
+{
+    const QStringList formats = event.mimeData()->formats();
+    return event.source() || std::any_of(formats.begin(), formats.end(), [](const QString& format) {
+               return format.startsWith(QLatin1String(own_drag_format));
+           });
+}
+
+QColor blend(const QColor& base, const QColor& tint, double share)
+{
+    const auto mix = [share](int a, int b) { return qRound(a + (b - a) * share); };
+    return {mix(base.red(), tint.red()), mix(base.green(), tint.green()), mix(base.blue(), tint.blue())};
+}
+
+} // namespace
+
+ListGrid::ListGrid(QWidget* parent)
+    : QTableView(parent)
+    , model_(new GridModel(this))
+{
+    LastPress::follow();
+    setModel(model_);
+    setItemDelegate(new GridDelegate(this));
+    setFrameShape(QFrame::NoFrame);
+    setShowGrid(false);
+    setEditTriggers(NoEditTriggers);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setTabKeyNavigation(false);
+    setFocusPolicy(Qt::StrongFocus);
+    setAutoScroll(false);
+    setAcceptDrops(true);
+    setVerticalScrollBar(new GridScrollBar(Qt::Vertical, this));
+    setVerticalScrollMode(ScrollPerItem);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    for (QHeaderView* lines : {horizontalHeader(), verticalHeader()}) {
+        lines->hide();
+        lines->setMinimumSectionSize(1);
+        lines->setSectionResizeMode(QHeaderView::Fixed);
+    }
+    verticalHeader()->setDefaultSectionSize(first_row_height);
+    for (int column = 0; column < grid_column::count; ++column)
+        setColumnWidth(column, full_widths[static_cast<size_t>(column)]);
+    set_page_color(Qt::white, 0);
+
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ListGrid::scrolled);
+    connect(model_, &GridModel::modelReset, this, &ListGrid::follow_scroll_test);
+    connect(model_, &GridModel::rowsInserted, this, &ListGrid::follow_scroll_test);
+    connect(model_, &GridModel::rowsRemoved, this, &ListGrid::follow_scroll_test);
+}
+
+int ListGrid::current_row() const
+{
+    return currentIndex().row();
+}
+
+int ListGrid::current_col() const
+{
+    return currentIndex().column();
+}
+
+void ListGrid::set_current(int row, int column)
+{
+    setCurrentIndex(model_->index(row, column));
+}
+
+int ListGrid::col_width(int column) const
+{
+    return columnWidth(column);
+}
+
+void ListGrid::set_col_width(int column, int pixels)
+{
+    setColumnWidth(column, pixels);
+}
+
+TextRatio ListGrid::text_ratio() const
+{
+    constexpr int narrowest = 3;
+    const int item = col_width(grid_column::item);
+    const int desc = col_width(grid_column::desc);
+    if (item < narrowest || desc < narrowest)
+        return {};
+    if (item == ratio_item_ && desc == ratio_desc_)
+        return ratio_;
+    return {item, desc};
+}
+
+void ListGrid::set_text_widths(int item, int desc, TextRatio ratio)
+{
+    set_col_width(grid_column::item, item);
+    set_col_width(grid_column::desc, desc);
+    ratio_ = ratio;
+    ratio_item_ = item;
+    ratio_desc_ = desc;
+}
+
+int ListGrid::row_height() const
+{
+    return verticalHeader()->defaultSectionSize();
+}
+
+void ListGrid::set_type_size(int points)
+{
+    model_->set_type_size(points);
+    const int height = points == 9 ? 19 : points == 10 ? 24 : points == 12 ? 28 : row_height();
+    verticalHeader()->setDefaultSectionSize(height);
+    follow_scroll_test();
+}
+
+void ListGrid::set_page_color(const QColor& color, int color_index)
+{
+    constexpr int mid_lightness = 128;
+    const bool is_light = qGray(color.rgb()) >= mid_lightness;
+    const QColor text = is_light ? QColor(Qt::black) : QColor(Qt::white);
+    QPalette colors = palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        colors.setColor(group, QPalette::Base, color);
+        colors.setColor(group, QPalette::Window, color);
+        colors.setColor(group, QPalette::Text, text);
+        colors.setColor(group, QPalette::Highlight, blend(color, QColor(60, 110, 170), 0.16));
+        colors.setColor(group, QPalette::HighlightedText, text);
+    }
+    setPalette(colors);
+    model_->set_text_color(text);
+    model_->set_color_index(color_index);
+}
+
+bool ListGrid::scroll_bar_shown() const
+{
+    return model_->rows() > 0 && model_->rows() > static_cast<double>(height()) / row_height() - 0.2;
+}
+
+int ListGrid::top_row() const
+{
+    return verticalScrollBar()->value();
+}
+
+void ListGrid::set_top_row(int row)
+{
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(row);
+}
+
+int ListGrid::rows_in_view() const
+{
+    return viewport()->height() / row_height();
+}
+
+bool ListGrid::row_is_visible(int row) const
+{
+    if (row < 0 || row >= model_->rows())
+        return false;
+    const int top = rowViewportPosition(row);
+    return top >= 0 && top + row_height() <= viewport()->height();
+}
+
+int ListGrid::first_row_top() const
+{
+    return -verticalHeader()->offset();
+}
+
+QRect ListGrid::cell_rect(int row, int column) const
+{
+    // At its end the view stands on the last row, with a part of a row above the top row.
+    const QRect cell(columnViewportPosition(column), first_row_top() + row * row_height(), columnWidth(column),
+                     row_height());
+    return cell.translated(viewport()->pos() + pos());
+}
+
+int ListGrid::row_at(int y) const
+{
+    if (y < 0 || model_->rows() == 0)
+        return -1;
+    const int row = (y - first_row_top()) / row_height();
+    return row < model_->rows() ? row : -1;
+}
+
+/// The bar stands exactly when the scroll test says so, because the column widths go by that test.
+void ListGrid::follow_scroll_test()
+{
+    setVerticalScrollBarPolicy(scroll_bar_shown() ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+}
+
+void ListGrid::updateGeometries()
+{
+    QTableView::updateGeometries();
+    horizontalScrollBar()->setRange(0, 0);
+}
+
+void ListGrid::resizeEvent(QResizeEvent* event)
+{
+    follow_scroll_test();
+    QTableView::resizeEvent(event);
+}
+
+void ListGrid::mousePressEvent(QMouseEvent* event)
+{
+    const QPoint position = event->position().toPoint();
+    pressed_row_ = row_at(position.y());
+    pressed_column_ = columnAt(position.x());
+    pressed_ = model_->index(pressed_row_, grid_column::light);
+    skips_release_ = false;
+    if (event->button() == Qt::LeftButton && pressed_row_ >= 0)
+        set_current(pressed_row_, std::max(pressed_column_, 0));
+    emit mouse_down(event->button(), position);
+    event->accept();
+}
+
+void ListGrid::mouseMoveEvent(QMouseEvent* event)
+{
+    event->accept();
+}
+
+void ListGrid::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!skips_release_)
+        emit mouse_up(event->button(), event->position().toPoint());
+    skips_release_ = false;
+    event->accept();
+}
+
+/// Whether the press before this one went to this grid, and to the row that lies there now.
+bool ListGrid::has_first_press(QPoint position) const
+{
+    return LastPress::was_on(*viewport()) && row_at(position.y()) == (pressed_.isValid() ? pressed_.row() : -1);
+}
+
+/// The second press of a quick pair counts as a press of its own where the first went to the same row.
+void ListGrid::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (has_first_press(event->position().toPoint())) {
+        mousePressEvent(event);
+        return;
+    }
+    skips_release_ = true;
+    event->accept();
+}
+
+void ListGrid::keyPressEvent(QKeyEvent* event)
+{
+    QScrollBar& bar = *verticalScrollBar();
+    switch (event->key()) {
+    case Qt::Key_Up:
+        emit key_down(key_code::up);
+        break;
+    case Qt::Key_Down:
+        emit key_down(key_code::down);
+        break;
+    case Qt::Key_Delete:
+        emit key_down(key_code::remove);
+        break;
+    case Qt::Key_PageUp:
+        bar.triggerAction(QScrollBar::SliderPageStepSub);
+        break;
+    case Qt::Key_PageDown:
+        bar.triggerAction(QScrollBar::SliderPageStepAdd);
+        break;
+    case Qt::Key_Home:
+        bar.triggerAction(QScrollBar::SliderToMinimum);
+        break;
+    case Qt::Key_End:
+        bar.triggerAction(QScrollBar::SliderToMaximum);
+        break;
+    default:
+        event->ignore();
+        return;
+    }
+    event->accept();
+}
+
+void ListGrid::focusOutEvent(QFocusEvent* event)
+{
+    QTableView::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+        emit lost_focus();
+}
+
+void ListGrid::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (is_own_drag(*event))
+        event->acceptProposedAction();
+    else
+        event->ignore();
+}
+
+void ListGrid::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (is_own_drag(*event))
+        event->acceptProposedAction();
+    else
+        event->ignore();
+}
+
+void ListGrid::dropEvent(QDropEvent* event)
+{
+    if (!is_own_drag(*event))
+        return;
+    event->acceptProposedAction();
+    emit item_dropped();
+}
+
+} // namespace tarnwick

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "widgets/grid_model.h"
+
+#include <QPersistentModelIndex>
+#include <QTableView>
+
+namespace tarnwick {
+
+/// In which proportion name and description share their room.
+struct TextRatio {
+    int item = 1;
+    int desc = 1;
+};
+
+/// The keys that a list grid reports.
+namespace key_code {
+inline constexpr int up = 38;
+inline constexpr int down = 40;
+inline constexpr int remove = 46;
+} // namespace key_code
+
+/// The grid control `Listview1` of the main window and of the item editor.
+class ListGrid : public QTableView {
+    Q_OBJECT
+public:
+    explicit ListGrid(QWidget* parent);
+
+    GridModel& rows() { return *model_; }
+    const GridModel& rows() const { return *model_; }
+
+    int current_row() const; ///< -1 without rows
+    int current_col() const;
+    void set_current(int row, int column);
+
+    int col_width(int column) const; ///< pixels; 0 for a hidden column
+    void set_col_width(int column, int pixels);
+
+    /// The ratio of the text columns: their widths, or the ratio that gave them those widths, so that
+    /// rounding does not add up from one resize to the next. 1 to 1 when either is under 3 pixels.
+    TextRatio text_ratio() const;
+    void set_text_widths(int item, int desc, TextRatio ratio); ///< widths as computed from this ratio
+
+    int row_height() const; ///< pixels: 19, 24, 28 at 9, 10, 12 points
+
+    /// Points; a size other than 9, 10, 12 leaves the row height as it was.
+    void set_type_size(int points);
+
+    /// Page colour of cells and empty area, with readable text on it, and the pictures' colour index.
+    void set_page_color(const QColor& color, int color_index);
+
+    /// Whether the rows exceed the height: rows > height / row height - 0.2.
+    bool scroll_bar_shown() const;
+
+    int top_row() const;
+    void set_top_row(int row);
+    int rows_in_view() const; ///< whole rows that fit
+    bool row_is_visible(int row) const; ///< the row is fully in view
+
+    /// The rectangle of a cell in the coordinates of the grid's parent.
+    QRect cell_rect(int row, int column) const;
+
+    /// The grid row under a height in the viewport; -1 below the last row.
+    int row_at(int y) const;
+
+    /// The cell under the last press, as the rows stood then: -1 below the last row and beside the columns.
+    int pressed_row() const { return pressed_row_; }
+    int pressed_column() const { return pressed_column_; }
+
+signals:
+    void mouse_down(Qt::MouseButton button, QPoint position); ///< viewport coordinates
+    void mouse_up(Qt::MouseButton button, QPoint position);
+    void key_down(int key); ///< one of `key_code`; the grid itself does not move
+    void scrolled();
+    void lost_focus();
+    void item_dropped(); ///< anything of this program was dropped on the grid
+
+protected:
+    void updateGeometries() override;
+    void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    bool has_first_press(QPoint position) const;
+    int first_row_top() const; ///< pixels from the viewport's top, negative when scrolled
+    void follow_scroll_test();
+
+    GridModel* model_;
+    int pressed_row_ = -1;
+    int pressed_column_ = -1;
+    QPersistentModelIndex pressed_; ///< a cell of the pressed row, wherever the row has gone since; none outside
+    bool skips_release_ = false; ///< the press before it was none of this grid's
+    TextRatio ratio_; ///< holds while the widths are those that were set along with it
+    int ratio_item_ = -1;
+    int ratio_desc_ = -1;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,81 @@
+#include "widgets/message_box.h"
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace tarnwick {
+namespace {
+
+constexpr int buttons_mask = 0xf;
+constexpr int icon_mask = 0xf0;
+
+QMessageBox::Icon icon_of(int flags)
+{
+    switch (flags & icon_mask) {
+    case box::stop:
+        return QMessageBox::Critical;
+    case box::question:
+        return QMessageBox::Question;
+    case box::exclamation:
+        return QMessageBox::Warning;
+    case box::information:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+} // namespace
+
+Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& title)
+{
+    QMessageBox message(owner);
+    message.setObjectName(QStringLiteral("message_box"));
+    message.setWindowTitle(title);
+    message.setTextFormat(Qt::PlainText);
+    message.setText(text);
+    message.setIcon(icon_of(flags));
+    const bool second = (flags & box::second_default) != 0;
+    const auto use = [&message, second](QMessageBox::StandardButton first, QMessageBox::StandardButton other) {
+        message.setStandardButtons(first | other);
+        message.setDefaultButton(second ? other : first);
+        message.setEscapeButton(other);
+    };
+    switch (flags & buttons_mask) {
+    case box::ok_cancel:
+        use(QMessageBox::Ok, QMessageBox::Cancel);
+        break;
+    case box::yes_no:
+        use(QMessageBox::Yes, QMessageBox::No);
+        break;
+    default:
+        message.setStandardButtons(QMessageBox::Ok);
+        break;
+    }
+    switch (message.exec()) {
+    case QMessageBox::Yes:
+        return Answer::yes;
+    case QMessageBox::No:
+        return Answer::no;
+    case QMessageBox::Cancel:
+        return Answer::cancel;
+    default:
+        return Answer::ok;
+    }
+}
+
+QString input_box(QWidget* owner, const QString& prompt, const QString& title, const QString& initial)
+{
+    QInputDialog dialog(owner);
+    dialog.setObjectName(QStringLiteral("input_box"));
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(prompt);
+    dialog.setTextValue(initial);
+    for (QLabel* label : dialog.findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText);
+    return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
+}
+
+} // namespace tarnwick

@@ -1,0 +1,362 @@
+#include "widgets/row_editor.h"
+
+#include "widgets/update_lock.h"
+#include "widgets/last_press.h"
+#include "widgets/list_grid.h"
+#include "household/list_store.h"
+#include "widgets/row_editor_controls.h"
+#include "household/row_store.h"
+#include "widgets/separator.h"
+#include "widgets/tool_tip.h"
+#include "household/status.h"
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace tarnwick {
+namespace {
+
+constexpr QStringView box_date = u"M/d/yy";
+constexpr const char* tag = "Tag";
+
+} // namespace
+
+RowEditor::RowEditor(ListGrid& grid, RowEditorHost& host, QWidget* parent)
+    : grid_(grid)
+    , host_(host)
+    , controls_(std::make_unique<Controls>(parent))
+{
+    connect_controls();
+    grid_.installEventFilter(this);
+    connect(&grid_, &ListGrid::scrolled, this, &RowEditor::rows_scrolled);
+    connect(&grid_, &ListGrid::lost_focus, this, &RowEditor::focus_left);
+    connect(&grid_.rows(), &QAbstractItemModel::modelReset, this, &RowEditor::hide_line);
+    for (auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(&grid_.rows(), change, this, &RowEditor::place_again);
+    connect(&grid_.rows(), &QAbstractItemModel::layoutChanged, this, &RowEditor::place_again);
+}
+
+RowEditor::~RowEditor() = default;
+
+void RowEditor::connect_controls()
+{
+    for (const Box& box : controls_->chain) {
+        box.edit->installEventFilter(this);
+        if (box.edit != controls_->date)
+            connect(box.edit, &QLineEdit::textChanged, this, [this, box] { write_text(box); });
+    }
+    for (QWidget* control : controls_->all())
+        control->installEventFilter(this);
+    // The calendar hands its focus to a view inside.
+    for (QWidget* part : controls_->month_view->findChildren<QWidget*>())
+        part->installEventFilter(this);
+    const auto connect_steppers = [this](const std::array<PictureButton*, 2>& buttons, const Box& box) {
+        connect(buttons[0], &QAbstractButton::clicked, this, [this, box] { step(box, true); });
+        connect(buttons[1], &QAbstractButton::clicked, this, [this, box] { step(box, false); });
+    };
+    connect_steppers(controls_->qty_btn, controls_->chain[1]);
+    connect_steppers(controls_->aisle_btn, controls_->chain[3]);
+    connect(controls_->chck_box, &QAbstractButton::clicked, this, [this] {
+        switch_coupon(edit_row(), controls_->chck_box->property(tag).toString() == QLatin1String("OFF"));
+    });
+    connect(controls_->dtp_btn, &QAbstractButton::pressed, this, &RowEditor::show_calendar);
+    connect(controls_->month_view, &QCalendarWidget::clicked, this, &RowEditor::choose_date);
+    connect(controls_->month_view, &QCalendarWidget::activated, this, &RowEditor::choose_date);
+    connect(controls_->imgedit, &QAbstractButton::clicked, this, &RowEditor::edit_clicked);
+    connect(controls_->imgScratch, &QAbstractButton::clicked, this, [this] { host_.remove_row(edit_row()); });
+}
+
+bool RowEditor::is_open() const
+{
+    return !controls_->desc->isHidden();
+}
+int RowEditor::edit_row() const
+{
+    return edit_row_.isValid() ? edit_row_.row() : -1;
+}
+
+bool RowEditor::owns(const QWidget* widget) const
+{
+    const auto all = controls_->all();
+    return widget && std::any_of(all.begin(), all.end(), [widget](const QWidget* control) {
+               return control == widget || control->isAncestorOf(widget);
+           });
+}
+
+void RowEditor::show_l_line()
+{
+    const int row = grid_.current_row();
+    if (row < 0)
+        return;
+    hide_line();
+    const UpdateLock lock(*grid_.window());
+    const QScopedValueRollback grid_moves(writing_, true);
+    bring_into_view(row);
+    edit_row_ = grid_.rows().index(row, grid_column::light);
+    type_size_ = host_.type_size();
+    apply_type_size();
+    set_page_color(grid_.palette().color(QPalette::Base));
+    fill();
+    place();
+    grid_.rows().change_row(row, [](GridRow& opened) { opened.bold = true; });
+    grid_.set_current(row, grid_column::item);
+}
+
+void RowEditor::bring_into_view(int row)
+{
+    if (grid_.row_is_visible(row))
+        return;
+    if (row <= grid_.top_row())
+        grid_.set_top_row(row);
+    else
+        grid_.set_top_row(std::max(0, row - grid_.rows_in_view() + 1));
+}
+
+void RowEditor::hide_line()
+{
+    hide_controls();
+    clear_bold();
+    edit_row_ = QPersistentModelIndex();
+}
+
+void RowEditor::lv_edit_off()
+{
+    hide_line();
+}
+
+void RowEditor::hide_controls()
+{
+    // The focus goes back to the grid first; hiding its widget would hand it to any neighbour. Behind a
+    // dialog the window keeps the widget for its return.
+    if (owns(grid_.window()->focusWidget()))
+        grid_.setFocus(Qt::OtherFocusReason);
+    for (QWidget* control : controls_->all())
+        control->hide();
+}
+
+void RowEditor::clear_bold()
+{
+    const std::vector<GridRow>& rows = grid_.rows().list_rows();
+    for (size_t i = 0; i < rows.size(); ++i)
+        if (rows[i].bold)
+            grid_.rows().change_row(static_cast<int>(i), [](GridRow& row) { row.bold = false; });
+}
+
+void RowEditor::mark_row(int row)
+{
+    clear_bold();
+    grid_.rows().change_row(row, [](GridRow& changed) { changed.bold = true; });
+}
+
+void RowEditor::fill()
+{
+    const QScopedValueRollback shown_not_typed(filling_, true);
+    const int row = edit_row();
+    for (const Box& box : controls_->chain) {
+        if (box.edit == controls_->date)
+            continue;
+        const QString cell = grid_.rows().cell_text(row, box.column);
+        const QString text = cell.isNull() ? QStringLiteral(" ") : cell;
+        box.edit->setText(text);
+        box.edit->setProperty(tag, text);
+        box.edit->home(false);
+    }
+    fill_coupon();
+    const int key = grid_.rows().row(row).groc_key;
+    controls_->imgedit->setProperty(tag, key);
+    for (PictureButton* button : controls_->qty_btn)
+        button->setProperty(tag, key);
+    if (host_.has_edit_buttons())
+        fill_end_frame();
+}
+
+void RowEditor::fill_coupon()
+{
+    const int row = edit_row();
+    const bool on = host_.coupon_on(row);
+    // The cell's own picture carries the page colour.
+    const QModelIndex cell = grid_.rows().index(row, grid_column::coupon);
+    controls_->chck_box->setProperty(tag, on ? QStringLiteral("ON") : QStringLiteral("OFF"));
+    controls_->chck_box->set_picture(grid_.rows().data(cell, GridModel::PictureRole).toInt());
+    const QString text = grid_.rows().cell_text(row, grid_column::date);
+    const QDate date = QDate::fromString(trim(text), screen_date_format);
+    controls_->date->setText(date.isValid() ? date.toString(box_date) : text);
+    controls_->date->setProperty(tag, controls_->date->text());
+    controls_->date->home(false);
+    if (!on)
+        close_calendar();
+}
+
+void RowEditor::fill_end_frame()
+{
+    const int row = edit_row();
+    controls_->imgedit->setToolTip(plain_tool_tip(host_.edit_tool_tip(row)));
+    controls_->imgScratch->setToolTip(plain_tool_tip(host_.remove_tool_tip(row)));
+    controls_->imgScratch->setProperty(tag, QStringLiteral("edit"));
+}
+
+void RowEditor::write_text(const Box& box)
+{
+    const int row = edit_row();
+    if (filling_ || row < 0)
+        return;
+    const QScopedValueRollback grid_moves(writing_, true);
+    if (grid_.current_row() != row || grid_.current_col() != box.column)
+        grid_.set_current(row, box.column);
+    const QString text = trim(box.edit->text());
+    grid_.rows().set_cell_text(row, box.column, text);
+    host_.text_edited(row, box.column, text);
+}
+
+void RowEditor::step(const Box& box, bool up)
+{
+    close_calendar();
+    const QScopedValueRollback grid_moves(writing_, true);
+    grid_.set_current(edit_row(), box.column);
+    box.edit->setText(up ? stepped_up(box.edit->text()) : stepped_down(box.edit->text()));
+}
+
+void RowEditor::switch_coupon(int row, bool on)
+{
+    const QString date = host_.set_coupon(row, on);
+    grid_.rows().change_row(row,
+                            [on, &date](GridRow& changed) { list_store::set_coupon_cells(changed, on, date); });
+    if (!is_open() || edit_row() != row)
+        return;
+    fill_coupon();
+    place_coupon_and_date();
+}
+
+void RowEditor::choose_date(QDate date)
+{
+    const int row = edit_row();
+    if (row < 0 || controls_->month_view->isHidden())
+        return;
+    grid_.rows().set_cell_text(row, grid_column::date, date.toString(screen_date_format));
+    controls_->date->setText(date.toString(box_date));
+    close_calendar();
+    host_.date_chosen(row, date);
+}
+
+void RowEditor::edit_clicked()
+{
+    host_.edit_row(edit_row());
+    refresh();
+}
+
+void RowEditor::refresh()
+{
+    if (!is_open() || edit_row() < 0)
+        return;
+    fill();
+    place_again();
+}
+
+bool RowEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &grid_) {
+        if (event->type() == QEvent::Hide && !event->spontaneous())
+            lv_edit_off();
+        // From the grid the chain of boxes is entered as from a box before its first.
+        const bool enter = event->type() == QEvent::KeyPress && is_open()
+            && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Right;
+        return enter && go_to_box(-1, 1);
+    }
+    auto* widget = static_cast<QWidget*>(watched);
+    switch (event->type()) {
+    case QEvent::KeyPress: {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const Qt::KeyboardModifiers held = key->modifiers() & ~Qt::KeypadModifier;
+        return held == Qt::NoModifier && key_in_box(widget, key->key());
+    }
+    case QEvent::MouseButtonDblClick:
+        // A button that the first click brought up under the pointer was not what the user meant.
+        return qobject_cast<QAbstractButton*>(widget) && !LastPress::was_on(*widget);
+    case QEvent::FocusOut:
+        focus_left();
+        return false;
+    case QEvent::Wheel:
+        if (widget == controls_->month_view || controls_->month_view->isAncestorOf(widget))
+            return false;
+        QCoreApplication::sendEvent(grid_.viewport(), event);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool RowEditor::key_in_box(const QWidget* widget, int key)
+{
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (widget == controls_->month_view) {
+        if (key == Qt::Key_Escape)
+            close_calendar();
+        // An Enter that the calendar has no use for is not meant for the form around it either.
+        return enter || key == Qt::Key_Escape;
+    }
+    if (enter && qobject_cast<const QAbstractSpinBox*>(widget)) {
+        // The year is taken when its box is left; by itself that would pass the focus on to any neighbour.
+        controls_->month_view->setFocus(Qt::OtherFocusReason);
+        return true;
+    }
+    const auto& chain = controls_->chain;
+    const auto box = std::find_if(chain.begin(), chain.end(), [widget](const Box& b) { return b.edit == widget; });
+    if (box == chain.end())
+        return false;
+    const int place = static_cast<int>(box - chain.begin());
+    if (enter) {
+        lv_edit_off();
+        grid_.setFocus(Qt::OtherFocusReason);
+        return true;
+    }
+    switch (key) {
+    case Qt::Key_Right:
+        return box->edit->caret_at_end() && go_to_box(place, 1);
+    case Qt::Key_Left:
+        return box->edit->caret_at_start() && go_to_box(place, -1);
+    default:
+        return false;
+    }
+}
+
+bool RowEditor::go_to_box(int from, int step)
+{
+    const auto& chain = controls_->chain;
+    for (int i = from + step; i >= 0 && i < static_cast<int>(chain.size()); i += step) {
+        CellBox* box = chain[static_cast<size_t>(i)].edit;
+        if (!box->isVisible())
+            continue;
+        box->setFocus(Qt::OtherFocusReason);
+        if (box->isReadOnly())
+            box->selectAll();
+        else if (step > 0)
+            box->home(false);
+        else
+            box->end(false);
+        return true;
+    }
+    return false;
+}
+
+void RowEditor::focus_left()
+{
+    const QWidget* now = QApplication::focusWidget();
+    const bool elsewhere = now && now->window() == grid_.window() && now != &grid_ && !grid_.isAncestorOf(now)
+        && !owns(now) && !qobject_cast<const QMenuBar*>(now) && !qobject_cast<const Separator*>(now);
+    if (elsewhere && is_open() && !controls_->qty->isHidden())
+        lv_edit_off();
+}
+
+void RowEditor::rows_scrolled()
+{
+    if (is_open() && !writing_)
+        hide_line();
+}
+
+} // namespace tarnwick

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "widgets/row_editor.h"
+
+#include <QAbstractButton>
+#include <QCalendarWidget>
+#include <QColor>
+#include <QLineEdit>
+
+#include <array>
+
+namespace tarnwick {
+
+/// A text box that seems to be its grid cell: no frame of its own but one line around the cell.
+class CellBox : public QLineEdit {
+public:
+    CellBox(const QString& name, QWidget* parent);
+
+    /// Background and text on it; the line around the cell is drawn in a darker shade.
+    void set_page_color(const QColor& color);
+
+    /// Whether the caret stands at the first or last place. A box that takes no typing stands at both
+    /// while its whole text is marked.
+    bool caret_at_start() const;
+    bool caret_at_end() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool wholly_marked() const;
+
+    QColor line_;
+};
+
+/// A small button that is a picture, with another one while it is held where there is one. The
+/// property `picture` is the number on show. It never takes the focus from the box it serves.
+class PictureButton : public QAbstractButton {
+public:
+    PictureButton(const QString& name, QWidget* parent);
+
+    void set_picture(int number) { set_pictures(number, number); }
+    void set_pictures(int number, int held);
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void show_picture();
+
+    int number_ = 0;
+    int held_ = 0;
+};
+
+/// The frame of pencil and cross: it ends a name that runs on behind it softly.
+class EndFrame : public QWidget {
+public:
+    static constexpr int wide_fade = 8; ///< pixels
+
+    EndFrame(const QString& name, QWidget* parent);
+
+    /// The page colour, and the tint of the current row that the frame lies on.
+    void set_colors(const QColor& page, const QColor& row);
+
+    /// How many pixels at the left the name fades out in; 0 for none.
+    void set_fade(int pixels);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QColor row_color_ = Qt::white;
+    int fade_ = wide_fade;
+};
+
+/// The calendar with a line around it, since it floats over others' white ground.
+class MonthView : public QCalendarWidget {
+public:
+    explicit MonthView(QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+struct RowEditor::Box {
+    CellBox* edit;
+    int column;
+};
+
+struct RowEditor::Controls {
+    explicit Controls(QWidget* parent);
+
+    std::array<QWidget*, 16> all() const
+    {
+        return {desc,       qty,        cpn_brdr,     dp_frame,     aisle,      cpn_bkgrnd, chck_box,   dtp_btn,
+                qty_btn[0], qty_btn[1], aisle_btn[0], aisle_btn[1], frmEditDel, imgedit,    imgScratch, month_view};
+    }
+
+    CellBox* desc;
+    CellBox* qty;
+    CellBox* cpn_brdr;
+    QWidget* dp_frame;
+    CellBox* date;
+    CellBox* aisle;
+    QWidget* cpn_bkgrnd;
+    PictureButton* chck_box;
+    PictureButton* dtp_btn;
+    std::array<PictureButton*, 2> qty_btn;
+    std::array<PictureButton*, 2> aisle_btn;
+    EndFrame* frmEditDel;
+    PictureButton* imgedit;
+    PictureButton* imgScratch;
+    QCalendarWidget* month_view;
+    std::array<Box, 4> chain;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "widgets/pictures.h"
+
+#include <QStyledItemDelegate>
+
+#include <array>
+
+namespace tarnwick {
+
+class TreeView;
+
+/// Draws a node's picture and text at fixed places of its row, and edits its label.
+class TreeDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+public:
+    TreeDelegate(ImageList pictures, TreeView& tree);
+
+    /// Left edges in pixels from the left of a node's own row rectangle (behind its indentation).
+    int picture_left() const;
+    int text_left() const;
+
+    /// Height of every row in pixels for the tree's font.
+    int row_height() const;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+
+private:
+    void paint_text(QPainter& painter, const QStyleOptionViewItem& option, const QRect& rect,
+                    const QModelIndex& index) const;
+
+    ImageList pictures_;
+    TreeView& tree_;
+    QSize picture_size_;
+    mutable std::array<QIcon, 16> icons_;
+};
+
+} // namespace tarnwick

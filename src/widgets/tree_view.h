@@ -1,0 +1,140 @@
+#pragma once
+
+#include "widgets/pictures.h"
+
+#include <QHash>
+#include <QTreeWidget>
+
+namespace tarnwick {
+
+class SecondClick;
+class TreeDelegate;
+
+/// The tree control of the left pane: nodes with unique keys, Tags and picture numbers.
+class TreeView : public QTreeWidget {
+    Q_OBJECT
+public:
+    enum Role { KeyRole = Qt::UserRole, TagRole, PictureRole };
+
+    TreeView(ImageList pictures, QWidget* parent);
+
+    /// Folders with children, or one flat list: decides the indents of pictures and texts.
+    void set_flat(bool flat);
+    bool is_flat() const { return flat_; }
+
+    /// Adds a node at the end of a folder, or of the root level. Picture 0 is none. Throws error 35602
+    /// when the key is in use.
+    QTreeWidgetItem* add_node(QTreeWidgetItem* folder, const QString& key, const QString& text, int picture,
+                              const QString& tag);
+
+    /// Inserts a node among its siblings as above.
+    QTreeWidgetItem* insert_node(QTreeWidgetItem* folder, int position, const QString& key, const QString& text,
+                                 int picture, const QString& tag);
+
+    /// A node that is known by its key but stands in no folder yet: for adding many at once with
+    /// `addChildren` or `addTopLevelItems`. Throws error 35602 as above.
+    QTreeWidgetItem* make_node(const QString& key, const QString& text, int picture, const QString& tag);
+
+    /// Where a name belongs among the first `count` children of a folder (none: of the root level) that
+    /// stand in name order; behind its equals.
+    int place_of(QTreeWidgetItem* folder, const QString& text, int count) const;
+
+    /// The node of a key; none when there is no such node.
+    QTreeWidgetItem* node(const QString& key) const { return nodes_.value(key); }
+
+    /// The node of a key. Throws error 35601 when there is none.
+    QTreeWidgetItem& require_node(const QString& key) const;
+
+    /// Deletes a node with what is under it, and closes a folder that this empties. Forgets the keys of the node
+    /// and of its children; a tree of more levels would keep the keys further down.
+    void remove_node(QTreeWidgetItem* node);
+
+    /// Deletes all nodes and forgets their keys.
+    void clear_nodes();
+
+    /// Gives up a load: clears the tree and frees the given nodes of `make_node`, which no folder owns yet.
+    void drop_unplaced(const QList<QTreeWidgetItem*>& nodes);
+
+    /// Makes room for this many keys ahead of a load.
+    void reserve_nodes(int count) { nodes_.reserve(count); }
+
+    /// Takes a node out of its folder and puts it under another at its place by name; keeps the rest of it.
+    void move_node(QTreeWidgetItem* node, QTreeWidgetItem* folder);
+
+    /// Sorts the children of a folder by name once, as names compare in queries. None sorts the root level.
+    void sort_children(QTreeWidgetItem* folder);
+
+    static QString key(const QTreeWidgetItem* node) { return node->data(0, KeyRole).toString(); }
+    static QString tag(const QTreeWidgetItem* node) { return node->data(0, TagRole).toString(); }
+    static int picture(const QTreeWidgetItem* node) { return node->data(0, PictureRole).toInt(); }
+    void set_picture(QTreeWidgetItem* node, int picture);
+    static void set_tag(QTreeWidgetItem* node, const QString& tag) { node->setData(0, TagRole, tag); }
+
+    QTreeWidgetItem* selected() const; ///< the selected node; none without one
+    void select(QTreeWidgetItem* node); ///< makes it current too; none takes both away
+    void ensure_visible(QTreeWidgetItem* node); ///< opens its folder and scrolls
+
+    /// The node whose row is under a point of the viewport.
+    QTreeWidgetItem* hit_test(QPoint point) const { return itemAt(point); }
+
+    /// The rectangle of a node's text in the viewport; null when the node is not laid out.
+    QRect text_rect(const QTreeWidgetItem* node) const;
+
+    /// Count of whole rows that fit in the tree's height.
+    int get_visible_count() const;
+
+    int row_height() const; ///< pixels, of every row
+
+signals:
+    // Mouse events carry viewport coordinates. A click on a node is reported before the release.
+    void mouse_down(Qt::MouseButton button, QPoint position);
+    void mouse_move(Qt::MouseButtons buttons, QPoint position);
+    void mouse_up(Qt::MouseButton button, QPoint position);
+    void node_click(QTreeWidgetItem* node);
+    void key_down(int key); ///< Qt::Key
+    void key_up(int key); ///< Qt::Key
+    void got_focus();
+    void lost_focus();
+    /// Asked before a label edit; the receiver sets `cancel` to refuse.
+    void before_label_edit(QTreeWidgetItem* node, bool& cancel);
+    /// The edit is done; the receiver sets `cancel` to keep the old text.
+    void after_label_edit(QTreeWidgetItem* node, const QString& text, bool& cancel);
+
+public:
+    /// Opens the editor on the selected node's label, through the gate of `before_label_edit`.
+    void start_label_edit();
+
+    /// The editor's text, on its way to the label through `after_label_edit`.
+    void end_label_edit(const QModelIndex& index, const QString& text);
+
+protected:
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    void changeEvent(QEvent* event) override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& options, const QModelIndex& index) const override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    void press(QMouseEvent* event);
+    bool on_label(QTreeWidgetItem* node, QPoint position) const;
+    void close_if_empty(QTreeWidgetItem* folder);
+    void follow_collapse(QTreeWidgetItem* folder);
+    void place_again(QTreeWidgetItem* folder, const QList<QTreeWidgetItem*>& order);
+
+    QHash<QString, QTreeWidgetItem*> nodes_;
+    TreeDelegate* delegate_;
+    SecondClick* second_click_;
+    QString pressed_key_;
+    bool pressed_ = false;
+    bool edit_on_release_ = false;
+    bool press_brought_focus_ = false;
+    bool flat_ = false;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,342 @@
+#include "window/frmmain.h"
+
+#include "app/frmsplash.h"
+#include "widgets/message_box.h"
+#include "widgets/update_lock.h"
+#include "lists/clearing.h"
+#include "widgets/header_bar.h"
+#include "widgets/list_grid.h"
+#include "lists/list_mouse.h"
+#include "lists/list_pane.h"
+#include "lists/lists.h"
+#include "lists/main_row_editor_host.h"
+#include "lists/placing.h"
+#include "widgets/row_editor.h"
+#include "recipes/recipe_page.h"
+#include "household/recipe_store.h"
+#include "recipes/recipe_tree.h"
+#include "window/commands.h"
+#include "window/layout.h"
+#include "window/status_panels.h"
+#include "window/toolbar.h"
+#include "widgets/tree_view.h"
+#include "window/view_state.h"
+#include "stock/floating_buttons.h"
+#include "stock/stock_commands.h"
+#include "stock/stock_tree.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QWindowStateChangeEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnwick {
+namespace {
+
+constexpr int default_separator_px = 267;
+constexpr int default_height_px = 414;
+constexpr int default_width_px = 600;
+
+QString twips_text(int pixels)
+{
+    return QString::number(pixels * Layout::twips_per_pixel);
+}
+
+/// Pixels of a setting in twips. Stored numbers beyond any screen are cut to what a window can be.
+int pixels_of(const QString& twips)
+{
+    constexpr double widest = 16384;
+    return static_cast<int>(std::clamp(val(twips) / Layout::twips_per_pixel, -widest, widest));
+}
+
+QTabBar* make_tabs(const QString& name, QWidget* parent)
+{
+    auto* tabs = new QTabBar(parent);
+    tabs->setObjectName(name);
+    tabs->setDrawBase(false);
+    tabs->setExpanding(false);
+    tabs->setUsesScrollButtons(false);
+    tabs->setElideMode(Qt::ElideRight);
+    // A click takes the keyboard first: what is edited elsewhere is left by its own rules before the view changes.
+    tabs->setFocusPolicy(Qt::ClickFocus);
+    return tabs;
+}
+
+} // namespace
+
+frmmain::frmmain(Environment environment)
+    : environment_(std::move(environment))
+    , settings_(environment_.settings_file)
+{
+    setObjectName(QStringLiteral("frmmain"));
+    setWindowTitle(QStringLiteral("Tarnwick"));
+    make_panes();
+}
+
+frmmain::~frmmain() = default;
+
+void frmmain::make_panes()
+{
+    area_ = new QWidget(this);
+    area_->setObjectName(QStringLiteral("area"));
+    setCentralWidget(area_);
+    auto* left_tabs = make_tabs(QStringLiteral("TabStrip1(0)"), area_);
+    auto* right_tabs = make_tabs(QStringLiteral("TabStrip1(1)"), area_);
+
+    commands_ = std::make_unique<Commands>(*this, *menuBar());
+    status_panels_ = std::make_unique<StatusPanels>(*statusBar());
+    toolbar_ = std::make_unique<Toolbar>(*this, area_);
+    auto* stock_view = new TreeView(ImageList::stock_tree, area_);
+    stock_view->setObjectName(QStringLiteral("TreeView1(0)"));
+    auto* recipe_view = new TreeView(ImageList::recipe_tree, area_);
+    recipe_view->setObjectName(QStringLiteral("TreeView1(1)"));
+    floating_buttons_ = std::make_unique<FloatingButtons>(*this, area_);
+    stock_tree_ = std::make_unique<StockTree>(*this, *stock_view, *floating_buttons_);
+    stock_commands_ = std::make_unique<StockCommands>(*this);
+    recipe_tree_ = std::make_unique<RecipeTree>(*this, *recipe_view);
+    recipe_page_ = std::make_unique<RecipePage>(*this, area_);
+    list_pane_ = std::make_unique<ListPane>(*this, area_);
+    lists_ = std::make_unique<Lists>(*this);
+    placing_ = std::make_unique<Placing>(*this);
+    clearing_ = std::make_unique<Clearing>(*this);
+    row_editor_host_ = std::make_unique<MainRowEditorHost>(*this);
+    row_editor_ = std::make_unique<RowEditor>(list_pane_->grid(), *row_editor_host_, area_);
+    list_mouse_ = std::make_unique<ListMouse>(*this);
+    layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
+    view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
+}
+
+void frmmain::load()
+{
+    const bool failed_last_time = val(settings_.pref(QStringLiteral("clean"), QStringLiteral("0"))) == 1;
+    frmSplash splash;
+    splash.show();
+    if (failed_last_time)
+        splash.show_warnings();
+    splash.refresh();
+
+    shared.form_loading = true;
+    read_page_color();
+    if (settings_.pref(QStringLiteral("load"), QStringLiteral("fail")) == QLatin1String("fail"))
+        settings_.set_reg();
+    shared.type_size = to_int16(settings_.pref(QStringLiteral("font"), QStringLiteral("9")));
+    toolbar_->set_size_button_at_start(shared.type_size);
+    toolbar_->toolbar_fit();
+
+    connection_.open(environment_.database_file());
+    shared.current_list = to_int16(settings_.pref(QStringLiteral("alist"), QStringLiteral("0")));
+    shared.all_lists_view = settings_.pref(QStringLiteral("s_all"), QStringLiteral("0")) == QLatin1String("1");
+    shared.cur_recipe = to_int16(settings_.pref(QStringLiteral("arcp"), QStringLiteral("0")));
+    lists_->set_mnu_lists();
+    load_trees();
+    shared.form_loading = false;
+
+    read_views();
+    toolbar_->sort_btn_refresh();
+    l_r_refresh();
+    if (!shared.stock_view)
+        view_state_->view_rcps();
+    show();
+    splash.hide();
+
+    restore_window();
+    restore_panes();
+}
+
+void frmmain::read_page_color()
+{
+    const auto report = [this](const char* key, const char* standard) {
+        return to_int16(settings_.read(QLatin1String(settings_app::main), QStringLiteral("reports"),
+                                       QLatin1String(key), QLatin1String(standard)));
+    };
+    shared.reports.size = report("size", "0");
+    shared.color_index = to_int16(settings_.pref(QStringLiteral("color"), QStringLiteral("3")));
+    shared.page_color = page_color_of(shared.color_index);
+    list_pane_->set_page_color();
+    recipe_page_->set_page_color();
+}
+
+void frmmain::load_trees()
+{
+    if (shared.cur_recipe > 0) {
+        if (const auto name = recipe_name(connection_, shared.cur_recipe))
+            shared.cur_recipe_name = *name;
+    } else {
+        shared.cur_recipe_name.clear();
+    }
+    const auto by_name = [this](const char* key) {
+        return settings_.pref(QLatin1String(key), QStringLiteral("cat")) == QLatin1String("alpha");
+    };
+    shared.stock_alpha = by_name("sort");
+    shared.recipe_alpha = by_name("sort_r");
+    stock_tree_->tv_load(shared.stock_alpha);
+    recipe_tree_->recip_load(shared.recipe_alpha);
+    commands_->set_checked(QStringLiteral("mnu_view_sort_cat"), !shared.stock_alpha);
+    commands_->set_checked(QStringLiteral("mnu_view_sort_alpha"), shared.stock_alpha);
+    commands_->set_checked(QStringLiteral("mnu_view_sort_cat_r"), !shared.recipe_alpha);
+    commands_->set_checked(QStringLiteral("mnu_view_sort_alpha_r"), shared.recipe_alpha);
+}
+
+void frmmain::read_views()
+{
+    const auto is_one
+        = [this](const char* key) { return val(settings_.pref(QLatin1String(key), QStringLiteral("1"))) == 1; };
+    shared.list_pane_shown = is_one("lv_view");
+    shared.stock_view = is_one("tv_view");
+}
+
+void frmmain::restore_window()
+{
+    const auto report = [this](const char* key, const char* standard) {
+        return to_int16(settings_.read(QLatin1String(settings_app::main), QStringLiteral("reports"),
+                                       QLatin1String(key), QLatin1String(standard)));
+    };
+    shared.reports.sort = report("sort", "1");
+    shared.reports.col_ct = report("col_ct", "2");
+    shared.reports.active = report("active", "1");
+
+    layout_->set_separator(pixels_of(settings_.pref(QStringLiteral("seprtr"), twips_text(default_separator_px))));
+    const int height = pixels_of(settings_.pref(QStringLiteral("fheight"), twips_text(default_height_px)));
+    const int width = pixels_of(settings_.pref(QStringLiteral("fwidth"), twips_text(default_width_px)));
+    resize(width, height);
+}
+
+void frmmain::restore_panes()
+{
+    constexpr int maximised = 2;
+    constexpr int minimised = 1;
+
+    list_pane_->restore_column_groups();
+    shared.started = true;
+    // The window may yet be maximised: the separator is not to give way to the restored width before.
+    layout_->hold_separator(true);
+    if (shared.type_size != 9)
+        layout_->font_reset(shared.type_size);
+    layout_->frm_refresh();
+    layout_->lv_resize();
+    if (shared.list_pane_shown) {
+        recipe_page_->scroll_bar().setEnabled(false);
+    } else {
+        recipe_page_->restore_recipe(shared.cur_recipe);
+        list_pane_->show_pane(false);
+        layout_->freize_refresh();
+    }
+    const double state = val(settings_.pref(QStringLiteral("wstate"), QStringLiteral("0")));
+    layout_->hold_separator(false);
+    if (state == maximised)
+        showMaximized();
+    else if (state == minimised)
+        showMinimized();
+    else
+        layout_->frm_refresh();
+    list_pane_->set_col_widths();
+    list_pane_->set_headers();
+    toolbar_->toolbar_fit();
+    view_state_->set_tab_stops();
+}
+
+TreeView& frmmain::visible_tree()
+{
+    return shared.stock_view ? stock_tree_->view() : recipe_tree_->view();
+}
+
+void frmmain::l_r_refresh()
+{
+    view_state_->l_r_refresh();
+}
+
+void frmmain::set_status(const QString& text)
+{
+    status_panels_->set_text(text);
+}
+
+void frmmain::exit_at_once()
+{
+    environment_.end_program();
+}
+
+void frmmain::shut_down()
+{
+    if (std::exchange(shared.ending, true))
+        return;
+    msg_box(this, QStringLiteral("TarnWick has encountered an error\nand must shut down"), box::ok,
+            QStringLiteral("TarnWick"));
+    environment_.end_program();
+}
+
+void frmmain::closeEvent(QCloseEvent* event)
+{
+    unload();
+    event->accept();
+    environment_.end_program();
+}
+
+void frmmain::unload()
+{
+    recipe_page_->close_line_editor();
+    if (recipe_page_->is_edited())
+        recipe_page_->edit_updt();
+    const int state = isMinimized() ? 1 : isMaximized() ? 2 : 0;
+    settings_.set_pref(QStringLiteral("fwidth"), twips_text(width()));
+    settings_.set_pref(QStringLiteral("fheight"), twips_text(height()));
+    settings_.set_pref(QStringLiteral("wstate"), QString::number(state));
+    const auto one_or_zero = [](bool value) { return value ? QStringLiteral("1") : QStringLiteral("0"); };
+    settings_.set_pref(QStringLiteral("tv_view"), one_or_zero(shared.stock_view));
+    settings_.set_pref(QStringLiteral("lv_view"), one_or_zero(shared.list_pane_shown));
+    connection_.close();
+}
+
+void frmmain::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    if (shared.started && !shared.ending && !isMinimized())
+        refresh_after_resize();
+}
+
+void frmmain::refresh_after_resize()
+{
+    {
+        const UpdateLock lock(*this);
+        layout_->frm_refresh();
+        if (!shared.list_pane_shown)
+            recipe_page_->layout_page();
+        layout_->lv_resize();
+        layout_->frm_refresh();
+        list_pane_->set_col_widths();
+        list_pane_->set_headers();
+    }
+    toolbar_->toolbar_fit();
+    settings_.set_pref(QStringLiteral("fheight"), twips_text(height()));
+    settings_.set_pref(QStringLiteral("fwidth"), twips_text(width()));
+}
+
+void frmmain::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (shared.ending)
+        return;
+    if (event->type() == QEvent::WindowStateChange && shared.started && !isMinimized()
+        && static_cast<QWindowStateChangeEvent*>(event)->oldState().testFlag(Qt::WindowMinimized))
+        refresh_after_resize();
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow() && shared.started
+        && recipe_page_->is_edited())
+        recipe_page_->edit_updt();
+}
+
+void frmmain::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && row_editor_->is_open()) {
+        row_editor_->lv_edit_off();
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+} // namespace tarnwick

@@ -1,0 +1,125 @@
+#pragma once
+
+#include "app/environment.h"
+#include "data/settings.h"
+#include "app/shared_values.h"
+#include "data/connection.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class QTabBar;
+
+namespace tarnwick {
+
+class Clearing;
+class Commands;
+class FloatingButtons;
+class Layout;
+class ListMouse;
+class ListPane;
+class Lists;
+class Placing;
+class RecipePage;
+class RecipeTree;
+class MainRowEditorHost;
+class RowEditor;
+class StatusPanels;
+class StockCommands;
+class StockTree;
+class Toolbar;
+class TreeView;
+class ViewState;
+
+/// The main window. It owns the panes and the values they share, and runs Load, Unload and Resize.
+class frmmain : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit frmmain(Environment environment);
+    ~frmmain() override;
+
+    /// The form's Load: everything from the splash to the first view, in its fixed order. Throws what
+    /// settings and database throw. The single-instance test is `Main`'s.
+    void load();
+
+    SharedValues shared;
+
+    const Environment& environment() const { return environment_; }
+    Connection& connection() { return connection_; }
+    Settings& settings() { return settings_; }
+    QDate today() const { return environment_.today(); }
+
+    StockTree& stock_tree() { return *stock_tree_; }
+    StockCommands& stock_commands() { return *stock_commands_; }
+    FloatingButtons& floating_buttons() { return *floating_buttons_; }
+    RecipeTree& recipe_tree() { return *recipe_tree_; }
+    RecipePage& recipe_page() { return *recipe_page_; }
+    ListPane& list_pane() { return *list_pane_; }
+    ListMouse& list_mouse() { return *list_mouse_; }
+    Lists& lists() { return *lists_; }
+    Placing& placing() { return *placing_; }
+    Clearing& clearing() { return *clearing_; }
+    RowEditor& row_editor() { return *row_editor_; }
+    Commands& commands() { return *commands_; }
+    Toolbar& toolbar() { return *toolbar_; }
+    ViewState& view_state() { return *view_state_; }
+    Layout& layout_manager() { return *layout_; }
+    StatusPanels& status_panels() { return *status_panels_; }
+
+    /// The tree on show in the left pane.
+    TreeView& visible_tree();
+
+    /// The whole window in the state of its view switches.
+    void l_r_refresh();
+
+    /// First status panel, text and tool tip.
+    void set_status(const QString& text);
+
+    /// `mnu_list_exit`: ends the program at once; nothing is saved.
+    void exit_at_once();
+
+    /// The message of an error that a procedure has trapped, then the end of the program; nothing is saved.
+    void shut_down();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void make_panes();
+    void read_page_color();
+    void read_views();
+    void load_trees();
+    void restore_window();
+    void restore_panes();
+    void unload();
+    void refresh_after_resize();
+
+    Environment environment_;
+    Settings settings_;
+    Connection connection_;
+
+    QWidget* area_ = nullptr;
+    std::unique_ptr<Commands> commands_;
+    std::unique_ptr<StatusPanels> status_panels_;
+    std::unique_ptr<Toolbar> toolbar_;
+    std::unique_ptr<FloatingButtons> floating_buttons_;
+    std::unique_ptr<StockTree> stock_tree_;
+    std::unique_ptr<StockCommands> stock_commands_;
+    std::unique_ptr<RecipeTree> recipe_tree_;
+    std::unique_ptr<RecipePage> recipe_page_;
+    std::unique_ptr<ListPane> list_pane_;
+    std::unique_ptr<ListMouse> list_mouse_;
+    std::unique_ptr<Lists> lists_;
+    std::unique_ptr<Placing> placing_;
+    std::unique_ptr<Clearing> clearing_;
+    std::unique_ptr<MainRowEditorHost> row_editor_host_;
+    std::unique_ptr<RowEditor> row_editor_;
+    std::unique_ptr<ViewState> view_state_;
+    std::unique_ptr<Layout> layout_;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,320 @@
+#include "window/layout.h"
+
+#include "window/frmmain.h"
+#include "widgets/update_lock.h"
+#include "widgets/header_bar.h"
+#include "widgets/list_grid.h"
+#include "lists/list_pane.h"
+#include "widgets/row_editor.h"
+#include "recipes/recipe_page.h"
+#include "recipes/recipe_tree.h"
+#include "widgets/separator.h"
+#include "window/toolbar.h"
+#include "widgets/tree_view.h"
+#include "window/view_state.h"
+#include "stock/floating_buttons.h"
+#include "stock/stock_tree.h"
+
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QTabBar>
+
+#include <algorithm>
+
+namespace tarnwick {
+namespace {
+
+constexpr int tree_left = 4;
+constexpr int grid_offset = 5; ///< from the separator's left edge to the grid's
+constexpr int grid_less = 20; ///< what window width keeps from tree and grid
+constexpr int least_grid = 400; ///< a narrower right pane pushes the separator left
+constexpr int fix_offset = 6; ///< from the separator's to the grid's left edge after such a push
+constexpr int least_separator = 64;
+constexpr int least_pane = 24;
+constexpr int least_window_width = least_separator + least_grid + grid_less;
+constexpr int least_window_height = 280;
+constexpr int bottom_margin = 6;
+constexpr int limit_from_right = 390;
+constexpr int dead_zone = 13;
+constexpr int toolbar_base = 46;
+constexpr int tab_base = 25;
+constexpr int header_base = 23;
+
+/// What the rows over the panes grow by at a type size; sizes other than 10 and 12 stay at the base.
+struct RowOffsets {
+    int tab;
+    int header;
+};
+
+RowOffsets row_offsets(int type_size)
+{
+    if (type_size == 12)
+        return {8, 6};
+    if (type_size == 10)
+        return {4, 3};
+    return {2, 0};
+}
+
+int usable_points(int type_size)
+{
+    return type_size == 10 || type_size == 12 ? type_size : 9;
+}
+
+void set_points(QWidget& widget, int points)
+{
+    QFont font = widget.font();
+    font.setPointSize(points);
+    widget.setFont(font);
+}
+
+/// The page's colour beside the recipe page, where its scroll bar stands when the page is long.
+class PageEdge : public QWidget {
+public:
+    PageEdge(frmmain& main, QWidget* area)
+        : QWidget(area)
+        , main_(main)
+    {
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        if (!main_.shared.list_pane_shown)
+            QPainter(this).fillRect(rect(), main_.recipe_page().frame4().palette().color(QPalette::Window));
+    }
+
+private:
+    frmmain& main_;
+};
+
+} // namespace
+
+Layout::Layout(frmmain& main, QWidget& area, QTabBar& left_tabs, QTabBar& right_tabs)
+    : main_(main)
+    , area_(area)
+    , left_tabs_(left_tabs)
+    , right_tabs_(right_tabs)
+    , separator_(new Separator(&area))
+    , page_edge_(new PageEdge(main, &area))
+{
+    page_edge_->lower();
+    static const char* const names[] = {"freize_top", "freize_lft", "freize_rt", "freize_btm"};
+    for (int i = 0; i < 4; ++i) {
+        freize_[i] = new QFrame(&area);
+        freize_[i]->setObjectName(QLatin1String(names[i]));
+        freize_[i]->setAutoFillBackground(true);
+        freize_[i]->setBackgroundRole(QPalette::Mid);
+        freize_[i]->lower();
+    }
+    set_own_fonts(main_.shared.type_size);
+    main_.setMinimumSize(std::max(main_.toolbar().least_width(), least_window_width), least_window_height);
+    connect(separator_, &Separator::moved, this, &Layout::drag_done);
+    connect(separator_, &Separator::limit_reached, this, &Layout::drag_to_limit);
+    connect(separator_, &Separator::stepped, this,
+            [this](int pixels) { separator_moved(bounded(separator() + pixels)); });
+}
+
+QFrame& Layout::Frame1()
+{
+    return *separator_;
+}
+
+int Layout::separator() const
+{
+    return separator_->x();
+}
+
+void Layout::set_separator(int left)
+{
+    separator_->move(left, separator_->y());
+}
+
+void Layout::write_separator()
+{
+    main_.settings().set_pref(QStringLiteral("seprtr"), QString::number(separator() * twips_per_pixel));
+}
+
+int Layout::grid_width(int separator_left) const
+{
+    return area_.width() - (separator_left - tree_left) - grid_less;
+}
+
+int Layout::bounded(int separator_left) const
+{
+    const int most = std::max(least_separator, area_.width() - limit_from_right);
+    return std::clamp(separator_left, least_separator, most);
+}
+
+int Layout::pane_bottom() const
+{
+    return std::max(area_.height() - bottom_margin, right_.top() + least_pane);
+}
+
+void Layout::place_rows()
+{
+    const RowOffsets offsets = row_offsets(main_.shared.type_size);
+    const int bar = std::max(toolbar_base, main_.toolbar().height());
+    main_.toolbar().widget().setGeometry(0, 0, area_.width(), bar);
+    tabs_row_ = QRect(0, bar, area_.width(), tab_base + offsets.tab);
+    header_.setTop(tabs_row_.bottom() + 2);
+    header_.setHeight(header_base + offsets.header);
+    right_.setTop(header_.bottom() + 1);
+    right_.setBottom(pane_bottom() - 1);
+}
+
+void Layout::place_left()
+{
+    const int width = std::max(separator() - tree_left, least_pane);
+    const int top = tabs_row_.bottom() + 2;
+    left_tabs_.setGeometry(tree_left, tabs_row_.top(), width, tabs_row_.height());
+    const QRect pane(tree_left, top, width, pane_bottom() - top);
+    main_.stock_tree().view().setGeometry(pane);
+    main_.recipe_tree().view().setGeometry(pane);
+    separator_->setGeometry(separator(), top, Separator::bar_width, pane.height());
+}
+
+void Layout::frm_refresh()
+{
+    if (in_refresh_)
+        return;
+    const QScopedValueRollback<bool> busy(in_refresh_, true);
+    const UpdateLock lock(main_);
+    main_.toolbar().toolbar_fit();
+    place_rows();
+    if (separator() < least_separator)
+        set_separator(least_separator);
+    if (grid_width(separator()) < least_grid && !separator_held_)
+        separator_fix();
+    frame_refresh(grid_width(separator()));
+    main_.row_editor().lv_edit_off();
+    main_.list_pane().set_col_widths();
+    main_.list_pane().set_headers();
+}
+
+void Layout::separator_fix()
+{
+    const int grid_left = area_.width() - (grid_less - tree_left - grid_offset) - least_grid;
+    const int left = std::max(grid_left - fix_offset, least_separator);
+    if (left >= separator())
+        return;
+    set_separator(left);
+    write_separator();
+    if (!in_refresh_)
+        frame_refresh(grid_width(left));
+}
+
+void Layout::frame_refresh(int right_pane_width)
+{
+    const int width = std::max(right_pane_width, least_pane);
+    const int left = area_.width() - (grid_less - tree_left - grid_offset) - right_pane_width;
+    place_left();
+    right_.setLeft(left);
+    right_.setWidth(width);
+    right_.setBottom(pane_bottom() - 1);
+    header_.setLeft(left);
+    header_.setWidth(width);
+    right_tabs_.setGeometry(left, tabs_row_.top(), width, tabs_row_.height());
+    main_.list_pane().grid().setGeometry(right_);
+
+    place_page();
+    main_.view_state().caption_refresh();
+    freize_refresh();
+}
+
+void Layout::place_page()
+{
+    RecipePage& page = main_.recipe_page();
+    QScrollBar& bar = page.scroll_bar();
+    const int bar_width = bar.sizeHint().width();
+    const int height = pane_bottom() - header_.top();
+    page.frame4().setGeometry(right_.left(), header_.top(), std::max(right_.width() - bar_width, least_pane),
+                              height);
+    bar.setGeometry(right_.right() + 1 - bar_width, header_.top(), bar_width, height);
+    page_edge_->setGeometry(right_.left(), header_.top(), right_.width(), height);
+    if (!main_.shared.list_pane_shown)
+        page.layout_page();
+}
+
+void Layout::freize_refresh()
+{
+    const int top = tabs_row_.bottom() + 1;
+    const int left = right_.left() - 1;
+    const int width = right_.width() + 2;
+    const int height = pane_bottom() - top;
+    freize_[0]->setGeometry(left, top, width, 1);
+    freize_[1]->setGeometry(left, top, 1, height);
+    freize_[2]->setGeometry(left + width - 1, top, 1, height);
+    freize_[3]->setGeometry(left, pane_bottom(), width, 1);
+}
+
+void Layout::lv_resize()
+{
+    main_.list_pane().grid().setGeometry(right_);
+    main_.list_pane().set_col_widths();
+    main_.list_pane().set_headers();
+    main_.row_editor().place_again();
+    if (main_.list_pane().notice_shown())
+        main_.list_pane().set_CreateList(true);
+}
+
+void Layout::drag_done(int moved)
+{
+    if (moved > -dead_zone && moved <= 0)
+        return;
+    separator_moved(bounded(separator() + moved));
+}
+
+void Layout::drag_to_limit()
+{
+    separator_moved(std::max(area_.width() - limit_from_right, least_separator));
+}
+
+void Layout::separator_moved(int left)
+{
+    const UpdateLock lock(main_);
+    set_separator(left);
+    frame_refresh(grid_width(left));
+    write_separator();
+    lv_resize();
+}
+
+void Layout::set_own_fonts(int type_size)
+{
+    const int points = usable_points(type_size);
+    set_points(left_tabs_, points);
+    set_points(right_tabs_, points);
+    set_points(main_.stock_tree().view(), points);
+    set_points(main_.recipe_tree().view(), points);
+}
+
+void Layout::font_reset(int type_size)
+{
+    const UpdateLock lock(main_);
+    const int points = usable_points(type_size);
+    const int beside_item = main_.floating_buttons().shown();
+    set_own_fonts(type_size);
+    main_.list_pane().set_type_size();
+    main_.list_pane().header().set_type_size(points);
+    main_.row_editor().set_type_size(points);
+    main_.recipe_page().set_type_size();
+    frm_refresh();
+    main_.floating_buttons().place_again(beside_item);
+}
+
+QRect Layout::left_pane() const
+{
+    return main_.stock_tree().view().geometry();
+}
+
+QRect Layout::right_pane() const
+{
+    return right_;
+}
+
+QRect Layout::header_row() const
+{
+    return header_;
+}
+
+} // namespace tarnwick

@@ -1,0 +1,105 @@
+#include "window/status_panels.h"
+
+#include "widgets/pictures.h"
+#include "household/status.h"
+#include "widgets/tool_tip.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QStatusBar>
+
+namespace tarnwick {
+namespace {
+
+struct Legend {
+    int code;
+    const char* text;
+    const char* tool_tip;
+};
+
+constexpr Legend legends[] = {
+    {status_code::buy_it_plus, " Buy-it +", "Is active on more than one shopping list"},
+    {status_code::buy_it, " Buy-it", "Active on one shopping list"},
+    {status_code::inactive, " Inactive", "Inactive on at least one shopping list"},
+    {status_code::unlisted, " Unlisted", "Not listed on any shopping list"},
+    {status_code::non_stock, " Non-stock", "Non-stock item on a recipe"},
+};
+
+/// A panel with a status light before its text.
+class LegendLabel : public QLabel {
+public:
+    LegendLabel(const Legend& legend, QWidget* parent)
+        : QLabel(parent)
+        , light_(status_pictures(legend.code).light)
+    {
+        setText(QString::fromUtf8(legend.text));
+        setToolTip(QString::fromUtf8(legend.tool_tip));
+        setProperty("picture", light_);
+        setContentsMargins(gap + picture_size(light_).width(), 0, gap, 0);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QLabel::paintEvent(event);
+        const int top = (height() - picture_size(light_).height()) / 2;
+        QPainter(this).drawPixmap(gap, top, tarnwick::picture(light_, devicePixelRatioF()));
+    }
+
+private:
+    static constexpr int gap = 6;
+    int light_;
+};
+
+/// A panel that shows as much of its text as fits.
+class ElidedLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        const QRect place = contentsRect();
+        QPainter(this).drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                                fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
+    }
+};
+
+constexpr int legend_begin = 2;
+
+} // namespace
+
+StatusPanels::StatusPanels(QStatusBar& bar)
+{
+    bar.setObjectName(QStringLiteral("StatusBar1"));
+    bar.setSizeGripEnabled(false);
+    panels_[1] = new ElidedLabel(&bar);
+    panels_[1]->setTextFormat(Qt::PlainText);
+    panels_[1]->setContentsMargins(6, 0, 6, 0);
+    bar.addWidget(panels_[1], 1);
+    for (size_t i = legend_begin; i < panels_.size(); ++i) {
+        panels_[i] = new LegendLabel(legends[i - legend_begin], &bar);
+        bar.addPermanentWidget(panels_[i]);
+    }
+    for (size_t i = 1; i < panels_.size(); ++i)
+        panels_[i]->setObjectName(QStringLiteral("StatusBar1(%1)").arg(i));
+}
+
+void StatusPanels::set_text(const QString& text)
+{
+    panels_[1]->setText(text);
+    panels_[1]->setToolTip(plain_tool_tip(text));
+}
+
+QString StatusPanels::text() const
+{
+    return panels_[1]->text();
+}
+
+void StatusPanels::set_visible(int panel, bool visible)
+{
+    panels_.at(static_cast<size_t>(panel))->setVisible(visible);
+}
+
+} // namespace tarnwick

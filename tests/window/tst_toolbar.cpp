@@ -1,0 +1,569 @@
+#include "window/frmmain.h"
+#include "data/query.h"
+#include "lists/editing_window.h"
+#include "window/commands.h"
+#include "window/toolbar.h"
+#include "window/view_state.h"
+#include "stock/stock_tree.h"
+#include "support/message_script.h"
+#include "support/test_window.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QMenu>
+#include <QToolButton>
+#include <QTreeWidgetItem>
+#include <QtTest>
+
+using namespace tarnwick;
+
+namespace {
+
+QToolButton* button(frmmain& main, int index)
+{
+    return main.findChild<QToolButton*>(QStringLiteral("Toolbar1(%1)").arg(index));
+}
+
+void click(frmmain& main, int index)
+{
+    QToolButton* target = button(main, index);
+    QVERIFY(target);
+    QVERIFY(target->isVisible());
+    QVERIFY(target->isEnabled());
+    QTest::mouseClick(target, Qt::LeftButton, {}, QPoint(10, target->height() / 2));
+}
+
+QAction* drop_down_item(frmmain& main, int index, const QString& key)
+{
+    for (QAction* action : button(main, index)->menu()->actions())
+        if (action->objectName() == key)
+            return action;
+    return nullptr;
+}
+
+/// The commands that a real click on a button runs.
+QStringList commands_of_click(frmmain& main, int index)
+{
+    QStringList commands;
+    const auto noted = QObject::connect(&main.commands(), &Commands::ran,
+                                        [&commands](const QString& name) { commands += name; });
+    click(main, index);
+    QObject::disconnect(noted);
+    return commands;
+}
+
+/// The window on the list "Weekly", with the recipe "Pie" on its page.
+frmmain& load_list_and_recipe(TestWindow& w)
+{
+    w.set_pref(QStringLiteral("alist"), QString::number(w.add_list(QStringLiteral("Weekly"))));
+    w.set_pref(QStringLiteral("arcp"), QStringLiteral("1"));
+    Query(w.db(), "INSERT INTO recipe_1 (key_id, r_name, r_body, cat) VALUES (1, 'Pie', 'Bake.', '13')").run();
+    return w.load();
+}
+
+/// Notes the type size at which a control gets hidden.
+class HideWatch : public QObject {
+public:
+    HideWatch(QObject& control, const SharedValues& shared)
+        : shared_(shared)
+    {
+        control.installEventFilter(this);
+    }
+
+    QList<int> sizes;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Hide)
+            sizes += shared_.type_size;
+        return false;
+    }
+
+private:
+    const SharedValues& shared_;
+};
+
+/// How much the toolbar has given away: 0 nothing, 1 Size, 2 Sort too, 3 Find too; -1 an impossible mix.
+int given_away(frmmain& main)
+{
+    const auto shown = [&main](int index) { return button(main, index)->isVisible(); };
+    const auto offered
+        = [&main](const char* name) { return main.commands().action(QString::fromLatin1(name)).isVisible(); };
+    const bool more = main.toolbar().tag(17) == QLatin1String("MORE");
+    const bool sort_offered
+        = offered("mnu_more_sort") && offered("mnu_more_sort_alpha") && offered("mnu_more_sort_cat");
+    if (!shown(17) || more == shown(18) || sort_offered == shown(16) || offered("mnu_more_find") == shown(15))
+        return -1;
+    if (shown(18))
+        return shown(16) && shown(15) ? 0 : -1;
+    if (shown(16))
+        return shown(15) ? 1 : -1;
+    return shown(15) ? 2 : 3;
+}
+
+} // namespace
+
+class tst_toolbar : public QObject {
+    Q_OBJECT
+private slots:
+    void buttons_have_their_captions_and_standing_tool_tips();
+    void separators_stand_at_4_7_9_and_14();
+    void captions_are_never_cut();
+    void a_narrow_window_moves_size_then_sort_then_find_into_more_and_a_wider_one_brings_them_back();
+    void a_button_fits_up_to_a_margin_of_8_pixels();
+    void more_button_pops_up_its_menu();
+    void print_button_with_the_tag_more_pops_up_the_menu_too();
+    void sort_button_shows_the_order_in_force_and_says_what_a_click_does();
+    void drop_down_items_sort();
+    void folder_button_is_enabled_only_in_category_order();
+    void size_tool_tip_at_start_says_the_opposite_of_the_click_data();
+    void size_tool_tip_at_start_says_the_opposite_of_the_click();
+    void size_cycle_goes_through_its_table();
+    void size_cycle_from_12_goes_down();
+    void size_drop_down_goes_straight_to_the_size();
+    void size_drop_down_sets_the_button_for_the_step_away_from_the_size();
+    void a_change_of_size_closes_the_open_row_first_data();
+    void a_change_of_size_closes_the_open_row_first();
+    void size_cycle_starts_at_10_from_a_damaged_size();
+    void tool_tips_of_the_state_survive_a_resize();
+    void email_button_follows_its_tag_and_not_the_list();
+    void buttons_stand_for_their_commands_data();
+    void buttons_stand_for_their_commands();
+    void folder_button_closes_the_folders();
+};
+
+void tst_toolbar::buttons_have_their_captions_and_standing_tool_tips()
+{
+    struct Row {
+        int index;
+        const char* caption;
+        const char* tool_tip;
+    };
+    const Row rows[] = {{1, "New", "Create a new shopping list"},
+                        {2, "Clear", "Clear selected list"},
+                        {3, "Lists", "List manager"},
+                        {5, "New", "Create new recipe"},
+                        {6, "Ingrdnt", "Add ingredient"},
+                        {8, "Stock", "Add a new stock item"},
+                        {10, "Print", "Print selected list"},
+                        {11, "Prev", "Preview list"},
+                        {12, "WP", "Open recipe in word processor"},
+                        {13, "Email", "Send recipe by email"},
+                        {15, "Find", "Find a stock item"},
+                        {17, "Snap", "Close all stock folders"}};
+    TestWindow w;
+    frmmain main(w.environment());
+    for (const Row& row : rows) {
+        QCOMPARE(button(main, row.index)->text(), QString::fromLatin1(row.caption));
+        QCOMPARE(button(main, row.index)->toolTip(), QString::fromLatin1(row.tool_tip));
+        QVERIFY(!button(main, row.index)->icon().isNull());
+    }
+    QCOMPARE(button(main, 16)->text(), QStringLiteral("Sort"));
+    QCOMPARE(button(main, 18)->text(), QStringLiteral("Size"));
+    QCOMPARE(main.toolbar().tag(17), QStringLiteral("DFLT"));
+}
+
+void tst_toolbar::separators_stand_at_4_7_9_and_14()
+{
+    TestWindow w;
+    frmmain& main = w.load();
+    for (int i = 1; i <= 18; ++i) {
+        const bool separator = i == 4 || i == 7 || i == 9 || i == 14;
+        QVERIFY(main.findChild<QWidget*>(QStringLiteral("Toolbar1(%1)").arg(i)));
+        QCOMPARE(button(main, i) == nullptr, separator);
+        if (i > 1)
+            QVERIFY(main.toolbar().button(i).x() > main.toolbar().button(i - 1).geometry().right());
+    }
+}
+
+void tst_toolbar::captions_are_never_cut()
+{
+    TestWindow w;
+    frmmain& main = w.load();
+    for (int i = 1; i <= 18; ++i)
+        if (const QToolButton* b = button(main, i))
+            QVERIFY2(b->width() >= b->sizeHint().width() && b->height() >= b->sizeHint().height(),
+                     qPrintable(b->text()));
+}
+
+void tst_toolbar::a_narrow_window_moves_size_then_sort_then_find_into_more_and_a_wider_one_brings_them_back()
+{
+    TestWindow w;
+    frmmain& main = w.load({1000, 600});
+    QList<int> seen{given_away(main)};
+    const auto resize = [&](int width) {
+        main.resize(width, 600);
+        QApplication::processEvents();
+        if (given_away(main) != seen.last())
+            seen << given_away(main);
+    };
+    for (int width = 1000; width >= main.minimumWidth(); width -= 6)
+        resize(width);
+    for (int width = main.minimumWidth(); width <= 1000; width += 6)
+        resize(width);
+    QCOMPARE(seen, (QList<int>{0, 1, 2, 3, 2, 1, 0}));
+    QCOMPARE(button(main, 17)->text(), QStringLiteral("Snap"));
+    QCOMPARE(button(main, 17)->toolTip(), QStringLiteral("Close all stock folders"));
+    QCOMPARE(main.toolbar().tag(17), QStringLiteral("DFLT"));
+}
+
+void tst_toolbar::a_button_fits_up_to_a_margin_of_8_pixels()
+{
+    TestWindow w;
+    frmmain& main = w.load({1000, 600});
+    const int least = main.toolbar().button(18).x() + main.toolbar().button(18).width() + 8;
+    main.resize(least, 600);
+    QApplication::processEvents();
+    QCOMPARE(given_away(main), 0);
+    main.resize(least - 1, 600);
+    QApplication::processEvents();
+    QVERIFY(given_away(main) >= 1);
+    QCOMPARE(button(main, 17)->text(), QStringLiteral("More..."));
+    QCOMPARE(button(main, 17)->toolTip(), QStringLiteral("More options"));
+    QVERIFY(button(main, 17)->isEnabled());
+}
+
+void tst_toolbar::more_button_pops_up_its_menu()
+{
+    TestWindow w;
+    frmmain& main = w.load({1000, 600});
+    main.resize(main.minimumWidth(), 600);
+    QApplication::processEvents();
+    QCOMPARE(given_away(main), 3);
+    QMenu& menu = main.commands().menu(QStringLiteral("mnu_more"));
+    QVERIFY(!menu.isVisible());
+    click(main, 17);
+    QVERIFY(menu.isVisible());
+    QCOMPARE(menu.pos(), button(main, 17)->mapToGlobal(QPoint(0, button(main, 17)->height())));
+    menu.close();
+}
+
+void tst_toolbar::print_button_with_the_tag_more_pops_up_the_menu_too()
+{
+    TestWindow w;
+    frmmain& main = w.load();
+    main.shared.current_list = 1;
+    main.l_r_refresh();
+    main.toolbar().set_tag(10, QStringLiteral("MORE"));
+    click(main, 10);
+    QMenu& menu = main.commands().menu(QStringLiteral("mnu_more"));
+    QVERIFY(menu.isVisible());
+    menu.close();
+}
+
+void tst_toolbar::sort_button_shows_the_order_in_force_and_says_what_a_click_does()
+{
+    TestWindow w;
+    frmmain& main = w.load();
+    const auto check = [&main](const char* tag, const char* tool_tip, int picture) {
+        QCOMPARE(main.toolbar().tag(16), QString::fromLatin1(tag));
+        QCOMPARE(button(main, 16)->toolTip(), QString::fromLatin1(tool_tip));
+        QCOMPARE(button(main, 16)->property("picture").toInt(), picture);
+        const bool by_name = qstrcmp(tag, "ALPHA") == 0;
+        QCOMPARE(main.commands().action(QStringLiteral("mnu_more_sort_alpha")).isChecked(), by_name);
+        QCOMPARE(main.commands().action(QStringLiteral("mnu_more_sort_cat")).isChecked(), !by_name);
+    };
+    check("CAT", "Sort stock alphatbetically", 18);
+    click(main, 16);
+    check("ALPHA", "Sort stock by category", 14);
+    QCOMPARE(w.pref(QStringLiteral("sort")), QStringLiteral("alpha"));
+    QAction& recipes = main.commands().action(QStringLiteral("mnu_view_rcp"));
+    QVERIFY(recipes.isEnabled());
+    recipes.trigger();
+    check("CAT", "Sort recipes alphatbetically", 18);
+    click(main, 16);
+    check("ALPHA", "Sort recipes by category", 14);
+    QCOMPARE(w.pref(QStringLiteral("sort_r")), QStringLiteral("alpha"));
+    click(main, 16);
+    check("CAT", "Sort recipes alphatbetically", 18);
+    QCOMPARE(w.pref(QStringLiteral("sort_r")), QStringLiteral("cat"));
+    QVERIFY(main.shared.stock_alpha);
+}
+
+void tst_toolbar::drop_down_items_sort()
+{
+    TestWindow w;
+    frmmain& main = w.load();
+    QAction* by_name = drop_down_item(main, 16, QStringLiteral("ALPHA"));
+    QAction* by_category = drop_down_item(main, 16, QStringLiteral("CAT"));
+    QVERIFY(by_name && by_category && by_name->isEnabled() && by_category->isEnabled());
+    QCOMPARE(by_name->text(), QStringLiteral("Sort alphabetically"));
+    QCOMPARE(by_category->text(), QStringLiteral("Sort by category"));
+    QVERIFY(drop_down_item(main, 10, QStringLiteral("PRNT_OPT")));
+    QCOMPARE(drop_down_item(main, 10, QStringLiteral("PRNT_OPT"))->text(),
+             QStringLiteral("Shopping list print options"));
+    by_name->trigger();
+    QVERIFY(main.shared.stock_alpha);
+    by_category->trigger();
+    QVERIFY(!main.shared.stock_alpha);
+}
+
+void tst_toolbar::folder_button_is_enabled_only_in_category_order()
+{
+    TestWindow w;
+    frmmain& main = w.load();
+    QVERIFY(button(main, 17)->isEnabled());
+    main.view_state().sort_by_alpha();
+    QVERIFY(!button(main, 17)->isEnabled());
+    main.resize(990, 700);
+    QApplication::processEvents();
+    QVERIFY(!button(main, 17)->isEnabled());
+    main.commands().action(QStringLiteral("mnu_view_rcp")).trigger();
+    QVERIFY(button(main, 17)->isEnabled());
+    QCOMPARE(button(main, 17)->toolTip(), QStringLiteral("Close all recipe folders"));
+}
+
+void tst_toolbar::size_tool_tip_at_start_says_the_opposite_of_the_click_data()
+{
+    QTest::addColumn<QString>("font");
+    QTest::addColumn<QString>("tag");
+    QTest::addColumn<int>("picture");
+    QTest::addColumn<QString>("tool_tip");
+    QTest::newRow("9") << "9"
+                       << "UP" << 17 << "Make size smaller";
+    QTest::newRow("10") << "10"
+                        << "UP" << 17 << "Make size smaller";
+    QTest::newRow("12") << "12"
+                        << "DN" << 16 << "Make size larger";
+    QTest::newRow("abc") << "abc"
+                         << "UP" << 17 << "Make size smaller";
+}
+
+void tst_toolbar::size_tool_tip_at_start_says_the_opposite_of_the_click()
+{
+    QFETCH(QString, font);
+    QFETCH(QString, tag);
+    QFETCH(int, picture);
+    QFETCH(QString, tool_tip);
+    TestWindow w;
+    w.set_pref(QStringLiteral("font"), font);
+    frmmain& main = w.load();
+    QCOMPARE(main.toolbar().tag(14), tag);
+    QCOMPARE(button(main, 18)->property("picture").toInt(), picture);
+    QCOMPARE(button(main, 18)->toolTip(), tool_tip);
+}
+
+void tst_toolbar::size_cycle_goes_through_its_table()
+{
+    struct Step {
+        int size;
+        int picture;
+        const char* tag;
+        const char* tool_tip;
+    };
+    const Step steps[] = {{10, 17, "UP", "Make size larger"},
+                          {12, 16, "DN", "Make size smaller"},
+                          {10, 16, "DN", "Make size smaller"},
+                          {9, 17, "UP", "Make size larger"},
+                          {10, 17, "UP", "Make size larger"}};
+    TestWindow w;
+    frmmain& main = w.load();
+    for (const Step& step : steps) {
+        click(main, 18);
+        QCOMPARE(main.shared.type_size, step.size);
+        QCOMPARE(main.toolbar().tag(14), QString::fromLatin1(step.tag));
+        QCOMPARE(button(main, 18)->property("picture").toInt(), step.picture);
+        QCOMPARE(button(main, 18)->toolTip(), QString::fromLatin1(step.tool_tip));
+        QCOMPARE(main.toolbar().tag(18), QString::number(step.size));
+        QCOMPARE(w.pref(QStringLiteral("font")), QString::number(step.size));
+    }
+}
+
+void tst_toolbar::size_cycle_from_12_goes_down()
+{
+    TestWindow w;
+    w.set_pref(QStringLiteral("font"), QStringLiteral("12"));
+    frmmain& main = w.load();
+    click(main, 18);
+    QCOMPARE(main.shared.type_size, 10);
+    click(main, 18);
+    QCOMPARE(main.shared.type_size, 9);
+}
+
+void tst_toolbar::size_drop_down_goes_straight_to_the_size()
+{
+    struct Choice {
+        const char* key;
+        const char* caption;
+        const char* item;
+        int size;
+    };
+    const Choice choices[] = {{"LRG", "Large", "mnu_more_lrg", 12},
+                              {"SML", "Small", "mnu_more_sml", 9},
+                              {"MDM", "Medium", "mnu_more_mdm", 10}};
+    TestWindow w;
+    frmmain& main = w.load();
+    for (const Choice& choice : choices) {
+        QAction* action = drop_down_item(main, 18, QString::fromLatin1(choice.key));
+        QVERIFY(action && action->isEnabled());
+        QCOMPARE(action->text(), QString::fromLatin1(choice.caption));
+        action->trigger();
+        QCOMPARE(main.shared.type_size, choice.size);
+        QCOMPARE(w.pref(QStringLiteral("font")), QString::number(choice.size));
+        main.shared.type_size = 0;
+        main.commands().action(QString::fromLatin1(choice.item)).trigger();
+        QCOMPARE(main.shared.type_size, choice.size);
+    }
+}
+
+void tst_toolbar::size_drop_down_sets_the_button_for_the_step_away_from_the_size()
+{
+    struct Choice {
+        const char* key;
+        int picture;
+        const char* tag;
+        const char* tool_tip;
+    };
+    // Medium leads on in the direction that the button before it had.
+    const Choice choices[] = {{"LRG", 16, "DN", "Make size smaller"}, {"MDM", 17, "UP", "Make size larger"},
+                              {"LRG", 16, "DN", "Make size smaller"}, {"SML", 17, "UP", "Make size larger"},
+                              {"MDM", 16, "DN", "Make size smaller"}, {"SML", 17, "UP", "Make size larger"}};
+    TestWindow w;
+    frmmain& main = w.load();
+    for (const Choice& choice : choices) {
+        drop_down_item(main, 18, QString::fromLatin1(choice.key))->trigger();
+        QCOMPARE(button(main, 18)->property("picture").toInt(), choice.picture);
+        QCOMPARE(main.toolbar().tag(14), QString::fromLatin1(choice.tag));
+        QCOMPARE(button(main, 18)->toolTip(), QString::fromLatin1(choice.tool_tip));
+    }
+}
+
+void tst_toolbar::a_change_of_size_closes_the_open_row_first_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("after");
+    QTest::newRow("size button") << QString() << 9 << 10;
+    QTest::newRow("mnu_more_sml") << QStringLiteral("mnu_more_sml") << 12 << 9;
+    QTest::newRow("mnu_more_mdm") << QStringLiteral("mnu_more_mdm") << 9 << 10;
+    QTest::newRow("mnu_more_lrg") << QStringLiteral("mnu_more_lrg") << 9 << 12;
+}
+
+void tst_toolbar::a_change_of_size_closes_the_open_row_first()
+{
+    QFETCH(QString, command);
+    QFETCH(int, before);
+    QFETCH(int, after);
+    EditingWindow w;
+    w.set_pref(QStringLiteral("font"), QString::number(before));
+    w.rows(2);
+    w.open();
+    w.open_row(1);
+    w.type_into("desc_brdr", QStringLiteral("ripe"));
+    const HideWatch watch(w.widget("desc_brdr"), w.main().shared);
+    if (command.isEmpty()) {
+        click(w.main(), 18);
+    } else {
+        QAction& action = w.main().commands().action(command);
+        QVERIFY(action.isEnabled());
+        action.trigger();
+    }
+    QCOMPARE(watch.sizes, QList<int>{before});
+    QCOMPARE(w.main().shared.type_size, after);
+    QVERIFY(!w.editor().is_open());
+    for (const char* box : {"desc_brdr", "qty_brdr", "aisle_brdr", "frmEditDel"})
+        QVERIFY2(!w.shown(box), box);
+    QVERIFY(!w.grid().rows().row(1).bold);
+    QCOMPARE(w.cell(1, grid_column::desc), QStringLiteral("ripe"));
+    QVERIFY(w.grid().hasFocus());
+}
+
+void tst_toolbar::size_cycle_starts_at_10_from_a_damaged_size()
+{
+    TestWindow w;
+    w.set_pref(QStringLiteral("font"), QStringLiteral("abc"));
+    frmmain& main = w.load();
+    QCOMPARE(main.shared.type_size, 0);
+    click(main, 18);
+    QCOMPARE(main.shared.type_size, 10);
+}
+
+void tst_toolbar::tool_tips_of_the_state_survive_a_resize()
+{
+    TestWindow w;
+    frmmain& main = w.load();
+    main.shared.current_list = w.add_list(QStringLiteral("Weekly"));
+    main.l_r_refresh();
+    main.resize(900, 650);
+    QApplication::processEvents();
+    QCOMPARE(button(main, 2)->toolTip(), QStringLiteral("Clear Weekly list"));
+    QCOMPARE(button(main, 10)->toolTip(), QStringLiteral("Print Weekly list"));
+}
+
+void tst_toolbar::email_button_follows_its_tag_and_not_the_list()
+{
+    TestWindow w;
+    frmmain& main = load_list_and_recipe(w);
+    QCOMPARE(main.toolbar().tag(13), QStringLiteral("list"));
+    QCOMPARE(commands_of_click(main, 13), QStringList{QStringLiteral("mnu_tools_email_list")});
+    main.view_state().show_list_pane(false);
+    QVERIFY(main.shared.current_list > 0);
+    QCOMPARE(main.toolbar().tag(13), QStringLiteral("rcp"));
+    QCOMPARE(commands_of_click(main, 13), QStringList{QStringLiteral("mnu_tools_email_rcp")});
+    main.toolbar().set_tag(13, QStringLiteral("list"));
+    QCOMPARE(commands_of_click(main, 13), QStringList{QStringLiteral("mnu_tools_email_list")});
+}
+
+void tst_toolbar::buttons_stand_for_their_commands_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("list_side");
+    QTest::addColumn<QString>("recipe_side");
+    QTest::addColumn<bool>("dialog");
+    const auto row = [](int index, const char* list_side, const char* recipe_side, bool dialog = false) {
+        QTest::addRow("%d", index) << index << QString::fromLatin1(list_side) << QString::fromLatin1(recipe_side)
+                                   << dialog;
+    };
+    row(1, "mnu_list_new", "mnu_list_new", true);
+    row(2, "mnu_list_clear", "mnu_list_clear");
+    row(3, "mnu_tools_listlist", "mnu_tools_listlist");
+    row(5, "mnu_recipe_new", "mnu_recipe_new", true);
+    row(6, "", "mnu_recipe_add_ingred");
+    row(8, "mnu_edit_add_stck", "mnu_edit_add_stck", true);
+    row(10, "mnu_list_Print", "mnu_recipe_prnt");
+    row(11, "no command", "no command"); // the preview stands in no menu, and never prints
+    row(12, "mnu_tools_wp_list", "mnu_tools_wp_rcp");
+    row(13, "mnu_tools_email_list", "mnu_tools_email_rcp");
+    row(15, "mnu_tools_find_item", "mnu_tools_find_item");
+    row(17, "mnu_view_cntrct_all", "mnu_view_cntrct_all");
+}
+
+void tst_toolbar::buttons_stand_for_their_commands()
+{
+    QFETCH(int, index);
+    QFETCH(QString, list_side);
+    QFETCH(QString, recipe_side);
+    QFETCH(bool, dialog);
+    TestWindow w;
+    frmmain& main = load_list_and_recipe(w);
+    for (const QString& expected : {list_side, recipe_side}) {
+        MessageScript script;
+        if (dialog)
+            script.drive([](QDialog& opened) { opened.reject(); });
+        if (expected.isEmpty())
+            QVERIFY(!button(main, index)->isEnabled());
+        else if (expected == QLatin1String("no command"))
+            QCOMPARE(commands_of_click(main, index), QStringList());
+        else
+            QCOMPARE(commands_of_click(main, index), QStringList{expected});
+        QCOMPARE(script.left(), 0);
+        main.view_state().show_list_pane(false);
+    }
+}
+
+void tst_toolbar::folder_button_closes_the_folders()
+{
+    TestWindow w;
+    const Key category = w.add_category(QStringLiteral("Dairy"), true);
+    w.add_item(QStringLiteral("Milk"), category);
+    frmmain& main = w.load();
+    QTreeWidgetItem* folder = main.stock_tree().category_node(category);
+    QVERIFY(folder && folder->isExpanded());
+    click(main, 17);
+    QVERIFY(!folder->isExpanded());
+    QCOMPARE(w.number("SELECT expand FROM cat WHERE key_id > 0"), 0);
+}
+
+QTEST_MAIN(tst_toolbar)
+#include "tst_toolbar.moc"
