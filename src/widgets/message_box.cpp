@@ -2,6 +2,7 @@
 
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -75,6 +76,8 @@ QString input_box(QWidget* owner, const QString& prompt, const QString& title, c
     dialog.setTextValue(initial);
     for (QLabel* label : dialog.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
+    if (auto* box = dialog.findChild<QLineEdit*>()) // made with the first text value
+        box->selectAll();
     return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
 }
 
