@@ -30,11 +30,12 @@ public:
     /// What follows when the naming dialog has made a list: it becomes the current one.
     void list_made(Key list);
 
+signals:
+    void lists_read(const std::vector<ShoppingList>& lists); ///< all of them by name, for the menu
+    void list_renamed(Key list, const QString& name);
+
 private:
     void choose_list(const QString& caption, const QString& tag);
-    void tick(int entry);
-    void show_no_lists();
-    void show_list_entries(const std::vector<ShoppingList>& all);
     void hide_column_groups();
 
     frmmain& main_;

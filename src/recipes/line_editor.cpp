@@ -11,7 +11,6 @@
 #include "recipes/page_text.h"
 #include "recipes/pick_list.h"
 #include "recipes/recipe_page.h"
-#include "window/commands.h"
 #include "widgets/last_press.h"
 #include "widgets/tool_tip.h"
 #include "household/status.h"
@@ -152,13 +151,8 @@ void LineEditor::mouse_up(int index, Qt::MouseButton button, QPoint position)
 
 void LineEditor::show_menu(int index, QPoint position)
 {
-    const QString name = page_.rcp_item(index);
-    Commands& commands = main_.commands();
-    commands.set_caption(QStringLiteral("mnu_ingred_del"),
-                         QStringLiteral("Delete '") + name + QStringLiteral("' from ")
-                             + trim(main_.shared.cur_recipe_name));
-    commands.menu(QStringLiteral("mnu_ingred"))
-        .popup(page_.lines()[static_cast<size_t>(index)].ingred->mapToGlobal(position));
+    emit page_.line_menu_wanted(page_.rcp_item(index),
+                                page_.lines()[static_cast<size_t>(index)].ingred->mapToGlobal(position));
 }
 
 void LineEditor::open_line(int index)

@@ -10,7 +10,6 @@
 #include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
 #include "window/layout.h"
-#include "window/toolbar.h"
 #include "widgets/tree_view.h"
 #include "household/status.h"
 
@@ -170,16 +169,8 @@ void RecipePage::fill_text(Key recipe)
     title_->setText(text ? text->name : QString());
     title_->setCursorPosition(0);
     text1_->set_text(text ? text->body : QString());
-    name_recipe_on_buttons();
     set_marks("clean");
-}
-
-void RecipePage::name_recipe_on_buttons()
-{
-    if (!has_recipe())
-        return;
-    main_.toolbar().set_tool_tip(10, QStringLiteral("Print %1 recipe").arg(title_->text()));
-    main_.toolbar().set_tool_tip(11, QStringLiteral("Preview %1 recipe").arg(title_->text()));
+    emit recipe_shown();
 }
 
 bool RecipePage::is_edited() const

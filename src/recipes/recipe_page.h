@@ -59,9 +59,6 @@ public:
     Key page_key() const; ///< the recipe on the page; -1 none
     bool has_recipe() const; ///< a recipe is on the page
 
-    /// Names the recipe in the tool tips of the print and preview buttons; nothing without a recipe.
-    void name_recipe_on_buttons();
-
     int get_scroll_scale() const; ///< height of the page's content, pixels
 
     // The ingredient lines, for the line editor and the drag of a line.
@@ -131,6 +128,8 @@ public:
 
 signals:
     void laid_out(); ///< lines and boxes have taken new places
+    void recipe_shown(); ///< name and instructions of another recipe, or of none, are on the page
+    void line_menu_wanted(const QString& item, QPoint place); ///< right click on a line; place on the screen
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -138,7 +138,6 @@ void frmmain::load()
     shared.form_loading = false;
 
     read_views();
-    toolbar_->sort_btn_refresh();
     l_r_refresh();
     if (!shared.stock_view)
         view_state_->view_rcps();
@@ -177,10 +176,6 @@ void frmmain::load_trees()
     shared.recipe_alpha = by_name("sort_r");
     stock_tree_->tv_load(shared.stock_alpha);
     recipe_tree_->recip_load(shared.recipe_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_cat"), !shared.stock_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_alpha"), shared.stock_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_cat_r"), !shared.recipe_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_alpha_r"), shared.recipe_alpha);
 }
 
 void frmmain::read_views()
