@@ -192,9 +192,11 @@ void FloatingButtons::show_list_button(QTreeWidgetItem& node, int indent, int to
         hide(add_to_list);
         return;
     }
+    const auto name = list_name_of(main_.connection(), list);
     show_at(add_to_list, node, indent, top,
-            QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to ") + get_list_name(main_.connection(), list)
-                + QStringLiteral(" list"));
+            QStringLiteral("Add ") + node.text(0)
+                + (name ? QStringLiteral(" to ") + *name + QStringLiteral(" list")
+                        : QStringLiteral(" to a shopping list")));
 }
 
 void FloatingButtons::show_for_recipe(QTreeWidgetItem& node)

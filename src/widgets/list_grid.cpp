@@ -144,6 +144,7 @@ int ListGrid::current_col() const
 void ListGrid::set_current(int row, int column)
 {
     setCurrentIndex(model_->index(row, column));
+    emit current_set();
 }
 
 int ListGrid::col_width(int column) const

@@ -73,6 +73,7 @@ public:
 signals:
     void mouse_down(Qt::MouseButton button, QPoint position); ///< viewport coordinates
     void mouse_up(Qt::MouseButton button, QPoint position);
+    void current_set(); ///< a cell was made current; not when the current row has gone and another takes its place
     void mouse_done(); ///< what the release had to do is done
     void key_down(int key); ///< one of `key_code`; the grid itself does not move
     void scrolled();

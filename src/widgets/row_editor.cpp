@@ -37,7 +37,7 @@ RowEditor::RowEditor(ListGrid& grid, RowEditorHost& host, QWidget* parent)
     connect(&grid_, &ListGrid::scrolled, this, &RowEditor::rows_scrolled);
     connect(&grid_, &ListGrid::lost_focus, this, &RowEditor::focus_left);
     connect(&grid_, &ListGrid::mouse_done, this, &RowEditor::follow_current_row);
-    connect(grid_.selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
+    connect(&grid_, &ListGrid::current_set, this, [this] {
         if (!grid_.is_pressed())
             follow_current_row();
     });
