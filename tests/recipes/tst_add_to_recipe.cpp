@@ -142,12 +142,10 @@ void tst_add_to_recipe::a_line_of_a_stock_item_opens_with_its_name_and_red_place
     const Key milk = w.add_item(QStringLiteral("Milk"), 0);
     w.open();
     w.select_item(milk);
-    w.page().state.matched_item = 99;
     click_add_button(w);
     QVERIFY(w.editor().is_open());
-    QCOMPARE(w.page().state.line_mode, 1);
-    QCOMPARE(w.page().state.matched_item, Key(0));
-    QCOMPARE(w.main().shared.editor_mode, 4);
+    QVERIFY(w.editor().draft().is_new());
+    QCOMPARE(w.editor().draft().placed_item, milk);
     QCOMPARE(w.button("imgScratch").toolTip(), QStringLiteral("Cancel adding ingredient"));
     QCOMPARE(w.button("imgScratch").property("Tag").toString(), QStringLiteral("ns"));
     QVERIFY(w.button("imgScratch").isVisible());
@@ -195,8 +193,7 @@ void tst_add_to_recipe::a_stock_item_is_added_by_the_menu()
     w.select_item(milk);
     w.trigger(QStringLiteral("mnu_tv_air"));
     QVERIFY(w.editor().is_open());
-    QCOMPARE(w.page().state.line_mode, 1);
-    QCOMPARE(w.main().shared.editor_mode, 4);
+    QCOMPARE(w.editor().draft().edited.item_ref, milk);
     QCOMPARE(w.item().text(), QStringLiteral("Milk"));
     QCOMPARE(w.item().property("Tag").toString(), QStringLiteral("Milk"));
     QVERIFY(LineWindow::is_black_upright(w.item()));
@@ -273,8 +270,7 @@ void tst_add_to_recipe::a_stock_item_that_has_gone_opens_nothing()
 {
     LineWindow w;
     w.open();
-    w.main().shared.item_in_work = 77;
-    w.page().drag_ingred(QStringLiteral("Ghost"));
+    w.page().drag_ingred(77, QStringLiteral("Ghost"));
     QVERIFY(!w.editor().is_open());
     QCOMPARE(w.lines(), 0);
 }

@@ -77,8 +77,8 @@ void tst_ingredients::a_new_line_opens_empty_with_red_placeholders()
     QVERIFY(w.editor().is_open());
     QCOMPARE(w.lines(), 2);
     QCOMPARE(w.page().state.cur_line, 1);
-    QCOMPARE(w.page().state.line_mode, 4);
-    QCOMPARE(w.main().shared.editor_mode, 5);
+    QVERIFY(w.editor().draft().is_new());
+    QCOMPARE(w.editor().draft().edited.item_ref, Key(-1));
     QVERIFY(w.qty().hasFocus());
     QVERIFY(w.qty().text().isEmpty());
     QVERIFY(LineWindow::is_black_upright(w.qty()));
@@ -478,16 +478,17 @@ void tst_ingredients::a_line_added_without_the_editor_stands_on_the_page()
     LineWindow w;
     w.add_line(w.recipe, QStringLiteral("Salt"));
     w.open();
-    w.page().state.line_mode = line_mode::non_stock;
-    w.page().state.matched_item = 0;
+    LineDraft draft = LineDraft::added(w.recipe, 1);
     {
         MessageScript script;
         script.expect(QStringLiteral("Please provide"),
                       QStringLiteral("Please provide a name for \nyour non-stock item"));
-        QVERIFY(!w.page().ingredients().add_ingred(QStringLiteral(" "), QString(), QString(), QString()));
+        QVERIFY(!w.page().ingredients().add_ingred(draft));
     }
     QCOMPARE(w.lines(), 1);
-    QVERIFY(w.page().ingredients().add_ingred(QStringLiteral("Oil"), QStringLiteral("1"), QString(), QString()));
+    draft.set_text(IngredientField::item, QStringLiteral("Oil"));
+    draft.set_text(IngredientField::qty, QStringLiteral("1"));
+    QVERIFY(w.page().ingredients().add_ingred(draft));
     QCOMPARE(w.lines(), 2);
     QCOMPARE(w.ingred(1), QStringLiteral("1 Oil"));
     QCOMPARE(w.number("SELECT \"order\" FROM recipe_2 WHERE item = 'Oil'"), 1);

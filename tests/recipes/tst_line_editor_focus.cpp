@@ -111,7 +111,7 @@ void tst_line_editor_focus::a_refused_press_on_another_line_from_the_list_goes_n
     }
     QVERIFY(w.editor().is_open());
     QCOMPARE(w.editor().index(), 1);
-    QVERIFY(!w.page().ingredients().work.lines_greyed);
+    QVERIFY(!w.editor().lines_greyed());
     QCOMPARE(w.focused_after_message(), &w.item());
     QCOMPARE(w.line(0).ingred->text_color(), grey);
     w.click_line(0);
