@@ -47,10 +47,10 @@ std::optional<IngredientRow> insert_line(Connection& connection, Key recipe, Ing
     if (line.item_ref < 1 || !stock_item_name(connection, line.item_ref))
         line.item_ref = -1;
     line.key = get_node(connection, Table::recipe_2);
-    line.item = trim(line.item);
-    line.qty = trim(line.qty);
-    line.measure = measure_of_new_line(trim(line.measure));
-    line.comment = trim(line.comment);
+    line.item = trim(one_line(line.item));
+    line.qty = trim(one_line(line.qty));
+    line.measure = measure_of_new_line(trim(one_line(line.measure)));
+    line.comment = trim(one_line(line.comment));
     Query(connection,
           "INSERT INTO recipe_2 (key_id, r_ref, item_ref, item, qty, measure, comment, \"order\")"
           " VALUES (?, ?, ?, ?, ?, ?, ?, ?)",

@@ -82,7 +82,7 @@ const QString& LineDraft::text(IngredientField field) const
 
 void LineDraft::set_text(IngredientField field, const QString& text, Key match)
 {
-    text_of(edited, field) = trim(text);
+    text_of(edited, field) = trim(one_line(text));
     if (field != IngredientField::item)
         return;
     if (edited.item == settled.name)
@@ -95,7 +95,7 @@ void LineDraft::set_text(IngredientField field, const QString& text, Key match)
 
 void LineDraft::choose(const LinkedName& stock_item)
 {
-    edited.item = trim(stock_item.name);
+    edited.item = trim(one_line(stock_item.name));
     edited.item_ref = stock_item.item_ref;
     settle();
 }

@@ -414,7 +414,8 @@ void LineEditor::close_quietly()
         return;
     if (apostrophe_typed()) {
         QString name = boxes_->edit(item).text();
-        draft_.set_text(item, strip_apostrophes(name), stock_item_named(main_.connection(), name));
+        strip_apostrophes(name);
+        draft_.set_text(item, name, stock_item_named(main_.connection(), name));
         boxes_->show_text(item, draft_.edited.item);
     }
     left_box(last_box_);
