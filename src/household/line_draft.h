@@ -27,8 +27,8 @@ struct LineDraft {
 
     const QString& text(IngredientField field) const;
 
-    /// Takes a text, trimmed and of one line. A name also takes the stock item that it stands for: the one that it had when the
-    /// edit began or when it was settled last, else `match`, the stock item of that name, 0 for none.
+    /// Takes a text, trimmed and of one line. A name also takes the stock item that it stands for: the one that it
+    /// had when the edit began or when it was settled last, else `match`, the stock item of that name, 0 for none.
     void set_text(IngredientField field, const QString& text, Key match = 0);
 
     void choose(const LinkedName& stock_item); ///< a name that the user gave a stock item

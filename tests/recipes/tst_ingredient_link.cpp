@@ -168,8 +168,9 @@ void tst_ingredient_link::leaving_the_box_writes_name_and_link_at_once()
     const Key key = w.add_line(w.recipe, QStringLiteral("Milk"), milk);
     w.open();
     Query(w.db(), "CREATE TABLE seen (line)").run();
-    Query(w.db(), "CREATE TRIGGER see AFTER UPDATE ON recipe_2"
-                  " BEGIN INSERT INTO seen VALUES (new.item || new.item_ref); END")
+    Query(w.db(),
+          "CREATE TRIGGER see AFTER UPDATE ON recipe_2"
+          " BEGIN INSERT INTO seen VALUES (new.item || new.item_ref); END")
         .run();
     w.open_line(0);
     QTest::mouseClick(&w.item(), Qt::LeftButton);
@@ -205,6 +206,7 @@ void tst_ingredient_link::the_name_that_the_line_had_gets_its_link_back()
         QTest::mouseClick(&w.desc(), Qt::LeftButton);
         QCOMPARE(w.stored(key, "item || item_ref"), QStringLiteral("Something whiter-1"));
         QTest::mouseClick(&w.item(), Qt::LeftButton);
+        QTest::keyClick(&w.item(), Qt::Key_End);
     }
     QTest::keyClick(&w.item(), Qt::Key_Backspace);
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
