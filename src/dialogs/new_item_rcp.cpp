@@ -2,7 +2,7 @@
 
 #include "window/frmmain.h"
 #include "widgets/message_box.h"
-#include "lists/lists.h"
+#include "household/household.h"
 #include "household/lists_store.h"
 #include "household/recipe_categories.h"
 #include "household/recipe_store.h"
@@ -173,8 +173,7 @@ bool new_item_rcp::ok_list(const QString& name)
                 box::information, QStringLiteral("Valora info"));
         return false;
     }
-    made_ = insert_list(main_.connection(), name, main_.today());
-    main_.lists().list_made(made_);
+    made_ = main_.household().make_list(name, main_.today());
     return true;
 }
 

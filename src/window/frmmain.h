@@ -16,6 +16,8 @@ namespace tarnwick {
 class Clearing;
 class Commands;
 class FloatingButtons;
+class GridListener;
+class Household;
 class Layout;
 class ListMouse;
 class ListPane;
@@ -26,6 +28,7 @@ class RecipeTree;
 class MainRowEditorHost;
 class RowEditor;
 class StatusPanels;
+class StatusWords;
 class StockCommands;
 class StockTree;
 class Toolbar;
@@ -47,6 +50,7 @@ public:
 
     const Environment& environment() const { return environment_; }
     Connection& connection() { return connection_; }
+    Household& household() { return *household_; }
     Settings& settings() { return settings_; }
     QDate today() const { return environment_.today(); }
 
@@ -90,6 +94,7 @@ protected:
 
 private:
     void make_panes();
+    void connect_household();
     void read_page_color();
     void read_views();
     void load_trees();
@@ -103,6 +108,7 @@ private:
     Connection connection_;
 
     QWidget* area_ = nullptr;
+    std::unique_ptr<Household> household_;
     std::unique_ptr<Commands> commands_;
     std::unique_ptr<StatusPanels> status_panels_;
     std::unique_ptr<Toolbar> toolbar_;
@@ -118,6 +124,8 @@ private:
     std::unique_ptr<Clearing> clearing_;
     std::unique_ptr<MainRowEditorHost> row_editor_host_;
     std::unique_ptr<RowEditor> row_editor_;
+    std::unique_ptr<GridListener> grid_listener_;
+    std::unique_ptr<StatusWords> status_words_;
     std::unique_ptr<ViewState> view_state_;
     std::unique_ptr<Layout> layout_;
 };

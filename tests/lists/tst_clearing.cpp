@@ -97,7 +97,6 @@ private slots:
 
     void groc_del_removes_row_link_and_grid_row();
     void groc_del_corrects_tree_tag_and_panel();
-    void groc_del_leaves_grid_and_tree_when_not_asked();
     void groc_del_of_the_last_row_empties_the_grid_and_closes_the_editor();
     void groc_del_of_a_row_without_link_deletes_the_row_alone();
     void groc_del_failure_changes_nothing();
@@ -219,7 +218,7 @@ void tst_clearing::rows_whose_item_is_gone_are_cleared_as_well()
 {
     Household home;
     Query(home.db(), "DELETE FROM items_1 WHERE item = 'Bread'").run();
-    const auto items = clear_rows(home.db(), home.weekly, clear_mode::delete_all);
+    const auto items = clear_rows(home.db(), home.weekly, clear_mode::delete_all).items;
     QCOMPARE(items.size(), size_t(2));
     QCOMPARE(home.list_rows(), QStringLiteral("4:1,5:0"));
 }
@@ -228,7 +227,7 @@ void tst_clearing::item_twice_on_a_list_is_counted_once()
 {
     Household home;
     home.add_row(home.bread, home.weekly, true);
-    const auto items = clear_rows(home.db(), home.weekly, clear_mode::uncheck);
+    const auto items = clear_rows(home.db(), home.weekly, clear_mode::uncheck).items;
     QCOMPARE(items.size(), size_t(2));
     QCOMPARE(home.number("SELECT status FROM items_1 WHERE item = 'Bread'"), 6);
 }
@@ -303,7 +302,7 @@ void tst_clearing::groc_del_removes_row_link_and_grid_row()
     Household home;
     frmmain& main = home.load();
     MessageScript script;
-    main.clearing().groc_del(home.milk_row, true, true);
+    main.clearing().groc_del(home.milk_row);
     QCOMPARE(home.grid(), QStringLiteral("Bread 1 179 122,Eggs 0 183 113"));
     QCOMPARE(home.list_rows(), QStringLiteral("2:1,3:0,4:1,5:0"));
     QCOMPARE(home.links(), QStringLiteral("2-2-1,3-3-1,4-1-2,5-3-2"));
@@ -315,23 +314,13 @@ void tst_clearing::groc_del_corrects_tree_tag_and_panel()
     Household home;
     frmmain& main = home.load();
     main.stock_tree().view().select(home.node(home.bread));
-    main.clearing().groc_del(home.bread_row, true, true);
+    main.clearing().groc_del(home.bread_row);
     QCOMPARE(TreeView::picture(home.node(home.bread)), 5);
     QCOMPARE(TreeView::tag(home.node(home.bread)), QStringLiteral("5"));
     QCOMPARE(home.panel(), QStringLiteral("Not listed :: OTHER category"));
     main.set_status(QStringLiteral("untouched"));
-    main.clearing().groc_del(home.eggs_row, true, true);
+    main.clearing().groc_del(home.eggs_row);
     QCOMPARE(home.panel(), QStringLiteral("untouched"));
-}
-
-void tst_clearing::groc_del_leaves_grid_and_tree_when_not_asked()
-{
-    Household home;
-    frmmain& main = home.load();
-    main.clearing().groc_del(home.bread_row, false, false);
-    QCOMPARE(home.rows().rows(), 3);
-    QCOMPARE(TreeView::picture(home.node(home.bread)), 7);
-    QCOMPARE(home.number("SELECT status FROM items_1 WHERE item = 'Bread'"), 5);
 }
 
 void tst_clearing::groc_del_of_the_last_row_empties_the_grid_and_closes_the_editor()
@@ -341,11 +330,11 @@ void tst_clearing::groc_del_of_the_last_row_empties_the_grid_and_closes_the_edit
     frmmain& main = home.load();
     main.list_pane().grid().set_current(0, grid_column::item);
     main.row_editor().show_l_line();
-    main.clearing().groc_del(home.eggs_camping, true, true);
+    main.clearing().groc_del(home.eggs_camping);
     QCOMPARE(home.rows().rows(), 1);
     main.list_pane().grid().set_current(0, grid_column::item);
     main.row_editor().show_l_line();
-    main.clearing().groc_del(home.milk_camping, true, true);
+    main.clearing().groc_del(home.milk_camping);
     QCOMPARE(home.rows().rows(), 0);
     QVERIFY(!main.row_editor().is_open());
     QCOMPARE(home.number("SELECT count(*) FROM list_name"), 2);
@@ -358,7 +347,7 @@ void tst_clearing::groc_del_of_a_row_without_link_deletes_the_row_alone()
     frmmain& main = home.load();
     const QString links = home.links();
     const QString items = home.items();
-    main.clearing().groc_del(40, true, true);
+    main.clearing().groc_del(40);
     QCOMPARE(home.number("SELECT count(*) FROM groc_1 WHERE key_id = 40"), 0);
     QCOMPARE(home.links(), links);
     QCOMPARE(home.items(), items);
@@ -371,7 +360,7 @@ void tst_clearing::groc_del_failure_changes_nothing()
     frmmain& main = home.load();
     refuse(main.connection(), "UPDATE", "items_1");
     const QStringList before = table_dump(home.db());
-    QVERIFY_EXCEPTION_THROWN(main.clearing().groc_del(home.milk_row, true, true), SQLite::Exception);
+    QVERIFY_EXCEPTION_THROWN(main.clearing().groc_del(home.milk_row), SQLite::Exception);
     QCOMPARE(table_dump(home.db()), before);
     QCOMPARE(home.rows().rows(), 3);
 }

@@ -345,7 +345,7 @@ void tst_placing::duplicate_question_tells_active_from_inactive()
     expect_second_placing(script, QStringLiteral("inactive"), QStringLiteral("Milk"), Answer::no);
     main.placing().stock_to_list(home.milk);
     QCOMPARE(table_dump(home.db()), before);
-    QVERIFY(!main.placing().chck_item(home.milk, home.camping));
+    QVERIFY(main.placing().chck_item(home.milk, home.camping) == PlacingAnswer::go_on);
 }
 
 void tst_placing::item_on_a_list_that_is_not_shown_leaves_the_grid()
@@ -405,7 +405,7 @@ void tst_placing::duplicate_check_passes_silently_in_the_all_lists_view()
     frmmain& main = home.load();
     home.view_all();
     MessageScript script;
-    QVERIFY(!main.placing().chck_item(home.milk, main.shared.current_list));
+    QVERIFY(main.placing().chck_item(home.milk, main.shared.current_list) == PlacingAnswer::go_on);
 }
 
 void tst_placing::without_lists_the_check_runs_and_the_message_follows()
