@@ -166,7 +166,7 @@ Refusal Household::delete_list(Key list)
 void Household::rename_list(Key list, const QString& name)
 {
     rename_list_record(connection_, list, name);
-    emit lists_changed({ListsChange::Kind::renamed, list, name, std::nullopt});
+    emit lists_changed({ListsChange::Kind::renamed, list, get_list_name(connection_, list), std::nullopt});
 }
 
 Key Household::make_list(const QString& name, QDate today)
