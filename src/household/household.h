@@ -63,6 +63,8 @@ public:
     /// Makes a list and returns its key. Throws error 6 when the keys are used up.
     Key make_list(const QString& name, QDate today);
 
+    Key last_groc_key() const { return last_groc_key_; } ///< the list row placed last; -1 none
+
 signals:
     void item_changed(const ItemChange& change);
     void lists_changed(const ListsChange& change);
@@ -72,6 +74,7 @@ private:
     void announce_cleared(Key list, const ClearedRows& cleared, int mode);
 
     Connection& connection_;
+    Key last_groc_key_ = -1;
 };
 
 } // namespace tarnwick

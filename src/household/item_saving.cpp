@@ -116,8 +116,7 @@ private:
         const auto placed = insert(placement);
         if (!placed)
             return;
-        change_.written.push_back(
-            {WrittenRow::Kind::placed, cells_of(row, placed->groc_key, item_, placed->item)});
+        change_.written.push_back({WrittenRow::Kind::placed, cells_of(row, placed->groc_key, item_, placed->item)});
         // A placing takes a whole number and no coupon; what the user entered beyond that is kept too.
         const bool more_than_number = !qty.isEmpty() && qty != QString::number(placement.qty);
         if (more_than_number || expiry.isValid())

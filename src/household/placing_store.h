@@ -45,7 +45,8 @@ struct ListedRow {
 std::optional<ListedRow> item_on_list(Connection& connection, Key item, Key list);
 
 /// Writes the buy-it mark of a list row and the plain code 7 or 6 of its item, in one transaction.
-/// Returns the item with its true code; nothing, and no change, when the row is not on the list. Throws SQLite::Exception.
+/// Returns the item with its true code; nothing, and no change, when the row is not on the list. Throws
+/// SQLite::Exception.
 std::optional<ItemStatus> write_buy_it(Connection& connection, Key groc_key, Key list, bool to_get);
 
 /// The stock item behind a list row.

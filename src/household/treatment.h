@@ -59,8 +59,8 @@ inline constexpr std::array treatments{
               PanelWords::if_selected, Code::computed, LineTip::words, GridMarks::in_place},
     Treatment{Cause::page_box, RowMark::by_page, ItemFlag::untouched, Code::computed, Code::computed, true,
               PanelWords::always, Code::plain, LineTip::words, GridMarks::go_to_first},
-    Treatment{Cause::item_editor, RowMark::as_edited, ItemFlag::cleared_if_new, Code::computed, Code::computed, false,
-              PanelWords::always, Code::computed, LineTip::line_and_words, GridMarks::in_place},
+    Treatment{Cause::item_editor, RowMark::as_edited, ItemFlag::cleared_if_new, Code::computed, Code::computed,
+              false, PanelWords::always, Code::computed, LineTip::line_and_words, GridMarks::in_place},
 };
 
 constexpr const Treatment& treatment_of(Cause cause)

@@ -90,14 +90,14 @@ void Placing::place(const Placement& placement)
         msg_box(&main_, QStringLiteral("Stock item not found"), box::ok, QStringLiteral("Warning"));
         break;
     case Refusal::none:
+        main_.shared.last_groc_key = main_.household().last_groc_key();
         break;
     }
 }
 
 void Placing::say_list_gone()
 {
-    msg_box(&main_,
-            QStringLiteral("This list no longer exists. Choose another one from the Shopping lists menu."),
+    msg_box(&main_, QStringLiteral("This list no longer exists. Choose another one from the Shopping lists menu."),
             box::exclamation, QStringLiteral("Shopping list"));
 }
 

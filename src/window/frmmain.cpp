@@ -124,7 +124,8 @@ void frmmain::connect_household()
     status_words_ = std::make_unique<StatusWords>(connection_, *status_panels_, shared,
                                                   [this](Key item) { return stock_tree_->is_selected(item); });
     const auto listen = [this](auto signal, auto& listener, auto slot) {
-        connect(household_.get(), signal, this, [&listener, slot](const auto& change) { (listener.*slot)(change); });
+        connect(household_.get(), signal, this,
+                [&listener, slot](const auto& change) { (listener.*slot)(change); });
     };
     listen(&Household::item_changed, *grid_listener_, &GridListener::item_changed);
     listen(&Household::item_changed, *stock_tree_, &StockTree::item_changed);

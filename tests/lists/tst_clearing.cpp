@@ -23,9 +23,9 @@ using namespace tarnwick;
 namespace {
 
 /// Two lists: Weekly on show with milk and bread to buy and eggs not; milk and eggs on Camping as well.
-class Household : public TestWindow {
+class HomeWithLists : public TestWindow {
 public:
-    Household()
+    HomeWithLists()
         : weekly(add_list(QStringLiteral("Weekly")))
         , camping(add_list(QStringLiteral("Camping")))
         , milk(add_item(QStringLiteral("Milk"), 0, 8))
@@ -104,7 +104,7 @@ private slots:
 
 void tst_clearing::mode_1_unchecks_the_buy_it_rows_and_keeps_all()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     MessageScript script;
     main.clearing().clear_list(clear_mode::uncheck);
@@ -118,7 +118,7 @@ void tst_clearing::mode_1_unchecks_the_buy_it_rows_and_keeps_all()
 
 void tst_clearing::mode_2_deletes_the_unchecked_rows()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     MessageScript script;
     main.clearing().clear_list(clear_mode::delete_unchecked);
@@ -132,7 +132,7 @@ void tst_clearing::mode_2_deletes_the_unchecked_rows()
 
 void tst_clearing::mode_3_deletes_all_rows_and_the_list_stays()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     MessageScript script;
     main.clearing().clear_list(clear_mode::delete_all);
@@ -148,7 +148,7 @@ void tst_clearing::mode_3_deletes_all_rows_and_the_list_stays()
 
 void tst_clearing::item_on_two_lists_stays_active_after_clearing_one()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     main.clearing().clear_list(clear_mode::delete_all);
     QCOMPARE(TreeView::picture(home.node(home.milk)), 7);
@@ -157,7 +157,7 @@ void tst_clearing::item_on_two_lists_stays_active_after_clearing_one()
 
 void tst_clearing::mode_1_without_buy_it_rows_says_so_and_changes_nothing()
 {
-    Household home;
+    HomeWithLists home;
     Query(home.db(), "UPDATE groc_1 SET to_get = 0").run();
     frmmain& main = home.load();
     const QStringList before = table_dump(home.db());
@@ -172,7 +172,7 @@ void tst_clearing::mode_1_without_buy_it_rows_says_so_and_changes_nothing()
 
 void tst_clearing::mode_2_with_all_rows_ticked_says_no_items()
 {
-    Household home;
+    HomeWithLists home;
     Query(home.db(), "UPDATE groc_1 SET to_get = 1").run();
     frmmain& main = home.load();
     const QStringList before = table_dump(home.db());
@@ -184,7 +184,7 @@ void tst_clearing::mode_2_with_all_rows_ticked_says_no_items()
 
 void tst_clearing::mode_3_without_rows_says_no_unchecked_items()
 {
-    Household home;
+    HomeWithLists home;
     home.db().db().exec("DELETE FROM groc_1; DELETE FROM tie");
     frmmain& main = home.load();
     MessageScript script;
@@ -194,7 +194,7 @@ void tst_clearing::mode_3_without_rows_says_no_unchecked_items()
 
 void tst_clearing::clearing_is_not_offered_in_the_all_lists_view()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     QVERIFY(home.find<QToolButton>(QStringLiteral("Toolbar1(2)"))->isEnabled());
     QVERIFY(main.commands().action(QStringLiteral("mnu_list_del")).isEnabled());
@@ -208,7 +208,7 @@ void tst_clearing::clearing_is_not_offered_in_the_all_lists_view()
 
 void tst_clearing::clearing_ends_with_the_integrity_check()
 {
-    Household home;
+    HomeWithLists home;
     home.db().db().exec("INSERT INTO tie (key_id, groc_id, item_id, list) VALUES (90, 700, 1, 2), (91, 4, 800, 2)");
     clear_rows(home.db(), home.weekly, clear_mode::uncheck);
     QCOMPARE(home.number("SELECT count(*) FROM tie WHERE key_id >= 90"), 0);
@@ -216,7 +216,7 @@ void tst_clearing::clearing_ends_with_the_integrity_check()
 
 void tst_clearing::rows_whose_item_is_gone_are_cleared_as_well()
 {
-    Household home;
+    HomeWithLists home;
     Query(home.db(), "DELETE FROM items_1 WHERE item = 'Bread'").run();
     const auto items = clear_rows(home.db(), home.weekly, clear_mode::delete_all).items;
     QCOMPARE(items.size(), size_t(2));
@@ -225,7 +225,7 @@ void tst_clearing::rows_whose_item_is_gone_are_cleared_as_well()
 
 void tst_clearing::item_twice_on_a_list_is_counted_once()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.bread, home.weekly, true);
     const auto items = clear_rows(home.db(), home.weekly, clear_mode::uncheck).items;
     QCOMPARE(items.size(), size_t(2));
@@ -247,7 +247,7 @@ void tst_clearing::failure_in_the_middle_changes_nothing()
     QFETCH(int, mode);
     QFETCH(QByteArray, operation);
     QFETCH(QByteArray, table);
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     refuse(main.connection(), operation.constData(), table.constData());
     const QStringList before = table_dump(home.db());
@@ -260,7 +260,7 @@ void tst_clearing::failure_in_the_middle_changes_nothing()
 
 void tst_clearing::clearing_rewrites_the_panel_of_the_selected_item()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     main.stock_tree().view().select(home.node(home.bread));
     main.clearing().clear_list(clear_mode::delete_all);
@@ -299,7 +299,7 @@ void tst_clearing::clearing_costs_in_proportion_to_the_list()
 
 void tst_clearing::groc_del_removes_row_link_and_grid_row()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     MessageScript script;
     main.clearing().groc_del(home.milk_row);
@@ -311,7 +311,7 @@ void tst_clearing::groc_del_removes_row_link_and_grid_row()
 
 void tst_clearing::groc_del_corrects_tree_tag_and_panel()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     main.stock_tree().view().select(home.node(home.bread));
     main.clearing().groc_del(home.bread_row);
@@ -325,7 +325,7 @@ void tst_clearing::groc_del_corrects_tree_tag_and_panel()
 
 void tst_clearing::groc_del_of_the_last_row_empties_the_grid_and_closes_the_editor()
 {
-    Household home;
+    HomeWithLists home;
     home.set_pref(QStringLiteral("alist"), QString::number(home.camping));
     frmmain& main = home.load();
     main.list_pane().grid().set_current(0, grid_column::item);
@@ -342,7 +342,7 @@ void tst_clearing::groc_del_of_the_last_row_empties_the_grid_and_closes_the_edit
 
 void tst_clearing::groc_del_of_a_row_without_link_deletes_the_row_alone()
 {
-    Household home;
+    HomeWithLists home;
     home.db().db().exec("INSERT INTO groc_1 (key_id, item) VALUES (40, 'Unlinked')");
     frmmain& main = home.load();
     const QString links = home.links();
@@ -356,7 +356,7 @@ void tst_clearing::groc_del_of_a_row_without_link_deletes_the_row_alone()
 
 void tst_clearing::groc_del_failure_changes_nothing()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     refuse(main.connection(), "UPDATE", "items_1");
     const QStringList before = table_dump(home.db());
