@@ -45,6 +45,7 @@ public:
     void tree_lost_focus();
 
 private:
+    /// Shows the recipe button beside a new item's node; nothing without an open recipe.
     void show_for_recipe(QTreeWidgetItem& node);
     void clicked(int index);
     void show_recipe_button(QTreeWidgetItem& node, int indent, int top);
@@ -52,6 +53,7 @@ private:
     void show_list_button(QTreeWidgetItem& node, int indent, int top);
     void show_at(int index, const QTreeWidgetItem& node, int indent, int top, const QString& tool_tip);
     bool row_in_view(int top) const;
+    bool recipe_open() const;
     void place_on_list();
     void add_to_recipe();
     void locate();
