@@ -15,7 +15,6 @@
 namespace tarnwick {
 namespace {
 
-constexpr int by_category = 1;
 constexpr int sample_one_column = 138;
 constexpr int sample_one_column_grouped = 139;
 constexpr int sample_two_columns = 140;
@@ -197,7 +196,7 @@ void pic_frm::command(int index)
 
 void pic_frm::show_sample()
 {
-    const bool grouped = Option2_[by_category]->isChecked();
+    const bool grouped = Option2_[report_sort::by_category]->isChecked();
     const int number = OptionCol_[0]->isChecked() ? (grouped ? sample_one_column_grouped : sample_one_column)
                                                   : (grouped ? sample_two_columns_grouped : sample_two_columns);
     Picture1_->setProperty("picture", number);

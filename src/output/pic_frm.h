@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/shared_values.h"
+#include "household/report_options.h"
 
 #include <QDialog>
 

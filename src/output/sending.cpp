@@ -1,7 +1,5 @@
 #include "output/sending.h"
 
-#include "app/environment.h"
-#include "app/shared_values.h"
 #include "data/settings.h"
 #include "household/mail.h"
 #include "household/rtf.h"
@@ -14,33 +12,29 @@
 #include <QSaveFile>
 #include <QUrl>
 
+#include <utility>
+
 namespace tarnwick {
 
-Sending::Sending(QWidget& window, Connection& connection, Settings& settings, const Environment& environment,
-                 const SharedValues& shared)
-    : window_(window)
-    , connection_(connection)
-    , settings_(settings)
-    , environment_(environment)
-    , shared_(shared)
+Sending::Sending(SendingContext context)
+    : context_(std::move(context))
 {
 }
 
 void Sending::send_to_rtf(const std::optional<RecipeSheet>& recipe)
 {
     warn_of_scanners();
-    const QString path
-        = environment_.program_folder + (recipe ? QStringLiteral("/recipe.rtf") : QStringLiteral("/list.rtf"));
+    const QString path = context_.folder + (recipe ? QStringLiteral("/recipe.rtf") : QStringLiteral("/list.rtf"));
     QByteArray rtf;
     if (recipe) {
         rtf = recipe_rtf(*recipe);
     } else if (const auto list = list_wanted()) {
-        rtf = list_rtf(*list, environment_.today());
+        rtf = list_rtf(*list, context_.today);
     } else {
         remove_file(path);
         return;
     }
-    if (write_file(path, rtf) && !environment_.open_url(QUrl::fromLocalFile(path)))
+    if (write_file(path, rtf) && !context_.open_url(QUrl::fromLocalFile(path)))
         say(QStringLiteral("There was a problem opening the\ncurrent word processing application"), box::ok);
 }
 
@@ -51,16 +45,16 @@ void Sending::send_to_email(const std::optional<RecipeSheet>& recipe)
     if (recipe)
         mail = recipe_mail(*recipe);
     else if (const auto list = list_wanted())
-        mail = list_mail(*list, environment_.today());
+        mail = list_mail(*list, context_.today);
     else
         return;
     const QUrl url = mail.url();
-    if (url.toEncoded().size() > environment_.longest_url)
+    if (url.toEncoded().size() > context_.longest_url)
         say((recipe ? QStringLiteral("This recipe") : QStringLiteral("This list"))
                 + QStringLiteral(" is too long to be handed to the\ncurrent email application whole.\n\n"
                                  "You may open it in your word processing\napplication instead."),
             box::exclamation);
-    else if (!environment_.open_url(url))
+    else if (!context_.open_url(url))
         say(QStringLiteral("There was a problem opening the current email application"), box::ok);
 }
 
@@ -69,19 +63,19 @@ void Sending::send_to_email(const std::optional<RecipeSheet>& recipe)
 void Sending::warn_of_scanners()
 {
     const QString av_warn = QStringLiteral("av_warn");
-    if (val(settings_.pref(av_warn, QStringLiteral("0"))) != 0)
+    if (val(context_.settings.pref(av_warn, QStringLiteral("0"))) != 0)
         return;
-    if (anti_vrs(shared_.type_size, &window_).show_notice())
-        settings_.write(QLatin1String(settings_app::dialogs), QStringLiteral("prefs"), av_warn,
-                        QStringLiteral("1"));
+    if (anti_vrs(context_.type_size, &context_.window).show_notice())
+        context_.settings.write(QLatin1String(settings_app::dialogs), QStringLiteral("prefs"), av_warn,
+                                QStringLiteral("1"));
 }
 
 std::optional<ListSheet> Sending::list_wanted()
 {
-    const RtfRows rtf_rows = list_to_get(shared_.type_size, &window_).ask();
+    const RtfRows rtf_rows = list_to_get(context_.type_size, &context_.window).ask();
     if (rtf_rows == RtfRows::cancelled)
         return std::nullopt;
-    ListSheet list = read_list_sheet(connection_, shared_.current_list, rtf_rows == RtfRows::buy_it);
+    ListSheet list = read_list_sheet(context_.connection, context_.current_list, rtf_rows == RtfRows::buy_it);
     if (list.rows.empty()) {
         say(QStringLiteral("No shopping list items found"), box::information);
         return std::nullopt;
@@ -112,7 +106,7 @@ void Sending::remove_file(const QString& path)
 
 void Sending::say(const QString& text, int flags)
 {
-    msg_box(&window_, text, flags, QStringLiteral("Tarnwick"));
+    msg_box(&context_.window, text, flags, QStringLiteral("Tarnwick"));
 }
 
 } // namespace tarnwick

@@ -1,34 +1,48 @@
 #pragma once
 
+#include "data/text.h"
 #include "household/list_sheet.h"
 #include "household/recipe_sheet.h"
 
+#include <QDate>
+#include <QString>
+
+#include <functional>
 #include <optional>
 
 class QByteArray;
+class QUrl;
 class QWidget;
 
 namespace tarnwick {
 
 class Connection;
 class Settings;
-struct Environment;
-struct SharedValues;
 
-/// Opens lists and recipes in the word processor and in the mail program. What goes wrong outside of the database
-/// is told in a message.
+/// What sending takes from the main window and the desktop.
+struct SendingContext {
+    QWidget& window; ///< owner of dialogs and messages
+    Connection& connection;
+    Settings& settings;
+    QString folder; ///< takes the RTF files
+    QDate today;
+    std::function<bool(const QUrl&)> open_url; ///< false when nothing could be opened
+    qsizetype longest_url; ///< bytes that `open_url` hands over whole
+    Key current_list; ///< below 1 all lists
+    int type_size; ///< of the main window, points
+};
+
+/// Opens lists and recipes in the word processor and in the mail program. What goes wrong outside of database and
+/// settings is told in a message; their errors are thrown.
 class Sending {
 public:
-    /// `window` owns the dialogs and messages.
-    Sending(QWidget& window, Connection& connection, Settings& settings, const Environment& environment,
-            const SharedValues& shared);
+    explicit Sending(SendingContext context);
 
-    /// Writes a recipe, or the list in use when there is none, to an RTF file in the program folder and has the
-    /// desktop open it. An export that the user cancels, or that finds no row, leaves no file. Throws
-    /// SQLite::Exception and what the settings throw.
+    /// Writes a recipe, or the list in use when there is none, to an RTF file and has the desktop open it. An
+    /// export that the user cancels, or that finds no row, leaves no file.
     void send_to_rtf(const std::optional<RecipeSheet>& recipe);
 
-    /// Opens a mail with a recipe, or with the list in use. Throws as `send_to_rtf`.
+    /// Opens a mail with a recipe, or with the list in use.
     void send_to_email(const std::optional<RecipeSheet>& recipe);
 
 private:
@@ -38,11 +52,7 @@ private:
     void remove_file(const QString& path);
     void say(const QString& text, int flags);
 
-    QWidget& window_;
-    Connection& connection_;
-    Settings& settings_;
-    const Environment& environment_;
-    const SharedValues& shared_;
+    SendingContext context_;
 };
 
 } // namespace tarnwick

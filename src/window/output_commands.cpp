@@ -29,7 +29,10 @@ void send(frmmain& main, bool is_recipe, void (Sending::*how)(const std::optiona
             return;
         }
     }
-    Sending sending(main, main.connection(), main.settings(), main.environment(), main.shared);
+    const Environment& environment = main.environment();
+    Sending sending({main, main.connection(), main.settings(), environment.program_folder, main.today(),
+                     environment.open_url, environment.longest_url, main.shared.current_list,
+                     main.shared.type_size});
     (sending.*how)(recipe);
 }
 
