@@ -18,6 +18,22 @@ QString trim(QStringView text)
     return text.sliced(first, last - first).toString();
 }
 
+QString one_line(QStringView text)
+{
+    constexpr char16_t byte_order_mark = 0xfeff;
+    constexpr char16_t line_separator = 0x2028;
+    constexpr char16_t paragraph_separator = 0x2029;
+    while (text.startsWith(QChar(byte_order_mark)))
+        text = text.sliced(1);
+    QString line = text.toString();
+    line.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    for (QChar& c : line) {
+        if (c.category() == QChar::Other_Control || c == line_separator || c == paragraph_separator)
+            c = u' ';
+    }
+    return line;
+}
+
 double val(QStringView text)
 {
     QString number;

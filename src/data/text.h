@@ -13,6 +13,10 @@ using Key = std::int16_t;
 /// The text without leading and trailing blanks; tabs and line ends stay.
 QString trim(QStringView text);
 
+/// The text as names and other one-line texts are kept: every line end and control character is a blank, and a
+/// byte order mark (U+FEFF) at the start is gone.
+QString one_line(QStringView text);
+
 /// The number at the start of a text, blanks ignored; 0 when there is none.
 double val(QStringView text);
 

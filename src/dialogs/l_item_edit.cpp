@@ -2,6 +2,7 @@
 
 #include "window/frmmain.h"
 #include "widgets/message_box.h"
+#include "widgets/one_line_box.h"
 #include "dialogs/new_item_rcp.h"
 #include "recipes/recipe_page.h"
 #include "widgets/pictures.h"
@@ -35,14 +36,6 @@ constexpr int inactive = 136;
 constexpr int active = 137;
 constexpr int active_plus = 144;
 } // namespace lite_picture
-
-/// A name in one line: line ends of a pasted text become blanks.
-QString in_one_line(QString text)
-{
-    for (const QChar end : {QChar(u'\n'), QChar(u'\r'), QChar(u'\t'), QChar(QChar::LineSeparator)})
-        text.replace(end, u' ');
-    return trim(text);
-}
 
 QString no_lists_text()
 {
@@ -86,12 +79,12 @@ bool l_item_edit::makes_item() const
 
 QString l_item_edit::entered_name() const
 {
-    return in_one_line(txt_item_->text());
+    return trim(txt_item_->text());
 }
 
 QString l_item_edit::old_name() const
 {
-    return in_one_line(txt_item_->property(tag).toString());
+    return trim(one_line(txt_item_->property(tag).toString()));
 }
 
 void l_item_edit::make_controls()
@@ -101,6 +94,7 @@ void l_item_edit::make_controls()
         return widget;
     };
     txt_item_ = name(new QLineEdit(this), "txt_item");
+    keep_one_line(*txt_item_);
     combo_ = name(new QComboBox(this), "Combo1");
     new_category_ = name(new QPushButton(QStringLiteral("&New..."), this), "CmdNewCat");
     new_category_->setToolTip(QStringLiteral("New stock category"));

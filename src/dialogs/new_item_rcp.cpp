@@ -2,6 +2,7 @@
 
 #include "window/frmmain.h"
 #include "widgets/message_box.h"
+#include "widgets/one_line_box.h"
 #include "lists/lists.h"
 #include "household/lists_store.h"
 #include "household/recipe_categories.h"
@@ -54,6 +55,7 @@ void new_item_rcp::make_controls()
     Text1_ = new QLineEdit(this);
     Text1_->setObjectName(QStringLiteral("Text1"));
     Text1_->setMinimumWidth(text_width);
+    keep_one_line(*Text1_);
     Combo1_ = new QComboBox(this);
     Combo1_->setObjectName(QStringLiteral("Combo1"));
     for (int i = 0; i < 2; ++i) {

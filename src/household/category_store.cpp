@@ -14,7 +14,7 @@ Key insert_category(Connection& connection, const QString& name)
 {
     Transaction transaction(connection);
     const Key key = get_node(connection, Table::cat);
-    Query(connection, "INSERT INTO cat (key_id, cat_desc, expand) VALUES (?, ?, 0)", key, name).run();
+    Query(connection, "INSERT INTO cat (key_id, cat_desc, expand) VALUES (?, ?, 0)", key, one_line(name)).run();
     transaction.commit();
     return key;
 }

@@ -61,10 +61,10 @@ std::optional<IngredientRow> insert_line(Connection& connection, Key recipe, Ing
     if (line.item_ref < 1 || !stock_item_name(connection, line.item_ref))
         line.item_ref = -1;
     line.key = get_node(connection, Table::recipe_2);
-    line.item = trim(line.item);
-    line.qty = trim(line.qty);
-    line.measure = measure_of_new_line(trim(line.measure));
-    line.comment = trim(line.comment);
+    line.item = trim(one_line(line.item));
+    line.qty = trim(one_line(line.qty));
+    line.measure = measure_of_new_line(trim(one_line(line.measure)));
+    line.comment = trim(one_line(line.comment));
     Query(connection,
           "INSERT INTO recipe_2 (key_id, r_ref, item_ref, item, qty, measure, comment, \"order\")"
           " VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
@@ -80,14 +80,14 @@ void write_line_fields(Connection& connection, Key line,
 {
     Transaction transaction(connection);
     for (const auto& [field, text] : fields)
-        Query(connection, update_of(field), or_blank(trim(text)), line).run();
+        Query(connection, update_of(field), or_blank(trim(one_line(text))), line).run();
     transaction.commit();
 }
 
 void write_line_item(Connection& connection, Key line, Key item_ref, const QString& name)
 {
-    Query(connection, "UPDATE recipe_2 SET item_ref = ?, item = ? WHERE key_id = ?", item_ref, or_blank(trim(name)),
-          line)
+    Query(connection, "UPDATE recipe_2 SET item_ref = ?, item = ? WHERE key_id = ?", item_ref,
+          or_blank(trim(one_line(name))), line)
         .run();
 }
 

@@ -96,7 +96,7 @@ Key ItemStore::add_item(const QString& name, Key category, QDate today)
     Query(connection_,
           "INSERT INTO items_1 (key_id, item, to_get, cat, qty, modified, created, desc, status)"
           " VALUES (?, ?, 0, ?, 0, ?, ?, ' ', ?)",
-          key, name, category, today, today, status_code::unlisted)
+          key, one_line(name), category, today, today, status_code::unlisted)
         .run();
     return key;
 }
@@ -104,8 +104,8 @@ Key ItemStore::add_item(const QString& name, Key category, QDate today)
 void ItemStore::change_row(const RowChange& change)
 {
     Query(connection_, "UPDATE groc_1 SET to_get = ?, desc = ?, qty = ?, cpn = ?, aisle = ? WHERE key_id = ?",
-          change.to_get, or_blank(change.desc), or_blank(change.qty), change.cpn, or_blank(change.aisle),
-          change.groc_key)
+          change.to_get, or_blank(one_line(change.desc)), or_blank(one_line(change.qty)), change.cpn,
+          or_blank(one_line(change.aisle)), change.groc_key)
         .run();
     // A coupon that is off leaves its date behind, for the day when it is turned on again.
     if (change.cpn && change.created.isValid())
@@ -115,14 +115,15 @@ void ItemStore::change_row(const RowChange& change)
 void ItemStore::complete_row(Key groc_key, const QString& qty, QDate coupon_expiry)
 {
     if (!qty.isEmpty())
-        Query(connection_, "UPDATE groc_1 SET qty = ? WHERE key_id = ?", qty, groc_key).run();
+        Query(connection_, "UPDATE groc_1 SET qty = ? WHERE key_id = ?", one_line(qty), groc_key).run();
     if (coupon_expiry.isValid())
         Query(connection_, "UPDATE groc_1 SET cpn = 1, created = ? WHERE key_id = ?", coupon_expiry, groc_key)
             .run();
 }
 
-void ItemStore::rename_item(Key item, const QString& name, QDate today)
+void ItemStore::rename_item(Key item, const QString& new_name, QDate today)
 {
+    const QString name = one_line(new_name);
     Query(connection_, "UPDATE items_1 SET item = ?, modified = ? WHERE key_id = ?", name, today, item).run();
     Query(connection_,
           "UPDATE groc_1 SET item = ? WHERE key_id IN (SELECT t.groc_id FROM tie t WHERE t.item_id = ?)", name,

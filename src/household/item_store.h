@@ -96,7 +96,7 @@ public:
     void complete_row(Key groc_key, const QString& qty, QDate coupon_expiry);
 
     /// Renames an item and its copies on all lists.
-    void rename_item(Key item, const QString& name, QDate today);
+    void rename_item(Key item, const QString& new_name, QDate today);
 
     /// Recipe lines of the item become non-stock lines; they keep their text.
     void unlink_lines(Key item);

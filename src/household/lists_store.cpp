@@ -28,8 +28,8 @@ Key insert_list(Connection& connection, const QString& name, QDate today)
           " WHERE key_id = (SELECT key_id FROM list_name WHERE active <> 0 ORDER BY key_id LIMIT 1)")
         .run();
     const Key key = get_node(connection, Table::list_name);
-    Query(connection, "INSERT INTO list_name (key_id, list_name, active, modified) VALUES (?, ?, 1, ?)", key, name,
-          today)
+    Query(connection, "INSERT INTO list_name (key_id, list_name, active, modified) VALUES (?, ?, 1, ?)", key,
+          one_line(name), today)
         .run();
     transaction.commit();
     return key;
@@ -38,7 +38,7 @@ Key insert_list(Connection& connection, const QString& name, QDate today)
 void rename_list_record(Connection& connection, Key list, const QString& name)
 {
     Transaction transaction(connection);
-    Query(connection, "UPDATE list_name SET list_name = ? WHERE key_id = ?", name, list).run();
+    Query(connection, "UPDATE list_name SET list_name = ? WHERE key_id = ?", one_line(name), list).run();
     transaction.commit();
 }
 

@@ -13,7 +13,7 @@ Key insert_row(Connection& connection, const QString& item, const Placement& pla
     Query(connection,
           "INSERT INTO groc_1 (key_id, item, desc, aisle, to_get, qty, cpn, list, item_id, modified, created)"
           " VALUES (?, ?, ?, ?, ?, ?, 0, 0, 0, ?, ?)",
-          key, item, or_blank(placement.desc), or_blank(placement.aisle), placement.to_get,
+          key, item, or_blank(one_line(placement.desc)), or_blank(one_line(placement.aisle)), placement.to_get,
           QString::number(placement.qty), placement.modified, placement.created)
         .run();
     return key;

@@ -98,8 +98,8 @@ bool save_recipe(Connection& connection, Key recipe, const QString& name, const 
 {
     const QString text = trim(body);
     Transaction transaction(connection);
-    const int changed = Query(connection, "UPDATE recipe_1 SET r_name = ?, r_body = ? WHERE key_id = ?", trim(name),
-                              text.isEmpty() ? help_text() : with_crlf(text), recipe)
+    const int changed = Query(connection, "UPDATE recipe_1 SET r_name = ?, r_body = ? WHERE key_id = ?",
+                              trim(one_line(name)), text.isEmpty() ? help_text() : with_crlf(text), recipe)
                             .run();
     transaction.commit();
     return changed > 0;
@@ -109,8 +109,8 @@ Key insert_recipe(Connection& connection, const QString& name, const QString& ca
 {
     Transaction transaction(connection);
     const Key key = get_node(connection, Table::recipe_1);
-    Query(connection, "INSERT INTO recipe_1 (key_id, r_name, r_body, cat) VALUES (?, ?, ?, ?)", key, trim(name),
-          help_text(), cat)
+    Query(connection, "INSERT INTO recipe_1 (key_id, r_name, r_body, cat) VALUES (?, ?, ?, ?)", key,
+          trim(one_line(name)), help_text(), cat)
         .run();
     transaction.commit();
     return key;

@@ -75,7 +75,7 @@ QString minus_one(QString number)
 bool write_row_field(Connection& connection, Key groc_key, RowField field, const QString& trimmed)
 {
     Transaction transaction(connection);
-    const int changed = Query(connection, update_of(field), or_blank(trimmed), groc_key).run();
+    const int changed = Query(connection, update_of(field), or_blank(one_line(trimmed)), groc_key).run();
     transaction.commit();
     return changed > 0;
 }

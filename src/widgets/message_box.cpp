@@ -1,7 +1,10 @@
 #include "widgets/message_box.h"
 
+#include "widgets/one_line_box.h"
+
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -73,6 +76,8 @@ QString input_box(QWidget* owner, const QString& prompt, const QString& title, c
     dialog.setWindowTitle(title);
     dialog.setLabelText(prompt);
     dialog.setTextValue(initial);
+    for (QLineEdit* box : dialog.findChildren<QLineEdit*>())
+        keep_one_line(*box);
     for (QLabel* label : dialog.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();

@@ -1,38 +1,14 @@
 #include "widgets/row_editor_controls.h"
 
 #include "household/grid_row.h"
+#include "widgets/one_line_box.h"
 #include "widgets/pictures.h"
 
 #include <QPainter>
-#include <QValidator>
 
 #include <limits>
 
 namespace tarnwick {
-namespace {
-
-/// Takes every text, and makes one line of it: a cell has no second one.
-class OneLine : public QValidator {
-public:
-    using QValidator::QValidator;
-
-    State validate(QString& text, int& caret) const override
-    {
-        for (qsizetype i = 0; i < text.size(); ++i) {
-            if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') {
-                text.remove(i, 1);
-                if (caret > i)
-                    --caret;
-            }
-            if (text[i] == u'\r' || text[i] == u'\n' || text[i] == QChar::LineSeparator
-                || text[i] == QChar::ParagraphSeparator)
-                text[i] = u' ';
-        }
-        return Acceptable;
-    }
-};
-
-} // namespace
 
 CellBox::CellBox(const QString& name, QWidget* parent)
     : QLineEdit(parent)
@@ -40,7 +16,7 @@ CellBox::CellBox(const QString& name, QWidget* parent)
     setObjectName(name);
     setFrame(false);
     setMaxLength(std::numeric_limits<int>::max());
-    setValidator(new OneLine(this));
+    keep_one_line(*this);
     setContextMenuPolicy(Qt::DefaultContextMenu);
     set_page_color(Qt::white);
     hide();

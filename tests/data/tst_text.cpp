@@ -10,6 +10,8 @@ class tst_text : public QObject {
     Q_OBJECT
 private slots:
     void trim_takes_the_blank_alone();
+    void a_one_line_text_has_blanks_for_line_ends_and_control_characters_data();
+    void a_one_line_text_has_blanks_for_line_ends_and_control_characters();
     void val_reads_the_leading_number_data();
     void val_reads_the_leading_number();
     void to_int16_rounds_half_to_even();
@@ -31,6 +33,37 @@ void tst_text::trim_takes_the_blank_alone()
     QCOMPARE(trim(QStringLiteral("oat milk")), QStringLiteral("oat milk"));
     QCOMPARE(trim(QString()), QString());
     QCOMPARE(trim(QStringLiteral("    ")), QString());
+}
+
+void tst_text::a_one_line_text_has_blanks_for_line_ends_and_control_characters_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("line");
+    const auto row
+        = [](const char* name, const QString& text, const QString& line) { QTest::newRow(name) << text << line; };
+    row("plain", QStringLiteral("oat  milk "), QStringLiteral("oat  milk "));
+    row("empty", QString(), QString());
+    row("line feed", QStringLiteral("oat\nmilk"), QStringLiteral("oat milk"));
+    row("carriage return", QStringLiteral("oat\rmilk"), QStringLiteral("oat milk"));
+    row("both are one end", QStringLiteral("oat\r\nmilk"), QStringLiteral("oat milk"));
+    row("two ends", QStringLiteral("oat\n\rmilk"), QStringLiteral("oat  milk"));
+    row("tab", QStringLiteral("oat\tmilk"), QStringLiteral("oat milk"));
+    row("NUL", QStringLiteral("oat%1milk").arg(QChar(0)), QStringLiteral("oat milk"));
+    row("delete and next line", QStringLiteral("oat\u007fand\u0085milk"), QStringLiteral("oat and milk"));
+    row("separators", QStringLiteral("oat\u2028and\u2029milk"), QStringLiteral("oat and milk"));
+    row("mark at the start", QStringLiteral("\ufeffmilk"), QStringLiteral("milk"));
+    row("marks at the start", QStringLiteral("\ufeff\ufeffmilk"), QStringLiteral("milk"));
+    row("mark within", QStringLiteral("oat\ufeffmilk"), QStringLiteral("oat\ufeffmilk"));
+    row("mark alone", QStringLiteral("\ufeff"), QString());
+    row("other alphabets", QStringLiteral("crème 🍎 молоко"), QStringLiteral("crème 🍎 молоко"));
+}
+
+void tst_text::a_one_line_text_has_blanks_for_line_ends_and_control_characters()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, line);
+    QCOMPARE(one_line(text), line);
+    QCOMPARE(one_line(line), line);
 }
 
 void tst_text::val_reads_the_leading_number_data()
