@@ -3,11 +3,13 @@
 #include "window/frmmain.h"
 #include "household/household.h"
 #include "recipes/line_widgets.h"
+#include "recipes/page_text.h"
 #include "household/recipe_store.h"
 #include "dialogs/l_item_edit.h"
 #include "household/status.h"
 
 #include <QLabel>
+#include <QLineEdit>
 
 #include <algorithm>
 
@@ -153,6 +155,16 @@ void RecipePage::lists_changed(const ListsChange& change)
 {
     if (change.kind == ListsChange::Kind::deleted && has_recipe())
         set_recipe(page_key());
+}
+
+std::optional<RecipeSheet> RecipePage::sheet() const
+{
+    if (!has_recipe())
+        return std::nullopt;
+    RecipeSheet sheet{title_->text(), {}, text1_->text()};
+    for (const IngredientLine& line : recipe_lines_->lines())
+        sheet.lines.append(line.text);
+    return sheet;
 }
 
 } // namespace tarnwick
