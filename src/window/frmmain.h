@@ -83,6 +83,7 @@ public:
     void shut_down();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -95,6 +96,8 @@ private:
     void load_trees();
     void restore_window();
     void restore_panes();
+    void appear();
+    void write_size();
     void unload();
     void refresh_after_resize();
 
@@ -120,6 +123,7 @@ private:
     std::unique_ptr<RowEditor> row_editor_;
     std::unique_ptr<ViewState> view_state_;
     std::unique_ptr<Layout> layout_;
+    bool appeared_ = false; ///< the window stands on the screen in its size: from here on a resize is the user's
 };
 
 } // namespace tarnwick
