@@ -16,7 +16,7 @@ struct Environment {
     std::function<QDate()> today; ///< the present date
     std::function<bool(const QUrl&)>
         open_url; ///< opens a file or address with the desktop; false when it could not
-    std::function<void()> end_program; ///< ends the process at once; returns only in tests
+    std::function<void(int exit_code)> end_program; ///< ends the process at once; returns only in tests
 
     QString database_file() const { return program_folder + QStringLiteral("/twdata/groc.mdb"); }
     QString icon_file(const QString& name) const { return program_folder + QStringLiteral("/ico/") + name; }

@@ -244,7 +244,7 @@ void Ingredients::link_by_name(Key item)
 void Ingredients::end_after_error(const runtime_error& error)
 {
     if (!error.is(runtime_error::type_mismatch))
-        main_.shut_down();
+        main_.shut_down(error);
     editor_.hide_line();
     drop_new_line();
 }

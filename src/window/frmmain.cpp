@@ -1,6 +1,7 @@
 #include "window/frmmain.h"
 
 #include "app/frmsplash.h"
+#include "data/runtime_error.h"
 #include "widgets/message_box.h"
 #include "widgets/update_lock.h"
 #include "lists/clearing.h"
@@ -36,6 +37,7 @@
 #include <QWindowStateChangeEvent>
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace tarnwick {
@@ -116,6 +118,12 @@ void frmmain::make_panes()
 
 void frmmain::load()
 {
+    if (const QString& old = settings_.set_aside(); !old.isEmpty())
+        msg_box(nullptr,
+                QStringLiteral("The settings file could not be read and was set aside as\n(%1)\n\n"
+                               "TarnWick starts with the default settings.")
+                    .arg(old),
+                box::ok | box::exclamation, QStringLiteral("TarnWick"));
     const bool failed_last_time = val(settings_.pref(QStringLiteral("clean"), QStringLiteral("0"))) == 1;
     frmSplash splash;
     splash.show();
@@ -278,23 +286,24 @@ void frmmain::set_status(const QString& text)
 
 void frmmain::exit_at_once()
 {
-    environment_.end_program();
+    environment_.end_program(EXIT_SUCCESS);
 }
 
-void frmmain::shut_down()
+void frmmain::shut_down(const runtime_error& error)
 {
     if (std::exchange(shared.ending, true))
         return;
+    print_cause(error);
     msg_box(this, QStringLiteral("TarnWick has encountered an error\nand must shut down"), box::ok,
             QStringLiteral("TarnWick"));
-    environment_.end_program();
+    environment_.end_program(EXIT_FAILURE);
 }
 
 void frmmain::closeEvent(QCloseEvent* event)
 {
     unload();
     event->accept();
-    environment_.end_program();
+    environment_.end_program(EXIT_SUCCESS);
 }
 
 void frmmain::unload()

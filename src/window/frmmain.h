@@ -25,6 +25,7 @@ class RecipePage;
 class RecipeTree;
 class MainRowEditorHost;
 class RowEditor;
+class runtime_error;
 class StatusPanels;
 class StockCommands;
 class StockTree;
@@ -79,8 +80,9 @@ public:
     /// `mnu_list_exit`: ends the program at once; nothing is saved.
     void exit_at_once();
 
-    /// The message of an error that a procedure has trapped, then the end of the program; nothing is saved.
-    void shut_down();
+    /// The message of an error that a procedure has trapped, then the end of the program with a failure; nothing is
+    /// saved. The message names no cause: that goes to the standard error.
+    void shut_down(const runtime_error& error);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -29,6 +29,7 @@ private slots:
 private:
     void store(int width, int height, int state, int separator) const;
     QString stored(const char* key) const;
+    static bool stands(QProcess& process);
     static QString window_of(const QProcess& process);
 };
 
@@ -47,6 +48,14 @@ void wm_start::store(int width, int height, int state, int separator) const
 QString wm_start::stored(const char* key) const
 {
     return Settings(settings()).pref(QLatin1String(key), QStringLiteral("(none)"));
+}
+
+/// Waits until the main window is on the screen, and for what might come behind that.
+bool wm_start::stands(QProcess& process)
+{
+    const bool seen = QTest::qWaitFor([&process] { return !ask(process, "sizes").isEmpty(); }, patience_ms);
+    QTest::qWait(300);
+    return seen;
 }
 
 /// The X window of the program's main window.
@@ -80,11 +89,10 @@ void wm_start::the_window_appears_once_in_its_final_size_and_the_separator_stays
     QFETCH(int, state);
     QFETCH(int, separator);
     // What comes late comes late now and then only.
-    for (int start = 0; start < 4; ++start) {
+    for (int start = 0; start < 3; ++start) {
         store(width, height, state, separator);
         const auto process = start_listening();
-        QVERIFY(process);
-        QTest::qWait(300);
+        QVERIFY(process && stands(*process));
         const QString sizes = ask(*process, "sizes");
         if (state == 0)
             QCOMPARE(sizes, QStringLiteral("%1x%2").arg(width).arg(height));
@@ -102,8 +110,7 @@ void wm_start::the_window_appears_once_in_its_final_size_and_the_separator_stays
 void wm_start::a_first_run_appears_maximised_with_the_default_separator()
 {
     const auto process = start_listening();
-    QVERIFY(process);
-    QTest::qWait(300);
+    QVERIFY(process && stands(*process));
     const QString sizes = ask(*process, "sizes");
     QVERIFY2(sizes.startsWith(QLatin1String("1600x")) && !sizes.contains(u' '), qPrintable(sizes));
     QCOMPARE(stored("seprtr"), QStringLiteral("4000"));
@@ -114,8 +121,7 @@ void wm_start::a_separator_for_a_wider_window_is_shown_within_it_and_stays_store
 {
     store(900, 600, 0, 1100);
     const auto process = start_listening();
-    QVERIFY(process);
-    QTest::qWait(300);
+    QVERIFY(process && stands(*process));
     QCOMPARE(ask(*process, "sizes"), QStringLiteral("900x600"));
     QVERIFY(ask(*process, "get Listview1 width").toInt() >= 400);
     QCOMPARE(stored("seprtr").toInt(), 1100 * twips_per_pixel);
@@ -125,8 +131,7 @@ void wm_start::a_resize_by_the_user_that_leaves_too_little_moves_and_stores_the_
 {
     store(1300, 700, 0, 800);
     const auto process = start_listening();
-    QVERIFY(process);
-    QTest::qWait(300);
+    QVERIFY(process && stands(*process));
     QCOMPARE(stored("seprtr").toInt(), 800 * twips_per_pixel);
     xdotool({QStringLiteral("windowsize"), QStringLiteral("--sync"), window_of(*process), QStringLiteral("1000"),
              QStringLiteral("650")});
@@ -156,8 +161,7 @@ void wm_start::maximise_restore_and_minimise_leave_the_separator_where_it_was()
 {
     store(1000, 650, 0, 330);
     const auto process = start_listening();
-    QVERIFY(process);
-    QTest::qWait(300);
+    QVERIFY(process && stands(*process));
     // A double click on the title bar.
     const auto toggle_maximised = [&] {
         const QStringList place = ask(*process, "where frmmain").split(u' ');
