@@ -25,6 +25,7 @@ private slots:
     void a_resize_by_the_user_that_leaves_too_little_moves_and_stores_the_separator();
     void a_start_minimised_writes_nothing_and_comes_up_in_its_size();
     void maximise_restore_and_minimise_leave_the_separator_where_it_was();
+    void a_separator_dragged_with_the_mouse_comes_back_at_the_next_start();
 
 private:
     void store(int width, int height, int state, int separator) const;
@@ -192,6 +193,31 @@ void wm_start::maximise_restore_and_minimise_leave_the_separator_where_it_was()
     QCOMPARE(lines_of(*process), QStringList());
     QCOMPARE(stored("fwidth").toInt(), 1000 * twips_per_pixel);
     QCOMPARE(stored("wstate"), QStringLiteral("0"));
+}
+
+void wm_start::a_separator_dragged_with_the_mouse_comes_back_at_the_next_start()
+{
+    store(1000, 650, 0, 330);
+    const auto first = start_listening();
+    QVERIFY(first && stands(*first));
+    const QStringList bar = ask(*first, "where Frame1").split(u' ');
+    QCOMPARE(bar.size(), 4);
+    const auto point = [&bar](int by) {
+        return QStringList({QStringLiteral("mousemove"), QString::number(bar[0].toInt() + 3 + by),
+                            QString::number(bar[1].toInt() + bar[3].toInt() / 2)});
+    };
+    xdotool(point(0) + QStringList({QStringLiteral("mousedown"), QStringLiteral("1")}));
+    xdotool(point(60));
+    xdotool(point(120));
+    xdotool({QStringLiteral("mouseup"), QStringLiteral("1")});
+    QTRY_COMPARE(stored("seprtr").toInt(), 450 * twips_per_pixel);
+    tell(*first, "close");
+    QCOMPARE(lines_of(*first), QStringList());
+
+    const auto second = start_listening();
+    QVERIFY(second && stands(*second));
+    QCOMPARE(ask(*second, "get Frame1 x"), QStringLiteral("450"));
+    QCOMPARE(stored("seprtr").toInt(), 450 * twips_per_pixel);
 }
 
 QTEST_GUILESS_MAIN(wm_start)
