@@ -78,7 +78,7 @@ bool Placing::end_after_error(const runtime_error& error)
 {
     if (error.is(runtime_error::subscript))
         return true;
-    main_.shut_down();
+    main_.shut_down(error);
     return false;
 }
 

@@ -180,7 +180,7 @@ void Ingredients::drop_new_line()
 void Ingredients::end_after_error(const runtime_error& error)
 {
     if (!error.is(runtime_error::type_mismatch))
-        main_.shut_down();
+        main_.shut_down(error);
     editor_.hide_line();
     drop_new_line();
 }

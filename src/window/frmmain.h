@@ -25,6 +25,7 @@ class RecipePage;
 class RecipeTree;
 class MainRowEditorHost;
 class RowEditor;
+class runtime_error;
 class StatusPanels;
 class StockCommands;
 class StockTree;
@@ -79,10 +80,12 @@ public:
     /// `mnu_list_exit`: ends the program at once; nothing is saved.
     void exit_at_once();
 
-    /// The message of an error that a procedure has trapped, then the end of the program; nothing is saved.
-    void shut_down();
+    /// The message of an error that a procedure has trapped, then the end of the program with a failure; nothing is
+    /// saved. The message names no cause: that goes to the standard error.
+    void shut_down(const runtime_error& error);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -95,6 +98,8 @@ private:
     void load_trees();
     void restore_window();
     void restore_panes();
+    void appear();
+    void write_size();
     void unload();
     void refresh_after_resize();
 
@@ -120,6 +125,7 @@ private:
     std::unique_ptr<RowEditor> row_editor_;
     std::unique_ptr<ViewState> view_state_;
     std::unique_ptr<Layout> layout_;
+    bool appeared_ = false; ///< the window stands on the screen in its size: from here on a resize is the user's
 };
 
 } // namespace tarnwick
