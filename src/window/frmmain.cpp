@@ -4,7 +4,9 @@
 #include "data/runtime_error.h"
 #include "widgets/message_box.h"
 #include "widgets/update_lock.h"
+#include "household/household.h"
 #include "lists/clearing.h"
+#include "lists/grid_listener.h"
 #include "widgets/header_bar.h"
 #include "widgets/list_grid.h"
 #include "lists/list_mouse.h"
@@ -19,6 +21,7 @@
 #include "window/commands.h"
 #include "window/layout.h"
 #include "window/status_panels.h"
+#include "window/status_words.h"
 #include "window/toolbar.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
@@ -93,6 +96,7 @@ void frmmain::make_panes()
     auto* left_tabs = make_tabs(QStringLiteral("TabStrip1(0)"), area_);
     auto* right_tabs = make_tabs(QStringLiteral("TabStrip1(1)"), area_);
 
+    household_ = std::make_unique<Household>(connection_);
     commands_ = std::make_unique<Commands>(*this, *menuBar());
     status_panels_ = std::make_unique<StatusPanels>(*statusBar());
     toolbar_ = std::make_unique<Toolbar>(*this, area_);
@@ -114,6 +118,26 @@ void frmmain::make_panes()
     list_mouse_ = std::make_unique<ListMouse>(*this);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
+    connect_household();
+}
+
+/// Who shows what operations announce, in the order of showing.
+void frmmain::connect_household()
+{
+    grid_listener_ = std::make_unique<GridListener>(*list_pane_, *row_editor_, shared);
+    status_words_ = std::make_unique<StatusWords>(connection_, *status_panels_, shared,
+                                                  [this](Key item) { return stock_tree_->is_selected(item); });
+    const auto listen = [this](auto signal, auto& listener, auto slot) {
+        connect(household_.get(), signal, this,
+                [&listener, slot](const auto& change) { (listener.*slot)(change); });
+    };
+    listen(&Household::item_changed, *grid_listener_, &GridListener::item_changed);
+    listen(&Household::item_changed, *stock_tree_, &StockTree::item_changed);
+    listen(&Household::item_changed, *floating_buttons_, &FloatingButtons::item_changed);
+    listen(&Household::item_changed, *recipe_page_, &RecipePage::item_changed);
+    listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
+    listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
+    listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
 }
 
 void frmmain::load()

@@ -16,6 +16,8 @@ namespace tarnwick {
 class Clearing;
 class Commands;
 class FloatingButtons;
+class GridListener;
+class Household;
 class Layout;
 class ListMouse;
 class ListPane;
@@ -27,6 +29,7 @@ class MainRowEditorHost;
 class RowEditor;
 class runtime_error;
 class StatusPanels;
+class StatusWords;
 class StockCommands;
 class StockTree;
 class Toolbar;
@@ -48,6 +51,7 @@ public:
 
     const Environment& environment() const { return environment_; }
     Connection& connection() { return connection_; }
+    Household& household() { return *household_; }
     Settings& settings() { return settings_; }
     QDate today() const { return environment_.today(); }
 
@@ -93,6 +97,7 @@ protected:
 
 private:
     void make_panes();
+    void connect_household();
     void read_page_color();
     void read_views();
     void load_trees();
@@ -108,6 +113,7 @@ private:
     Connection connection_;
 
     QWidget* area_ = nullptr;
+    std::unique_ptr<Household> household_;
     std::unique_ptr<Commands> commands_;
     std::unique_ptr<StatusPanels> status_panels_;
     std::unique_ptr<Toolbar> toolbar_;
@@ -123,6 +129,8 @@ private:
     std::unique_ptr<Clearing> clearing_;
     std::unique_ptr<MainRowEditorHost> row_editor_host_;
     std::unique_ptr<RowEditor> row_editor_;
+    std::unique_ptr<GridListener> grid_listener_;
+    std::unique_ptr<StatusWords> status_words_;
     std::unique_ptr<ViewState> view_state_;
     std::unique_ptr<Layout> layout_;
     bool appeared_ = false; ///< the window stands on the screen in its size: from here on a resize is the user's
