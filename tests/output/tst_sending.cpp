@@ -354,7 +354,7 @@ void tst_sending::only_buy_it_rows_without_any_gives_the_message_and_no_file()
     MessageScript script;
     choose(script, Choice::buy_it);
     script.expect(QStringLiteral("Tarnwick"), QStringLiteral("No shopping list items found"), Answer::ok,
-                  [](QDialog& box) { QCOMPARE(qobject_cast<QMessageBox&>(box).icon(), QMessageBox::Information); });
+                  [](QDialog& box) { QCOMPARE(dynamic_cast<QMessageBox&>(box).icon(), QMessageBox::Information); });
     run(window, "mnu_tools_wp_list");
     QVERIFY(window.opened.empty());
     QVERIFY(exports(window).isEmpty());
@@ -437,7 +437,7 @@ void tst_sending::a_file_that_cannot_be_written_gives_a_message_and_opens_nothin
     QVERIFY(QDir().mkpath(path)); // holds against root as well
     MessageScript script;
     script.drive([&path](QDialog& dialog) {
-        auto& box = qobject_cast<QMessageBox&>(dialog);
+        auto& box = dynamic_cast<QMessageBox&>(dialog);
         QCOMPARE(box.windowTitle(), QStringLiteral("Tarnwick"));
         QVERIFY(box.text().startsWith(QStringLiteral("The file\n%1\ncould not be written.\n\n").arg(path)));
         QCOMPARE(box.icon(), QMessageBox::Warning);
@@ -461,8 +461,8 @@ void tst_sending::a_full_disk_gives_a_message_keeps_the_old_file_and_leaves_no_h
     bool told = false;
     MessageScript script;
     script.drive([&told](QDialog& dialog) {
-        told = qobject_cast<QMessageBox&>(dialog).text().contains(QStringLiteral("could not be written"));
-        qobject_cast<QMessageBox&>(dialog).accept();
+        told = dynamic_cast<QMessageBox&>(dialog).text().contains(QStringLiteral("could not be written"));
+        dynamic_cast<QMessageBox&>(dialog).accept();
     });
     window.opened.clear();
     {
@@ -485,7 +485,7 @@ void tst_sending::a_file_that_cannot_be_removed_gives_a_message()
     MessageScript script;
     choose(script, Choice::cancel);
     script.drive([&path](QDialog& dialog) {
-        auto& box = qobject_cast<QMessageBox&>(dialog);
+        auto& box = dynamic_cast<QMessageBox&>(dialog);
         QVERIFY(box.text().startsWith(QStringLiteral("The file\n%1\ncould not be removed.\n\n").arg(path)));
         box.accept();
     });
