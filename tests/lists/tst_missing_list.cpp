@@ -16,6 +16,7 @@
 #include <QAction>
 #include <QTabBar>
 #include <QTest>
+#include <QToolButton>
 
 using namespace tarnwick;
 
