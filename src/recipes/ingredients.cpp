@@ -16,6 +16,7 @@
 namespace tarnwick {
 namespace {
 
+const QString page_is_full = QStringLiteral("Recipe page is full");
 constexpr int recipe_button = 1; ///< `flt_btn` that adds to the recipe
 
 constexpr std::array all_fields{IngredientField::qty, IngredientField::measure, IngredientField::item,
@@ -37,12 +38,18 @@ bool Ingredients::begin_line()
         return false;
     if (editor_.is_open())
         editor_.end_edit();
-    return !editor_.is_open();
+    if (editor_.is_open())
+        return false;
+    if (page_.has_room(QStringLiteral(" ")))
+        return true;
+    msg_box(&main_, QStringLiteral("This page is full: there is no room\nfor another ingredient"), box::information,
+            page_is_full);
+    return false;
 }
 
 bool Ingredients::has_new_line() const
 {
-    return page_.next_index() > 0 && page_.lines().back().key < 0;
+    return page_.next_index() > 0 && page_.lines().back().is_new();
 }
 
 void Ingredients::add_ns_ingred()
@@ -156,9 +163,24 @@ void Ingredients::show_inserted(const IngredientRow& row)
     line.count_capitals();
     page_.refresh_line(index);
     page_.set_lites(index, lite_status(main_.connection(), row.item_ref));
-    page_.recipe_lines().place(page_.frame4().width(), main_.shared.type_size, true);
     page_.layout_page();
     page_.state.cur_line = index;
+}
+
+bool Ingredients::fits_on_page() const
+{
+    if (!work.is_new)
+        return true;
+    IngredientRow row;
+    row.qty = editor_.field(IngredientField::qty);
+    row.measure = editor_.field(IngredientField::measure);
+    row.item = editor_.field(IngredientField::item);
+    row.comment = editor_.field(IngredientField::comment);
+    if (page_.has_room(row.display_text()))
+        return true;
+    msg_box(&main_, QStringLiteral("This page is full: there is no room\nfor so long an ingredient"),
+            box::information, page_is_full);
+    return false;
 }
 
 void Ingredients::ingred_updt(int index)

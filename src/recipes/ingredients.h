@@ -47,6 +47,9 @@ public:
     /// Inserts the line at the recipe's end and shows it. False when the name is missing: the editor stays.
     bool add_ingred(const QString& item, const QString& qty, const QString& measure, const QString& comment);
 
+    /// False, after a message, for a new line that the page has no room for.
+    bool fits_on_page() const;
+
     /// Writes the changed fields of an edited line and rebuilds its text. Does nothing when its name is
     /// missing, after the message.
     void ingred_updt(int index);

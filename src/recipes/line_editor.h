@@ -35,7 +35,6 @@ public:
     int index() const; ///< the line under the editor; -1 when closed
 
     /// Opens on a line, on a new one below the last for -1. A line that has gone is not opened.
-    /// Throws error 6 when a new line has no place on the page.
     void show_r_line(int index);
 
     /// Closes all floating editors of list and page; what is not written is not saved.
@@ -105,6 +104,7 @@ private:
     void list_left(Qt::FocusReason reason);
     void lf_validate(const QWidget* active);
     void lf_finish();
+    bool has_room();
     void ask_for_name();
     void restore_name();
     void hide_controls();

@@ -260,8 +260,20 @@ void LineEditor::lf_validate(const QWidget* active)
         return;
     if (field(IngredientField::item).isEmpty())
         ask_for_name();
-    else
+    else if (has_room())
         lf_finish();
+}
+
+// False after the message, with the focus back in the box that was left.
+bool LineEditor::has_room()
+{
+    {
+        const QScopedValueRollback asking(busy_, true);
+        if (ingredients_->fits_on_page())
+            return true;
+    }
+    go_to(last_box_);
+    return false;
 }
 
 void LineEditor::ask_for_name()

@@ -43,12 +43,14 @@ void RecipePage::close_line_editor()
 
 void RecipePage::add_ns_ingred()
 {
-    ingredients().add_ns_ingred();
+    if (takes_lines())
+        ingredients().add_ns_ingred();
 }
 
 void RecipePage::drag_ingred(const QString& name)
 {
-    ingredients().drag_ingred(name);
+    if (takes_lines())
+        ingredients().drag_ingred(name);
 }
 
 } // namespace tarnwick

@@ -444,6 +444,12 @@ void ViewState::caption_refresh()
     right_tabs_.setTabToolTip(1, plain_tool_tip(recipe));
 }
 
+void ViewState::recipe_renamed()
+{
+    set_mnu_recipe();
+    caption_refresh();
+}
+
 void ViewState::right_captions(const QString& list, const QString& recipe)
 {
     if (right_tabs_.tabText(0) != shown_on_tab(list))
