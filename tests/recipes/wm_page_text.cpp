@@ -1,0 +1,60 @@
+#include "data/connection.h"
+#include "data/settings.h"
+#include "household/recipe_store.h"
+#include "probe/real_program.h"
+
+#include <QTest>
+
+using namespace tarnwick;
+
+/// The text boxes of the recipe page with the clipboard of a real display.
+class wm_page_text : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void pasting_while_clipboard_and_selection_have_no_owner_changes_nothing();
+
+private:
+    RealProgram program_;
+};
+
+void wm_page_text::init()
+{
+    program_.renew();
+    Connection connection;
+    connection.open(program_.database());
+    const Key recipe = insert_recipe(connection, QStringLiteral("Pie"), QStringLiteral("13"));
+    Settings settings(program_.settings());
+    settings.set_reg();
+    settings.set_pref(QStringLiteral("arcp"), QString::number(recipe));
+    settings.set_pref(QStringLiteral("lv_view"), QStringLiteral("0"));
+}
+
+void wm_page_text::pasting_while_clipboard_and_selection_have_no_owner_changes_nothing()
+{
+    const auto process = program_.start_listening();
+    QVERIFY(process);
+    for (const char* box : {"where title", "where Text1"}) {
+        QVERIFY(RealProgram::click(*process, box));
+        QVERIFY(!RealProgram::xdotool({"type", "x"}).isNull());
+        QVERIFY(!RealProgram::xdotool({"key", "ctrl+v"}).isNull());
+        QVERIFY(!RealProgram::xdotool({"key", "shift+Insert"}).isNull());
+        QVERIFY(RealProgram::click(*process, box, 2));
+        QVERIFY(!RealProgram::xdotool({"type", "y"}).isNull());
+    }
+    QTRY_COMPARE(RealProgram::ask(*process, "get Text1 plainText"), QStringLiteral("xy"));
+    RealProgram::tell(*process, "close");
+    RealProgram::lines_of(*process);
+    QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process->exitCode(), 0);
+    Connection connection;
+    connection.open(program_.database());
+    const auto stored = read_recipe(connection, 1);
+    QVERIFY(stored);
+    QCOMPARE(stored->body, QStringLiteral("xy"));
+    QCOMPARE(QString(stored->name).remove(u'x').remove(u'y'), QStringLiteral("Pie"));
+    QCOMPARE(stored->name.size(), 5);
+}
+
+QTEST_GUILESS_MAIN(wm_page_text)
+#include "wm_page_text.moc"
