@@ -36,11 +36,11 @@ void wm_page_text::pasting_while_clipboard_and_selection_have_no_owner_changes_n
     QVERIFY(process);
     for (const char* box : {"where title", "where Text1"}) {
         QVERIFY(RealProgram::click(*process, box));
-        QVERIFY(!RealProgram::xdotool({"type", "x"}).isNull());
-        QVERIFY(!RealProgram::xdotool({"key", "ctrl+v"}).isNull());
-        QVERIFY(!RealProgram::xdotool({"key", "shift+Insert"}).isNull());
+        QVERIFY(!RealProgram::xdotool({QStringLiteral("type"), QStringLiteral("x")}).isNull());
+        QVERIFY(!RealProgram::xdotool({QStringLiteral("key"), QStringLiteral("ctrl+v")}).isNull());
+        QVERIFY(!RealProgram::xdotool({QStringLiteral("key"), QStringLiteral("shift+Insert")}).isNull());
         QVERIFY(RealProgram::click(*process, box, 2));
-        QVERIFY(!RealProgram::xdotool({"type", "y"}).isNull());
+        QVERIFY(!RealProgram::xdotool({QStringLiteral("type"), QStringLiteral("y")}).isNull());
     }
     QTRY_COMPARE(RealProgram::ask(*process, "get Text1 plainText"), QStringLiteral("xy"));
     RealProgram::tell(*process, "close");
