@@ -5,6 +5,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -261,8 +262,15 @@ bool PageText::canInsertFromMimeData(const QMimeData* source) const
 
 void PageText::insertFromMimeData(const QMimeData* source)
 {
-    if (source)
-        QPlainTextEdit::insertFromMimeData(source);
+    const QString pasted = source && !isReadOnly() ? source->text() : QString();
+    if (pasted.isEmpty())
+        return;
+    QTextCursor step = textCursor();
+    step.beginEditBlock();
+    step.insertText(pasted);
+    step.endEditBlock();
+    setTextCursor(step);
+    ensureCursorVisible();
 }
 
 void PageText::wheelEvent(QWheelEvent* event)

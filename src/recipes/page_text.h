@@ -50,7 +50,8 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override; // the page scrolls, not the box
 
-    // A clipboard or selection without an owner hands out no data at all.
+    // A clipboard or selection without an owner hands out no data, or data without a text: the control itself
+    // would read what is not there.
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
 

@@ -29,6 +29,7 @@ class tst_page_text : public QObject {
     Q_OBJECT
 private slots:
     void pasting_from_an_empty_clipboard_changes_no_text_box();
+    void pasting_what_is_no_text_changes_nothing();
     void every_text_box_of_many_lines_is_the_guarded_one();
     void a_drop_without_data_is_refused();
     void a_text_from_the_clipboard_is_pasted();
@@ -61,6 +62,21 @@ void tst_page_text::pasting_from_an_empty_clipboard_changes_no_text_box()
     QCOMPARE(window.Text1().toPlainText(), QStringLiteral("Stir."));
 }
 
+void tst_page_text::pasting_what_is_no_text_changes_nothing()
+{
+    RecipeWindow window;
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    window.focus(window.Text1());
+    auto* picture = new QMimeData;
+    picture->setData(QStringLiteral("image/png"), QByteArrayLiteral("picture"));
+    for (QMimeData* data : {new QMimeData, picture}) {
+        QGuiApplication::clipboard()->setMimeData(data);
+        QTest::keyClick(&window.Text1(), Qt::Key_V, Qt::ControlModifier);
+        QTest::keyClick(&window.Text1(), Qt::Key_Insert, Qt::ShiftModifier);
+        QCOMPARE(window.Text1().toPlainText(), QStringLiteral("Stir."));
+    }
+}
+
 void tst_page_text::every_text_box_of_many_lines_is_the_guarded_one()
 {
     RecipeWindow window;
@@ -73,7 +89,6 @@ void tst_page_text::every_text_box_of_many_lines_is_the_guarded_one()
         QVERIFY(qobject_cast<const PageText*>(box));
 }
 
-/// A selection without an owner gives no data object at all; the offscreen clipboard always gives one.
 void tst_page_text::a_drop_without_data_is_refused()
 {
     RecipeWindow window;
