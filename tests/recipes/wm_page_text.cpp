@@ -3,9 +3,26 @@
 #include "household/recipe_store.h"
 #include "probe/real_program.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace tarnwick;
+
+namespace {
+
+/// Clicks until the box has the keyboard: the window may still be moving when the first click comes.
+bool give_keyboard(QProcess& process, const QByteArray& box)
+{
+    for (int i = 0; i < 20; ++i) {
+        if (RealProgram::click(process, "where " + box)
+            && RealProgram::ask(process, "focus") == QString::fromLatin1(box))
+            return true;
+        QTest::qWait(250);
+    }
+    return false;
+}
+
+} // namespace
 
 /// The text boxes of the recipe page with the clipboard of a real display.
 class wm_page_text : public QObject {
@@ -34,15 +51,15 @@ void wm_page_text::pasting_while_clipboard_and_selection_have_no_owner_changes_n
 {
     const auto process = program_.start_listening();
     QVERIFY(process);
-    for (const char* box : {"where title", "where Text1"}) {
-        QVERIFY(RealProgram::click(*process, box));
+    for (const QByteArray box : {"title", "Text1"}) {
+        QVERIFY(give_keyboard(*process, box));
         QVERIFY(!RealProgram::xdotool({QStringLiteral("type"), QStringLiteral("x")}).isNull());
         QVERIFY(!RealProgram::xdotool({QStringLiteral("key"), QStringLiteral("ctrl+v")}).isNull());
         QVERIFY(!RealProgram::xdotool({QStringLiteral("key"), QStringLiteral("shift+Insert")}).isNull());
-        QVERIFY(RealProgram::click(*process, box, 2));
+        QVERIFY(RealProgram::click(*process, "where " + box, 2));
         QVERIFY(!RealProgram::xdotool({QStringLiteral("type"), QStringLiteral("y")}).isNull());
     }
-    QTRY_COMPARE(RealProgram::ask(*process, "get Text1 plainText"), QStringLiteral("xy"));
+    QTRY_VERIFY(RealProgram::ask(*process, "get Text1 plainText").endsWith(u'y'));
     RealProgram::tell(*process, "close");
     RealProgram::lines_of(*process);
     QCOMPARE(process->exitStatus(), QProcess::NormalExit);
@@ -51,9 +68,12 @@ void wm_page_text::pasting_while_clipboard_and_selection_have_no_owner_changes_n
     connection.open(program_.database());
     const auto stored = read_recipe(connection, 1);
     QVERIFY(stored);
-    QCOMPARE(stored->body, QStringLiteral("xy"));
+    // A key that a busy machine holds down for long repeats itself.
+    QCOMPARE(QString(stored->body).remove(QRegularExpression(QStringLiteral("^x+y+$"))), QString());
+    const QStringList typed{QStringLiteral("x"), QStringLiteral("y")};
+    for (const QString& letter : typed)
+        QVERIFY2(stored->name.contains(letter), qPrintable(stored->name));
     QCOMPARE(QString(stored->name).remove(u'x').remove(u'y'), QStringLiteral("Pie"));
-    QCOMPARE(stored->name.size(), 5);
 }
 
 QTEST_GUILESS_MAIN(wm_page_text)
