@@ -28,8 +28,6 @@ class frmmain;
 struct PageState {
     int cur_line = 0; ///< the line most recently acted on
     int sel_line = 0; ///< the line that the line editor belongs to
-    int line_mode = 0; ///< 1 adds a stock item, 4 adds a non-stock line, 5 an existing line
-    Key matched_item = 0; ///< stock item that the typed name matched; 0 none
 };
 
 /// The right pane's recipe page: title, ingredient lines with their lights, instructions.
@@ -124,7 +122,7 @@ public:
 
     // As of `Ingredients`, where the page takes lines: it has a recipe, and a title that may be left.
     void add_ns_ingred();
-    void drag_ingred(const QString& name);
+    void drag_ingred(Key item, const QString& name);
 
     void show_pane(bool shown); ///< shows the page, or closes its line editor and hides it
     void set_page_color(); ///< takes the page colour over from `SharedValues`

@@ -160,7 +160,7 @@ void tst_recipe_name::an_emptied_title_opens_no_line_editor()
 {
     QFETCH(int, way);
     NamesWindow window;
-    window.add_item(QStringLiteral("Flour"), 0);
+    const Key flour = window.add_item(QStringLiteral("Flour"), 0);
     window.open();
     window.type_title({});
     MessageScript script;
@@ -172,7 +172,7 @@ void tst_recipe_name::an_emptied_title_opens_no_line_editor()
     else if (way == 2)
         window.trigger(QStringLiteral("mnu_recipe_add_ingred"));
     else
-        window.page().drag_ingred(QStringLiteral("Flour"));
+        window.page().drag_ingred(flour, QStringLiteral("Flour"));
     QCOMPARE(script.left(), 0);
     QVERIFY(!window.editor().is_open());
     QCOMPARE(window.title().text(), QStringLiteral("Recipe"));
