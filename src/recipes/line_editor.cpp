@@ -472,7 +472,7 @@ void LineEditor::refuse_length()
         msg_box(&main_, QStringLiteral("This page is full: there is no room\nfor so long an ingredient"),
                 box::information, QStringLiteral("Recipe page is full"));
     }
-    go_to(last_box_);
+    go_to(item);
 }
 
 void LineEditor::ask_for_name()

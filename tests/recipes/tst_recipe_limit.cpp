@@ -181,7 +181,8 @@ void tst_recipe_limit::a_new_line_that_got_too_long_is_refused_when_it_is_left()
     QVERIFY(window.editor().is_open());
     QCOMPARE(window.desc().text(), words.repeated(3));
     QCOMPARE(window.stored_lines(), 80);
-    QCOMPARE(window.focused_after_message(), &window.desc());
+    QCOMPARE(window.focused_after_message(), &window.item());
+    QTest::mouseClick(&window.desc(), Qt::LeftButton);
     const MessageScript no_message;
     LineWindow::type(window.desc(), QStringLiteral("coarse"));
     window.click_text();
