@@ -141,6 +141,10 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
+    connect(household_.get(), &Household::category_changed, this,
+            [this](const MadeRecord& made) { stock_tree_->add_category_node(made.key, made.name); });
+    connect(household_.get(), &Household::recipe_changed, this,
+            [this](const MadeRecord& made) { recipe_tree_->recipe_made(made.key, made.name, made.category); });
 }
 
 void frmmain::load()

@@ -41,7 +41,7 @@ public:
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    enum class ListState { single, all, none };
+    enum class ListState { single, all, missing, none };
     struct ListTexts;
 
     void refresh_all();
