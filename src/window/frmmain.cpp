@@ -118,6 +118,9 @@ void frmmain::make_panes()
     list_mouse_ = std::make_unique<ListMouse>(*this);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
+    connect(recipe_page_.get(), &RecipePage::name_typed, recipe_tree_.get(), &RecipeTree::rename);
+    connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::refresh_commands);
+    connect(recipe_page_.get(), &RecipePage::name_left, recipe_tree_.get(), &RecipeTree::sort_renamed);
     connect_household();
 }
 
@@ -252,7 +255,7 @@ void frmmain::restore_panes()
     if (shared.list_pane_shown) {
         recipe_page_->scroll_bar().setEnabled(false);
     } else {
-        recipe_page_->restore_recipe(shared.cur_recipe);
+        recipe_page_->set_recipe(shared.cur_recipe);
         list_pane_->show_pane(false);
         layout_->freize_refresh();
     }

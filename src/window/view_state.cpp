@@ -162,12 +162,6 @@ void ViewState::refresh_commands()
     caption_refresh();
 }
 
-void ViewState::rename_recipe(const QString& name)
-{
-    main_.shared.cur_recipe_name = name;
-    refresh_commands();
-}
-
 void ViewState::l_r_refresh()
 {
     refresh_all();

@@ -20,7 +20,6 @@ public:
     ViewState(frmmain& main, QTabBar& left_tabs, QTabBar& right_tabs);
 
     /// Brings panes, tabs, captions, menus and toolbar to the view in `SharedValues`; an edited recipe is saved.
-    /// Throws error 6 when the recipe it has to show is too long for the page.
     void l_r_refresh();
 
     void view_stock(); ///< shows the stock tree and stores the choice
@@ -37,8 +36,6 @@ public:
     /// while the window loads. What a pane announces about selection, lists, columns or recipe ends here.
     void refresh_commands();
 
-    /// The name of the recipe in use has become another: what names it follows.
-    void rename_recipe(const QString& name);
 
     void caption_refresh(); ///< window title and tabs, cut short where the right tabs have no room
     void set_tab_stops(); ///< takes every control of the window out of the Tab order
