@@ -1,7 +1,8 @@
 #!/bin/bash
-# check_program.sh BUILD: starts the real program under Xvfb, first without settings and then with those of the first
-# run, uses it by mouse and keyboard and leaves it by its menu. Fails when it does not come up, does not end well, or
-# leaves settings or database otherwise than it should. The program folder is a copy.
+# check_program.sh BUILD: starts the real program under Xvfb and a window manager, first without settings and then with
+# those of the first run, uses it by mouse and keyboard and leaves it by its close box and by its menu. Fails when it
+# does not come up, does not end well, or leaves settings or database otherwise than it should. The program folder is a
+# copy.
 set -euo pipefail
 
 longest_wait=30 # seconds for anything to happen
@@ -58,9 +59,10 @@ menu() {
 
 has_ended() { ! kill -0 "$program" 2>/dev/null; }
 
+# leave_program COMMAND...: leaves by what the command does.
 leave_program() {
     local status=0
-    menu Up Return
+    "$@"
     wait_until "the program does not end" has_ended
     wait "$program" || status=$?
     program=
@@ -76,24 +78,33 @@ has_size() {
     [[ $WIDTH == "$1" && $HEIGHT == "$2" ]]
 }
 
+# A double click on the title bar of the maximised window.
+take_from_full_screen() {
+    stored fwidth=24000 || fail "the first run did not start maximised"
+    xdotool mousemove --window "$window" 400 -8 click --repeat 2 --delay 60 1
+    wait_until "the window does not leave the full screen" stored fwidth=9000
+}
+
 use_program() {
     start_program
     stored load=load && stored font=9 || fail "the first run has not written its settings"
     menu Right Right Right Right Down Return
     wait_until "the recipes were not chosen in the menu" stored tv_view=0
+    take_from_full_screen
     xdotool windowsize "$window" 900 650
     wait_until "the size was not stored" stored fwidth=13500
-    leave_program
+    leave_program xdotool key alt+F4
+    stored wstate=0 || fail "the close box has not stored that the window was not maximised"
 
     start_program
     wait_until "the second start does not restore the size" has_size 900 650
     stored tv_view=0 || fail "the second start has lost the view"
-    leave_program
+    leave_program menu Up Return
 }
 
 if [[ "${1:-}" == --on-display ]]; then
     folder=$2
-    export XDG_CONFIG_HOME="$folder/config" XDG_RUNTIME_DIR="$folder/runtime" QT_QPA_PLATFORM=xcb
+    export XDG_CONFIG_HOME="$folder/config"
     trap '[[ -z $program ]] || kill "$program" 2>/dev/null || true' EXIT
     use_program
     exit
@@ -106,10 +117,9 @@ trap 'rm -rf "$folder"' EXIT
 cp "$build/bin/tarnwick" "$folder/"
 cp -r "$build/bin/ico" "$folder/"
 mkdir -p "$folder/twdata" "$folder/config"
-mkdir -m 700 "$folder/runtime"
 "$build/tools/make_database" "$folder/twdata/groc.mdb"
 status=0
-xvfb-run -a -s "-screen 0 1600x1200x24" timeout "$longest_run" "$(realpath "$0")" --on-display "$folder" || status=$?
+timeout "$longest_run" "$sources/tools/on_display.sh" "$(realpath "$0")" --on-display "$folder" || status=$?
 [[ $status -ne 124 ]] || fail "not done after $longest_run seconds"
 [[ $status -eq 0 ]] || exit "$status"
 

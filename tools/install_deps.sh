@@ -7,10 +7,10 @@ packages=(
     make g++ cmake ninja-build ccache
     qt6-base-dev qt6-svg-dev libqt6svg6 libgl-dev
     libsqlitecpp-dev libsqlite3-dev
-    xvfb xauth fontconfig fonts-dejavu-core
+    xvfb openbox xdotool fontconfig fonts-dejavu-core
 )
 if [[ "${1:-}" == --ci ]]; then
-    packages+=(clang-format clang-tidy xdotool)
+    packages+=(clang-format clang-tidy)
 fi
 
 if ! command -v dpkg-query >/dev/null; then

@@ -1,6 +1,6 @@
 #!/bin/bash
-# make_shots.sh BUILD PICTURES: draws every window of the sample household under Xvfb. The program folder is a
-# copy, so that the user's own database is left alone.
+# make_shots.sh BUILD PICTURES: draws every window of the sample household under Xvfb and a window manager.
+# The program folder is a copy, so that the user's own database is left alone.
 set -euo pipefail
 build=$(realpath "$1")
 pictures=$2
@@ -14,6 +14,4 @@ mkdir -p "$folder/twdata" "$pictures"
 "$build/tools/load_household" "$sources/tools/sample/household" "$folder/twdata/groc.mdb"
 rm -f "$pictures"/*.png
 
-export XDG_CONFIG_HOME="$folder/config" XDG_RUNTIME_DIR="$folder/runtime" QT_QPA_PLATFORM=xcb
-mkdir -m 700 -p "$XDG_RUNTIME_DIR"
-xvfb-run -a -s "-screen 0 1600x1200x24" "$build/tools/shots" "$folder" "$pictures"
+XDG_CONFIG_HOME="$folder/config" "$sources/tools/on_display.sh" "$build/tools/shots" "$folder" "$pictures"

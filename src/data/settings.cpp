@@ -66,6 +66,7 @@ void Settings::write(const QString& application, const QString& section, const Q
     const QString name = full_key(application, section, key);
     if (holds(name, value))
         return;
+    before_write_();
     store_->setValue(name, value);
     store_->sync();
     if (const int status = store_->status(); status != QSettings::NoError)

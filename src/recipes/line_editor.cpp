@@ -214,6 +214,7 @@ void LineEditor::fill_boxes(const IngredientRow& row)
     const std::array<const QString*, 4> texts{&row.qty, &row.measure, &row.item, &row.comment};
     for (int i = 0; i < 4; ++i)
         set_field(static_cast<IngredientField>(i), *texts[static_cast<size_t>(i)]);
+    opened_ = row;
     opened_link_ = row.item_ref;
     last_box_ = 0;
     const bool is_new = ingredients_->work.is_new;
@@ -266,6 +267,20 @@ QString LineEditor::field(IngredientField field) const
 {
     const Box& box = boxes_[static_cast<size_t>(field)];
     return box.edit->text() == box.placeholder ? QString() : trim(box.edit->text());
+}
+
+std::optional<RescuedLine> LineEditor::unstored() const
+{
+    if (!open_)
+        return std::nullopt;
+    IngredientRow typed = opened_;
+    typed.qty = field(IngredientField::qty);
+    typed.measure = field(IngredientField::measure);
+    typed.item = field(IngredientField::item);
+    typed.comment = field(IngredientField::comment);
+    if (typed.display_text() == opened_.display_text() && (opened_.key > 0 || typed.item.isEmpty()))
+        return std::nullopt;
+    return RescuedLine{opened_, typed};
 }
 
 void LineEditor::show_controls()

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "household/ingredient_store.h"
+#include "household/rescue.h"
 
 #include <QObject>
 #include <QString>
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QFont;
@@ -52,6 +54,9 @@ public:
 
     /// The trimmed text of a box; empty for a placeholder.
     QString field(IngredientField field) const;
+
+    /// The line under edit when a box holds a text that is not stored.
+    std::optional<RescuedLine> unstored() const;
 
     /// Shows a text in a box as if it had been there when the editor opened.
     void set_field(IngredientField field, const QString& text);
@@ -139,6 +144,7 @@ private:
     PictureButton* imgScratch_ = nullptr;
     int index_ = -1;
     int last_box_ = 0; ///< the box that has or had the focus last
+    IngredientRow opened_; ///< the line as it was when the editor opened
     Key opened_link_ = -1; ///< stock item that belongs to the name in the item box's Tag
     bool open_ = false;
     bool filling_ = false; ///< texts are being shown, not typed

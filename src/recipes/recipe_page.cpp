@@ -7,7 +7,8 @@
 #include "recipes/lost_click.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
-#include "household/recipe_store.h"
+#include "household/rescue.h"
+#include "recipes/line_editor.h"
 #include "recipes/recipe_tree.h"
 #include "window/layout.h"
 #include "window/toolbar.h"
@@ -166,6 +167,7 @@ void RecipePage::fill_lines(Key recipe)
 void RecipePage::fill_text(Key recipe)
 {
     const auto text = read_recipe(main_.connection(), recipe);
+    stored_ = text.value_or(RecipeText());
     set_tag(*title_, text ? QString::number(recipe) : QStringLiteral("-1"));
     title_->setText(text ? text->name : QString());
     title_->setCursorPosition(0);
@@ -201,10 +203,26 @@ void RecipePage::edit_updt()
     write_page();
 }
 
+void RecipePage::store_edited()
+{
+    if (is_edited())
+        write_page();
+}
+
+void RecipePage::add_unstored(Rescue& rescue) const
+{
+    rescue.recipe = page_key();
+    rescue.before = stored_;
+    if (is_edited() && has_recipe())
+        rescue.typed = RecipeText{title_->text(), text1_->text()};
+    rescue.line = line_editor_->unstored();
+}
+
 bool RecipePage::write_page()
 {
     if (!save_recipe(main_.connection(), page_key(), title_->text(), text1_->text()))
         return false;
+    stored_ = {trim(title_->text()), trim(text1_->text())};
     set_marks("clean");
     return true;
 }

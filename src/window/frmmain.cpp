@@ -17,6 +17,7 @@
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
 #include "window/layout.h"
+#include "window/rescuer.h"
 #include "window/status_panels.h"
 #include "window/toolbar.h"
 #include "widgets/tree_view.h"
@@ -25,6 +26,7 @@
 #include "stock/stock_commands.h"
 #include "stock/stock_tree.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
@@ -77,9 +79,37 @@ frmmain::frmmain(Environment environment)
     setObjectName(QStringLiteral("frmmain"));
     setWindowTitle(QStringLiteral("Tarnwick"));
     make_panes();
+    settings_.set_before_write([this] {
+        if (shared.started && !shared.ending)
+            recipe_page_->store_edited();
+    });
+    connection_.set_locked_file(locked_file());
 }
 
 frmmain::~frmmain() = default;
+
+LockedFile frmmain::locked_file()
+{
+    LockedFile locked;
+    locked.show_waiting = [](bool waits) {
+        if (waits)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    };
+    locked.ask_to_wait = [this](const QString& path) {
+        QWidget* front = QApplication::activeModalWidget();
+        return msg_box(front             ? front
+                           : isVisible() ? this
+                                         : nullptr,
+                       QStringLiteral("Another program is using the database\n(") + path
+                           + QStringLiteral(")\n\nClose it there and choose Retry.\n"
+                                            "Cancel ends TarnWick."),
+                       box::retry_cancel | box::exclamation, QStringLiteral("TarnWick"))
+            == Answer::retry;
+    };
+    return locked;
+}
 
 void frmmain::make_panes()
 {
@@ -239,6 +269,7 @@ void frmmain::restore_panes()
     list_pane_->set_headers();
     toolbar_->toolbar_fit();
     view_state_->set_tab_stops();
+    offer_rescued(*this);
 }
 
 TreeView& frmmain::visible_tree()
@@ -265,6 +296,7 @@ void frmmain::shut_down()
 {
     if (std::exchange(shared.ending, true))
         return;
+    rescue_typed(*this);
     msg_box(this, QStringLiteral("TarnWick has encountered an error\nand must shut down"), box::ok,
             QStringLiteral("TarnWick"));
     environment_.end_program();
@@ -325,7 +357,7 @@ void frmmain::changeEvent(QEvent* event)
         && static_cast<QWindowStateChangeEvent*>(event)->oldState().testFlag(Qt::WindowMinimized))
         refresh_after_resize();
     if (event->type() == QEvent::ActivationChange && !isActiveWindow() && shared.started
-        && recipe_page_->is_edited())
+        && recipe_page_->is_edited() && !connection_.is_asking())
         recipe_page_->edit_updt();
 }
 

@@ -89,6 +89,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    LockedFile locked_file();
     void make_panes();
     void read_page_color();
     void read_views();

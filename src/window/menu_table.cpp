@@ -11,6 +11,8 @@
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
+#include "window/help.h"
+#include "window/page_colors.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
 #include "stock/stock_commands.h"
@@ -183,11 +185,11 @@ constexpr MenuRow rows[] = {
     {command, "mnu_view", "mnu_view_aisle", "Hide aisle column", [](frmmain& m) { toggle_columns(m, 1); }},
     {separator, "mnu_view", "mnu_view_sep_4", ""},
     {command, "mnu_view", "mnu_view_cntrct_all", "Close all folders", close_folders},
-    {command, "mnu_view", "mnu_view_color", "page view color..."},
+    {command, "mnu_view", "mnu_view_color", "page view color...", choose_color},
 
     {bar_menu, "", "mnu_help", "Help"},
-    {command, "mnu_help", "mnu_help_launch", "Tarnwick help topics"},
-    {command, "mnu_help", "mnu_help_about", "About TarnWick"},
+    {command, "mnu_help", "mnu_help_launch", "Tarnwick help topics", launch_help},
+    {command, "mnu_help", "mnu_help_about", "About TarnWick", show_about},
 
     {popup, "", "mnu_lv", ""},
     {command, "mnu_lv", "mnu_lv_ed", "Edit item", [](frmmain& m) { emit m.commands().edit_row_wanted(); }},

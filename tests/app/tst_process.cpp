@@ -1,13 +1,11 @@
 #include "data/settings.h"
-#include "data/schema.h"
+#include "probe/real_program.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QSettings>
-#include <QTemporaryDir>
+#include <QFileInfo>
 #include <QTest>
 
 #include <memory>
@@ -15,8 +13,6 @@
 using namespace tarnwick;
 
 namespace {
-
-constexpr int patience_ms = 30000;
 
 QByteArray bytes_of(const QString& path)
 {
@@ -27,10 +23,10 @@ QByteArray bytes_of(const QString& path)
 } // namespace
 
 /// The real executable, copied to a folder of its own and started as a process. A plugin prints its windows.
-class tst_process : public QObject {
+class tst_process : public QObject, private RealProgram {
     Q_OBJECT
 private slots:
-    void init();
+    void init() { renew(); }
 
     void runs_from_the_folder_it_was_copied_to();
     void a_second_start_says_so_and_touches_nothing();
@@ -48,79 +44,13 @@ private slots:
     void an_error_with_an_edited_recipe_saves_nothing_behind_its_message();
 
 private:
-    /// How a process is watched: it closes by itself, or does what is written to it.
-    enum class Probe { watches, closes, listens };
-    static constexpr const char* main_window = "window frmmain";
-    std::unique_ptr<QProcess> start(Probe probe, const QString& config = QStringLiteral("config"));
-    /// Waits for the end and gives all that was printed, but for what `wait_for` has taken.
-    static QStringList lines_of(QProcess& process);
-    static bool wait_for(QProcess& process, const QByteArray& line);
-    static void tell(QProcess& process, const QByteArray& command);
-
     /// A process on the page of a recipe "Soup" whose title has got an unsaved "s" in front; null when it does not
     /// get there.
     std::unique_ptr<QProcess> start_with_edited_recipe();
     /// From here on the settings can be neither read nor written.
     bool lose_settings() const;
     QString recipe_name() const;
-
-    QString program() const { return folder_->filePath(QStringLiteral("app/tarnwick")); }
-    QString database() const { return folder_->filePath(QStringLiteral("app/twdata/groc.mdb")); }
-    QString settings() const { return folder_->filePath(QStringLiteral("config/tarnwick/settings.ini")); }
-    QStringList files() const;
-
-    std::unique_ptr<QTemporaryDir> folder_;
 };
-
-void tst_process::init()
-{
-    folder_ = std::make_unique<QTemporaryDir>();
-    QVERIFY(QDir().mkpath(folder_->filePath(QStringLiteral("app/twdata"))));
-    QVERIFY(QFile::copy(QStringLiteral(TARNWICK_PROGRAM), program()));
-    QVERIFY(make_database(database()));
-}
-
-std::unique_ptr<QProcess> tst_process::start(Probe probe, const QString& config)
-{
-    auto process = std::make_unique<QProcess>();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder_->filePath(config));
-    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(PROBE_FOLDER));
-    environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("message_probe"));
-    if (probe == Probe::closes)
-        environment.insert(QStringLiteral("PROBE_CLOSES"), QStringLiteral("1"));
-    if (probe == Probe::listens)
-        environment.insert(QStringLiteral("PROBE_LISTENS"), QStringLiteral("1"));
-    process->setProcessEnvironment(environment);
-    process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process->start(program(), QStringList());
-    return process;
-}
-
-QStringList tst_process::lines_of(QProcess& process)
-{
-    if (!process.waitForFinished(patience_ms)) {
-        process.kill();
-        process.waitForFinished();
-        return {QStringLiteral("(did not end)")};
-    }
-    return QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
-}
-
-bool tst_process::wait_for(QProcess& process, const QByteArray& line)
-{
-    QByteArray output;
-    while (!output.contains(line) && process.waitForReadyRead(patience_ms))
-        output += process.readAllStandardOutput();
-    return output.contains(line);
-}
-
-void tst_process::tell(QProcess& process, const QByteArray& command)
-{
-    process.write(command + '\n');
-    QVERIFY(process.waitForBytesWritten(patience_ms));
-}
 
 std::unique_ptr<QProcess> tst_process::start_with_edited_recipe()
 {
@@ -130,8 +60,8 @@ std::unique_ptr<QProcess> tst_process::start_with_edited_recipe()
     prefs.set_reg();
     prefs.set_pref(QStringLiteral("arcp"), QStringLiteral("1"));
     prefs.set_pref(QStringLiteral("lv_view"), QStringLiteral("0"));
-    auto process = start(Probe::listens);
-    if (!wait_for(*process, main_window))
+    auto process = start_listening();
+    if (!process)
         return nullptr;
     tell(*process, "type title s");
     return wait_for(*process, "line sSoup") ? std::move(process) : nullptr;
@@ -148,11 +78,6 @@ QString tst_process::recipe_name() const
 {
     SQLite::Database file(database().toStdString());
     return QString::fromStdString(file.execAndGet("SELECT r_name FROM recipe_1").getString());
-}
-
-QStringList tst_process::files() const
-{
-    return QDir(folder_->filePath(QStringLiteral("app/twdata"))).entryList(QDir::Files);
 }
 
 void tst_process::runs_from_the_folder_it_was_copied_to()
@@ -178,7 +103,7 @@ void tst_process::a_second_start_says_so_and_touches_nothing()
              QStringList(QStringLiteral("message TarnWick: A previous instance of TarnWick|is already running")));
     QCOMPARE(second->exitStatus(), QProcess::NormalExit);
 
-    QVERIFY(!QFile::exists(folder_->filePath(QStringLiteral("other"))));
+    QVERIFY(!QFile::exists(path(QStringLiteral("other"))));
     QCOMPARE(bytes_of(database()), before);
     QCOMPARE(files(), files_before);
     QCOMPARE(first->state(), QProcess::Running);
@@ -191,12 +116,12 @@ void tst_process::a_second_start_reads_neither_settings_nor_database()
     const auto first = start(Probe::watches);
     QVERIFY(wait_for(*first, main_window));
     // To read the first of the settings, or to look for the database, would be an error of its own.
-    QVERIFY(QDir().mkpath(folder_->filePath(QStringLiteral("other/tarnwick"))));
-    QFile file(folder_->filePath(QStringLiteral("other/tarnwick/settings.ini")));
+    QVERIFY(QDir().mkpath(path(QStringLiteral("other/tarnwick"))));
+    QFile file(path(QStringLiteral("other/tarnwick/settings.ini")));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("[trnwck]\nprefs\\load=load\nprefs\\clean=0, 1\n");
     file.close();
-    QVERIFY(QFile::rename(database(), folder_->filePath(QStringLiteral("elsewhere.mdb"))));
+    QVERIFY(QFile::rename(database(), path(QStringLiteral("elsewhere.mdb"))));
 
     const auto second = start(Probe::closes, QStringLiteral("other"));
     QCOMPARE(lines_of(*second),
@@ -272,7 +197,7 @@ void tst_process::a_setting_that_is_no_text_shows_the_message()
 
 void tst_process::a_read_only_store_of_settings_shows_the_message()
 {
-    QFile blocker(folder_->filePath(QStringLiteral("config")));
+    QFile blocker(path(QStringLiteral("config")));
     QVERIFY(blocker.open(QIODevice::WriteOnly));
     blocker.close();
     const QByteArray before = bytes_of(database());

@@ -1,12 +1,21 @@
 // A plugin that Qt loads into the real program by QT_QPA_GENERIC_PLUGINS=message_probe. It prints what windows come
-// up, one line each, and answers every message box with its first button. With the environment variable
-// PROBE_CLOSES it closes the main window. With PROBE_LISTENS it is the user's hands: it takes one command a line
-// from the standard input, once the main window stands. "close" closes the window; "ready" is printed back;
-// "do ACTION" triggers an enabled action by its object name; "type NAME TEXT" types into a visible line of text and
-// prints what it then holds. A command that it does not know or cannot do comes back behind "cannot".
+// up, one line each, and answers every message box with its first button, but with PROBE_LEAVES_MESSAGES, which
+// leaves them to a real mouse and keyboard. With PROBE_CLOSES it closes the main window. With PROBE_LISTENS it
+// takes one line at a time from the standard input, once the main window stands. Its hands:
+//   close             closes the main window
+//   ready             is printed back
+//   do ACTION         triggers an enabled action by its object name
+//   type NAME TEXT    types into a visible line of text and prints what it then holds
+// Its eyes, answered behind "= ":
+//   where NAME        x y width height on the screen of a visible widget
+//   node KEY          the same for the text of a tree node in view
+//   get NAME PROPERTY the property of a widget as text
+//   focus             the object name of the widget that has the keyboard
+//   sizes             every size in which the main window has been seen on the screen, each once
+// What it does not know or cannot do comes back behind "cannot".
 
 #include <QAction>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QGenericPlugin>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -16,7 +25,11 @@
 #include <QPushButton>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+#include <QWindow>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <unistd.h>
@@ -36,10 +49,23 @@ protected:
             else if (auto* window = qobject_cast<QMainWindow*>(watched))
                 QTimer::singleShot(0, window, [this, window] { seen(*window); });
         }
+        if (event->type() == QEvent::Expose || event->type() == QEvent::Resize)
+            note_size(watched);
         return QObject::eventFilter(watched, event);
     }
 
 private:
+    /// The main window's own, however its native window came by it.
+    void note_size(QObject* watched)
+    {
+        const auto* window = qobject_cast<QWindow*>(watched);
+        if (!window || !window->isExposed() || window->objectName() != QLatin1String("frmmainWindow"))
+            return;
+        const QString size = QStringLiteral("%1x%2").arg(window->width()).arg(window->height());
+        if (!sizes_.contains(size))
+            sizes_.append(size);
+    }
+
     static void print(const QString& line)
     {
         std::puts(qPrintable(line));
@@ -49,7 +75,7 @@ private:
     static void answer(QMessageBox& box)
     {
         print(QStringLiteral("message %1: %2").arg(box.windowTitle(), box.text().replace(u'\n', u'|')));
-        if (!box.buttons().isEmpty())
+        if (!box.buttons().isEmpty() && !qEnvironmentVariableIsSet("PROBE_LEAVES_MESSAGES"))
             box.buttons().first()->click();
     }
 
@@ -81,8 +107,59 @@ private:
         }
     }
 
-    static void obey(QMainWindow& window, const QString& command)
+    static QWidget* widget(const QString& name)
     {
+        const QWidgetList all = QApplication::allWidgets();
+        const auto found = std::find_if(all.begin(), all.end(), [&name](const QWidget* one) {
+            return one->isVisible() && one->objectName() == name;
+        });
+        return found == all.end() ? nullptr : *found;
+    }
+
+    static QString place_of(const QWidget& widget, const QRect& part)
+    {
+        const QPoint corner = widget.mapToGlobal(part.topLeft());
+        return QStringLiteral("%1 %2 %3 %4").arg(corner.x()).arg(corner.y()).arg(part.width()).arg(part.height());
+    }
+
+    static QString place_of_node(const QString& key)
+    {
+        for (QWidget* one : QApplication::allWidgets()) {
+            auto* tree = qobject_cast<QTreeWidget*>(one);
+            if (!tree || !tree->isVisible())
+                continue;
+            for (QTreeWidgetItemIterator node(tree); *node; ++node) {
+                const QRect row = tree->visualItemRect(*node) & tree->viewport()->rect();
+                if ((*node)->data(0, Qt::UserRole).toString() == key && !row.isEmpty())
+                    return place_of(*tree->viewport(), row);
+            }
+        }
+        return {};
+    }
+
+    /// The answer to a question; a null text when it is none or has no answer.
+    QString answer_to(const QString& command) const
+    {
+        const QString verb = command.section(u' ', 0, 0);
+        const QString name = command.section(u' ', 1, 1);
+        const QWidget* named = widget(name);
+        if (verb == QLatin1String("where") && named)
+            return place_of(*named, named->rect());
+        if (verb == QLatin1String("node"))
+            return place_of_node(name);
+        if (verb == QLatin1String("get") && named)
+            return named->property(command.section(u' ', 2, 2).toLatin1().constData()).toString();
+        if (verb == QLatin1String("focus") && QApplication::focusWidget())
+            return QApplication::focusWidget()->objectName();
+        return verb == QLatin1String("sizes") ? sizes_.join(u' ') : QString();
+    }
+
+    void obey(QMainWindow& window, const QString& command) const
+    {
+        if (const QString answer = answer_to(command); !answer.isNull()) {
+            print(QStringLiteral("= ") + answer);
+            return;
+        }
         const QString verb = command.section(u' ', 0, 0);
         const QString name = command.section(u' ', 1, 1);
         auto* action = verb == QLatin1String("do") ? window.findChild<QAction*>(name) : nullptr;
@@ -105,6 +182,7 @@ private:
 
     QSocketNotifier* listener_ = nullptr;
     QByteArray heard_;
+    QStringList sizes_;
 };
 
 } // namespace

@@ -1,0 +1,14 @@
+#pragma once
+
+namespace tarnwick {
+
+class frmmain;
+
+/// Before the message of an error that ends the program: writes what is typed and not stored into a rescue file.
+void rescue_typed(frmmain& main) noexcept;
+
+/// At a start: says what earlier runs have rescued, puts it back when the user wants it, and sets it aside
+/// otherwise. Throws SQLite::Exception.
+void offer_rescued(frmmain& main);
+
+} // namespace tarnwick
