@@ -48,7 +48,7 @@ QString free_name(const QString& folder, const QString& name, const QString& end
 bool write_file(const QString& folder, const QString& name, const QByteArray& bytes)
 {
     QSaveFile file(folder + u'/' + name);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit();
 }
 
 QJsonObject json_of(const RecipeText& text)
