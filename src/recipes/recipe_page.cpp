@@ -4,7 +4,7 @@
 #include "widgets/message_box.h"
 #include "widgets/update_lock.h"
 #include "recipes/line_widgets.h"
-#include "recipes/lost_click.h"
+#include "widgets/lost_click.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
 #include "household/rescue.h"
@@ -215,7 +215,9 @@ void RecipePage::add_unstored(Rescue& rescue) const
     rescue.before = stored_;
     if (is_edited() && has_recipe())
         rescue.typed = RecipeText{title_->text(), text1_->text()};
-    rescue.line = line_editor_->unstored();
+    const LineDraft& draft = line_editor_->draft();
+    if (line_editor_->is_open() && draft.edited.display_text() != draft.stored.display_text())
+        rescue.line = RescuedLine{draft.stored, draft.edited};
 }
 
 bool RecipePage::write_page()

@@ -30,8 +30,6 @@ class frmmain;
 struct PageState {
     int cur_line = 0; ///< the line most recently acted on
     int sel_line = 0; ///< the line that the line editor belongs to
-    int line_mode = 0; ///< 1 adds a stock item, 4 adds a non-stock line, 5 an existing line
-    Key matched_item = 0; ///< stock item that the typed name matched; 0 none
 };
 
 /// The right pane's recipe page: title, ingredient lines with their lights, instructions.
@@ -128,7 +126,7 @@ public:
     LineEditor& line_editor() { return *line_editor_; }
     Ingredients& ingredients();
     void add_ns_ingred(); ///< as `Ingredients::add_ns_ingred`
-    void drag_ingred(const QString& name); ///< as `Ingredients::drag_ingred`
+    void drag_ingred(Key item, const QString& name); ///< as `Ingredients::drag_ingred`
 
     void show_pane(bool shown); ///< shows the page, or closes its line editor and hides it
     void set_page_color(); ///< takes the page colour over from `SharedValues`

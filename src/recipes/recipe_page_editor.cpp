@@ -46,9 +46,9 @@ void RecipePage::add_ns_ingred()
     ingredients().add_ns_ingred();
 }
 
-void RecipePage::drag_ingred(const QString& name)
+void RecipePage::drag_ingred(Key item, const QString& name)
 {
-    ingredients().drag_ingred(name);
+    ingredients().drag_ingred(item, name);
 }
 
 } // namespace tarnwick
