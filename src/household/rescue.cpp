@@ -2,7 +2,8 @@
 
 #include "data/keys.h"
 #include "data/query.h"
-#include "household/ingredient_store.h"
+#include "household/line_draft.h"
+#include "household/status.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -139,21 +140,18 @@ void put_back_line(Connection& connection, const RescuedLine& line, Key recipe)
     const bool on_recipe = stored
         && Query(connection, "SELECT key_id FROM recipe_2 WHERE key_id = ? AND r_ref = ?", line.before.key, recipe)
                .next();
+    LineDraft draft;
     if (on_recipe && same_texts(*stored, line.before)) {
-        const Key link = line.typed.item == line.before.item ? stored->item_ref
-                                                             : stock_item_named(connection, line.typed.item);
-        write_line_fields(connection, line.before.key,
-                          {{IngredientField::qty, line.typed.qty},
-                           {IngredientField::measure, line.typed.measure},
-                           {IngredientField::comment, line.typed.comment}});
-        write_line_item(connection, line.before.key, link > 0 ? link : Key(-1), line.typed.item);
-        return;
+        draft = LineDraft::of(*stored);
+    } else {
+        Query order(connection, "SELECT count(*) FROM recipe_2 WHERE r_ref = ?", recipe);
+        order.next();
+        draft = LineDraft::added(recipe, order.number(0));
     }
-    IngredientRow added = line.typed;
-    added.item_ref = stock_item_named(connection, added.item);
-    Query order(connection, "SELECT count(*) FROM recipe_2 WHERE r_ref = ?", recipe);
-    order.next();
-    insert_line(connection, recipe, added, order.number(0));
+    draft.edited = line.typed;
+    if (!stock_item_name(connection, line.typed.item_ref))
+        draft.edited.item_ref = stock_item_named(connection, line.typed.item);
+    save_line(connection, draft);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "data/query.h"
 #include "data/schema.h"
-#include "household/ingredient_store.h"
+#include "household/line_draft.h"
 #include "household/rescue.h"
 #include "support/child_process.h"
 
@@ -234,7 +234,9 @@ void tst_rescue_store::a_line_changed_meanwhile_stays_and_a_new_one_follows()
     rescue.typed.reset();
     rescue.line = RescuedLine{*line, *line};
     rescue.line->typed.qty = QStringLiteral("2");
-    write_line_fields(*connection_, line->key, {{IngredientField::qty, QStringLiteral("3")}});
+    LineDraft other = LineDraft::of(*line);
+    other.set_text(IngredientField::qty, QStringLiteral("3"));
+    QVERIFY(save_line(*connection_, other));
     QVERIFY(put_back(*connection_, rescue));
     QCOMPARE(text("SELECT group_concat(trim(qty) || item || \"order\") FROM recipe_2"),
              QStringLiteral("3milk0,2milk1"));
