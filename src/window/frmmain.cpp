@@ -160,6 +160,7 @@ void frmmain::load()
     toolbar_->toolbar_fit();
 
     connection_.open(environment_.database_file());
+    offer_rescued(connection_, environment_.database_file());
     shared.current_list = to_int16(settings_.pref(QStringLiteral("alist"), QStringLiteral("0")));
     shared.all_lists_view = settings_.pref(QStringLiteral("s_all"), QStringLiteral("0")) == QLatin1String("1");
     shared.cur_recipe = to_int16(settings_.pref(QStringLiteral("arcp"), QStringLiteral("0")));
@@ -269,7 +270,6 @@ void frmmain::restore_panes()
     list_pane_->set_headers();
     toolbar_->toolbar_fit();
     view_state_->set_tab_stops();
-    offer_rescued(*this);
 }
 
 TreeView& frmmain::visible_tree()

@@ -2,17 +2,14 @@
 
 #include "household/rescue.h"
 #include "lists/list_pane.h"
-#include "lists/lists.h"
 #include "recipes/recipe_page.h"
-#include "recipes/recipe_tree.h"
 #include "widgets/list_grid.h"
 #include "widgets/message_box.h"
 #include "widgets/row_editor.h"
 #include "window/frmmain.h"
-#include "window/view_state.h"
 
-#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace tarnwick {
 namespace {
@@ -35,33 +32,23 @@ std::optional<RescuedField> unstored_field(frmmain& main)
                         rows.cell_text(editor.edit_row(), editor.unstored_column())};
 }
 
-/// Lists and recipes on show take over what was put back.
-void show_put_back(frmmain& main)
+void offer(Connection& connection, const QString& file, const Rescue& rescue)
 {
-    main.recipe_tree().recip_load(main.shared.recipe_alpha);
-    main.recipe_page().restore_recipe(main.shared.cur_recipe);
-    main.lists().set_mnu_lists();
-    main.l_r_refresh();
-}
-
-void offer(frmmain& main, const QString& file, const Rescue& rescue)
-{
+    const QString title = QStringLiteral("TarnWick");
     const QString text = QStringLiteral("TarnWick was ended by an error before this was stored:\n\n%1\n\n"
                                         "Put it back now?\n"
                                         "No keeps it in a file in the folder\n%2")
                              .arg(rescue_contents(rescue), QFileInfo(file).absolutePath());
-    if (msg_box(&main, text, box::yes_no | box::question, QStringLiteral("TarnWick")) != Answer::yes) {
+    if (msg_box(nullptr, text, box::yes_no | box::question, title) != Answer::yes) {
         set_rescue_aside(file);
         return;
     }
-    const bool complete = put_back(main.connection(), rescue);
-    show_put_back(main);
-    if (complete) {
+    if (put_back(connection, rescue))
         QFile::remove(file);
-        return;
-    }
-    msg_box(&main, QStringLiteral("The list row is gone. Its text is kept in the file\n") + set_rescue_aside(file),
-            box::information, QStringLiteral("TarnWick"));
+    else
+        msg_box(nullptr,
+                QStringLiteral("The list row is gone. Its text is kept in the file\n") + set_rescue_aside(file),
+                box::information, title);
 }
 
 } // namespace
@@ -79,11 +66,11 @@ void rescue_typed(frmmain& main) noexcept
     }
 }
 
-void offer_rescued(frmmain& main)
+void offer_rescued(Connection& connection, const QString& database)
 {
-    for (const QString& file : rescue_files(main.environment().database_file())) {
+    for (const QString& file : rescue_files(database)) {
         if (const auto rescue = read_rescue(file))
-            offer(main, file, *rescue);
+            offer(connection, file, *rescue);
         else
             set_rescue_aside(file);
     }
