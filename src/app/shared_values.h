@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/text.h"
+#include "household/report_options.h"
 
 #include <QColor>
 #include <QString>
@@ -8,14 +9,6 @@
 #include <optional>
 
 namespace tarnwick {
-
-/// The three choices of the print setup that the page engines read, and the printed type size.
-struct ReportOptions {
-    Key sort = 1;
-    Key col_ct = 2;
-    Key active = 1;
-    Key size = 0;
-};
 
 /// What the item editor is opened for.
 namespace edit_mode {

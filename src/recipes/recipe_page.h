@@ -2,6 +2,7 @@
 
 #include "data/text.h"
 #include "household/recipe_store.h"
+#include "household/recipe_sheet.h"
 #include "recipes/recipe_lines.h"
 
 #include <QEvent>
@@ -9,6 +10,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class QFrame;
@@ -122,6 +124,13 @@ public:
 
     /// Saves what can be saved of an open line editor and closes it without a question.
     void close_line_editor();
+
+    /// Finishes line editor, name and instructions as leaving them does. False when a name was refused: the focus
+    /// is back in its box.
+    bool leave_editors();
+
+    /// The page as it stands; nothing without a recipe.
+    std::optional<RecipeSheet> sheet() const;
 
     LineEditor& line_editor() { return *line_editor_; }
     Ingredients& ingredients();

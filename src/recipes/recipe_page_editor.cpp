@@ -41,6 +41,12 @@ void RecipePage::close_line_editor()
     line_editor_->close_quietly();
 }
 
+bool RecipePage::leave_editors()
+{
+    finish_line_editor();
+    return !editor_open() && title_validated(Qt::OtherFocusReason);
+}
+
 void RecipePage::add_ns_ingred()
 {
     ingredients().add_ns_ingred();

@@ -12,6 +12,7 @@
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
 #include "window/help.h"
+#include "window/output_commands.h"
 #include "window/page_colors.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
@@ -127,7 +128,7 @@ constexpr MenuRow rows[] = {
     {list_array, "mnu_list", "mnu_list_list", "list"},
     {separator, "mnu_list", "mnu_list_sep_2", ""},
     {command, "mnu_list", "mnu_list_Print", "Print"},
-    {command, "mnu_list", "mnu_list_prntsetup", "Print setup"},
+    {command, "mnu_list", "mnu_list_prntsetup", "Print setup", [](frmmain& m) { show_print_setup(m); }},
     {separator, "mnu_list", "mnu_list_sep_3", ""},
     {command, "mnu_list", "mnu_list_clear", "Clear shopping list"},
     {command, "mnu_list", "mnu_list_del", "Delete shopping list", [](frmmain& m) { m.lists().list_del(); }},
@@ -159,11 +160,14 @@ constexpr MenuRow rows[] = {
     {command, "mnu_tools_find", "mnu_tools_find_item", "Stock item(s)"},
     {command, "mnu_tools_find", "mnu_tools_find_recipe", "Recipe(s)"},
     {bar_menu, "mnu_tools", "mnu_tools_wp", "Word processor"},
-    {command, "mnu_tools_wp", "mnu_tools_wp_rcp", "Open recipe in word processor"},
-    {command, "mnu_tools_wp", "mnu_tools_wp_list", "Open shopping list in word processor"},
+    {command, "mnu_tools_wp", "mnu_tools_wp_rcp", "Open recipe in word processor",
+     [](frmmain& m) { send_to_rtf(m, true); }},
+    {command, "mnu_tools_wp", "mnu_tools_wp_list", "Open shopping list in word processor",
+     [](frmmain& m) { send_to_rtf(m, false); }},
     {bar_menu, "mnu_tools", "mnu_tool_email", "Email"},
-    {command, "mnu_tool_email", "mnu_tools_email_rcp", "Recipe"},
-    {command, "mnu_tool_email", "mnu_tools_email_list", "Shopping list"},
+    {command, "mnu_tool_email", "mnu_tools_email_rcp", "Recipe", [](frmmain& m) { send_to_email(m, true); }},
+    {command, "mnu_tool_email", "mnu_tools_email_list", "Shopping list",
+     [](frmmain& m) { send_to_email(m, false); }},
 
     {bar_menu, "", "mnu_view", "View"},
     {check, "mnu_view", "mnu_view_stock", "Stock list", [](frmmain& m) { show_tree(m, true); }},

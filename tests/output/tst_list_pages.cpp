@@ -1,0 +1,656 @@
+#include "household/list_pages.h"
+
+#include "output/page_things.h"
+
+#include <QTest>
+
+#include <stdexcept>
+
+using namespace tarnwick;
+
+namespace {
+
+const QDate today(2026, 3, 14);
+
+ReportOptions options(Key sort, Key col_ct, Key active = 1, Key size = 0)
+{
+    return {sort, col_ct, active, size};
+}
+
+ListRow row(const QString& item, const QString& category = QStringLiteral("Dairy"),
+            const QString& aisle = QStringLiteral("5"))
+{
+    ListRow made;
+    made.item = item;
+    made.desc = QStringLiteral(" ");
+    made.qty = QStringLiteral("2");
+    made.aisle = aisle;
+    made.category = category;
+    made.to_get = true;
+    return made;
+}
+
+std::vector<ListRow> rows(int count, const QString& category = QStringLiteral("Dairy"))
+{
+    std::vector<ListRow> made;
+    for (int i = 0; i < count; ++i)
+        made.push_back(row(QStringLiteral("%1 %2").arg(category).arg(i, 4, 10, QLatin1Char('0')), category));
+    return made;
+}
+
+std::vector<ListRow> joined(std::vector<ListRow> first, const std::vector<ListRow>& second)
+{
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+ListPages pages(const std::vector<ListRow>& of, const ReportOptions& with,
+                const QString& name = QStringLiteral("Weekly"))
+{
+    return {of, with, name, today};
+}
+
+Page one_row(const ListRow& of, const ReportOptions& with = options(0, 1))
+{
+    return pages({of}, with).page(1);
+}
+
+/// The items of all pages in their order, without headings.
+QStringList printed_items(const ListPages& all)
+{
+    QStringList items;
+    for (int number = 1; number <= all.count(); ++number)
+        for (const PageThing& thing : all.page(number).things)
+            if (thing.name.startsWith(QLatin1String("txtItem")) && !thing.bold)
+                items.append(thing.text);
+    return items;
+}
+
+} // namespace
+
+class tst_list_pages : public QObject {
+    Q_OBJECT
+private slots:
+    // Titles and captions
+    void all_lists_by_item_are_titled_all_lists();
+    void the_second_column_is_titled_list_for_all_lists_too();
+    void the_captions_and_their_frame_stand_over_the_first_column();
+    void the_second_frame_comes_with_the_second_column();
+    void line6_belongs_to_the_second_column_by_item();
+    // Slots
+    void a_page_shows_its_own_slots_only();
+    void the_slots_of_a_size_follow_in_its_pitch_data();
+    void the_slots_of_a_size_follow_in_its_pitch();
+    void one_column_fills_the_page();
+    void the_second_column_lies_337_pixels_to_the_right();
+    void type_sizes_follow_the_report_size_data();
+    void type_sizes_follow_the_report_size();
+    void the_lines_go_down_with_the_type_size();
+    void nothing_of_a_slot_crosses_a_line_data();
+    void nothing_of_a_slot_crosses_a_line();
+    // Rows
+    void a_description_stands_behind_the_item();
+    void a_quantity_of_three_characters_stands_in_its_box();
+    void a_quantity_of_four_characters_lands_in_the_item_text();
+    void a_long_quantity_comes_after_the_description();
+    void a_row_without_an_aisle_has_a_blank_there();
+    void a_coupon_is_shown_only_where_there_is_one();
+    void an_expiry_date_of_yesterday_is_not_struck_through_two_days_ago_is();
+    void a_coupon_without_a_date_is_not_struck_through();
+    void the_check_box_is_shown_only_with_all_rows();
+    // Pages by item
+    void pages_by_item_follow_the_formula_data();
+    void pages_by_item_follow_the_formula();
+    void a_page_by_item_begins_at_its_record();
+    void rows_that_the_formula_leaves_out_are_told_on_the_last_page();
+    void several_rows_left_out_are_counted();
+    void no_page_by_the_formula_renders_one();
+    // Groups
+    void a_group_has_a_centred_bold_heading_without_boxes();
+    void a_group_that_starts_on_the_last_slot_of_a_column_opens_the_next_with_its_heading();
+    void a_group_that_runs_over_a_column_top_repeats_its_heading_in_one_slot();
+    void a_waiting_group_at_the_foot_of_a_page_opens_the_next();
+    void the_first_heading_of_a_later_page_is_plain();
+    void no_empty_page_follows_one_that_the_last_record_fills();
+    void an_item_without_an_aisle_falls_under_aisle_unknown();
+    void an_aisle_runs_over_a_column_top();
+    void an_unknown_aisle_runs_over_a_column_top();
+    void categories_of_one_name_are_one_group();
+    void every_row_is_printed_once_in_its_order_data();
+    void every_row_is_printed_once_in_its_order();
+    // Feet
+    void every_page_has_its_number_at_the_foot();
+    void a_page_beyond_the_last_is_refused();
+    void damaged_options_count_as_the_nearest();
+};
+
+void tst_list_pages::all_lists_by_item_are_titled_all_lists()
+{
+    const Page page = pages(rows(1), options(0, 2), QStringLiteral("All")).page(1);
+    QCOMPARE(text_on(page, QStringLiteral("LblColTitle(0)")), QStringLiteral("All lists"));
+    QCOMPARE(text_on(pages(rows(1), options(0, 2)).page(1), QStringLiteral("LblColTitle(0)")),
+             QStringLiteral("Weekly list"));
+}
+
+void tst_list_pages::the_second_column_is_titled_list_for_all_lists_too()
+{
+    const Page page = pages(rows(36), options(0, 2), QStringLiteral("All")).page(1);
+    QCOMPARE(text_on(page, QStringLiteral("LblColTitle(1)")), QStringLiteral("All list"));
+}
+
+void tst_list_pages::the_captions_and_their_frame_stand_over_the_first_column()
+{
+    const Page page = pages(rows(1), options(0, 1)).page(1);
+    const QStringList captions
+        = {QStringLiteral("ITEM"), QStringLiteral("QTY"), QStringLiteral("CPN"), QStringLiteral("ASL")};
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(text_on(page, element("ttlLabel", i)), captions[i]);
+    QVERIFY(has_thing(page, QStringLiteral("ttlLineH(0)")));
+    for (int i = 0; i < 5; ++i)
+        QVERIFY(has_thing(page, element("ttlLineV", i)));
+    QVERIFY(has_thing(page, QStringLiteral("Picture1(0)")));
+    QVERIFY(!has_thing(page, QStringLiteral("ttlLabel2(0)")));
+}
+
+void tst_list_pages::the_second_frame_comes_with_the_second_column()
+{
+    const QStringList second
+        = {QStringLiteral("LblColTitle(1)"), QStringLiteral("Picture1(1)"), QStringLiteral("ttlLabel2(3)"),
+           QStringLiteral("ttlLineH2(0)"), QStringLiteral("ttlLineV2(4)")};
+    for (const QString& name : second) {
+        QVERIFY2(!has_thing(pages(rows(34), options(0, 2)).page(1), name), qPrintable(name));
+        QVERIFY2(has_thing(pages(rows(36), options(0, 2)).page(1), name), qPrintable(name));
+        QVERIFY2(!has_thing(pages(rows(60), options(0, 1)).page(1), name), qPrintable(name));
+    }
+}
+
+void tst_list_pages::line6_belongs_to_the_second_column_by_item()
+{
+    const QString line = QStringLiteral("Line6");
+    QVERIFY(has_thing(pages(rows(50), options(0, 2)).page(1), line));
+    QVERIFY(!has_thing(pages(rows(34), options(0, 2)).page(1), line));
+    QVERIFY(!has_thing(pages(rows(50), options(0, 1)).page(1), line));
+    QVERIFY(!has_thing(pages(rows(50), options(1, 2)).page(1), line));
+    QVERIFY(!has_thing(pages(rows(50), options(2, 2)).page(1), line));
+}
+
+void tst_list_pages::a_page_shows_its_own_slots_only()
+{
+    const ListPages all = pages(rows(40), options(0, 1));
+    QCOMPARE(all.count(), 2);
+    QVERIFY(has_thing(all.page(1), QStringLiteral("txtItem(34)")));
+    QVERIFY(has_thing(all.page(2), QStringLiteral("txtItem(4)")));
+    for (const char* array :
+         {"txtItem", "txtQty", "txtAisle", "Line1", "Line2", "Line3", "Line4", "Line5", "Line7"})
+        QVERIFY2(!has_thing(all.page(2), element(array, 5)), array);
+}
+
+void tst_list_pages::the_slots_of_a_size_follow_in_its_pitch_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("rows_per_column");
+    QTest::addColumn<int>("pitch");
+    QTest::newRow("small") << 0 << 35 << 20;
+    QTest::newRow("medium") << 1 << 32 << 22;
+    QTest::newRow("large") << 2 << 27 << 26;
+}
+
+void tst_list_pages::the_slots_of_a_size_follow_in_its_pitch()
+{
+    QFETCH(int, size);
+    QFETCH(int, rows_per_column);
+    QFETCH(int, pitch);
+    const Page page = pages(rows(100), options(0, 2, 0, static_cast<Key>(size))).page(1);
+    QVERIFY(has_thing(page, element("txtItem", 2 * rows_per_column - 1)));
+    QVERIFY(!has_thing(page, element("txtItem", 2 * rows_per_column)));
+    for (int i = 1; i < rows_per_column; ++i) {
+        for (const char* array : {"txtItem", "txtQty", "txtAisle", "Checkbox"})
+            QCOMPARE(thing(page, element(array, i)).box,
+                     thing(page, element(array, i - 1)).box.translated(0, pitch));
+        for (const char* array : {"Line1", "Line2", "Line3", "Line4", "Line5", "Line7"})
+            QCOMPARE(thing(page, element(array, i)).line,
+                     thing(page, element(array, i - 1)).line.translated(0, pitch));
+    }
+    const QRect last = thing(page, element("txtItem", rows_per_column - 1)).box;
+    QVERIFY(last.bottom() < thing(page, QStringLiteral("page_foot")).box.top());
+}
+
+void tst_list_pages::one_column_fills_the_page()
+{
+    ListRow with_coupon = row(QStringLiteral("Milk"));
+    with_coupon.cpn = true;
+    const Page page = one_row(with_coupon);
+    QCOMPARE(thing(page, QStringLiteral("Line1(0)")).line.x2(), 703);
+    QCOMPARE(thing(page, QStringLiteral("ttlLineH(0)")).line.x2(), 702);
+    const std::pair<const char*, int> lines[]
+        = {{"Line4(0)", 620}, {"ttlLineV(1)", 620}, {"Line3(0)", 647}, {"ttlLineV(2)", 647},
+           {"Line2(0)", 672}, {"ttlLineV(3)", 672}, {"Line7(0)", 702}, {"ttlLineV(4)", 702}};
+    for (const auto& [name, x] : lines) {
+        QCOMPARE(thing(page, QLatin1String(name)).line.x1(), x);
+        QCOMPARE(thing(page, QLatin1String(name)).line.x2(), x);
+    }
+    const std::pair<const char*, int> boxes[]
+        = {{"txtQty(0)", 626},   {"txtCpn(0)", 649},   {"txtAisle(0)", 682}, {"ttlLabel(1)", 622},
+           {"ttlLabel(2)", 648}, {"ttlLabel(3)", 678}, {"Picture1(0)", 380}};
+    for (const auto& [name, x] : boxes)
+        QCOMPARE(thing(page, QLatin1String(name)).box.left(), x);
+    const std::pair<const char*, int> widths[]
+        = {{"txtItem(0)", 488}, {"ttlLabel(0)", 488}, {"LblColTitle(0)", 570}};
+    for (const auto& [name, width] : widths)
+        QCOMPARE(thing(page, QLatin1String(name)).box.width(), width);
+}
+
+void tst_list_pages::the_second_column_lies_337_pixels_to_the_right()
+{
+    const Page page = pages(rows(70), options(0, 2, 0)).page(1);
+    const auto moved = [&](const QString& left, const QString& right) {
+        const PageThing from = thing(page, left);
+        const PageThing to = thing(page, right);
+        if (from.kind == PageThing::Kind::line)
+            QCOMPARE(to.line, from.line.translated(337, 0));
+        else
+            QCOMPARE(to.box, from.box.translated(337, 0));
+    };
+    for (const char* array :
+         {"txtItem", "txtQty", "txtAisle", "Checkbox", "Line1", "Line2", "Line3", "Line4", "Line5", "Line7"})
+        for (const int slot : {0, 34})
+            moved(element(array, slot), element(array, slot + 35));
+    for (int i = 0; i < 4; ++i)
+        moved(element("ttlLabel", i), element("ttlLabel2", i));
+    for (int i = 0; i < 5; ++i)
+        moved(element("ttlLineV", i), element("ttlLineV2", i));
+    moved(QStringLiteral("ttlLineH(0)"), QStringLiteral("ttlLineH2(0)"));
+    moved(QStringLiteral("LblColTitle(0)"), QStringLiteral("LblColTitle(1)"));
+    moved(QStringLiteral("Picture1(0)"), QStringLiteral("Picture1(1)"));
+}
+
+void tst_list_pages::type_sizes_follow_the_report_size_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("item");
+    QTest::addColumn<int>("cells");
+    QTest::addColumn<int>("height");
+    QTest::addColumn<int>("first_caption");
+    QTest::addColumn<int>("caption");
+    QTest::newRow("small") << 0 << 9 << 9 << 15 << 138 << 131;
+    QTest::newRow("medium") << 1 << 10 << 10 << 16 << 140 << 133;
+    QTest::newRow("large") << 2 << 12 << 10 << 20 << 142 << 135;
+}
+
+void tst_list_pages::type_sizes_follow_the_report_size()
+{
+    QFETCH(int, size);
+    QFETCH(int, item);
+    QFETCH(int, cells);
+    QFETCH(int, height);
+    const Page page = one_row(row(QStringLiteral("Milk")), options(0, 1, 1, static_cast<Key>(size)));
+    QCOMPARE(thing(page, QStringLiteral("txtItem(0)")).size, item);
+    QCOMPARE(thing(page, QStringLiteral("LblColTitle(0)")).size, item);
+    QCOMPARE(thing(page, QStringLiteral("txtQty(0)")).size, cells);
+    QCOMPARE(thing(page, QStringLiteral("txtAisle(0)")).size, cells);
+    for (const char* name : {"txtItem(0)", "txtQty(0)", "txtAisle(0)", "LblColTitle(0)"})
+        QCOMPARE(thing(page, QLatin1String(name)).box.height(), height);
+    QTEST(thing(page, QStringLiteral("ttlLabel(0)")).box.top(), "first_caption");
+    for (int i = 1; i < 4; ++i)
+        QTEST(thing(page, element("ttlLabel", i)).box.top(), "caption");
+}
+
+void tst_list_pages::the_lines_go_down_with_the_type_size()
+{
+    const Page small = one_row(row(QStringLiteral("Milk")), options(0, 1, 1, 0));
+    for (const auto& [size, shift] : {std::pair{1, 2}, std::pair{2, 6}}) {
+        const Page other = one_row(row(QStringLiteral("Milk")), options(0, 1, 1, static_cast<Key>(size)));
+        const auto moved = [&](const char* name) { return thing(other, QLatin1String(name)).line; };
+        const auto rest = [&](const char* name) { return thing(small, QLatin1String(name)).line; };
+        QCOMPARE(moved("Line1(0)"), rest("Line1(0)").translated(0, shift));
+        QCOMPARE(moved("ttlLineH(0)"), rest("ttlLineH(0)").translated(0, shift));
+        QCOMPARE(moved("ttlLineV(2)").y1(), rest("ttlLineV(2)").y1() + shift);
+        for (const char* name : {"Line2(0)", "Line3(0)", "Line4(0)", "Line5(0)", "Line7(0)"}) {
+            QCOMPARE(moved(name).y2(), rest(name).y2() + shift);
+            QCOMPARE(moved(name).y2(), moved("Line1(0)").y1());
+        }
+        QCOMPARE(thing(other, QStringLiteral("txtItem(0)")).box.topLeft(),
+                 thing(small, QStringLiteral("txtItem(0)")).box.topLeft());
+    }
+}
+
+void tst_list_pages::nothing_of_a_slot_crosses_a_line_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("col_ct");
+    for (int size = 0; size < 3; ++size)
+        for (int col_ct = 1; col_ct < 3; ++col_ct)
+            QTest::addRow("size %d, %d columns", size, col_ct) << size << col_ct;
+}
+
+void tst_list_pages::nothing_of_a_slot_crosses_a_line()
+{
+    QFETCH(int, size);
+    QFETCH(int, col_ct);
+    std::vector<ListRow> some = rows(60);
+    for (ListRow& each : some)
+        each.cpn = true;
+    const Page page = pages(some, options(0, static_cast<Key>(col_ct), 0, static_cast<Key>(size))).page(1);
+    int boxes = 0;
+    for (const PageThing& box : page.things) {
+        if (!box.name.startsWith(QLatin1String("txt")) && box.kind != PageThing::Kind::check)
+            continue;
+        ++boxes;
+        for (const PageThing& line : page.things) {
+            if (line.kind != PageThing::Kind::line)
+                continue;
+            const QRect drawn(line.line.p1(), line.line.p2());
+            QVERIFY2(!box.box.intersects(drawn), qPrintable(box.name + QStringLiteral(" and ") + line.name));
+        }
+        QVERIFY(QRect({}, page.size).contains(box.box));
+    }
+    QVERIFY(boxes > 100);
+}
+
+void tst_list_pages::a_description_stands_behind_the_item()
+{
+    ListRow described = row(QStringLiteral("Milk"));
+    described.desc = QStringLiteral("skimmed");
+    QCOMPARE(text_on(one_row(described), QStringLiteral("txtItem(0)")), QStringLiteral("Milk: skimmed"));
+    described.desc = QStringLiteral("   ");
+    QCOMPARE(text_on(one_row(described), QStringLiteral("txtItem(0)")), QStringLiteral("Milk"));
+}
+
+void tst_list_pages::a_quantity_of_three_characters_stands_in_its_box()
+{
+    ListRow three = row(QStringLiteral("Milk"));
+    three.qty = QStringLiteral(" 500 ");
+    const Page page = one_row(three);
+    QCOMPARE(text_on(page, QStringLiteral("txtQty(0)")), QStringLiteral("500"));
+    QCOMPARE(text_on(page, QStringLiteral("txtItem(0)")), QStringLiteral("Milk"));
+}
+
+void tst_list_pages::a_quantity_of_four_characters_lands_in_the_item_text()
+{
+    ListRow four = row(QStringLiteral("Milk"));
+    four.qty = QStringLiteral(" 2 qt ");
+    const Page page = one_row(four);
+    QCOMPARE(text_on(page, QStringLiteral("txtItem(0)")), QStringLiteral("Milk: 2 qt"));
+    QCOMPARE(text_on(page, QStringLiteral("txtQty(0)")), QString());
+}
+
+void tst_list_pages::a_long_quantity_comes_after_the_description()
+{
+    ListRow both = row(QStringLiteral("Milk"));
+    both.desc = QStringLiteral("skimmed");
+    both.qty = QStringLiteral("1 gallon");
+    QCOMPARE(text_on(one_row(both), QStringLiteral("txtItem(0)")), QStringLiteral("Milk: skimmed: 1 gallon"));
+}
+
+void tst_list_pages::a_row_without_an_aisle_has_a_blank_there()
+{
+    QCOMPARE(text_on(one_row(row(QStringLiteral("Milk"), QStringLiteral("Dairy"), QString())),
+                     QStringLiteral("txtAisle(0)")),
+             QStringLiteral(" "));
+    QCOMPARE(text_on(one_row(row(QStringLiteral("Milk"), QStringLiteral("Dairy"), QStringLiteral(" 12A "))),
+                     QStringLiteral("txtAisle(0)")),
+             QStringLiteral("12A"));
+}
+
+void tst_list_pages::a_coupon_is_shown_only_where_there_is_one()
+{
+    ListRow coupon = row(QStringLiteral("Milk"));
+    QVERIFY(!has_thing(one_row(coupon), QStringLiteral("txtCpn(0)")));
+    coupon.cpn = true;
+    coupon.created = today;
+    QCOMPARE(text_on(one_row(coupon), QStringLiteral("txtCpn(0)")), QStringLiteral("CPN"));
+}
+
+void tst_list_pages::an_expiry_date_of_yesterday_is_not_struck_through_two_days_ago_is()
+{
+    ListRow coupon = row(QStringLiteral("Milk"));
+    coupon.cpn = true;
+    coupon.created = today.addDays(-1);
+    QVERIFY(has_thing(one_row(coupon), QStringLiteral("txtCpn(0)")));
+    QVERIFY(!thing(one_row(coupon), QStringLiteral("txtCpn(0)")).strike);
+    coupon.created = today.addDays(-2);
+    QVERIFY(thing(one_row(coupon), QStringLiteral("txtCpn(0)")).strike);
+    coupon.created = today.addDays(7);
+    QVERIFY(!thing(one_row(coupon), QStringLiteral("txtCpn(0)")).strike);
+}
+
+void tst_list_pages::a_coupon_without_a_date_is_not_struck_through()
+{
+    ListRow coupon = row(QStringLiteral("Milk"));
+    coupon.cpn = true;
+    QVERIFY(has_thing(one_row(coupon), QStringLiteral("txtCpn(0)")));
+    QVERIFY(!thing(one_row(coupon), QStringLiteral("txtCpn(0)")).strike);
+}
+
+void tst_list_pages::the_check_box_is_shown_only_with_all_rows()
+{
+    ListRow each = row(QStringLiteral("Milk"));
+    QVERIFY(!has_thing(one_row(each, options(0, 1, 1)), QStringLiteral("Checkbox(0)")));
+    QVERIFY(thing(one_row(each, options(0, 1, 0)), QStringLiteral("Checkbox(0)")).checked);
+    each.to_get = false;
+    const Page page = one_row(each, options(0, 1, 0));
+    QVERIFY(has_thing(page, QStringLiteral("Checkbox(0)")));
+    QVERIFY(!thing(page, QStringLiteral("Checkbox(0)")).checked);
+}
+
+void tst_list_pages::pages_by_item_follow_the_formula_data()
+{
+    QTest::addColumn<int>("columns");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("expected");
+    // 35 rows to a column: N against 36, and N against 36 or 71.
+    QTest::newRow("1 row") << 1 << 1 << 1;
+    QTest::newRow("35 rows, one column") << 1 << 35 << 1;
+    QTest::newRow("36 rows, one column") << 1 << 36 << 1;
+    QTest::newRow("37 rows, one column") << 1 << 37 << 2;
+    QTest::newRow("70 rows, one column") << 1 << 70 << 2;
+    QTest::newRow("72 rows, one column") << 1 << 72 << 2;
+    QTest::newRow("73 rows, one column") << 1 << 73 << 3;
+    QTest::newRow("70 rows, two columns") << 2 << 70 << 1;
+    QTest::newRow("71 rows, two columns") << 2 << 71 << 2;
+    QTest::newRow("72 rows, two columns") << 2 << 72 << 1;
+    QTest::newRow("73 rows, two columns") << 2 << 73 << 2;
+    QTest::newRow("141 rows, two columns") << 2 << 141 << 2;
+    QTest::newRow("142 rows, two columns") << 2 << 142 << 3;
+}
+
+void tst_list_pages::pages_by_item_follow_the_formula()
+{
+    QFETCH(int, columns);
+    QFETCH(int, count);
+    const ListPages all = pages(rows(count), options(0, static_cast<Key>(columns)));
+    QTEST(all.count(), "expected");
+    for (int number = 1; number <= all.count(); ++number)
+        QVERIFY(has_thing(all.page(number), QStringLiteral("txtItem(0)")));
+}
+
+void tst_list_pages::a_page_by_item_begins_at_its_record()
+{
+    const ListPages all = pages(rows(150), options(0, 2));
+    QCOMPARE(text_on(all.page(1), QStringLiteral("txtItem(0)")), QStringLiteral("Dairy 0000"));
+    QCOMPARE(text_on(all.page(2), QStringLiteral("txtItem(0)")), QStringLiteral("Dairy 0070"));
+    QCOMPARE(text_on(all.page(3), QStringLiteral("txtItem(0)")), QStringLiteral("Dairy 0140"));
+}
+
+void tst_list_pages::rows_that_the_formula_leaves_out_are_told_on_the_last_page()
+{
+    const ListPages all = pages(rows(36), options(0, 1));
+    QCOMPARE(printed_items(all).size(), 35);
+    QCOMPARE(text_on(all.page(1), QStringLiteral("page_note")),
+             QStringLiteral("1 more item is not on these pages"));
+    QVERIFY(!has_thing(pages(rows(35), options(0, 1)).page(1), QStringLiteral("page_note")));
+    const ListPages two = pages(rows(37), options(0, 1));
+    QVERIFY(!has_thing(two.page(1), QStringLiteral("page_note")));
+    QVERIFY(!has_thing(two.page(2), QStringLiteral("page_note")));
+}
+
+void tst_list_pages::several_rows_left_out_are_counted()
+{
+    const ListPages all = pages(rows(72), options(0, 1));
+    QCOMPARE(printed_items(all).size(), 70);
+    QVERIFY(!has_thing(all.page(1), QStringLiteral("page_note")));
+    QCOMPARE(text_on(all.page(2), QStringLiteral("page_note")),
+             QStringLiteral("2 more items are not on these pages"));
+}
+
+void tst_list_pages::no_page_by_the_formula_renders_one()
+{
+    const ListPages all = pages(rows(36), options(0, 2));
+    QCOMPARE(all.count(), 1);
+    QCOMPARE(printed_items(all).size(), 36);
+}
+
+void tst_list_pages::a_group_has_a_centred_bold_heading_without_boxes()
+{
+    const Page page = pages(rows(2), options(1, 1, 0)).page(1);
+    const PageThing heading = thing(page, QStringLiteral("txtItem(0)"));
+    QCOMPARE(heading.text, QStringLiteral("Dairy"));
+    QCOMPARE(heading.align, PageThing::Align::centre);
+    QVERIFY(heading.bold);
+    for (const char* array :
+         {"txtQty", "txtAisle", "txtCpn", "Checkbox", "Line2", "Line7", "Line3", "Line4", "Line5"})
+        QVERIFY2(!has_thing(page, element(array, 0)), array);
+    QVERIFY(has_thing(page, QStringLiteral("Line1(0)")));
+    const PageThing detail = thing(page, QStringLiteral("txtItem(1)"));
+    QCOMPARE(detail.align, PageThing::Align::left);
+    QVERIFY(!detail.bold);
+    QVERIFY(has_thing(page, QStringLiteral("Line4(1)")));
+}
+
+void tst_list_pages::a_group_that_starts_on_the_last_slot_of_a_column_opens_the_next_with_its_heading()
+{
+    // Heading and 33 rows fill slots 0 to 33; the second group would have slot 34.
+    const Page page = pages(joined(rows(33), rows(3, QStringLiteral("Fish"))), options(1, 2)).page(1);
+    QVERIFY(!has_thing(page, QStringLiteral("txtItem(34)")));
+    QVERIFY(!has_thing(page, QStringLiteral("Line1(34)")));
+    QVERIFY(!has_thing(page, QStringLiteral("Line4(34)")));
+    QCOMPARE(slot_texts(page, 35, 2), QStringList({QStringLiteral("Fish"), QStringLiteral("Fish 0000")}));
+}
+
+void tst_list_pages::a_group_that_runs_over_a_column_top_repeats_its_heading_in_one_slot()
+{
+    const Page page = pages(rows(40), options(1, 2)).page(1);
+    QCOMPARE(slot_texts(page, 33, 4),
+             QStringList({QStringLiteral("Dairy 0032"), QStringLiteral("Dairy 0033"),
+                          QStringLiteral("Dairy (Cont'd)"), QStringLiteral("Dairy 0034")}));
+    QVERIFY(thing(page, QStringLiteral("txtItem(35)")).bold);
+}
+
+void tst_list_pages::a_waiting_group_at_the_foot_of_a_page_opens_the_next()
+{
+    const ListPages all = pages(joined(rows(33), rows(1, QStringLiteral("Fish"))), options(1, 1));
+    QCOMPARE(all.count(), 2);
+    QCOMPARE(slot_texts(all.page(2), 0, 3),
+             QStringList({QStringLiteral("Fish"), QStringLiteral("Fish 0000"), QStringLiteral("(none)")}));
+}
+
+void tst_list_pages::the_first_heading_of_a_later_page_is_plain()
+{
+    const ListPages all = pages(rows(40), options(1, 1));
+    QCOMPARE(all.count(), 2);
+    QCOMPARE(slot_texts(all.page(2), 0, 2), QStringList({QStringLiteral("Dairy"), QStringLiteral("Dairy 0034")}));
+}
+
+void tst_list_pages::no_empty_page_follows_one_that_the_last_record_fills()
+{
+    QCOMPARE(pages(rows(34), options(1, 1)).count(), 1);
+    QCOMPARE(pages(rows(35), options(1, 1)).count(), 2);
+    QCOMPARE(pages(rows(68), options(1, 2)).count(), 1); // a heading in each column
+    QCOMPARE(pages(rows(69), options(1, 2)).count(), 2);
+}
+
+void tst_list_pages::an_item_without_an_aisle_falls_under_aisle_unknown()
+{
+    const Page page = pages({row(QStringLiteral("Milk"), QString(), QString()),
+                             row(QStringLiteral("Oats"), QString(), QStringLiteral(" ")),
+                             row(QStringLiteral("Eggs"), QString(), QStringLiteral(" 4 "))},
+                            options(2, 1))
+                          .page(1);
+    QCOMPARE(slot_texts(page, 0, 5),
+             QStringList({QStringLiteral("Aisle ?"), QStringLiteral("Milk"), QStringLiteral("Oats"),
+                          QStringLiteral("Aisle 4"), QStringLiteral("Eggs")}));
+}
+
+void tst_list_pages::an_aisle_runs_over_a_column_top()
+{
+    const Page page = pages(rows(40), options(2, 2)).page(1);
+    QCOMPARE(text_on(page, QStringLiteral("txtItem(35)")), QStringLiteral("5 Aisle (Cont'd)"));
+}
+
+void tst_list_pages::an_unknown_aisle_runs_over_a_column_top()
+{
+    std::vector<ListRow> unknown = rows(40);
+    for (ListRow& each : unknown)
+        each.aisle = QStringLiteral(" ");
+    const Page page = pages(unknown, options(2, 2)).page(1);
+    QCOMPARE(text_on(page, QStringLiteral("txtItem(35)")), QStringLiteral("? Aisle (Cont'd)"));
+}
+
+void tst_list_pages::categories_of_one_name_are_one_group()
+{
+    const Page page = pages({row(QStringLiteral("Cream"), QStringLiteral("dairy")), row(QStringLiteral("Milk")),
+                             row(QStringLiteral("Yogurt"), QStringLiteral("dairy"))},
+                            options(1, 1))
+                          .page(1);
+    QCOMPARE(slot_texts(page, 0, 4),
+             QStringList({QStringLiteral("dairy"), QStringLiteral("Cream"), QStringLiteral("Milk"),
+                          QStringLiteral("Yogurt")}));
+}
+
+void tst_list_pages::every_row_is_printed_once_in_its_order_data()
+{
+    QTest::addColumn<int>("sort");
+    QTest::addColumn<int>("columns");
+    QTest::addColumn<int>("size");
+    for (int sort = 1; sort < 3; ++sort)
+        for (int columns = 1; columns < 3; ++columns)
+            for (int size = 0; size < 3; ++size)
+                QTest::addRow("sort %d, %d columns, size %d", sort, columns, size) << sort << columns << size;
+}
+
+void tst_list_pages::every_row_is_printed_once_in_its_order()
+{
+    QFETCH(int, sort);
+    QFETCH(int, columns);
+    QFETCH(int, size);
+    std::vector<ListRow> all_rows;
+    QStringList items;
+    // Groups of one to forty rows come to every place of a column.
+    for (int group = 1; group <= 40; ++group) {
+        for (int i = 0; i < group; ++i) {
+            const QString name = QStringLiteral("%1-%2").arg(group, 2, 10, QLatin1Char('0')).arg(i);
+            all_rows.push_back(row(name, name.left(2), name.left(2)));
+            items.append(name);
+        }
+    }
+    const ListPages all
+        = pages(all_rows, options(static_cast<Key>(sort), static_cast<Key>(columns), 1, static_cast<Key>(size)));
+    QCOMPARE(printed_items(all), items);
+    for (int number = 1; number <= all.count(); ++number)
+        QVERIFY(thing(all.page(number), QStringLiteral("txtItem(0)")).bold);
+}
+
+void tst_list_pages::every_page_has_its_number_at_the_foot()
+{
+    const ListPages all = pages(rows(150), options(0, 2));
+    for (int number = 1; number <= 3; ++number)
+        QCOMPARE(text_on(all.page(number), QStringLiteral("page_foot")),
+                 QStringLiteral("page %1 of 3").arg(number));
+}
+
+void tst_list_pages::a_page_beyond_the_last_is_refused()
+{
+    const ListPages all = pages(rows(1), options(0, 1));
+    QVERIFY_EXCEPTION_THROWN(all.page(2), std::out_of_range);
+    QVERIFY_EXCEPTION_THROWN(all.page(0), std::out_of_range);
+}
+
+void tst_list_pages::damaged_options_count_as_the_nearest()
+{
+    const ListPages odd = pages(rows(60), {-7, 31, 1, 99});
+    QCOMPARE(odd.count(), 3); // one column of 27 rows, by item
+    QVERIFY(!thing(odd.page(1), QStringLiteral("txtItem(0)")).bold);
+}
+
+QTEST_GUILESS_MAIN(tst_list_pages)
+#include "tst_list_pages.moc"
