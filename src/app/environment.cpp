@@ -17,7 +17,7 @@ Environment desktop_environment()
     environment.settings_file = settings_file();
     environment.today = [] { return QDate::currentDate(); };
     environment.open_url = [](const QUrl& url) { return QDesktopServices::openUrl(url); };
-    environment.end_program = [] { std::_Exit(EXIT_SUCCESS); };
+    environment.end_program = [](int exit_code) { std::_Exit(exit_code); };
     return environment;
 }
 

@@ -31,7 +31,10 @@ TestWindow::TestWindow()
         opened.push_back(url);
         return true;
     };
-    environment_.end_program = [this] { ++ends; };
+    environment_.end_program = [this](int code) {
+        ++ends;
+        exit_code = code;
+    };
     make_database(environment_.database_file());
     db_ = std::make_unique<Connection>();
     db_->open(environment_.database_file());
