@@ -9,6 +9,8 @@
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
 #include "household/recipe_store.h"
+#include "household/rescue.h"
+#include "recipes/line_editor.h"
 #include "window/layout.h"
 #include "widgets/tree_view.h"
 #include "household/status.h"
@@ -160,6 +162,7 @@ void RecipePage::fill_lines(Key recipe)
 void RecipePage::fill_text(Key recipe)
 {
     const auto text = read_recipe(main_.connection(), recipe);
+    stored_ = text.value_or(RecipeText());
     set_tag(*title_, text ? QString::number(recipe) : QStringLiteral("-1"));
     title_->setText(text ? text->name : QString());
     title_->setCursorPosition(0);
@@ -194,10 +197,28 @@ void RecipePage::edit_updt()
     write_page();
 }
 
+void RecipePage::store_edited()
+{
+    if (is_edited())
+        write_page();
+}
+
+void RecipePage::add_unstored(Rescue& rescue) const
+{
+    rescue.recipe = page_key();
+    rescue.before = stored_;
+    if (is_edited() && has_recipe())
+        rescue.typed = RecipeText{title_->text(), text1_->text()};
+    const LineDraft& draft = line_editor_->draft();
+    if (line_editor_->is_open() && draft.edited.display_text() != draft.stored.display_text())
+        rescue.line = RescuedLine{draft.stored, draft.edited};
+}
+
 bool RecipePage::write_page()
 {
     if (!save_recipe(main_.connection(), page_key(), title_->text(), text1_->text()))
         return false;
+    stored_ = {trim(title_->text()), trim(text1_->text())};
     set_marks("clean");
     return true;
 }

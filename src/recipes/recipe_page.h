@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/text.h"
+#include "household/recipe_store.h"
 #include "household/recipe_sheet.h"
 #include "recipes/recipe_lines.h"
 
@@ -23,6 +24,7 @@ class Ingredients;
 class LineEditor;
 class LostClick;
 class PageText;
+struct Rescue;
 class frmmain;
 enum class LineTip;
 struct ItemChange;
@@ -54,6 +56,10 @@ public:
     /// Saves name and instructions when either was edited, and makes the page's recipe the current one. Throws
     /// SQLite::Exception.
     void edit_updt();
+    void store_edited(); ///< the same, but whatever recipe is the current one stays it
+
+    /// What a rescue of the page would hold: texts of the boxes that are not stored.
+    void add_unstored(Rescue& rescue) const;
     bool is_edited() const; ///< name or instructions were edited since they were read or saved
 
     Key page_key() const; ///< the recipe on the page; -1 none
@@ -177,6 +183,7 @@ private:
     QLabel* label1_;
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
+    RecipeText stored_; ///< name and instructions as they were read or written last
     int scrolled_ = 0; ///< pixels of the page above the viewport
     bool renamed_ = false; ///< the title was typed in since it was left
     LostClick* lost_click_ = nullptr; ///< for the click that left an empty name

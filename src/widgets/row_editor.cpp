@@ -239,7 +239,9 @@ void RowEditor::write_text(const Box& box)
         grid_.set_current(row, box.column);
     const QString text = trim(box.edit->text());
     grid_.rows().set_cell_text(row, box.column, text);
+    unstored_column_ = box.column;
     host_.text_edited(row, box.column, text);
+    unstored_column_ = -1;
 }
 
 void RowEditor::step(const Box& box, bool up)

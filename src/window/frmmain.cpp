@@ -20,6 +20,7 @@
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
 #include "window/layout.h"
+#include "window/rescuer.h"
 #include "window/status_panels.h"
 #include "window/status_words.h"
 #include "window/toolbar.h"
@@ -29,6 +30,7 @@
 #include "stock/stock_commands.h"
 #include "stock/stock_tree.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
@@ -84,9 +86,37 @@ frmmain::frmmain(Environment environment)
     setObjectName(QStringLiteral("frmmain"));
     setWindowTitle(QStringLiteral("Tarnwick"));
     make_panes();
+    settings_.set_before_write([this] {
+        if (shared.started && !shared.ending)
+            recipe_page_->store_edited();
+    });
+    connection_.set_locked_file(locked_file());
 }
 
 frmmain::~frmmain() = default;
+
+LockedFile frmmain::locked_file()
+{
+    LockedFile locked;
+    locked.show_waiting = [](bool waits) {
+        if (waits)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    };
+    locked.ask_to_wait = [this](const QString& path) {
+        QWidget* front = QApplication::activeModalWidget();
+        return msg_box(front             ? front
+                           : isVisible() ? this
+                                         : nullptr,
+                       QStringLiteral("Another program is using the database\n(") + path
+                           + QStringLiteral(")\n\nClose it there and choose Retry.\n"
+                                            "Cancel ends TarnWick."),
+                       box::retry_cancel | box::exclamation, QStringLiteral("TarnWick"))
+            == Answer::retry;
+    };
+    return locked;
+}
 
 void frmmain::make_panes()
 {
@@ -171,6 +201,7 @@ void frmmain::load()
     toolbar_->toolbar_fit();
 
     connection_.open(environment_.database_file());
+    offer_rescued(connection_, environment_.database_file());
     shared.current_list = to_int16(settings_.pref(QStringLiteral("alist"), QStringLiteral("0")));
     shared.all_lists_view = settings_.pref(QStringLiteral("s_all"), QStringLiteral("0")) == QLatin1String("1");
     shared.cur_recipe = to_int16(settings_.pref(QStringLiteral("arcp"), QStringLiteral("0")));
@@ -319,6 +350,7 @@ void frmmain::shut_down(const runtime_error& error)
 {
     if (std::exchange(shared.ending, true))
         return;
+    rescue_typed(*this);
     print_cause(error);
     msg_box(this, QStringLiteral("TarnWick has encountered an error\nand must shut down"), box::ok,
             QStringLiteral("TarnWick"));
@@ -385,7 +417,7 @@ void frmmain::changeEvent(QEvent* event)
         && static_cast<QWindowStateChangeEvent*>(event)->oldState().testFlag(Qt::WindowMinimized))
         refresh_after_resize();
     if (event->type() == QEvent::ActivationChange && !isActiveWindow() && shared.started
-        && recipe_page_->is_edited())
+        && recipe_page_->is_edited() && !connection_.is_asking())
         recipe_page_->edit_updt();
 }
 

@@ -36,7 +36,6 @@ public:
     /// while the window loads. What a pane announces about selection, lists, columns or recipe ends here.
     void refresh_commands();
 
-
     void caption_refresh(); ///< window title and tabs, cut short where the right tabs have no room
     void set_tab_stops(); ///< takes every control of the window out of the Tab order
 

@@ -230,7 +230,9 @@ void tst_selection::captions_follow_the_name_of_the_recipe()
 {
     load_recipe_of(butter_);
     click(node(milk_));
-    window_->main().view_state().rename_recipe(QStringLiteral("Waffles"));
+    QLineEdit& title = window_->main().recipe_page().title();
+    title.selectAll();
+    QTest::keyClicks(&title, QStringLiteral("Waffles"));
     QCOMPARE(caption("mnu_tv_air"), QStringLiteral("Add item to Waffles recipe"));
     QVERIFY(
         window_->find<QTabBar>(QStringLiteral("TabStrip1(1)"))->tabToolTip(1).contains(QLatin1String("Waffles")));
