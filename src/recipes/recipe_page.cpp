@@ -5,7 +5,7 @@
 #include "widgets/one_line_box.h"
 #include "widgets/update_lock.h"
 #include "recipes/line_widgets.h"
-#include "widgets/lost_click.h"
+#include "widgets/focus_question.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
 #include "household/recipe_store.h"
@@ -74,7 +74,7 @@ RecipePage::RecipePage(frmmain& main, QWidget* parent)
     , recipe_lines_(new RecipeLines(*frame3_))
 {
     recipe_lines_->setParent(this);
-    lost_click_ = new LostClick(this);
+    question_ = new FocusQuestion(this);
     make_page();
     connect(scroll_bar_, &QScrollBar::valueChanged, this, &RecipePage::scroll); // before the editor follows
     make_line_editor();
@@ -252,12 +252,15 @@ bool RecipePage::takes_lines()
         main_.set_status(no_recipe_hint);
         return false;
     }
-    return main_.focusWidget() != title_ || title_validated(Qt::OtherFocusReason);
+    if (main_.focusWidget() != title_ || title_validated())
+        return true;
+    tell_name_missing();
+    return false;
 }
 
-// True when the focus may go. The name stands in the box before the message, since the window saves
-// the page when the message takes the activation.
-bool RecipePage::title_validated(Qt::FocusReason reason)
+// True when the name may stand. One that is missing is replaced before the message, since the window saves the page
+// when the message takes the activation.
+bool RecipePage::title_validated()
 {
     if (!is_edited())
         return true;
@@ -266,12 +269,14 @@ bool RecipePage::title_validated(Qt::FocusReason reason)
         return true;
     }
     title_->setText(QStringLiteral("Recipe"));
+    return false;
+}
+
+void RecipePage::tell_name_missing()
+{
     msg_box(&main_, QStringLiteral("Recipe must have a name\n(Cannot leave it blank)"), box::ok,
             QStringLiteral("Recipe name"));
     title_->setFocus();
-    if (reason == Qt::MouseFocusReason)
-        lost_click_->start();
-    return false;
 }
 
 bool RecipePage::eventFilter(QObject* watched, QEvent* event)
@@ -280,9 +285,10 @@ bool RecipePage::eventFilter(QObject* watched, QEvent* event)
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (!leaves_control(reason))
             return false;
-        if (!title_validated(reason))
-            return true;
-        tell_name_left(reason == Qt::MouseFocusReason);
+        if (title_validated())
+            tell_name_left(reason == Qt::MouseFocusReason);
+        else
+            question_->ask_later(reason, [this] { tell_name_missing(); });
         return false;
     }
     if (watched == frame4_ && event->type() == QEvent::Wheel)

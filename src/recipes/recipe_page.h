@@ -22,7 +22,7 @@ namespace tarnwick {
 
 class Ingredients;
 class LineEditor;
-class LostClick;
+class FocusQuestion;
 class PageText;
 struct Rescue;
 class frmmain;
@@ -157,7 +157,8 @@ private:
     void fill_text(Key recipe);
     bool write_page();
     void set_marks(const char* mark);
-    bool title_validated(Qt::FocusReason reason);
+    bool title_validated();
+    void tell_name_missing();
     void title_typed();
     void tell_name_left(bool by_mouse);
     void close_or_open();
@@ -186,7 +187,7 @@ private:
     RecipeText stored_; ///< name and instructions as they were read or written last
     int scrolled_ = 0; ///< pixels of the page above the viewport
     bool renamed_ = false; ///< the title was typed in since it was left
-    LostClick* lost_click_ = nullptr; ///< for the click that left an empty name
+    FocusQuestion* question_ = nullptr; ///< for the name that was left empty
 };
 
 } // namespace tarnwick
