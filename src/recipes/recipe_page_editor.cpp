@@ -44,7 +44,7 @@ void RecipePage::close_line_editor()
 bool RecipePage::leave_editors()
 {
     finish_line_editor();
-    return !editor_open() && title_validated(Qt::OtherFocusReason);
+    return !editor_open() && name_stands();
 }
 
 void RecipePage::add_ns_ingred()
