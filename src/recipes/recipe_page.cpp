@@ -2,6 +2,7 @@
 
 #include "window/frmmain.h"
 #include "widgets/message_box.h"
+#include "widgets/one_line_box.h"
 #include "widgets/update_lock.h"
 #include "recipes/line_widgets.h"
 #include "widgets/lost_click.h"
@@ -9,10 +10,9 @@
 #include "recipes/page_text.h"
 #include "household/rescue.h"
 #include "recipes/line_editor.h"
-#include "recipes/recipe_tree.h"
+#include "household/recipe_store.h"
 #include "window/layout.h"
 #include "window/toolbar.h"
-#include "widgets/tree_view.h"
 #include "household/status.h"
 
 #include <QApplication>
@@ -25,6 +25,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -39,9 +40,11 @@ constexpr int low_text = 200; ///< twips above the viewport's lower edge
 constexpr int scroll_step = 20; ///< pixels that a click on the scroll bar moves the page by
 constexpr int text_gap = 8; ///< least distance of the instructions from the last line
 constexpr QColor design_color(240, 240, 240);
+constexpr QColor hint_color(80, 80, 80);
 
 const QString clean = QStringLiteral("clean");
 const QString edited = QStringLiteral("edited");
+const QString no_recipe_hint = QStringLiteral("No recipe is open. Choose one in the tree, or click New.");
 
 QString tag_of(const QWidget& control)
 {
@@ -99,6 +102,7 @@ void RecipePage::make_page()
     title_->setObjectName(QStringLiteral("title"));
     title_->setAlignment(Qt::AlignCenter);
     title_->setFrame(false);
+    keep_one_line(*title_);
     set_tag(*title_, QStringLiteral("-1"));
     text1_->setObjectName(QStringLiteral("Text1"));
     set_tag(*text1_, clean);
@@ -120,21 +124,11 @@ bool RecipePage::has_recipe() const
 
 void RecipePage::set_recipe(Key recipe)
 {
-    // Before the window has its size the page is so narrow that every line would seem to wrap.
-    build_page(recipe, main_.shared.started);
-}
-
-void RecipePage::restore_recipe(Key recipe)
-{
-    build_page(recipe, false);
-}
-
-void RecipePage::build_page(Key recipe, bool checked)
-{
     // Whatever the way to another recipe, what was typed into this one is kept.
     close_line_editor();
     if (is_edited())
         write_page();
+    tell_name_left(false);
     const UpdateLock lock(*frame4_);
     const QScopedValueRollback<bool> busy(main_.shared.page_busy, true);
     recipe_lines_->clear();
@@ -144,8 +138,9 @@ void RecipePage::build_page(Key recipe, bool checked)
     if (recipe > 0)
         fill_lines(recipe);
     fill_text(recipe);
+    close_or_open();
     text1_->set_border_style(text1_->is_help_text() ? 1 : 0);
-    place_page(checked);
+    layout_page();
     recipe_lines_->show_lines();
     main_.settings().set_pref(QStringLiteral("arcp"), QString::number(recipe));
     state.cur_line = 0;
@@ -174,6 +169,13 @@ void RecipePage::fill_text(Key recipe)
     text1_->set_text(text ? text->body : QString());
     name_recipe_on_buttons();
     set_marks("clean");
+}
+
+void RecipePage::close_or_open()
+{
+    const bool open = has_recipe();
+    title_->setReadOnly(!open);
+    text1_->close_with(open ? QString() : no_recipe_hint);
 }
 
 void RecipePage::name_recipe_on_buttons()
@@ -234,14 +236,32 @@ void RecipePage::title_typed()
     if (main_.shared.page_busy)
         return;
     set_tag(main_.layout_manager().Frame1(), edited);
-    if (auto* node = main_.recipe_tree().view().node(QStringLiteral("rcp") + key_str(page_key())))
-        node->setText(0, trim(title_->text()));
+    renamed_ = true;
+    main_.shared.cur_recipe_name = trim(title_->text());
+    name_recipe_on_buttons();
+    emit name_typed(page_key(), main_.shared.cur_recipe_name);
+}
+
+void RecipePage::tell_name_left(bool by_mouse)
+{
+    if (std::exchange(renamed_, false))
+        emit name_left(page_key(), by_mouse);
 }
 
 void RecipePage::text_edited()
 {
     if (!main_.shared.page_busy)
         set_tag(*text1_, edited);
+}
+
+// False after the hint, or with the focus back in a title that may not be left.
+bool RecipePage::takes_lines()
+{
+    if (!has_recipe()) {
+        main_.set_status(no_recipe_hint);
+        return false;
+    }
+    return main_.focusWidget() != title_ || title_validated(Qt::OtherFocusReason);
 }
 
 // True when the focus may go. The name stands in the box before the message, since the window saves
@@ -267,7 +287,12 @@ bool RecipePage::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == title_ && event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        return leaves_control(reason) && !title_validated(reason);
+        if (!leaves_control(reason))
+            return false;
+        if (!title_validated(reason))
+            return true;
+        tell_name_left(reason == Qt::MouseFocusReason);
+        return false;
     }
     if (watched == frame4_ && event->type() == QEvent::Wheel)
         return scroll_bar_->isVisible() && QCoreApplication::sendEvent(scroll_bar_, event);
@@ -276,15 +301,10 @@ bool RecipePage::eventFilter(QObject* watched, QEvent* event)
 
 void RecipePage::layout_page()
 {
-    place_page(false);
-}
-
-void RecipePage::place_page(bool checked)
-{
     const int width = frame4_->width();
     title_->setGeometry(title_left, title_top, std::max(1, width - 2 * title_left), title_height);
     text1_->resize(std::max(1, width - 2 * text_left), text1_->height());
-    recipe_lines_->place(width, main_.shared.type_size, checked);
+    recipe_lines_->place(width, main_.shared.type_size);
     scroll();
     scroll_bar_refresh();
     emit laid_out();
@@ -347,12 +367,17 @@ int RecipePage::content_height() const
     return std::max(get_scroll_scale(), text_top() + text1_->full_height() + text_margin);
 }
 
+bool RecipePage::has_room(const QString& text) const
+{
+    return recipe_lines_->has_room(text, frame4_->width(), main_.shared.type_size);
+}
+
 int RecipePage::new_line(Key key, Key item_ref, const QString& text, const QString& item)
 {
     recipe_lines_->append(key, item_ref, text, item).simple_height = true;
     const int index = recipe_lines_->upper_bound();
     recipe_lines_->refresh(index);
-    place_page(true);
+    layout_page();
     recipe_lines_->show_lines();
     state.cur_line = index;
     return index;
@@ -361,7 +386,7 @@ int RecipePage::new_line(Key key, Key item_ref, const QString& text, const QStri
 void RecipePage::drop_last_line()
 {
     recipe_lines_->remove_last();
-    place_page(false);
+    layout_page();
 }
 
 void RecipePage::set_lites(int index, int code)
@@ -405,7 +430,7 @@ void RecipePage::show_pane(bool shown)
         close_line_editor();
     frame4_->setVisible(shown);
     if (shown)
-        place_page(false);
+        layout_page();
     else
         scroll_bar_->hide();
 }
@@ -418,6 +443,7 @@ void RecipePage::set_page_color()
         colors.setColor(role, page);
     for (const auto role : {QPalette::WindowText, QPalette::Text})
         colors.setColor(role, Qt::black);
+    colors.setColor(QPalette::PlaceholderText, hint_color);
     frame4_->setPalette(colors);
 }
 
@@ -429,7 +455,7 @@ void RecipePage::set_type_size()
     text1_->setFont(font);
     font.setBold(true);
     title_->setFont(font);
-    place_page(false);
+    layout_page();
 }
 
 } // namespace tarnwick

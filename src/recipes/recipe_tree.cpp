@@ -135,6 +135,31 @@ void RecipeTree::select_current()
     tree_.ensure_visible(node);
 }
 
+void RecipeTree::rename(Key recipe, const QString& name)
+{
+    QTreeWidgetItem* node = recipe_node(recipe);
+    if (!node)
+        return;
+    node->setText(0, name);
+    show_menus();
+}
+
+void RecipeTree::sort_renamed(Key recipe, bool by_mouse)
+{
+    // Nodes that move under the pointer would give the click to another one.
+    if (by_mouse && tree_.hasFocus()) {
+        unsorted_ = recipe;
+        return;
+    }
+    unsorted_ = -1;
+    QTreeWidgetItem* node = recipe_node(recipe);
+    if (!node)
+        return;
+    tree_.sort_children(node->parent());
+    if (node == tree_.selected())
+        tree_.ensure_visible(node);
+}
+
 // The captions of the tree's own commands on the selected recipe.
 void RecipeTree::show_menus()
 {
@@ -185,6 +210,7 @@ void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& cat
 
 void RecipeTree::recip_del(Key recipe)
 {
+    main_.recipe_page().edit_updt();
     const auto name = recipe_name(main_.connection(), recipe);
     const QString question = QStringLiteral("Are you sure you want to \ndelete the ") + name.value_or(QString())
         + QStringLiteral(" recipe?");

@@ -84,6 +84,13 @@ void RecipeTree::mouse_down(QPoint position)
 
 void RecipeTree::mouse_released(Qt::MouseButton button)
 {
+    take_release(button);
+    if (unsorted_ > 0)
+        sort_renamed(unsorted_, false);
+}
+
+void RecipeTree::take_release(Qt::MouseButton button)
+{
     const bool pressed = tree_mouse_down_;
     tree_mouse_down_ = false;
     if (main_.shared.tree_drag) {

@@ -187,14 +187,13 @@ void FloatingButtons::show_list_button(QTreeWidgetItem& node, int indent, int to
 {
     hide(locate_row);
     hide(add_to_page);
-    const Key list = main_.shared.current_list;
-    if (indent <= least_indent || list < 1) {
+    const auto list = list_name_of(main_.connection(), main_.shared.current_list);
+    if (indent <= least_indent || !list) {
         hide(add_to_list);
         return;
     }
     show_at(add_to_list, node, indent, top,
-            QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to ") + get_list_name(main_.connection(), list)
-                + QStringLiteral(" list"));
+            QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to ") + *list + QStringLiteral(" list"));
 }
 
 void FloatingButtons::show_for_recipe(QTreeWidgetItem& node)

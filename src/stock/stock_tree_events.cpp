@@ -104,8 +104,9 @@ void StockTree::show_list_captions(const QString& text)
     if (list == 0) {
         caption = QStringLiteral("Add ") + short_name(text) + QStringLiteral("to a shopping list");
     } else if (list > 0) {
-        caption = QStringLiteral("Add ") + short_name(text) + QStringLiteral("to ")
-            + trim(get_list_name(main_.connection(), list)) + QStringLiteral(" list");
+        if (const auto name = list_name_of(main_.connection(), list))
+            caption = QStringLiteral("Add ") + short_name(text) + QStringLiteral("to ") + trim(*name)
+                + QStringLiteral(" list");
     } else {
         commands.set(QStringLiteral("mnu_list_del"), QStringLiteral("Delete shopping list"), false);
     }

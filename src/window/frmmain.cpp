@@ -148,6 +148,9 @@ void frmmain::make_panes()
     list_mouse_ = std::make_unique<ListMouse>(*this);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
+    connect(recipe_page_.get(), &RecipePage::name_typed, recipe_tree_.get(), &RecipeTree::rename);
+    connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::recipe_renamed);
+    connect(recipe_page_.get(), &RecipePage::name_left, recipe_tree_.get(), &RecipeTree::sort_renamed);
     connect_household();
 }
 
@@ -168,6 +171,10 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
+    connect(household_.get(), &Household::category_changed, this,
+            [this](const MadeRecord& made) { stock_tree_->add_category_node(made.key, made.name); });
+    connect(household_.get(), &Household::recipe_changed, this,
+            [this](const MadeRecord& made) { recipe_tree_->recipe_made(made.key, made.name, made.category); });
 }
 
 void frmmain::load()
@@ -284,7 +291,7 @@ void frmmain::restore_panes()
     if (shared.list_pane_shown) {
         recipe_page_->scroll_bar().setEnabled(false);
     } else {
-        recipe_page_->restore_recipe(shared.cur_recipe);
+        recipe_page_->set_recipe(shared.cur_recipe);
         list_pane_->show_pane(false);
         layout_->freize_refresh();
     }

@@ -81,7 +81,7 @@ ViewState::ViewState(frmmain& main, QTabBar& left_tabs, QTabBar& right_tabs)
 ViewState::ListState ViewState::list_state() const
 {
     if (main_.shared.current_list > 0)
-        return ListState::single;
+        return list_name_of(main_.connection(), main_.shared.current_list) ? ListState::single : ListState::missing;
     return main_.shared.all_lists_view ? ListState::all : ListState::none;
 }
 
@@ -113,13 +113,12 @@ void ViewState::refresh_all()
     else
         refresh_recipe_side();
 
-    const bool single = list_state() == ListState::single;
-    const bool exists = list_state() != ListState::none;
+    const ListState state = list_state();
+    const bool single = state == ListState::single;
     commands.set_caption(QStringLiteral("mnu_list_RenameList"), QStringLiteral("Rename list"));
-    commands.set_visible(QStringLiteral("mnu_list_RenameList"),
-                         single && list_name_of(main_.connection(), main_.shared.current_list).has_value());
-    commands.set_enabled(QStringLiteral("mnu_tv_ai"), exists);
-    commands.set_enabled(QStringLiteral("mnu_list_clear"), exists);
+    commands.set_visible(QStringLiteral("mnu_list_RenameList"), single);
+    commands.set_enabled(QStringLiteral("mnu_tv_ai"), state != ListState::none);
+    commands.set_enabled(QStringLiteral("mnu_list_clear"), single || state == ListState::all);
     if (main_.recipe_page().is_edited())
         main_.recipe_page().edit_updt();
     set_mnu_recipe();
@@ -168,6 +167,7 @@ ViewState::ListTexts ViewState::list_texts() const
                 text("Send all lists by email"),
                 false,
                 true};
+    case ListState::missing:
     case ListState::none:
         break;
     }
@@ -431,6 +431,8 @@ void ViewState::caption_refresh()
     } else if (state == ListState::all) {
         form = QStringLiteral("Tarnwick (viewing all lists)");
         list = QStringLiteral("All shopping lists");
+    } else if (state == ListState::missing) {
+        list = QStringLiteral("Shopping lists");
     }
     set_window_title(main_, form);
     const QString recipe_name = trim(main_.shared.cur_recipe_name);
@@ -442,6 +444,12 @@ void ViewState::caption_refresh()
         right_captions(QStringLiteral("Shopping lists"), QStringLiteral("Recipes"));
     right_tabs_.setTabToolTip(0, plain_tool_tip(list));
     right_tabs_.setTabToolTip(1, plain_tool_tip(recipe));
+}
+
+void ViewState::recipe_renamed()
+{
+    set_mnu_recipe();
+    caption_refresh();
 }
 
 void ViewState::right_captions(const QString& list, const QString& recipe)

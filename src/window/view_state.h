@@ -19,7 +19,6 @@ public:
     ViewState(frmmain& main, QTabBar& left_tabs, QTabBar& right_tabs);
 
     /// Brings panes, tabs, captions, menus and toolbar to the view in `SharedValues`; an edited recipe is saved.
-    /// Throws error 6 when the recipe it has to show is too long for the page.
     void l_r_refresh();
 
     void view_stock(); ///< shows the stock tree and stores the choice
@@ -34,6 +33,7 @@ public:
     void set_mnu_recipe(); ///< menu entries that name the selected recipe
     void set_mnu_stock(); ///< entries of the Edit menu that name the selected stock item or category
     void caption_refresh(); ///< window title and tabs, cut short where the right tabs have no room
+    void recipe_renamed(); ///< menus and tabs that name the recipe on the page
     void set_tab_stops(); ///< takes every control of the window out of the Tab order
 
     void size_cycle(); ///< toolbar button 18: the next type size, and its setting
@@ -41,7 +41,7 @@ public:
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    enum class ListState { single, all, none };
+    enum class ListState { single, all, missing, none };
     struct ListTexts;
 
     void refresh_all();
