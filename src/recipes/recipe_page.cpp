@@ -5,14 +5,14 @@
 #include "widgets/one_line_box.h"
 #include "widgets/update_lock.h"
 #include "recipes/line_widgets.h"
-#include "widgets/lost_click.h"
+#include "widgets/focus_question.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
+#include "household/recipe_store.h"
 #include "household/rescue.h"
 #include "recipes/line_editor.h"
-#include "household/recipe_store.h"
 #include "window/layout.h"
-#include "window/toolbar.h"
+#include "widgets/tree_view.h"
 #include "household/status.h"
 
 #include <QApplication>
@@ -74,7 +74,7 @@ RecipePage::RecipePage(frmmain& main, QWidget* parent)
     , recipe_lines_(new RecipeLines(*frame3_))
 {
     recipe_lines_->setParent(this);
-    lost_click_ = new LostClick(this);
+    question_ = new FocusQuestion(this);
     make_page();
     connect(scroll_bar_, &QScrollBar::valueChanged, this, &RecipePage::scroll); // before the editor follows
     make_line_editor();
@@ -167,8 +167,8 @@ void RecipePage::fill_text(Key recipe)
     title_->setText(text ? text->name : QString());
     title_->setCursorPosition(0);
     text1_->set_text(text ? text->body : QString());
-    name_recipe_on_buttons();
     set_marks("clean");
+    emit recipe_shown();
 }
 
 void RecipePage::close_or_open()
@@ -176,14 +176,6 @@ void RecipePage::close_or_open()
     const bool open = has_recipe();
     title_->setReadOnly(!open);
     text1_->close_with(open ? QString() : no_recipe_hint);
-}
-
-void RecipePage::name_recipe_on_buttons()
-{
-    if (!has_recipe())
-        return;
-    main_.toolbar().set_tool_tip(10, QStringLiteral("Print %1 recipe").arg(title_->text()));
-    main_.toolbar().set_tool_tip(11, QStringLiteral("Preview %1 recipe").arg(title_->text()));
 }
 
 bool RecipePage::is_edited() const
@@ -238,7 +230,6 @@ void RecipePage::title_typed()
     set_tag(main_.layout_manager().Frame1(), edited);
     renamed_ = true;
     main_.shared.cur_recipe_name = trim(title_->text());
-    name_recipe_on_buttons();
     emit name_typed(page_key(), main_.shared.cur_recipe_name);
 }
 
@@ -261,12 +252,15 @@ bool RecipePage::takes_lines()
         main_.set_status(no_recipe_hint);
         return false;
     }
-    return main_.focusWidget() != title_ || title_validated(Qt::OtherFocusReason);
+    if (main_.focusWidget() != title_ || title_validated())
+        return true;
+    tell_name_missing();
+    return false;
 }
 
-// True when the focus may go. The name stands in the box before the message, since the window saves
-// the page when the message takes the activation.
-bool RecipePage::title_validated(Qt::FocusReason reason)
+// True when the name may stand. One that is missing is replaced before the message, since the window saves the page
+// when the message takes the activation.
+bool RecipePage::title_validated()
 {
     if (!is_edited())
         return true;
@@ -275,12 +269,14 @@ bool RecipePage::title_validated(Qt::FocusReason reason)
         return true;
     }
     title_->setText(QStringLiteral("Recipe"));
+    return false;
+}
+
+void RecipePage::tell_name_missing()
+{
     msg_box(&main_, QStringLiteral("Recipe must have a name\n(Cannot leave it blank)"), box::ok,
             QStringLiteral("Recipe name"));
     title_->setFocus();
-    if (reason == Qt::MouseFocusReason)
-        lost_click_->start();
-    return false;
 }
 
 bool RecipePage::eventFilter(QObject* watched, QEvent* event)
@@ -289,9 +285,10 @@ bool RecipePage::eventFilter(QObject* watched, QEvent* event)
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (!leaves_control(reason))
             return false;
-        if (!title_validated(reason))
-            return true;
-        tell_name_left(reason == Qt::MouseFocusReason);
+        if (title_validated())
+            tell_name_left(reason == Qt::MouseFocusReason);
+        else
+            question_->ask_later(reason, [this] { tell_name_missing(); });
         return false;
     }
     if (watched == frame4_ && event->type() == QEvent::Wheel)

@@ -22,7 +22,7 @@ namespace tarnwick {
 
 class Ingredients;
 class LineEditor;
-class LostClick;
+class FocusQuestion;
 class PageText;
 struct Rescue;
 class frmmain;
@@ -64,9 +64,6 @@ public:
 
     Key page_key() const; ///< the recipe on the page; -1 none
     bool has_recipe() const; ///< a recipe is on the page
-
-    /// Names the recipe in the tool tips of the print and preview buttons; nothing without a recipe.
-    void name_recipe_on_buttons();
 
     int get_scroll_scale() const; ///< height of the page's content, pixels
 
@@ -145,6 +142,8 @@ public:
 
 signals:
     void laid_out(); ///< lines and boxes have taken new places
+    void recipe_shown(); ///< name and instructions of another recipe, or of none, are on the page
+    void line_menu_wanted(const QString& item, QPoint place); ///< right click on a line; place on the screen
     void name_typed(tarnwick::Key recipe, const QString& name); ///< the trimmed title, at each change by the user
 
     /// The title was left after a change, `by_mouse` with the press that took the focus still to come.
@@ -158,7 +157,8 @@ private:
     void fill_text(Key recipe);
     bool write_page();
     void set_marks(const char* mark);
-    bool title_validated(Qt::FocusReason reason);
+    bool title_validated();
+    void tell_name_missing();
     void title_typed();
     void tell_name_left(bool by_mouse);
     void close_or_open();
@@ -187,7 +187,7 @@ private:
     RecipeText stored_; ///< name and instructions as they were read or written last
     int scrolled_ = 0; ///< pixels of the page above the viewport
     bool renamed_ = false; ///< the title was typed in since it was left
-    LostClick* lost_click_ = nullptr; ///< for the click that left an empty name
+    FocusQuestion* question_ = nullptr; ///< for the name that was left empty
 };
 
 } // namespace tarnwick

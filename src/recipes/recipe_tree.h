@@ -48,6 +48,9 @@ public:
     /// A click with a mouse button on the tree, after the selection.
     void mouse_up(Qt::MouseButton button, QTreeWidgetItem* node);
 
+signals:
+    void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
+
 private:
     void connect_events();
     void load_flat();
@@ -60,9 +63,8 @@ private:
     void mouse_released(Qt::MouseButton button);
     void take_release(Qt::MouseButton button);
     void key_down(int key);
-    void key_up(int key);
     void expanded(QTreeWidgetItem* node, bool open);
-    void show_menus();
+    void show_status_of_selection();
     void show_page(Key recipe);
     void take_off(QTreeWidgetItem* node);
 

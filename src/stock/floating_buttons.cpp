@@ -155,6 +155,15 @@ void FloatingButtons::place_again(int index)
     button(index).show();
 }
 
+void FloatingButtons::follow_selection()
+{
+    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    if (!node || TreeView::key(node) != beside_)
+        hide_all();
+    else
+        place_again(shown());
+}
+
 void FloatingButtons::show_recipe_button(QTreeWidgetItem& node, int indent, int top)
 {
     hide(add_to_list);
@@ -274,8 +283,9 @@ void FloatingButtons::locate()
 {
     if (main_.shared.list_pane_shown)
         main_.row_editor().lv_edit_off();
-    const auto tied = first_tied_row(main_.connection(), main_.shared.item_in_work);
     hide(locate_row);
+    const QTreeWidgetItem* node = selected_item();
+    const auto tied = node ? first_tied_row(main_.connection(), record_key(TreeView::key(node))) : std::nullopt;
     if (!tied)
         return;
     if (!main_.shared.all_lists_view && tied->list_key != main_.shared.current_list) {

@@ -85,6 +85,8 @@ QString input_box(QWidget* owner, const QString& prompt, const QString& title, c
         keep_one_line(*box);
     for (QLabel* label : dialog.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
+    if (auto* box = dialog.findChild<QLineEdit*>()) // made with the first text value
+        box->selectAll();
     return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
 }
 

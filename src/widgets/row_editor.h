@@ -89,7 +89,7 @@ private:
     void fill_coupon();
     void fill_end_frame();
     void place();
-    static void place_steppers(const QWidget& box, const std::array<PictureButton*, 2>& buttons);
+    void place_steppers(const QWidget& box, const std::array<PictureButton*, 2>& buttons);
     void place_coupon_and_date();
     void place_end_frame();
     void place_calendar();
@@ -99,6 +99,9 @@ private:
     void apply_page_color();
     void hide_controls();
     void clear_bold();
+    void show_at(QWidget& control, const QRect& rect);
+    void give_up_focus(const QWidget& control);
+    void follow_current_row();
 
     void write_text(const Box& box);
     void step(const Box& box, bool up);

@@ -149,7 +149,7 @@ void frmmain::make_panes()
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
     connect(recipe_page_.get(), &RecipePage::name_typed, recipe_tree_.get(), &RecipeTree::rename);
-    connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::recipe_renamed);
+    connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::refresh_commands);
     connect(recipe_page_.get(), &RecipePage::name_left, recipe_tree_.get(), &RecipeTree::sort_renamed);
     connect_household();
 }
@@ -210,7 +210,6 @@ void frmmain::load()
     shared.form_loading = false;
 
     read_views();
-    toolbar_->sort_btn_refresh();
     l_r_refresh();
     if (!shared.stock_view)
         view_state_->view_rcps();
@@ -248,10 +247,6 @@ void frmmain::load_trees()
     shared.recipe_alpha = by_name("sort_r");
     stock_tree_->tv_load(shared.stock_alpha);
     recipe_tree_->recip_load(shared.recipe_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_cat"), !shared.stock_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_alpha"), shared.stock_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_cat_r"), !shared.recipe_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_alpha_r"), shared.recipe_alpha);
 }
 
 void frmmain::read_views()
