@@ -279,7 +279,10 @@ void StockTree::move_item_node(Key item, Key category)
         return;
     buttons_.hide_all();
     QTreeWidgetItem& folder = tree_.require_node(category_key(category));
+    QTreeWidgetItem* const left = node->parent();
     tree_.move_node(node, &folder);
+    if (left && left->childCount() == 0)
+        tree_.set_picture(left, folder_picture(left == category_node(0), false));
     tree_.sort_children(&folder);
     tree_.ensure_visible(node);
     tree_.select(node);

@@ -12,6 +12,7 @@ class Connection;
 class TestWindow;
 class frmmain;
 struct GridRow;
+struct IngredientLine;
 struct ItemChange;
 } // namespace tarnwick
 
@@ -42,6 +43,7 @@ private:
     void check_stock_tree();
     void check_recipe_tree();
     void check_page();
+    void check_line(const IngredientLine& line, Key key);
     void check_words();
     void fault(const QString& text) { faults_ += text; }
 

@@ -25,11 +25,22 @@ const Act& choose(User& user, std::span<const Act> acts)
     return acts.back();
 }
 
-void take_step(User& user, std::span<const Act> acts)
+/// Returns the name of the act that found an occasion; empty when none did.
+QString take_step(User& user, std::span<const Act> acts)
 {
     for (int tries = 0; tries < 50; ++tries)
-        if (choose(user, acts).act(user))
-            return;
+        if (const Act& act = choose(user, acts); act.act(user))
+            return QString::fromLatin1(act.name);
+    return {};
+}
+
+QStringList never_done(std::span<const Act> acts, const QSet<QString>& done)
+{
+    QStringList missing;
+    for (const Act& act : acts)
+        if (!done.contains(QLatin1String(act.name)))
+            missing += QString::fromLatin1(act.name);
+    return missing;
 }
 
 } // namespace
@@ -42,9 +53,10 @@ void run(TestWindow& window, std::span<const Act> acts, quint32 seed, int steps)
     QVERIFY(QTest::qWaitForWindowActive(&window.main()));
     User user(window, seed);
     Oracle oracle(window);
+    QSet<QString> done;
     for (int step = 1; step <= steps; ++step) {
         user.note(QStringLiteral("-- %1").arg(step));
-        take_step(user, acts);
+        done.insert(take_step(user, acts));
         user.settle();
         const QStringList faults = user.take_faults() + oracle.check();
         if (faults.isEmpty())
@@ -56,6 +68,9 @@ void run(TestWindow& window, std::span<const Act> acts, quint32 seed, int steps)
                                          faults.mid(0, faults_told).join(u'\n'));
         QFAIL(qPrintable(account));
     }
+    constexpr int enough = 1000; // steps after which every act has found its occasion
+    if (steps >= enough)
+        QCOMPARE(never_done(acts, done).join(u' '), QString());
 }
 
 } // namespace tarnwick::random_use

@@ -39,6 +39,12 @@ bool folder_picture_holds(const QTreeWidgetItem& folder, int closed, int open)
     return TreeView::picture(&folder) == (is_open ? open : closed);
 }
 
+/// A text as it comes back from the file, which drops a byte order mark at its start.
+QString as_read(const QString& text)
+{
+    return QString::fromUtf8(trim(text).toUtf8());
+}
+
 /// The same of OTHER: it has none until a load finds items in it. One that was stored open is loaded closed with
 /// the open picture, and keeps it when all folders are closed.
 bool other_picture_holds(const QTreeWidgetItem& other)
@@ -157,48 +163,49 @@ void Oracle::check_page()
     if (!page.is_edited() && trim(page.title().text()) != stored->name)
         fault(QStringLiteral("the title reads '%1' instead of '%2'").arg(page.title().text(), stored->name));
     const bool emptied = page.Text1().is_blank() && stored->body == help_text(); // by the click into it
-    if (!page.is_edited() && !emptied && trim(page.Text1().text()) != with_crlf(stored->body))
+    if (!page.is_edited() && !emptied && as_read(page.Text1().text()) != with_crlf(stored->body))
         fault(QStringLiteral("the instructions read '%1' instead of '%2'").arg(page.Text1().text(), stored->body));
     QList<Key> keys;
     Query lines(db_, "SELECT key_id FROM recipe_2 WHERE r_ref = ? ORDER BY \"order\", key_id", page.page_key());
     while (lines.next())
         keys += lines.key(0);
-    if (static_cast<int>(keys.size()) != page.next_index() && !page.editor_open()) {
+    // A new line is on the page before it is in the file.
+    if (page.next_index() != static_cast<int>(keys.size()) && !page.editor_open()) {
         fault(QStringLiteral("the page has %1 lines, not %2").arg(page.next_index()).arg(keys.size()));
         return;
     }
-    for (int i = 0; i < page.next_index() && i < keys.size(); ++i) {
-        if (page.editor_open() && i == page.state.sel_line)
-            continue;
-        const IngredientLine& line = page.lines()[static_cast<size_t>(i)];
-        const auto record = read_line(db_, keys[i]);
-        const QString about = QStringLiteral("line %1 '%2'").arg(i).arg(line.text);
-        if (!record || line.key != keys[i] || line.ingred->text() != record->display_text()
-            || line.item_ref != record->item_ref) {
-            fault(about
-                  + QStringLiteral(" is %1 of item %2 in the file: '%3'")
-                        .arg(keys[i])
-                        .arg(record ? record->item_ref : 0)
-                        .arg(record ? record->display_text() : QString()));
-            continue;
-        }
-        const int real = true_code(db_, line.item_ref);
-        const LinePictures wanted = pictures_of(real);
-        const LinePictures plain = pictures_of(items_.value(line.item_ref).page);
-        const int light = line.lite->picture_number() - main_.shared.color_index;
-        const int box = line.Check1->picture_number() - main_.shared.color_index;
-        const auto holds = [&](const LinePictures& pictures) {
-            return light == pictures.light && box == pictures.check && line.Check1->isEnabled() == pictures.enabled;
-        };
-        if (!holds(wanted) && !(items_.value(line.item_ref).page > 0 && holds(plain)))
-            fault(about
-                  + QStringLiteral(" shows light %1 and box %2, its code is %3").arg(light).arg(box).arg(real));
-        const QString words = get_status(db_, line.item_ref);
-        if (renamed_)
-            old_tips_[line.key] = line.tool_tip;
-        if (!line.tool_tip.endsWith(words) && line.tool_tip != old_tips_.value(line.key))
-            fault(about + QStringLiteral(" says '%1' instead of '%2'").arg(line.tool_tip, words));
+    for (int i = 0; i < page.next_index() && i < keys.size(); ++i)
+        if (!page.editor_open() || i != page.state.sel_line)
+            check_line(page.lines()[static_cast<size_t>(i)], keys[i]);
+}
+
+void Oracle::check_line(const IngredientLine& line, Key key)
+{
+    const auto record = read_line(db_, key);
+    const QString about = QStringLiteral("line %1 '%2'").arg(key).arg(line.text);
+    if (!record || line.key != key || line.ingred->text() != record->display_text()
+        || line.item_ref != record->item_ref) {
+        fault(about
+              + QStringLiteral(" is of item %1 in the file: '%2'")
+                    .arg(record ? record->item_ref : 0)
+                    .arg(record ? record->display_text() : QString()));
+        return;
     }
+    const int real = true_code(db_, line.item_ref);
+    const int plain = items_.value(line.item_ref).page;
+    const int light = line.lite->picture_number() - main_.shared.color_index;
+    const int box = line.Check1->picture_number() - main_.shared.color_index;
+    const auto shows = [&](int code) {
+        const LinePictures pictures = pictures_of(code);
+        return light == pictures.light && box == pictures.check && line.Check1->isEnabled() == pictures.enabled;
+    };
+    if (!shows(real) && !(plain > 0 && shows(plain)))
+        fault(about + QStringLiteral(" shows light %1 and box %2, its code is %3").arg(light).arg(box).arg(real));
+    const QString words = get_status(db_, line.item_ref);
+    if (renamed_)
+        old_tips_[key] = line.tool_tip;
+    if (!line.tool_tip.endsWith(words) && line.tool_tip != old_tips_.value(key))
+        fault(about + QStringLiteral(" says '%1' instead of '%2'").arg(line.tool_tip, words));
 }
 
 } // namespace tarnwick::random_use

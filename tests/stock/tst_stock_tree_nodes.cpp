@@ -26,6 +26,7 @@ private slots:
     void new_category_leaves_no_button_at_a_stale_place();
     void new_item_leaves_no_button_at_a_stale_place();
     void moved_item_leaves_no_button_at_a_stale_place();
+    void folder_that_a_move_empties_shows_itself_closed();
     void new_item_on_no_list_gets_the_recipe_button_beside_it();
 
     void buttons_stay_beside_their_item_at_every_type_size_data();
@@ -173,6 +174,19 @@ void tst_stock_tree_nodes::moved_item_leaves_no_button_at_a_stale_place()
     });
     QCOMPARE(node(milk_)->parent()->text(0), QStringLiteral("Produce"));
     QVERIFY(!any_button());
+}
+
+void tst_stock_tree_nodes::folder_that_a_move_empties_shows_itself_closed()
+{
+    const Key spices = window_->add_category(QStringLiteral("Spices"), true);
+    const Key pepper = window_->add_item(QStringLiteral("Pepper"), spices);
+    load();
+    QTreeWidgetItem* const folder = window_->main().stock_tree().category_node(spices);
+    QVERIFY(folder->isExpanded());
+    QCOMPARE(TreeView::picture(folder), 2);
+    window_->main().stock_tree().move_item_node(pepper, dairy_);
+    QCOMPARE(folder->childCount(), 0);
+    QCOMPARE(TreeView::picture(folder), 1);
 }
 
 void tst_stock_tree_nodes::new_item_on_no_list_gets_the_recipe_button_beside_it()
