@@ -4,7 +4,9 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 
+class QPagedPaintDevice;
 class QUrl;
 
 namespace tarnwick {
@@ -16,6 +18,9 @@ struct Environment {
     std::function<QDate()> today; ///< the present date
     std::function<bool(const QUrl&)>
         open_url; ///< opens a file or address with the desktop; false when it could not
+    std::function<std::unique_ptr<QPagedPaintDevice>()>
+        printer; ///< the default printer with its paper; null where there is none
+    QString documents_folder; ///< where a file dialog begins that saves a document
     std::function<void()> end_program; ///< ends the process at once; returns only in tests
 
     QString database_file() const { return program_folder + QStringLiteral("/twdata/groc.mdb"); }

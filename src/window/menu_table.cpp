@@ -12,6 +12,7 @@
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
 #include "window/help.h"
+#include "window/output_commands.h"
 #include "window/page_colors.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
@@ -126,7 +127,7 @@ constexpr MenuRow rows[] = {
     {separator, "mnu_list", "mnu_list_sep", ""},
     {list_array, "mnu_list", "mnu_list_list", "list"},
     {separator, "mnu_list", "mnu_list_sep_2", ""},
-    {command, "mnu_list", "mnu_list_Print", "Print"},
+    {command, "mnu_list", "mnu_list_Print", "Print", print_current_list},
     {command, "mnu_list", "mnu_list_prntsetup", "Print setup"},
     {separator, "mnu_list", "mnu_list_sep_3", ""},
     {command, "mnu_list", "mnu_list_clear", "Clear shopping list"},
@@ -140,7 +141,7 @@ constexpr MenuRow rows[] = {
     {command, "mnu_recipe", "mnu_recipe_add_ingred", "Add ingredient", add_ingredient},
     {command, "mnu_recipe", "mnu_recipe_new", "New recipe", new_recipe},
     {separator, "mnu_recipe", "mnu_recipe_sep_1", ""},
-    {command, "mnu_recipe", "mnu_recipe_prnt", "Print recipe"},
+    {command, "mnu_recipe", "mnu_recipe_prnt", "Print recipe", print_open_recipe},
     {command, "mnu_recipe", "mnu_recipe_del", "Delete recipe", delete_recipe},
     {command, "mnu_recipe", "mnu_recipe_move", "Move recipe", [](frmmain& m) { show_move_item(m, false); }},
 

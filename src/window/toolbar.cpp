@@ -3,6 +3,7 @@
 #include "window/frmmain.h"
 #include "window/commands.h"
 #include "window/layout.h"
+#include "window/output_commands.h"
 #include "widgets/pictures.h"
 #include "widgets/tool_tip.h"
 #include "window/view_state.h"
@@ -37,6 +38,7 @@ constexpr int picture_size_up = 17;
 namespace index_of {
 constexpr int clear = 2;
 constexpr int print = 10;
+constexpr int preview = 11;
 constexpr int email = 13;
 constexpr int size_direction = 14;
 constexpr int find = 15;
@@ -360,6 +362,8 @@ void Toolbar::clicked(int index)
         main_.view_state().sort_by_cat();
     else if (index == index_of::size)
         main_.view_state().size_cycle();
+    else if (index == index_of::preview)
+        preview_pane(main_);
     else if (const QString command = command_of(index); !command.isEmpty())
         main_.commands().run(command);
 }

@@ -521,8 +521,8 @@ void tst_toolbar::buttons_stand_for_their_commands_data()
     row(5, "mnu_recipe_new", "mnu_recipe_new", true);
     row(6, "", "mnu_recipe_add_ingred");
     row(8, "mnu_edit_add_stck", "mnu_edit_add_stck", true);
-    row(10, "mnu_list_Print", "mnu_recipe_prnt");
-    row(11, "no command", "no command"); // the preview stands in no menu, and never prints
+    row(10, "mnu_list_Print", "mnu_recipe_prnt", true);
+    row(11, "no command", "no command", true); // the preview stands in no menu, and never prints
     row(12, "mnu_tools_wp_list", "mnu_tools_wp_rcp");
     row(13, "mnu_tools_email_list", "mnu_tools_email_rcp");
     row(15, "mnu_tools_find_item", "mnu_tools_find_item");
