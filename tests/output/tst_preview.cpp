@@ -414,7 +414,7 @@ void tst_preview::the_wheel_and_the_keys_scroll()
         QWidget& frame = part(window, "Frame1");
         const QPointF at(50, 50);
         QWheelEvent down(at, frame.mapToGlobal(at), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&frame, &down);
+        QApplication::sendEvent(&window, &down);
         QCOMPARE(bar(window, "VScroll1").value(), 3);
         click(window, 4);
     });
