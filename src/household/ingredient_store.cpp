@@ -10,20 +10,6 @@ namespace {
 
 constexpr qsizetype longest_measure = 20;
 
-std::string_view update_of(IngredientField field)
-{
-    switch (field) {
-    case IngredientField::qty:
-        return "UPDATE recipe_2 SET qty = ? WHERE key_id = ?";
-    case IngredientField::measure:
-        return "UPDATE recipe_2 SET measure = ? WHERE key_id = ?";
-    case IngredientField::item:
-        return "UPDATE recipe_2 SET item = ? WHERE key_id = ?";
-    default:
-        return "UPDATE recipe_2 SET comment = ? WHERE key_id = ?";
-    }
-}
-
 QString singular_of(const QString& name)
 {
     return name.size() > 1 && name.endsWith(u's', Qt::CaseInsensitive) ? name.chopped(1) : name;
@@ -73,29 +59,6 @@ std::optional<IngredientRow> insert_line(Connection& connection, Key recipe, Ing
         .run();
     transaction.commit();
     return line;
-}
-
-void write_line_fields(Connection& connection, Key line,
-                       const std::vector<std::pair<IngredientField, QString>>& fields)
-{
-    Transaction transaction(connection);
-    for (const auto& [field, text] : fields)
-        Query(connection, update_of(field), or_blank(trim(one_line(text))), line).run();
-    transaction.commit();
-}
-
-void write_line_item(Connection& connection, Key line, Key item_ref, const QString& name)
-{
-    Query(connection, "UPDATE recipe_2 SET item_ref = ?, item = ? WHERE key_id = ?", item_ref,
-          or_blank(trim(one_line(name))), line)
-        .run();
-}
-
-void set_line_link(Connection& connection, Key line, Key item_ref)
-{
-    const auto link = line_link(connection, line);
-    if (link && link->item_ref != item_ref)
-        Query(connection, "UPDATE recipe_2 SET item_ref = ? WHERE key_id = ?", item_ref, line).run();
 }
 
 void delete_line(Connection& connection, Key line)

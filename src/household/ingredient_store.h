@@ -6,14 +6,16 @@
 
 #include <QString>
 
+#include <array>
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace tarnwick {
 
 /// The texts of an ingredient line, in the order in which they are edited.
 enum class IngredientField { qty, measure, item, comment };
+inline constexpr std::array ingredient_fields{IngredientField::qty, IngredientField::measure, IngredientField::item,
+                                              IngredientField::comment};
 
 /// A stock item as the pick list offers it.
 struct StockName {
@@ -32,16 +34,6 @@ QString measure_of_new_line(const QString& measure);
 /// becomes -1. Returns the line as it is stored, with its key; nothing when the recipe has gone.
 /// Throws error 6 past key 32767.
 std::optional<IngredientRow> insert_line(Connection& connection, Key recipe, IngredientRow line, int order);
-
-/// Writes texts of a line, trimmed and an empty one as a blank. A line that has gone is passed over.
-void write_line_fields(Connection& connection, Key line,
-                       const std::vector<std::pair<IngredientField, QString>>& fields);
-
-/// Writes name and stock item (-1 none) of a line. A line that has gone is passed over.
-void write_line_item(Connection& connection, Key line, Key item_ref, const QString& name);
-
-/// Points a line to a stock item, -1 to none; writes nothing when it does so already.
-void set_line_link(Connection& connection, Key line, Key item_ref);
 
 void delete_line(Connection& connection, Key line);
 

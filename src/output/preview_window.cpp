@@ -1,5 +1,6 @@
 #include "output/preview_window.h"
 
+#include "output/dialog_font.h"
 #include "output/page_sheet.h"
 
 #include <QGuiApplication>
@@ -49,9 +50,7 @@ PreviewWindow::PreviewWindow(QWidget& owner, const QString& name, int points)
     setObjectName(name);
     setModal(true);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    QFont dialog_font = font();
-    dialog_font.setPointSize(points == 9 ? 9 : 10);
-    setFont(dialog_font);
+    set_dialog_font(*this, points);
     button_row_->setContentsMargins(margin, margin, margin, 0);
     button_row_->setSpacing(6);
     frame2_->setObjectName(QStringLiteral("frame2"));

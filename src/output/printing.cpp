@@ -1,6 +1,7 @@
 #include "output/printing.h"
 
 #include "household/list_pages.h"
+#include "household/recipe_pages.h"
 #include "household/status.h"
 #include "output/paper.h"
 #include "output/prev_frm.h"
@@ -102,7 +103,7 @@ void print_list_pages(const PrintSource& source, QWidget& owner, Key& page, bool
     }
 }
 
-void print_recipe(const PrintSource& source, QWidget& owner, const PrintedRecipe& recipe, bool preview)
+void print_recipe(const PrintSource& source, QWidget& owner, const RecipeSheet& recipe, bool preview)
 {
     if (recipe.lines.size() > most_printed_lines && !may_leave_lines_out(owner))
         return;

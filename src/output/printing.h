@@ -3,7 +3,7 @@
 #include "app/environment.h"
 #include "app/shared_values.h"
 #include "data/connection.h"
-#include "household/recipe_pages.h"
+#include "household/recipe_sheet.h"
 
 class QWidget;
 
@@ -25,6 +25,6 @@ inline constexpr Key no_more_pages = 10000;
 void print_list_pages(const PrintSource& source, QWidget& owner, Key& page, bool preview);
 
 /// Prints what stands on the recipe page, or shows it in the preview and waits.
-void print_recipe(const PrintSource& source, QWidget& owner, const PrintedRecipe& recipe, bool preview);
+void print_recipe(const PrintSource& source, QWidget& owner, const RecipeSheet& recipe, bool preview);
 
 } // namespace tarnwick

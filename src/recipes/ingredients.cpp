@@ -10,16 +10,12 @@
 #include "stock/floating_buttons.h"
 #include "household/status.h"
 
-#include <QLineEdit>
 #include <QScrollBar>
 
 namespace tarnwick {
 namespace {
 
 constexpr int recipe_button = 1; ///< `flt_btn` that adds to the recipe
-
-constexpr std::array all_fields{IngredientField::qty, IngredientField::measure, IngredientField::item,
-                                IngredientField::comment};
 
 } // namespace
 
@@ -45,55 +41,43 @@ bool Ingredients::has_new_line() const
     return page_.next_index() > 0 && page_.lines().back().key < 0;
 }
 
+int Ingredients::new_place() const
+{
+    return page_.next_index() - (has_new_line() ? 1 : 0);
+}
+
+// False when an error left no line to edit.
+bool Ingredients::open(const LineDraft& draft)
+{
+    try {
+        editor_.show_r_line(draft);
+    } catch (...) {
+        end_after_error(current_error());
+    }
+    return editor_.is_open();
+}
+
 void Ingredients::add_ns_ingred()
 {
     if (!begin_line())
         return;
-    page_.state.matched_item = 0;
     page_.scroll_bar().setValue(0);
-    page_.state.line_mode = line_mode::non_stock;
-    main_.shared.editor_mode = edit_mode::non_stock_to_stock;
     main_.floating_buttons().hide(recipe_button);
-    work.non_stock = true;
-    work.adding_item = -1;
-    try {
-        editor_.show_r_line(-1);
-    } catch (...) {
-        end_after_error(current_error());
-    }
+    open(LineDraft::added(page_.page_key(), new_place()));
 }
 
-void Ingredients::drag_ingred(const QString& name)
+void Ingredients::drag_ingred(Key item, const QString& name)
 {
-    const Key item = main_.shared.item_in_work;
     if (!begin_line())
         return;
-    page_.state.line_mode = line_mode::stock;
-    page_.state.matched_item = 0;
     const QString question
         = name + QStringLiteral(" already appears on this recipe\nWould you like to add it again?");
     if (check_exist(item)
         && msg_box(&main_, question, box::yes_no + box::question, QStringLiteral("Item already on recipe"))
             != Answer::yes)
         return;
-    const auto stock_name = stock_item_name(main_.connection(), item);
-    if (!stock_name)
-        return;
-    main_.shared.editor_mode = edit_mode::add_to_recipe;
-    main_.shared.item_in_work = item;
-    work.non_stock = false;
-    work.adding_item = item;
-    try {
-        editor_.show_r_line(-1);
-    } catch (...) {
-        end_after_error(current_error());
-        return;
-    }
-    editor_.set_field(IngredientField::item, trim(*stock_name));
-    link(item);
-    page_.state.matched_item = 0;
-    page_.set_lites(editor_.index(), lite_status(main_.connection(), item));
-    page_.lines()[static_cast<size_t>(editor_.index())].ingred->setProperty("Tag", QStringLiteral(" "));
+    if (const auto stock_name = stock_item_name(main_.connection(), item))
+        open(LineDraft::added_item(page_.page_key(), new_place(), {*stock_name, item}));
 }
 
 bool Ingredients::check_exist(Key item) const
@@ -101,45 +85,30 @@ bool Ingredients::check_exist(Key item) const
     return item_on_recipe(main_.connection(), page_.page_key(), item);
 }
 
-bool Ingredients::add_ingred(const QString& item, const QString& qty, const QString& measure,
-                             const QString& comment)
+bool Ingredients::add_ingred(const LineDraft& draft)
 {
-    PageState& state = page_.state;
-    if (state.line_mode >= line_mode::non_stock && state.matched_item > 0) {
-        work.adding_item = state.matched_item;
-        main_.shared.item_in_work = state.matched_item;
-        state.line_mode = line_mode::stock;
-    }
-    if (trim(item).isEmpty()) {
+    if (draft.edited.item.isEmpty()) {
         msg_box(&main_, QStringLiteral("Please provide a name for \nyour non-stock item"), box::ok,
                 QStringLiteral("Please provide"));
         return false;
     }
     try {
-        insert(item, qty, measure, comment);
+        insert(draft);
     } catch (...) {
         end_after_error(current_error());
     }
     return true;
 }
 
-void Ingredients::insert(const QString& item, const QString& qty, const QString& measure, const QString& comment)
+void Ingredients::insert(const LineDraft& draft)
 {
-    IngredientRow row;
-    row.item = item;
-    row.qty = qty;
-    row.measure = measure;
-    row.comment = comment;
-    row.item_ref = page_.state.line_mode >= line_mode::non_stock ? Key(-1) : work.adding_item;
     Transaction transaction(main_.connection());
-    const auto inserted
-        = insert_line(main_.connection(), page_.page_key(), row, page_.next_index() - (has_new_line() ? 1 : 0));
-    if (!inserted) {
+    if (const auto inserted = save_line(main_.connection(), draft)) {
+        show_inserted(*inserted);
+        transaction.commit();
+    } else {
         drop_new_line();
-        return;
     }
-    show_inserted(*inserted);
-    transaction.commit();
 }
 
 void Ingredients::show_inserted(const IngredientRow& row)
@@ -161,32 +130,16 @@ void Ingredients::show_inserted(const IngredientRow& row)
     page_.state.cur_line = index;
 }
 
-void Ingredients::ingred_updt(int index)
+// A line that got another name is known by the name of its stock item from now on.
+void Ingredients::ingred_updt(int index, const LineDraft& draft)
 {
     IngredientLine& line = page_.lines().at(static_cast<size_t>(index));
-    if (work.ing_flags[LineWork::any_field]) {
-        if (work.ing_flags[static_cast<size_t>(IngredientField::item)]
-            && editor_.field(IngredientField::item).isEmpty()) {
-            msg_box(&main_, QStringLiteral("Please provide a name for your ingredient"), box::information,
-                    QStringLiteral("Ingredient name missing"));
-            return;
-        }
-        std::vector<std::pair<IngredientField, QString>> changed;
-        for (const IngredientField field : all_fields)
-            if (work.ing_flags[static_cast<size_t>(field)])
-                changed.emplace_back(field, editor_.field(field));
-        if (!changed.empty())
-            write_line_fields(main_.connection(), line.key, changed);
-    }
-    QString text;
-    for (const IngredientField field : all_fields)
-        text = trim(QString(text + u' ' + editor_.field(field)));
-    work.ing_flags.fill(false);
-    line.text = text;
-    if (work.item_changed)
-        line.item
-            = stock_item_name(main_.connection(), line.item_ref).value_or(editor_.field(IngredientField::item));
+    line.text = draft.edited.display_text();
+    line.item_ref = draft.edited.item_ref;
+    if (draft.edited.item != draft.opened.name)
+        line.item = stock_item_name(main_.connection(), line.item_ref).value_or(draft.edited.item);
     page_.refresh_line(index);
+    page_.set_lites(index, lite_status(main_.connection(), line.item_ref));
     page_.layout_page();
 }
 
@@ -199,12 +152,15 @@ void Ingredients::ingred_del(int index)
         --state.sel_line;
     delete_line(main_.connection(), page_.lines()[static_cast<size_t>(index)].key);
     editor_.hide_line();
+    // With the focus on the line that moves up, a key meant for one line would reach the next.
+    if (QWidget* focus = main_.focusWidget(); qobject_cast<IngredientText*>(focus))
+        focus->clearFocus();
     page_.set_recipe(page_.page_key());
 }
 
 void Ingredients::cancel()
 {
-    if (!work.is_new) {
+    if (!editor_.draft().is_new()) {
         ingred_del(editor_.index());
         return;
     }
@@ -216,28 +172,6 @@ void Ingredients::drop_new_line()
 {
     if (has_new_line())
         page_.drop_last_line();
-    work.is_new = false;
-}
-
-void Ingredients::link(Key item)
-{
-    page_.state.matched_item = item;
-    const int index = editor_.index();
-    if (index < 0)
-        return;
-    IngredientLine& line = page_.lines()[static_cast<size_t>(index)];
-    line.item_ref = item > 0 ? item : Key(-1);
-    line.Check1->setProperty("Tag", QString::number(line.item_ref));
-    if (!work.is_new)
-        set_line_link(main_.connection(), line.key, line.item_ref);
-}
-
-void Ingredients::link_by_name(Key item)
-{
-    link(item);
-    const int code = item > 0 ? lite_status(main_.connection(), item) : status_code::non_stock;
-    if (code != status_code::buy_it_plus && editor_.index() >= 0)
-        page_.set_lites(editor_.index(), code);
 }
 
 // The message comes first: what made the operation fail may fail the tidying up as well.

@@ -1,56 +1,42 @@
 #include "recipes/line_editor.h"
 
 #include "window/frmmain.h"
-#include "widgets/update_lock.h"
-#include "widgets/row_editor.h"
-#include "widgets/row_editor_controls.h"
+#include "dialogs/l_item_edit.h"
+#include "household/status.h"
 #include "recipes/ingredients.h"
+#include "recipes/line_boxes.h"
+#include "recipes/line_clicks.h"
+#include "recipes/line_keys.h"
+#include "recipes/line_picks.h"
 #include "recipes/line_widgets.h"
-#include "recipes/lost_click.h"
-#include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
 #include "recipes/pick_list.h"
 #include "recipes/recipe_page.h"
-#include "window/commands.h"
-#include "widgets/last_press.h"
+#include "widgets/busy_pointer.h"
+#include "widgets/focus_question.h"
+#include "widgets/message_box.h"
+#include "widgets/row_editor.h"
+#include "widgets/row_editor_controls.h"
 #include "widgets/tool_tip.h"
-#include "household/status.h"
+#include "widgets/tree_view.h"
+#include "widgets/update_lock.h"
 
 #include <QApplication>
+#include <QFocusEvent>
 #include <QFrame>
-#include <QMenu>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
-#include <QScrollBar>
 
 #include <algorithm>
-#include <numeric>
 
 namespace tarnwick {
+
+using enum IngredientField;
+
 namespace {
 
 constexpr const char* tag = "Tag";
-constexpr std::array field_names{"Quantity", "Measure", "Item", "Comment"};
-constexpr QColor placeholder_color(255, 0, 0);
-constexpr QColor grey(164, 164, 164);
 constexpr int room_for_list = 160; ///< pixels kept free under a line that is opened
-
-// Widths of the boxes at the smallest type size, pixels, and of all of them at the others.
-constexpr std::array<int, 4> design_widths{38, 38, 81, 102};
-constexpr int medium_width = 440;
-constexpr int large_width = 500;
-constexpr int design_height = 19;
-constexpr int inset = 2;
-constexpr int text_margin = 8 + inset; ///< what a box needs beside its text
-constexpr int end_gap = 2; ///< between boxes and frame
-constexpr int button_gap = 1;
-constexpr int frame_margin = 4; ///< left of the pencil
-
-constexpr int pencil = 101; ///< resource numbers
-constexpr int pencil_large = 109;
-constexpr int cross = 111;
-constexpr int cross_large = 190;
-
-constexpr int item_box = static_cast<int>(IngredientField::item);
 
 } // namespace
 
@@ -59,355 +45,483 @@ LineEditor::LineEditor(frmmain& main, RecipePage& page)
     , main_(main)
     , page_(page)
     , ingredients_(std::make_unique<Ingredients>(main, page, *this))
-    , lost_click_(new LostClick(this))
+    , boxes_(std::make_unique<LineBoxes>(page.frame3(), *this))
+    , question_(new FocusQuestion(this))
+    , picks_(std::make_unique<LinePicks>(main.connection(), main.shared, page, *boxes_))
+    , list_(picks_->list())
+    , keys_(std::make_unique<LineKeys>(*boxes_, list_))
+    , clicks_(std::make_unique<LineClicks>(main, page, *this, *ingredients_))
 {
-    make_boxes();
-    RecipeLines& lines = page_.recipe_lines();
-    connect(&lines, &RecipeLines::mouse_down, this, &LineEditor::mouse_down);
-    connect(&lines, &RecipeLines::mouse_up, this, &LineEditor::mouse_up);
-    connect(&lines, &RecipeLines::key_down, this, [this](int index, int key) {
-        if (key == Qt::Key_Delete)
-            ingredients_->ingred_del(index);
-    });
+    connect(boxes_.get(), &LineBoxes::typed, this, &LineEditor::typed);
+    connect(boxes_.get(), &LineBoxes::edit_clicked, this, &LineEditor::edit_clicked);
+    connect(boxes_.get(), &LineBoxes::scratch_clicked, this, &LineEditor::scratch_clicked);
+    connect(keys_.get(), &LineKeys::box_wanted, this, &LineEditor::go_to);
+    connect(keys_.get(), &LineKeys::edit_ended, this, &LineEditor::end_edit);
+    connect(keys_.get(), &LineKeys::row_picked, this, &LineEditor::picked);
+    connect(picks_.get(), &LinePicks::out_of_sight, this, &LineEditor::go_to);
+    connect(&list_, &PickList::picked, this, &LineEditor::picked);
+    connect(&list_, &PickList::left, this, &LineEditor::list_left);
     connect(&page_, &RecipePage::laid_out, this, &LineEditor::place);
-    connect(&page_.scroll_bar(), &QScrollBar::valueChanged, this, [this] {
-        if (!list_->isHidden())
-            place_list();
-    });
 }
 
 LineEditor::~LineEditor() = default;
-
-void LineEditor::make_boxes()
-{
-    const auto box = [this](const char* name, const char* placeholder) {
-        return Box{new CellBox(QLatin1String(name), &page_.frame3()), QLatin1String(placeholder)};
-    };
-    boxes_ = {box("ing_flt_txtQty", "(Qty)"), box("ing_flt_txtMeasure", "(Measure)"),
-              box("ing_flt_txtItem", "(Item)"), box("ing_flt_txtDesc", "(Comment)")};
-    for (int i = 0; i < 4; ++i) {
-        CellBox& edit = *boxes_[static_cast<size_t>(i)].edit;
-        edit.setFocusPolicy(Qt::ClickFocus);
-        edit.setTextMargins(inset, 0, 0, 0);
-        edit.setAccessibleName(QLatin1String(field_names[static_cast<size_t>(i)]));
-        edit.installEventFilter(this);
-        connect(&edit, &QLineEdit::textChanged, this, [this, i] { box_changed(i); });
-    }
-    list_ = new PickList(page_.frame4().parentWidget());
-    connect(list_, &PickList::picked, this, &LineEditor::picked);
-    connect(list_, &PickList::left, this, &LineEditor::list_left);
-}
-
-void LineEditor::make_end_frame()
-{
-    if (end_frame_)
-        return;
-    end_frame_ = new EndFrame(QStringLiteral("frmEditDel"), &page_.frame3());
-    imgedit_ = new PictureButton(QStringLiteral("imgedit"), end_frame_);
-    imgScratch_ = new PictureButton(QStringLiteral("imgScratch"), end_frame_);
-    for (PictureButton* button : {imgedit_, imgScratch_}) {
-        button->setFocusPolicy(Qt::ClickFocus);
-        button->installEventFilter(this);
-        LastPress::require_on(*button);
-    }
-    imgedit_->setAccessibleName(QStringLiteral("Edit stock item"));
-    imgScratch_->setAccessibleName(QStringLiteral("Delete ingredient"));
-    connect(imgedit_, &QAbstractButton::clicked, this, &LineEditor::edit_clicked);
-    connect(imgScratch_, &QAbstractButton::clicked, this, &LineEditor::scratch_clicked);
-}
 
 int LineEditor::index() const
 {
     return index_ < page_.recipe_lines().count() ? index_ : -1;
 }
 
-void LineEditor::mouse_down(int index, Qt::MouseButton button)
+bool LineEditor::lines_greyed() const
 {
-    if (index >= page_.recipe_lines().count())
-        return;
-    const IngredientText& first = *page_.lines().front().ingred;
-    if (button == Qt::LeftButton)
-        ingredients_->work.lines_greyed = !first.isHidden() && first.text_color() == grey;
-    else
-        page_.state.cur_line = page_.state.sel_line = index;
+    return clicks_->lines_greyed();
 }
 
-void LineEditor::mouse_up(int index, Qt::MouseButton button, QPoint position)
+IngredientLine& LineEditor::line()
 {
-    if (index >= page_.recipe_lines().count())
-        return;
-    if (button == Qt::RightButton) {
-        show_menu(index, position);
-    } else if (button == Qt::LeftButton && std::exchange(ingredients_->work.lines_greyed, false)) {
-        if (open_)
-            leave();
-        else
-            blacken_lines();
-    } else if (button == Qt::LeftButton) {
-        leave();
-        if (!open_ && index < page_.recipe_lines().count())
-            open_line(index);
-    }
+    return page_.lines().at(static_cast<size_t>(index_));
 }
 
-void LineEditor::show_menu(int index, QPoint position)
-{
-    const QString name = page_.rcp_item(index);
-    Commands& commands = main_.commands();
-    commands.set_caption(QStringLiteral("mnu_ingred_del"),
-                         QStringLiteral("Delete '") + name + QStringLiteral("' from ")
-                             + trim(main_.shared.cur_recipe_name));
-    commands.menu(QStringLiteral("mnu_ingred"))
-        .popup(page_.lines()[static_cast<size_t>(index)].ingred->mapToGlobal(position));
-}
-
-void LineEditor::open_line(int index)
-{
-    const IngredientLine& line = page_.lines()[static_cast<size_t>(index)];
-    page_.state.sel_line = index;
-    page_.state.cur_line = index;
-    page_.state.line_mode = line_mode::existing;
-    main_.shared.editor_mode = edit_mode::recipe_item;
-    main_.shared.item_in_work = line.item_ref;
-    main_.shared.ingredient_in_work = line.key;
-    line.ingred->set_selected(true);
-    show_r_line(index);
-    line.ingred->set_selected(open_);
-}
-
-void LineEditor::show_r_line(int index)
+void LineEditor::show_r_line(const LineDraft& draft, std::optional<int> index)
 {
     if (open_)
         return;
-    Connection& connection = main_.connection();
-    LineWork& work = ingredients_->work;
-    const bool is_new = index < 0;
-    std::optional<IngredientRow> row = IngredientRow();
-    if (!is_new) {
-        row = read_line(connection, page_.lines().at(static_cast<size_t>(index)).key);
-        if (!row)
-            return;
+    draft_ = draft;
+    if (!index) {
+        const Key item_ref = draft.edited.item_ref;
+        index = page_.new_line(-1, item_ref, QStringLiteral(" "), QString());
+        page_.set_lites(*index, lite_status(main_.connection(), item_ref));
     }
-    work.is_new = is_new;
-    work.item_changed = false;
-    work.ing_flags.fill(false);
-    work.ing_flags[LineWork::any_field] = is_new;
-    if (is_new) {
-        index = page_.new_line(-1, -1, QStringLiteral(" "), QString());
-        page_.set_lites(index, status_code::non_stock);
-    }
-    page_.state.sel_line = index;
-    page_.state.cur_line = index;
-    const int top = page_.lines()[static_cast<size_t>(index)].ingred->y();
+    index_ = *index;
+    page_.state.sel_line = page_.state.cur_line = index_;
+    const int top = line().ingred->y();
     page_.show_stretch(top, top + std::min(room_for_list, page_.frame4().height() - 1));
-    index_ = index;
     open_ = true;
-    fill_boxes(*row);
+    fill_boxes();
     show_controls();
     grey_lines();
-    go_to(0);
+    go_to(qty);
 }
 
-void LineEditor::fill_boxes(const IngredientRow& row)
+void LineEditor::fill_boxes()
 {
-    make_end_frame();
-    const std::array<const QString*, 4> texts{&row.qty, &row.measure, &row.item, &row.comment};
-    for (int i = 0; i < 4; ++i)
-        set_field(static_cast<IngredientField>(i), *texts[static_cast<size_t>(i)]);
-    opened_link_ = row.item_ref;
-    last_box_ = 0;
-    const bool is_new = ingredients_->work.is_new;
-    const bool stock = lite_status(main_.connection(), row.item_ref) != status_code::non_stock;
-    imgedit_->setToolTip(plain_tool_tip(QStringLiteral("Edit stock item") + (stock ? u' ' + row.item : QString())));
-    imgedit_->setVisible(!is_new);
-    imgScratch_->setToolTip(is_new ? QStringLiteral("Cancel adding ingredient")
-                                   : QStringLiteral("Delete ingredient"));
-    imgScratch_->setProperty(tag, is_new ? QStringLiteral("ns") : QStringLiteral("edit"));
-    imgScratch_->show();
+    boxes_->make_buttons();
+    for (const IngredientField field : ingredient_fields) {
+        const QString& text = draft_.text(field);
+        boxes_->show_text(field, text);
+        boxes_->set_tag(field,
+                        draft_.is_new() && text.isEmpty() ? QStringLiteral(" ") : boxes_->edit(field).text());
+    }
+    last_box_ = qty;
+    const bool is_new = draft_.is_new();
+    const bool stock = lite_status(main_.connection(), draft_.stored.item_ref) != status_code::non_stock;
+    QAbstractButton& pencil = boxes_->imgedit();
+    pencil.setToolTip(
+        plain_tool_tip(QStringLiteral("Edit stock item") + (stock ? u' ' + draft_.stored.item : QString())));
+    pencil.setVisible(!is_new);
+    QAbstractButton& cross = boxes_->imgScratch();
+    cross.setToolTip(is_new ? QStringLiteral("Cancel adding ingredient") : QStringLiteral("Delete ingredient"));
+    cross.setProperty(tag, is_new ? QStringLiteral("ns") : QStringLiteral("edit"));
+    cross.show();
     page_.frame3().setProperty(tag, QString::number(index_));
-}
-
-void LineEditor::set_field(IngredientField field, const QString& text)
-{
-    const Box& box = boxes_[static_cast<size_t>(field)];
-    if (text.isEmpty())
-        set_placeholder(box);
-    else
-        set_value(box, text);
-    box.edit->setProperty(tag,
-                          ingredients_->work.is_new && text.isEmpty() ? QStringLiteral(" ") : box.edit->text());
-    if (field == IngredientField::item)
-        opened_link_ = ingredients_->work.adding_item;
-}
-
-void LineEditor::set_placeholder(const Box& box)
-{
-    const QScopedValueRollback shown_not_typed(filling_, true);
-    QPalette colors = box.edit->palette();
-    colors.setColor(QPalette::Text, placeholder_color);
-    box.edit->setPalette(colors);
-    box.edit->setText(box.placeholder);
-    box.edit->home(false);
-    set_ingred_font();
-}
-
-void LineEditor::set_value(const Box& box, const QString& text)
-{
-    const QScopedValueRollback shown_not_typed(filling_, true);
-    QPalette colors = box.edit->palette();
-    colors.setColor(QPalette::Text, Qt::black);
-    box.edit->setPalette(colors);
-    box.edit->setText(text);
-    box.edit->home(false);
-    set_ingred_font();
-}
-
-QString LineEditor::field(IngredientField field) const
-{
-    const Box& box = boxes_[static_cast<size_t>(field)];
-    return box.edit->text() == box.placeholder ? QString() : trim(box.edit->text());
+    if (is_new)
+        line().ingred->setProperty(tag, QStringLiteral(" "));
 }
 
 void LineEditor::show_controls()
 {
     const UpdateLock lock(page_.frame4());
-    const QColor page = page_.frame4().palette().color(QPalette::Base);
-    for (const Box& box : boxes_) {
-        const QColor text = box.edit->palette().color(QPalette::Text);
-        box.edit->set_page_color(page);
-        QPalette colors = box.edit->palette();
-        colors.setColor(QPalette::Text, text);
-        box.edit->setPalette(colors);
-    }
-    end_frame_->set_colors(page, page);
-    end_frame_->set_fade(0);
-    list_->setPalette(page_.frame4().palette());
     place();
-    for (const Box& box : boxes_) {
-        box.edit->show();
-        box.edit->raise();
-    }
-    end_frame_->show();
-    end_frame_->raise();
-    page_.lines()[static_cast<size_t>(index_)].ingred->hide();
+    boxes_->show(page_.frame4().palette().color(QPalette::Base));
+    line().ingred->hide();
 }
 
 void LineEditor::grey_lines()
 {
     page_.recipe_lines().set_text_color(grey);
-    for (const IngredientLine& line : page_.lines())
-        line.ingred->setToolTip({});
+    for (const IngredientLine& greyed : page_.lines())
+        greyed.ingred->setToolTip({});
 }
 
 void LineEditor::blacken_lines()
 {
     page_.recipe_lines().set_text_color(Qt::black);
-    for (IngredientLine& line : page_.lines()) {
-        line.tool_tip = get_ttt(main_.connection(), line.item_ref);
-        line.ingred->setToolTip(plain_tool_tip(line.tool_tip));
+    for (IngredientLine& shown : page_.lines()) {
+        shown.tool_tip = get_ttt(main_.connection(), shown.item_ref);
+        shown.ingred->setToolTip(plain_tool_tip(shown.tool_tip));
     }
-}
-
-QFont LineEditor::box_font(int box) const
-{
-    QFont font = page_.Text1().font();
-    font.setBold(box == item_box);
-    font.setItalic(is_placeholder(box));
-    return font;
-}
-
-void LineEditor::set_ingred_font()
-{
-    for (int i = 0; i < 4; ++i) {
-        CellBox& edit = *boxes_[static_cast<size_t>(i)].edit;
-        if (const QFont font = box_font(i); edit.font() != font)
-            edit.setFont(font);
-    }
-}
-
-// A box never gets too narrow for its placeholder while there is room for all.
-std::array<int, 4> LineEditor::box_widths(int room) const
-{
-    const int design = std::accumulate(design_widths.begin(), design_widths.end(), 0);
-    const int size = main_.shared.type_size;
-    const int all = size == 12 ? large_width : size == 10 ? medium_width : design;
-    std::array<int, 4> widths{};
-    for (size_t i = 0; i < widths.size(); ++i) {
-        QFont font = box_font(static_cast<int>(i));
-        font.setItalic(true);
-        const int proportional = design_widths[i] * std::min(all, std::max(room, design)) / design;
-        widths[i]
-            = std::max(proportional, QFontMetrics(font).horizontalAdvance(boxes_[i].placeholder) + text_margin);
-    }
-    const int sum = std::accumulate(widths.begin(), widths.end(), 0);
-    if (sum > room) {
-        for (int& width : widths)
-            width = std::max(1, width * room / sum);
-    }
-    return widths;
 }
 
 void LineEditor::place()
 {
     if (!open_ || index() < 0)
         return;
-    set_ingred_font();
-    const QRect line = page_.lines()[static_cast<size_t>(index_)].ingred->geometry();
-    const bool large = main_.shared.type_size == 12;
-    imgedit_->set_picture(large ? pencil_large : pencil);
-    imgScratch_->set_picture(large ? cross_large : cross);
-    const int button = imgedit_->sizeHint().width();
-    const int frame_width = frame_margin + 2 * button + button_gap;
-    const auto widths = box_widths(page_.frame4().width() - line.left() - end_gap - frame_width);
-    const int pitch = page_geometry::line_pitch(main_.shared.type_size);
-    const int height = std::clamp(boxes_[item_box].edit->fontMetrics().height() + 4, design_height, pitch);
-    const int top = line.top() - (height - std::min(height, pitch - 1)) / 2;
-    int left = line.left();
-    for (size_t i = 0; i < boxes_.size(); ++i) {
-        boxes_[i].edit->setGeometry(left, top, widths[i], height);
-        left += widths[i];
-    }
-    end_frame_->setGeometry(left + end_gap, top, frame_width, height);
-    imgedit_->setGeometry(frame_margin, 0, button, height);
-    imgScratch_->setGeometry(frame_margin + button + button_gap, 0, button, height);
-    if (!list_->isHidden())
-        place_list();
+    boxes_->place(line().ingred->geometry(), page_.frame4().width(), main_.shared.type_size, page_.Text1().font());
+    picks_->place();
 }
 
-void LineEditor::place_list()
+void LineEditor::typed(IngredientField field)
 {
-    constexpr int least = 120;
-    constexpr int least_large = 173; ///< 2600 twips
-    const QWidget& edit = *boxes_[static_cast<size_t>(last_box_)].edit;
-    const QRect viewport = page_.frame4().geometry();
-    const QRect box(edit.mapTo(list_->parentWidget(), QPoint(0, 0)), edit.size());
-    if (!viewport.contains(box.center()) || list_->count() == 0) {
-        if (list_->hasFocus())
-            go_to(last_box_);
-        list_->hide();
+    if (!open_ || (field == item && refuse_apostrophe()))
+        return;
+    const QString text = boxes_->text(field);
+    if (field == item)
+        name_typed(text);
+    else
+        draft_.set_text(field, text);
+}
+
+void LineEditor::name_typed(const QString& name)
+{
+    Connection& connection = main_.connection();
+    if (!boxes_->edit(item).hasFocus()) {
+        draft_.set_text(item, name, stock_item_named(connection, name));
+        show_link(true);
         return;
     }
-    list_->setFont(page_.Text1().font());
-    list_->place(box, viewport, main_.shared.type_size == 12 ? least_large : least);
-    list_->show();
-    list_->raise();
+    std::vector<StockName> names = picks_->names_like(name);
+    draft_.set_text(item, name, stock_item_among(connection, names, name));
+    show_link(true);
+    if (name != draft_.settled.name)
+        picks_->show_names(std::move(names));
+}
+
+// The page shows the stock item that the draft means. While the name is being typed, the pictures of one that is
+// wanted on several lists stay.
+void LineEditor::show_link(bool while_typing)
+{
+    if (index() < 0)
+        return;
+    IngredientLine& shown = line();
+    shown.item_ref = draft_.edited.item_ref;
+    shown.Check1->setProperty(tag, QString::number(shown.item_ref));
+    const int code = lite_status(main_.connection(), shown.item_ref);
+    if (!while_typing || code != status_code::buy_it_plus)
+        page_.set_lites(index_, code);
+}
+
+// A name that was stored with an apostrophe stays as it is until it is changed.
+bool LineEditor::apostrophe_typed() const
+{
+    const QString name = boxes_->edit(item).text();
+    return name.contains(u'\'') && trim(name) != draft_.settled.name;
+}
+
+// True after the message: the apostrophes are gone and the focus is in the box.
+bool LineEditor::refuse_apostrophe()
+{
+    if (!apostrophe_typed())
+        return false;
+    {
+        const QScopedValueRollback asking(busy_, true);
+        msg_box(&main_, QStringLiteral("Sorry - you can't put an apostrophe\nin the item name"), box::information,
+                QStringLiteral("Valora info"));
+    }
+    QString name = boxes_->edit(item).text();
+    boxes_->edit(item).setText(strip_apostrophes(name));
+    go_to(item);
+    return true;
+}
+
+void LineEditor::picked(int row)
+{
+    if (!open_)
+        return;
+    const auto take = [this](IngredientField field, const QString& text, IngredientField next) {
+        boxes_->edit(field).setText(text);
+        left_box(field);
+        go_to(next);
+    };
+    switch (list_.content()) {
+    case PickList::Content::quantities:
+        take(qty, trim(QString(boxes_->text(qty) + u' ' + list_.text(row))), measure);
+        break;
+    case PickList::Content::measures:
+        take(measure, list_.text(row), item);
+        break;
+    default:
+        ListIngred_select(row);
+    }
+}
+
+void LineEditor::ListIngred_select(int row)
+{
+    const Key chosen = list_.item_data(row);
+    if (chosen < 1 || index() < 0)
+        return;
+    const QString text = boxes_->text(item);
+    QString name = trim(list_.text(row));
+    if (name == text) {
+        left_box(item);
+    } else {
+        if (name.toUpper() + u'S' == text.toUpper())
+            name += text.back();
+        boxes_->show_text(item, name);
+        boxes_->set_tag(item, name);
+        draft_.choose({name, chosen});
+        if (draft_.is_new())
+            boxes_->imgScratch().setProperty(tag, QStringLiteral("edit"));
+        write();
+        show_link(false);
+        line().ingred->setToolTip(plain_tool_tip(get_status(main_.connection(), chosen)));
+        list_.set_content(PickList::Content::chosen);
+    }
+    go_to(comment);
+    list_.hide();
+}
+
+bool LineEditor::is_part(const QWidget* widget) const
+{
+    return widget && (boxes_->field_of(widget) || widget == &list_ || boxes_->is_button(widget));
+}
+
+bool LineEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto field = boxes_->field_of(watched);
+    if (!open_ || (!field && !boxes_->is_button(watched)))
+        return false;
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        if (!busy_)
+            question_->drop();
+        if (field
+            && (leaves_control(static_cast<QFocusEvent*>(event)->reason()) || *field != last_box_
+                || boxes_->is_placeholder(*field)))
+            box_entered(*field);
+        return false;
+    case QEvent::FocusOut:
+        if (const auto reason = static_cast<QFocusEvent*>(event)->reason(); !busy_ && leaves_control(reason))
+            focus_left(field, reason);
+        return false;
+    case QEvent::KeyPress: {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        return field
+            && keys_->key_in_box(*field, key->key(), key->modifiers(), boxes_->text(item) == draft_.settled.name);
+    }
+    case QEvent::KeyRelease:
+        return watched == &boxes_->imgScratch() && !static_cast<QKeyEvent*>(event)->isAutoRepeat()
+            && scratch_key(static_cast<QKeyEvent*>(event)->key());
+    case QEvent::MouseButtonPress:
+        if (field == qty && QApplication::focusWidget() == watched)
+            picks_->fill(qty);
+        return false;
+    default:
+        return false;
+    }
+}
+
+void LineEditor::go_to(IngredientField field)
+{
+    QLineEdit& edit = boxes_->edit(field);
+    const bool had_focus = edit.hasFocus();
+    if (!had_focus)
+        edit.setFocus(Qt::OtherFocusReason);
+    // While a message still holds the keyboard the box gets it later, with the window.
+    if (had_focus || !edit.hasFocus())
+        box_entered(field);
+}
+
+void LineEditor::box_entered(IngredientField field)
+{
+    // A box that was left behind an inactive window did not hear of it.
+    if (field != last_box_ && boxes_->text(last_box_).isEmpty() && !boxes_->is_placeholder(last_box_))
+        boxes_->show_text(last_box_, {});
+    last_box_ = field;
+    if (boxes_->is_placeholder(field))
+        boxes_->show_empty(field);
+    place();
+    boxes_->edit(field).end(false);
+    picks_->fill(field);
+}
+
+// A press on a tree is left to the tree, which finishes the edit itself and then takes no node.
+void LineEditor::focus_left(std::optional<IngredientField> field, Qt::FocusReason reason)
+{
+    const QWidget* next = QApplication::focusWidget();
+    if (next == &list_ && field != comment)
+        return;
+    if (field || !is_part(next))
+        left_box(last_box_);
+    if (is_part(next))
+        return;
+    if (reason == Qt::MouseFocusReason && qobject_cast<const TreeView*>(next))
+        question_->ask_later(Qt::OtherFocusReason, [this] { finish_or_ask(); });
+    else
+        lf_validate(reason);
+}
+
+void LineEditor::list_left(Qt::FocusReason reason)
+{
+    if (!open_ || busy_ || is_part(QApplication::focusWidget()))
+        return;
+    list_.hide();
+    focus_left(std::nullopt, reason);
+}
+
+void LineEditor::left_box(IngredientField field)
+{
+    if (field == item)
+        settle_name();
+    write();
+    if (boxes_->text(field).isEmpty())
+        boxes_->show_text(field, {});
+    if (!draft_.is_new() || field == item)
+        boxes_->set_tag(field, boxes_->edit(field).text());
+}
+
+void LineEditor::settle_name()
+{
+    const QString& name = draft_.edited.item;
+    if (name.isEmpty() || index() < 0)
+        return;
+    const bool another = name != draft_.settled.name;
+    draft_.settle();
+    show_link(false);
+    const Key stock = draft_.edited.item_ref;
+    if (another)
+        line().ingred->setToolTip(plain_tool_tip(stock > 0 ? get_status(main_.connection(), stock)
+                                                           : u'\'' + name + QStringLiteral("': Non-stock item")));
+}
+
+void LineEditor::write()
+{
+    if (!draft_.is_new() && draft_.is_changed())
+        draft_.stored_as(save_line(main_.connection(), draft_));
+}
+
+void LineEditor::leave()
+{
+    if (!open_ || busy_)
+        return;
+    left_box(last_box_);
+    lf_validate(Qt::OtherFocusReason);
+}
+
+void LineEditor::end_edit()
+{
+    if (!open_ || busy_)
+        return;
+    left_box(last_box_);
+    if (may_close())
+        page_.Text1().setFocus(Qt::OtherFocusReason);
+    // Without the keyboard in the window no box hears that it loses it.
+    if (open_)
+        lf_validate(Qt::OtherFocusReason);
+}
+
+void LineEditor::close_quietly()
+{
+    if (!open_ || busy_)
+        return;
+    if (apostrophe_typed()) {
+        QString name = boxes_->edit(item).text();
+        strip_apostrophes(name);
+        draft_.set_text(item, name, stock_item_named(main_.connection(), name));
+        boxes_->show_text(item, draft_.edited.item);
+    }
+    left_box(last_box_);
+    if (draft_.edited.item.isEmpty()) {
+        if (draft_.is_new()) {
+            ingredients_->cancel();
+            return;
+        }
+        restore_name();
+    }
+    lf_finish();
+}
+
+bool LineEditor::may_close() const
+{
+    return !draft_.edited.item.isEmpty() && !apostrophe_typed();
+}
+
+// After a click the focus returns at once, before what was clicked has made use of it.
+void LineEditor::lf_validate(Qt::FocusReason reason)
+{
+    if (may_close()) {
+        lf_finish();
+        return;
+    }
+    question_->ask_later(reason, [this] { finish_or_ask(); });
+    if (reason == Qt::MouseFocusReason) {
+        const QScopedValueRollback moves_focus(busy_, true);
+        boxes_->edit(item).setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void LineEditor::finish_or_ask()
+{
+    if (!open_ || busy_ || refuse_apostrophe())
+        return;
+    if (may_close())
+        lf_finish();
+    else
+        ask_for_name();
+}
+
+void LineEditor::ask_for_name()
+{
+    const bool may_cancel = draft_.is_new() && draft_.placed_item < 1;
+    QString text = QStringLiteral("Please provide a name for your ingredient");
+    if (may_cancel)
+        text += QStringLiteral("\n(or hit CANCEL to cancel adding ingredient)");
+    Answer answer = Answer::ok;
+    {
+        const QScopedValueRollback asking(busy_, true);
+        answer = msg_box(&main_, text, box::information + (may_cancel ? box::ok_cancel : box::ok),
+                         QStringLiteral("Ingredient name missing"));
+    }
+    if (may_cancel && answer == Answer::cancel) {
+        ingredients_->cancel();
+        return;
+    }
+    if (!may_cancel)
+        restore_name();
+    go_to(item);
+}
+
+void LineEditor::restore_name()
+{
+    draft_.restore_name();
+    boxes_->show_text(item, draft_.edited.item);
+    show_link(false);
+}
+
+void LineEditor::lf_finish()
+{
+    if (!open_)
+        return;
+    const UpdateLock lock(main_);
+    const int finished = index();
+    hide_controls();
+    if (draft_.is_new()) {
+        if (!ingredients_->add_ingred(draft_)) {
+            show_controls();
+            go_to(item);
+            return;
+        }
+    } else if (finished >= 0) {
+        write();
+        ingredients_->ingred_updt(finished, draft_);
+    }
+    blacken_lines();
+    open_ = false;
+    index_ = -1;
+    page_.layout_page();
 }
 
 void LineEditor::hide_controls()
 {
+    question_->drop();
     const QScopedValueRollback moves_focus(busy_, true);
     if (QWidget* focus = QApplication::focusWidget(); focus && is_part(focus))
         focus->clearFocus();
-    for (const Box& box : boxes_)
-        box.edit->hide();
-    if (end_frame_) {
-        end_frame_->hide();
-        imgScratch_->setProperty(tag, QStringLiteral("edit"));
-    }
-    list_->clear_and_hide();
-    for (const IngredientLine& line : page_.lines()) {
-        line.ingred->set_selected(false);
-        line.ingred->show();
+    boxes_->hide();
+    if (open_)
+        boxes_->imgScratch().setProperty(tag, QStringLiteral("edit"));
+    list_.clear_and_hide();
+    for (const IngredientLine& shown : page_.lines()) {
+        shown.ingred->set_selected(false);
+        shown.ingred->show();
     }
 }
 
@@ -417,50 +531,62 @@ void LineEditor::hide_line()
     if (!open_)
         return;
     const UpdateLock lock(main_);
-    const int line = index();
+    const int hidden = index();
     hide_controls();
-    blacken_lines();
     open_ = false;
     index_ = -1;
-    for (const Box& box : boxes_) {
-        set_value(box, QStringLiteral(" "));
-        box.edit->setProperty(tag, QStringLiteral(" "));
+    for (const IngredientField field : ingredient_fields) {
+        boxes_->show_text(field, QStringLiteral(" "));
+        boxes_->set_tag(field, QStringLiteral(" "));
     }
     // The line shows what was written while its boxes were left one by one.
-    if (line < 0 || ingredients_->work.is_new || !ingredients_->work.ing_flags[LineWork::any_field])
-        return;
-    IngredientLine& shown = page_.lines()[static_cast<size_t>(line)];
-    if (const auto row = read_line(main_.connection(), shown.key)) {
-        shown.text = row->display_text();
-        page_.refresh_line(line);
-        page_.layout_page();
-    }
+    if (hidden >= 0 && !draft_.is_new())
+        ingredients_->ingred_updt(hidden, LineDraft::of(draft_.stored));
+    blacken_lines();
 }
 
-void LineEditor::lf_finish()
+void LineEditor::edit_clicked()
 {
-    if (!open_)
+    if (index() < 0 || main_.shared.list_pane_shown)
         return;
-    const UpdateLock lock(main_);
-    LineWork& work = ingredients_->work;
-    const int line = index();
-    hide_controls();
-    blacken_lines();
-    if (work.is_new) {
-        if (!ingredients_->add_ingred(field(IngredientField::item), field(IngredientField::qty),
-                                      field(IngredientField::measure), field(IngredientField::comment))) {
-            show_controls();
-            go_to(item_box);
-            return;
-        }
-        work.is_new = false;
-    } else if (line >= 0 && work.ing_flags[LineWork::any_field]) {
-        ingredients_->ingred_updt(line);
+    page_.state.cur_line = index_;
+    end_edit();
+    const Key edited = draft_.stored.key;
+    const auto link = line_link(main_.connection(), edited);
+    if (open_ || !link)
+        return;
+    const bool stock = lite_status(main_.connection(), link->item_ref) != status_code::non_stock;
+    main_.shared.editor_mode = stock ? edit_mode::recipe_item : edit_mode::non_stock_to_stock;
+    main_.shared.item_in_work = stock ? link->item_ref : Key(-1);
+    main_.shared.ingredient_in_work = edited;
+    main_.shared.last_groc_key = -1;
+    page_.set_rcp_item_in_work(trim(link->item));
+    show_item_editor(main_);
+}
+
+void LineEditor::scratch_clicked()
+{
+    const BusyPointer pointer;
+    if (index() >= 0)
+        ingredients_->cancel();
+}
+
+// The keys of a row's buttons act on the row, as in the shopping list.
+bool LineEditor::scratch_key(int key)
+{
+    if (key == Qt::Key_Delete) {
+        scratch_clicked();
+        return true;
     }
-    work.ing_flags.fill(false);
-    open_ = false;
-    index_ = -1;
-    page_.layout_page();
+    if (key != Qt::Key_Up && key != Qt::Key_Down)
+        return false;
+    const int wanted = index_ + (key == Qt::Key_Down ? 1 : -1);
+    if (wanted < 0 || wanted >= page_.recipe_lines().count())
+        return true;
+    end_edit();
+    if (!open_ && wanted < page_.recipe_lines().count())
+        clicks_->open_line(wanted);
+    return true;
 }
 
 } // namespace tarnwick

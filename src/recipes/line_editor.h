@@ -1,60 +1,61 @@
 #pragma once
 
-#include "household/ingredient_store.h"
+#include "household/line_draft.h"
 
+#include <QColor>
 #include <QObject>
 #include <QString>
 
-#include <array>
 #include <memory>
-#include <vector>
+#include <optional>
 
-class QFont;
 class QWidget;
 
 namespace tarnwick {
 
-class CellBox;
-class EndFrame;
+class FocusQuestion;
 class Ingredients;
-class LostClick;
+class LineBoxes;
+class LineClicks;
+class LineKeys;
+class LinePicks;
 class PickList;
-class PictureButton;
 class RecipePage;
+struct IngredientLine;
 class frmmain;
 
-/// The editor of an ingredient line: four text boxes over the line, the pick list under the box that has
-/// the focus, pencil and cross beside the line.
+/// The edit of one ingredient line, from its opening to its end: what is typed goes into a draft, the draft into
+/// the file when a box is left, and the questions come when the focus has left the editor.
 class LineEditor : public QObject {
     Q_OBJECT
 public:
+    static constexpr QColor grey{164, 164, 164}; ///< the lines while one is edited
+
     LineEditor(frmmain& main, RecipePage& page);
     ~LineEditor() override;
 
     bool is_open() const { return open_; }
     int index() const; ///< the line under the editor; -1 when closed
+    const LineDraft& draft() const { return draft_; } ///< the line under the editor, or the last one
+    bool lines_greyed() const; ///< a press on a greyed line is under way
 
-    /// Opens on a line, on a new one below the last for -1. A line that has gone is not opened.
+    /// Opens on a line of the page; on a new one below the last without an index.
     /// Throws error 6 when a new line has no place on the page.
-    void show_r_line(int index);
+    void show_r_line(const LineDraft& draft, std::optional<int> index = std::nullopt);
 
     /// Closes all floating editors of list and page; what is not written is not saved.
     void hide_line();
 
-    void end_edit(); ///< sends the focus to the instructions, so that the edit finishes
+    void blacken_lines(); ///< the lines look as without an editor, with fresh tool tips
 
-    /// What happens when the focus goes elsewhere: the box under work is written, the name is checked, and
-    /// the editor closes when there is one.
+    void end_edit(); ///< finishes the edit and gives the focus to the instructions; may ask first
+
+    /// What happens when the focus goes elsewhere: the box under work is written, and the editor closes. Without a
+    /// usable name it stays, and asks soon.
     void leave();
 
     /// Saves what can be saved and closes without a message: the page is about to change.
     void close_quietly();
-
-    /// The trimmed text of a box; empty for a placeholder.
-    QString field(IngredientField field) const;
-
-    /// Shows a text in a box as if it had been there when the editor opened.
-    void set_field(IngredientField field, const QString& text);
 
     /// Takes a row of the stock list as the line's item; the name that is in the box already changes
     /// nothing. Goes on to the comment.
@@ -66,82 +67,59 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct Box {
-        CellBox* edit;
-        QString placeholder;
-    };
-
     // Opening
-    void make_boxes();
-    void make_end_frame();
-    void mouse_down(int index, Qt::MouseButton button);
-    void mouse_up(int index, Qt::MouseButton button, QPoint position);
-    void open_line(int index);
-    void show_menu(int index, QPoint position);
-    void fill_boxes(const IngredientRow& row);
-    void set_placeholder(const Box& box);
-    void set_value(const Box& box, const QString& text);
+    void fill_boxes();
     void show_controls();
     void grey_lines();
-    void blacken_lines();
-
-    // Geometry
     void place();
-    void set_ingred_font();
-    std::array<int, 4> box_widths(int room) const;
-    void place_list();
-    QFont box_font(int box) const;
-
-    // Focus
-    int box_of(const QWidget* widget) const;
-    bool is_placeholder(int box) const;
-    bool is_part(const QWidget* widget) const;
-    void box_entered(int box);
-    bool focus_left(int box, Qt::FocusReason reason);
-    bool ing_flt_updt(int box);
-    void name_left(const QString& name);
-    void new_name_left(Key item);
-    QString tag_of(int box) const;
-    void list_left(Qt::FocusReason reason);
-    void lf_validate(const QWidget* active);
-    void lf_finish();
-    void ask_for_name();
-    void restore_name();
-    void hide_controls();
-    bool refuse_apostrophe();
 
     // Typing
-    void box_changed(int box);
-    void mark_changed(int box);
-    bool key_in_box(int box, int key, Qt::KeyboardModifiers held);
-    bool pick_key_handler(int box, int key);
-    int row_meant(const QString& name) const;
-    void go_to(int box);
-    void fill_list(int box);
-    void ListIngred_fill();
-    std::vector<StockName> stock_names(const QString& text) const;
-    void show_names(std::vector<StockName> names);
+    void typed(IngredientField field);
+    void name_typed(const QString& name);
+    void show_link(bool while_typing);
+    bool apostrophe_typed() const;
+    bool refuse_apostrophe();
     void picked(int row);
+
+    // Focus
+    bool is_part(const QWidget* widget) const;
+    void go_to(IngredientField field);
+    void box_entered(IngredientField field);
+    void focus_left(std::optional<IngredientField> field, Qt::FocusReason reason);
+    void list_left(Qt::FocusReason reason);
+    void left_box(IngredientField field);
+    void settle_name();
+    void write();
+
+    // Closing
+    bool may_close() const;
+    void lf_validate(Qt::FocusReason reason);
+    void finish_or_ask();
+    void ask_for_name();
+    void restore_name();
+    void lf_finish();
+    void hide_controls();
 
     // Buttons
     void edit_clicked();
     void scratch_clicked();
     bool scratch_key(int key);
 
+    IngredientLine& line();
+
     frmmain& main_;
     RecipePage& page_;
     std::unique_ptr<Ingredients> ingredients_;
-    std::array<Box, 4> boxes_{};
-    LostClick* lost_click_;
-    PickList* list_ = nullptr;
-    EndFrame* end_frame_ = nullptr;
-    PictureButton* imgedit_ = nullptr;
-    PictureButton* imgScratch_ = nullptr;
+    std::unique_ptr<LineBoxes> boxes_;
+    FocusQuestion* question_;
+    std::unique_ptr<LinePicks> picks_;
+    PickList& list_;
+    std::unique_ptr<LineKeys> keys_;
+    std::unique_ptr<LineClicks> clicks_;
+    LineDraft draft_;
     int index_ = -1;
-    int last_box_ = 0; ///< the box that has or had the focus last
-    Key opened_link_ = -1; ///< stock item that belongs to the name in the item box's Tag
+    IngredientField last_box_ = IngredientField::qty; ///< the box that has or had the focus last
     bool open_ = false;
-    bool filling_ = false; ///< texts are being shown, not typed
     bool busy_ = false; ///< the editor moves the focus itself, or asks a question
 };
 

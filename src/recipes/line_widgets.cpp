@@ -116,7 +116,8 @@ void IngredientText::mouseReleaseEvent(QMouseEvent* event)
 
 void IngredientText::keyPressEvent(QKeyEvent* event)
 {
-    emit key_down(event->key());
+    if (!event->isAutoRepeat())
+        emit key_down(event->key());
 }
 
 PagePicture::PagePicture(QWidget* parent)

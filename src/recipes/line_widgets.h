@@ -30,7 +30,7 @@ signals:
     void mouse_down(Qt::MouseButton button, QPoint position);
     void mouse_move(Qt::MouseButtons buttons, QPoint position);
     void mouse_up(Qt::MouseButton button, QPoint position);
-    void key_down(int key); ///< Qt::Key
+    void key_down(int key); ///< Qt::Key; once for a key that is held down
 
 protected:
     void paintEvent(QPaintEvent* event) override;

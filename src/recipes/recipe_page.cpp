@@ -4,7 +4,7 @@
 #include "widgets/message_box.h"
 #include "widgets/update_lock.h"
 #include "recipes/line_widgets.h"
-#include "recipes/lost_click.h"
+#include "widgets/lost_click.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
 #include "household/recipe_store.h"

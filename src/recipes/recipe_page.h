@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/text.h"
+#include "household/recipe_sheet.h"
 #include "recipes/recipe_lines.h"
 
 #include <QEvent>
@@ -8,6 +9,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class QFrame;
@@ -28,8 +30,6 @@ class frmmain;
 struct PageState {
     int cur_line = 0; ///< the line most recently acted on
     int sel_line = 0; ///< the line that the line editor belongs to
-    int line_mode = 0; ///< 1 adds a stock item, 4 adds a non-stock line, 5 an existing line
-    Key matched_item = 0; ///< stock item that the typed name matched; 0 none
 };
 
 /// The right pane's recipe page: title, ingredient lines with their lights, instructions.
@@ -119,10 +119,17 @@ public:
     /// Saves what can be saved of an open line editor and closes it without a question.
     void close_line_editor();
 
+    /// Finishes line editor, name and instructions as leaving them does. False when a name was refused: the focus
+    /// is back in its box.
+    bool leave_editors();
+
+    /// The page as it stands; nothing without a recipe.
+    std::optional<RecipeSheet> sheet() const;
+
     LineEditor& line_editor() { return *line_editor_; }
     Ingredients& ingredients();
     void add_ns_ingred(); ///< as `Ingredients::add_ns_ingred`
-    void drag_ingred(const QString& name); ///< as `Ingredients::drag_ingred`
+    void drag_ingred(Key item, const QString& name); ///< as `Ingredients::drag_ingred`
 
     void show_pane(bool shown); ///< shows the page, or closes its line editor and hides it
     void set_page_color(); ///< takes the page colour over from `SharedValues`

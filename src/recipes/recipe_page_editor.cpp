@@ -41,14 +41,20 @@ void RecipePage::close_line_editor()
     line_editor_->close_quietly();
 }
 
+bool RecipePage::leave_editors()
+{
+    finish_line_editor();
+    return !editor_open() && title_validated(Qt::OtherFocusReason);
+}
+
 void RecipePage::add_ns_ingred()
 {
     ingredients().add_ns_ingred();
 }
 
-void RecipePage::drag_ingred(const QString& name)
+void RecipePage::drag_ingred(Key item, const QString& name)
 {
-    ingredients().drag_ingred(name);
+    ingredients().drag_ingred(item, name);
 }
 
 } // namespace tarnwick

@@ -5,6 +5,7 @@
 #include "lists/list_pane.h"
 #include "household/list_store.h"
 #include "recipes/line_widgets.h"
+#include "recipes/page_text.h"
 #include "household/recipe_store.h"
 #include "widgets/tree_view.h"
 #include "dialogs/l_item_edit.h"
@@ -12,6 +13,7 @@
 #include "stock/stock_tree.h"
 
 #include <QLabel>
+#include <QLineEdit>
 
 #include <algorithm>
 
@@ -173,6 +175,16 @@ void RecipePage::follow_links(Key item, int code, const QString& joint, const QS
         set_lites(i, linked ? code : status_code::non_stock);
         refresh_line(i);
     }
+}
+
+std::optional<RecipeSheet> RecipePage::sheet() const
+{
+    if (!has_recipe())
+        return std::nullopt;
+    RecipeSheet sheet{title_->text(), {}, text1_->text()};
+    for (const IngredientLine& line : recipe_lines_->lines())
+        sheet.lines.append(line.text);
+    return sheet;
 }
 
 } // namespace tarnwick

@@ -8,8 +8,10 @@
 #include "widgets/row_editor.h"
 #include "recipes/recipe_page.h"
 #include "window/layout.h"
+#include "window/view_state.h"
 #include "widgets/pictures.h"
 #include "widgets/tree_view.h"
+#include "household/recipe_store.h"
 #include "household/status.h"
 #include "stock/stock_commands.h"
 #include "household/stock_store.h"
@@ -121,6 +123,12 @@ bool FloatingButtons::row_in_view(int top) const
     return top * Layout::twips_per_pixel + full_view_margin < rows_height * Layout::twips_per_pixel;
 }
 
+/// Whether there is a recipe to add to, on show or behind the lists.
+bool FloatingButtons::recipe_open() const
+{
+    return recipe_name(main_.connection(), main_.shared.cur_recipe).has_value();
+}
+
 int FloatingButtons::shown() const
 {
     for (size_t i = 0; i < buttons_.size(); ++i) {
@@ -151,7 +159,7 @@ void FloatingButtons::show_recipe_button(QTreeWidgetItem& node, int indent, int 
     hide(add_to_list);
     hide(locate_row);
     const Key item = record_key(TreeView::key(&node));
-    if (indent <= least_indent || main_.recipe_page().shows_item(item)) {
+    if (indent <= least_indent || !recipe_open() || main_.recipe_page().shows_item(item)) {
         hide(add_to_page);
         return;
     }
@@ -191,6 +199,8 @@ void FloatingButtons::show_list_button(QTreeWidgetItem& node, int indent, int to
 void FloatingButtons::show_for_recipe(QTreeWidgetItem& node)
 {
     hide_all();
+    if (!recipe_open())
+        return;
     const StockTree& tree = main_.stock_tree();
     show_at(add_to_page, node, tree.get_indent(), tree.get_topdent() + button_offset(main_.shared.type_size),
             QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to recipe"));
@@ -236,7 +246,12 @@ void FloatingButtons::place_on_list()
 void FloatingButtons::add_to_recipe()
 {
     hide(add_to_page);
-    main_.stock_commands().item_to_recipe();
+    TreeView& tree = main_.stock_tree().view();
+    if (QTreeWidgetItem* node = tree.node(beside_)) {
+        tree.select(node);
+        main_.view_state().show_list_pane(false);
+        main_.stock_commands().item_to_recipe();
+    }
 }
 
 void FloatingButtons::locate()

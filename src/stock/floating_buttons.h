@@ -30,7 +30,8 @@ public:
     /// Shows the buttons that fit the item under the selection, after a click on its row.
     void show_for(QTreeWidgetItem& node);
 
-    /// Shows the recipe button beside an item's node, for a new item that was put on no list.
+    /// Shows the recipe button beside an item's node, for a new item that was put on no list; nothing without an
+    /// open recipe.
     void show_for_recipe(QTreeWidgetItem& node);
 
     /// Index of the button on show; -1 without one.
@@ -50,6 +51,7 @@ private:
     void show_list_button(QTreeWidgetItem& node, int indent, int top);
     void show_at(int index, const QTreeWidgetItem& node, int indent, int top, const QString& tool_tip);
     bool row_in_view(int top) const;
+    bool recipe_open() const;
     void place_on_list();
     void add_to_recipe();
     void locate();

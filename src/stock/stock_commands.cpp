@@ -54,7 +54,7 @@ void StockCommands::item_to_recipe()
         return;
     main_.shared.placing_source = placing_source::tree_to_recipe;
     main_.shared.item_in_work = record_key(TreeView::key(node));
-    main_.recipe_page().drag_ingred(node->text(0));
+    main_.recipe_page().drag_ingred(main_.shared.item_in_work, node->text(0));
 }
 
 bool StockCommands::after_label_edit(QTreeWidgetItem&, const QString&)

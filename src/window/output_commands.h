@@ -1,23 +1,25 @@
 #pragma once
 
-#include "output/printing.h"
-
 namespace tarnwick {
 
 class frmmain;
 
-/// What the window's output is made from.
-PrintSource print_source(frmmain& main);
-
-/// The open recipe as it stands on the screen.
-PrintedRecipe recipe_text(frmmain& main);
-
-/// Writes what stands in an open row or ingredient line, as leaving its boxes does. False when a box keeps the user
-/// because of what it holds.
+/// Writes what is being typed into a list row or the recipe page, as leaving its boxes does: it belongs to what
+/// leaves the program next. False when a name was refused; the user has to mend it first.
 bool leave_editors(frmmain& main);
 
-void print_current_list(frmmain& main); ///< `mnu_list_Print`
-void print_open_recipe(frmmain& main); ///< `mnu_recipe_prnt`
-void preview_pane(frmmain& main); ///< the preview button: the list or the recipe, whichever the right pane shows
+/// Prints the list in use, or the recipe. Without a recipe a message says so.
+void print_list(frmmain& main);
+void print_recipe(frmmain& main);
+
+/// Shows how the list, or the recipe, would print, whichever the right pane has.
+void preview_pane(frmmain& main);
+
+/// Opens the recipe, or the list in use, in the word processor or in a mail. Without a recipe a message says so.
+void send_to_rtf(frmmain& main, bool is_recipe);
+void send_to_email(frmmain& main, bool is_recipe);
+
+/// `pic_frm`, until it is closed.
+void show_print_setup(frmmain& main);
 
 } // namespace tarnwick

@@ -40,6 +40,8 @@ private slots:
     void adding_the_same_stock_item_twice_is_allowed_after_the_question();
     void the_same_item_on_another_recipe_is_no_question();
     void a_stock_item_that_has_gone_opens_nothing();
+    void the_button_beside_a_new_item_brings_the_recipe_to_front_and_adds_the_line();
+    void without_an_open_recipe_an_item_has_no_button();
 };
 
 namespace {
@@ -142,12 +144,10 @@ void tst_add_to_recipe::a_line_of_a_stock_item_opens_with_its_name_and_red_place
     const Key milk = w.add_item(QStringLiteral("Milk"), 0);
     w.open();
     w.select_item(milk);
-    w.page().state.matched_item = 99;
     click_add_button(w);
     QVERIFY(w.editor().is_open());
-    QCOMPARE(w.page().state.line_mode, 1);
-    QCOMPARE(w.page().state.matched_item, Key(0));
-    QCOMPARE(w.main().shared.editor_mode, 4);
+    QVERIFY(w.editor().draft().is_new());
+    QCOMPARE(w.editor().draft().placed_item, milk);
     QCOMPARE(w.button("imgScratch").toolTip(), QStringLiteral("Cancel adding ingredient"));
     QCOMPARE(w.button("imgScratch").property("Tag").toString(), QStringLiteral("ns"));
     QVERIFY(w.button("imgScratch").isVisible());
@@ -195,8 +195,7 @@ void tst_add_to_recipe::a_stock_item_is_added_by_the_menu()
     w.select_item(milk);
     w.trigger(QStringLiteral("mnu_tv_air"));
     QVERIFY(w.editor().is_open());
-    QCOMPARE(w.page().state.line_mode, 1);
-    QCOMPARE(w.main().shared.editor_mode, 4);
+    QCOMPARE(w.editor().draft().edited.item_ref, milk);
     QCOMPARE(w.item().text(), QStringLiteral("Milk"));
     QCOMPARE(w.item().property("Tag").toString(), QStringLiteral("Milk"));
     QVERIFY(LineWindow::is_black_upright(w.item()));
@@ -273,10 +272,55 @@ void tst_add_to_recipe::a_stock_item_that_has_gone_opens_nothing()
 {
     LineWindow w;
     w.open();
-    w.main().shared.item_in_work = 77;
-    w.page().drag_ingred(QStringLiteral("Ghost"));
+    w.page().drag_ingred(77, QStringLiteral("Ghost"));
     QVERIFY(!w.editor().is_open());
     QCOMPARE(w.lines(), 0);
+}
+
+void tst_add_to_recipe::the_button_beside_a_new_item_brings_the_recipe_to_front_and_adds_the_line()
+{
+    StockBesidePage w;
+    w.set_pref(QStringLiteral("lv_view"), QStringLiteral("1"));
+    w.add_list(QStringLiteral("Shop"));
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.load({1000, 700});
+    w.main().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&w.main()));
+    QVERIFY(!w.page().frame4().isVisible());
+    {
+        MessageScript script;
+        script.drive([](QDialog& dialog) {
+            auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("txt_item"));
+            name->setText(QStringLiteral("Leek"));
+            QTest::mouseClick(dialog.findChild<QAbstractButton*>(QStringLiteral("Command1(0)")), Qt::LeftButton);
+        });
+        script.expect(QStringLiteral("Stock category"),
+                      QStringLiteral("Are you sure you want to place\nLeek in the 'OTHER' category?"), Answer::yes);
+        w.trigger(QStringLiteral("mnu_edit_add_stck"));
+    }
+    w.focused_after_message();
+    click_add_button(w);
+    QVERIFY(w.page().frame4().isVisible());
+    QVERIFY(!w.main().shared.list_pane_shown);
+    QVERIFY(w.editor().is_open());
+    QCOMPARE(w.item().text(), QStringLiteral("Leek"));
+    QVERIFY(w.qty().hasFocus());
+    QTest::keyClicks(&w.qty(), QStringLiteral("2"));
+    w.click_text();
+    QCOMPARE(w.text("SELECT qty || item || item_ref || r_ref || \"order\" FROM recipe_2 WHERE item = 'Leek'"),
+             QStringLiteral("2Leek%1%2%3").arg(w.number("SELECT key_id FROM items_1")).arg(w.recipe).arg(1));
+    QCOMPARE(w.ingred(1), QStringLiteral("2 Leek"));
+}
+
+void tst_add_to_recipe::without_an_open_recipe_an_item_has_no_button()
+{
+    StockBesidePage w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    w.set_pref(QStringLiteral("arcp"), QStringLiteral("0"));
+    w.load({1000, 700});
+    QVERIFY(!w.page().has_recipe());
+    w.select_item(milk);
+    QVERIFY(!w.control(QStringLiteral("flt_btn(1)")).isVisible());
 }
 
 QTEST_MAIN(tst_add_to_recipe)

@@ -14,7 +14,11 @@ private slots:
     void plural_and_singular_find_one_stock_item();
     void a_typed_name_shows_the_pictures_of_its_status_at_once_data();
     void a_typed_name_shows_the_pictures_of_its_status_at_once();
-    void the_link_follows_every_keystroke();
+    void the_page_shows_the_link_of_every_keystroke_and_the_file_keeps_the_line();
+    void leaving_the_box_writes_name_and_link_at_once();
+    void the_name_that_the_line_had_gets_its_link_back_data();
+    void the_name_that_the_line_had_gets_its_link_back();
+    void an_edit_that_is_thrown_away_shows_the_line_as_it_is_stored();
     void an_item_wanted_on_several_lists_leaves_the_pictures_while_typing();
 };
 
@@ -26,7 +30,7 @@ void tst_ingredient_link::a_typed_stock_name_links_a_new_line()
     w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
     QTest::mouseClick(&w.item(), Qt::LeftButton);
     w.type(w.item(), QStringLiteral("milk"));
-    QCOMPARE(w.page().state.matched_item, milk);
+    QCOMPARE(w.editor().draft().edited.item_ref, milk);
     w.click_text();
     QCOMPARE(w.number("SELECT item_ref FROM recipe_2"), int(milk));
     QCOMPARE(w.text("SELECT item FROM recipe_2"), QStringLiteral("milk"));
@@ -88,7 +92,8 @@ void tst_ingredient_link::plural_and_singular_find_one_stock_item()
     QTest::mouseClick(&w.item(), Qt::LeftButton);
     w.item().selectAll();
     w.item().insert(typed);
-    QCOMPARE(w.stored(key, "item_ref"), QString::number(item));
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(item));
+    QCOMPARE(w.stored(key, "item || item_ref"), QStringLiteral("Something-1"));
     w.click_text();
     QCOMPARE(w.stored(key, "item_ref"), QString::number(item));
     QCOMPARE(w.stored(key, "item"), typed);
@@ -136,7 +141,7 @@ void tst_ingredient_link::a_typed_name_shows_the_pictures_of_its_status_at_once(
     QVERIFY(w.line(0).Check1->isEnabled());
 }
 
-void tst_ingredient_link::the_link_follows_every_keystroke()
+void tst_ingredient_link::the_page_shows_the_link_of_every_keystroke_and_the_file_keeps_the_line()
 {
     LineWindow w;
     const Key milk = w.add_item(QStringLiteral("Milk"), 0);
@@ -146,13 +151,90 @@ void tst_ingredient_link::the_link_follows_every_keystroke()
     QTest::mouseClick(&w.item(), Qt::LeftButton);
     QTest::keyClick(&w.item(), Qt::Key_End);
     QTest::keyClicks(&w.item(), QStringLiteral("y"));
-    QCOMPARE(w.stored(key, "item_ref"), QStringLiteral("-1"));
+    QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
     QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
     QTest::keyClick(&w.item(), Qt::Key_Backspace);
     QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
     QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+}
+
+void tst_ingredient_link::leaving_the_box_writes_name_and_link_at_once()
+{
+    LineWindow w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    const Key oats = w.add_item(QStringLiteral("Oat drink"), 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Milk"), milk);
+    w.open();
+    Query(w.db(), "CREATE TABLE seen (line)").run();
+    Query(w.db(),
+          "CREATE TRIGGER see AFTER UPDATE ON recipe_2"
+          " BEGIN INSERT INTO seen VALUES (new.item || new.item_ref); END")
+        .run();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    w.type(w.item(), QStringLiteral("Oat drink"));
+    QCOMPARE(w.number("SELECT count(*) FROM seen"), 0);
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(oats));
+    QTest::mouseClick(&w.qty(), Qt::LeftButton);
+    QCOMPARE(w.text("SELECT group_concat(line) FROM seen"), QStringLiteral("Oat drink%1").arg(oats));
+    QCOMPARE(w.stored(key, "item || item_ref"), QStringLiteral("Oat drink%1").arg(oats));
+}
+
+void tst_ingredient_link::the_name_that_the_line_had_gets_its_link_back_data()
+{
+    QTest::addColumn<bool>("box_left");
+    QTest::newRow("a letter typed and taken back") << false;
+    QTest::newRow("after the box was left with another name") << true;
+}
+
+void tst_ingredient_link::the_name_that_the_line_had_gets_its_link_back()
+{
+    QFETCH(bool, box_left);
+    LineWindow w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Something white"), milk);
+    w.open();
+    w.open_line(0);
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    QTest::keyClick(&w.item(), Qt::Key_End);
+    QTest::keyClicks(&w.item(), QStringLiteral("r"));
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
+    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
+    if (box_left) {
+        QTest::mouseClick(&w.desc(), Qt::LeftButton);
+        QCOMPARE(w.stored(key, "item || item_ref"), QStringLiteral("Something whiter-1"));
+        QTest::mouseClick(&w.item(), Qt::LeftButton);
+        QTest::keyClick(&w.item(), Qt::Key_End);
+    }
+    QTest::keyClick(&w.item(), Qt::Key_Backspace);
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
+    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    w.click_text();
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.stored(key, "item || item_ref"), QStringLiteral("Something white%1").arg(milk));
+    QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
+    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+}
+
+void tst_ingredient_link::an_edit_that_is_thrown_away_shows_the_line_as_it_is_stored()
+{
+    LineWindow w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Milk"), milk);
+    w.open();
+    w.open_line(0);
+    QTest::keyClicks(&w.qty(), QStringLiteral("3"));
+    QTest::mouseClick(&w.item(), Qt::LeftButton);
+    QTest::keyClicks(&w.item(), QStringLiteral("y"));
+    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
+    w.editor().hide_line();
+    QCOMPARE(w.stored(key, "qty || item || item_ref"), QStringLiteral("3Milk%1").arg(milk));
+    QCOMPARE(w.ingred(0), QStringLiteral("3 Milk"));
+    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
+    QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
 }
 
 void tst_ingredient_link::an_item_wanted_on_several_lists_leaves_the_pictures_while_typing()
@@ -166,9 +248,10 @@ void tst_ingredient_link::an_item_wanted_on_several_lists_leaves_the_pictures_wh
     w.open_line(0);
     QTest::mouseClick(&w.item(), Qt::LeftButton);
     w.type(w.item(), QStringLiteral("Milk"));
-    QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
     QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
     w.click_text();
+    QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
     QCOMPARE(w.line(0).lite->picture_number(), 179 + 3);
     QVERIFY(!w.line(0).Check1->isEnabled());
 }

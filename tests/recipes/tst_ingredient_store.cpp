@@ -1,4 +1,4 @@
-#include "household/ingredient_store.h"
+#include "household/line_draft.h"
 
 #include "data/keys.h"
 #include "data/query.h"
@@ -114,29 +114,35 @@ void tst_ingredient_store::a_line_past_the_last_key_is_an_overflow()
 
 void tst_ingredient_store::fields_are_written_trimmed_and_never_empty()
 {
-    const Key line = insert_line(*db_, recipe_, row(QStringLiteral("Salt")), 0)->key;
-    write_line_fields(*db_, line,
-                      {{IngredientField::qty, QStringLiteral("  ")},
-                       {IngredientField::measure, QStringLiteral(" 1234567890123456789012345")},
-                       {IngredientField::item, QStringLiteral("Baker's salt ")},
-                       {IngredientField::comment, QStringLiteral("\"x\"")}});
+    IngredientRow salt = row(QStringLiteral("Salt"));
+    salt.qty = QStringLiteral("2");
+    LineDraft draft = LineDraft::of(*insert_line(*db_, recipe_, salt, 0));
+    draft.set_text(IngredientField::qty, QStringLiteral("  "));
+    draft.set_text(IngredientField::measure, QStringLiteral(" 1234567890123456789012345"));
+    draft.set_text(IngredientField::item, QStringLiteral("Baker's salt "));
+    draft.set_text(IngredientField::comment, QStringLiteral("\"x\""));
+    QVERIFY(save_line(*db_, draft));
     QCOMPARE(text("SELECT '[' || qty || '][' || measure || '][' || item || '][' || comment || ']' FROM recipe_2"),
              QStringLiteral("[ ][1234567890123456789012345][Baker's salt][\"x\"]"));
-    write_line_fields(*db_, Key(line + 1), {{IngredientField::qty, QStringLiteral("1")}});
+    draft.stored.key += 1;
+    draft.set_text(IngredientField::qty, QStringLiteral("1"));
+    QVERIFY(!save_line(*db_, draft));
     QCOMPARE(text("SELECT count(*) FROM recipe_2 WHERE qty = '1'"), QStringLiteral("0"));
 }
 
 void tst_ingredient_store::a_link_is_written_only_when_it_differs()
 {
-    const Key line = insert_line(*db_, recipe_, row(QStringLiteral("Salt")), 0)->key;
+    LineDraft draft = LineDraft::of(*insert_line(*db_, recipe_, row(QStringLiteral("Salt")), 0));
+    const Key sugar = item(QStringLiteral("Sugar"));
     Query(*db_, "CREATE TEMP TABLE writes (n)").run();
     Query(*db_, "CREATE TEMP TRIGGER w AFTER UPDATE ON recipe_2 BEGIN INSERT INTO writes VALUES (1); END").run();
-    set_line_link(*db_, line, -1);
+    draft.stored_as(save_line(*db_, draft));
     QCOMPARE(text("SELECT count(*) FROM writes"), QStringLiteral("0"));
-    set_line_link(*db_, line, 3);
-    set_line_link(*db_, line, 3);
+    draft.choose({QStringLiteral("Salt"), sugar});
+    draft.stored_as(save_line(*db_, draft));
+    draft.stored_as(save_line(*db_, draft));
     QCOMPARE(text("SELECT count(*) FROM writes"), QStringLiteral("1"));
-    QCOMPARE(text("SELECT item_ref FROM recipe_2"), QStringLiteral("3"));
+    QCOMPARE(text("SELECT item_ref FROM recipe_2"), QString::number(sugar));
 }
 
 void tst_ingredient_store::a_name_finds_its_stock_item_data()

@@ -56,6 +56,10 @@ private slots:
     void deleting_another_line_than_the_last_keeps_the_selected_index_data();
     void deleting_another_line_than_the_last_keeps_the_selected_index();
     void deleting_the_only_line_empties_the_page();
+    void a_key_held_down_deletes_one_line_data();
+    void a_key_held_down_deletes_one_line();
+    void no_line_has_the_focus_after_a_deletion_data();
+    void no_line_has_the_focus_after_a_deletion();
     void the_pointer_is_an_hourglass_while_the_cross_works_data();
     void the_pointer_is_an_hourglass_while_the_cross_works();
     void a_deleted_line_closes_the_gap_in_the_order();
@@ -77,8 +81,8 @@ void tst_ingredients::a_new_line_opens_empty_with_red_placeholders()
     QVERIFY(w.editor().is_open());
     QCOMPARE(w.lines(), 2);
     QCOMPARE(w.page().state.cur_line, 1);
-    QCOMPARE(w.page().state.line_mode, 4);
-    QCOMPARE(w.main().shared.editor_mode, 5);
+    QVERIFY(w.editor().draft().is_new());
+    QCOMPARE(w.editor().draft().edited.item_ref, Key(-1));
     QVERIFY(w.qty().hasFocus());
     QVERIFY(w.qty().text().isEmpty());
     QVERIFY(LineWindow::is_black_upright(w.qty()));
@@ -393,6 +397,98 @@ void tst_ingredients::deleting_the_only_line_empties_the_page()
     QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), 0);
 }
 
+namespace {
+
+/// Holds Delete down in a control, as a keyboard repeats it, until `presses` have come.
+void hold_delete(QWidget& control, int presses)
+{
+    const auto send = [](QWidget& to, QEvent::Type type, bool repeated) {
+        QKeyEvent event(type, Qt::Key_Delete, Qt::NoModifier, QString(), repeated);
+        QCoreApplication::sendEvent(&to, &event);
+    };
+    const auto keyboard = [&control] {
+        QWidget* focus = QApplication::focusWidget();
+        return focus ? focus : control.window();
+    };
+    send(control, QEvent::KeyPress, false);
+    for (int i = 1; i < presses; ++i) {
+        send(*keyboard(), QEvent::KeyRelease, true);
+        send(*keyboard(), QEvent::KeyPress, true);
+    }
+    send(*keyboard(), QEvent::KeyRelease, false);
+}
+
+} // namespace
+
+void tst_ingredients::a_key_held_down_deletes_one_line_data()
+{
+    QTest::addColumn<bool>("focus_kept");
+    QTest::newRow("as a user does") << false;
+    QTest::newRow("repeats that come to the next line") << true;
+}
+
+void tst_ingredients::a_key_held_down_deletes_one_line()
+{
+    QFETCH(bool, focus_kept);
+    LineWindow w;
+    w.add_lines(w.recipe, 10);
+    w.open();
+    w.line(2).ingred->setFocus();
+    hold_delete(*w.line(2).ingred, 5);
+    QCOMPARE(w.lines(), 9);
+    if (focus_kept) {
+        for (int i = 0; i < 5; ++i) {
+            QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), true);
+            QCoreApplication::sendEvent(w.line(2).ingred, &repeat);
+        }
+    }
+    QCOMPARE(w.lines(), 9);
+    QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), 9);
+}
+
+void tst_ingredients::no_line_has_the_focus_after_a_deletion_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<int>("deleted");
+    for (const char* way : {"cross", "key of the cross", "menu", "key"}) {
+        QTest::addRow("%s, first", way) << QString::fromLatin1(way) << 0;
+        QTest::addRow("%s, last", way) << QString::fromLatin1(way) << 2;
+    }
+}
+
+void tst_ingredients::no_line_has_the_focus_after_a_deletion()
+{
+    QFETCH(QString, way);
+    QFETCH(int, deleted);
+    LineWindow w;
+    for (int i = 0; i < 3; ++i)
+        w.add_line(w.recipe, QStringLiteral("Line %1").arg(i));
+    w.open();
+    if (way.endsWith(QLatin1String("cross"))) {
+        w.open_line(deleted);
+        if (way == QLatin1String("cross")) {
+            QTest::mouseClick(&w.button("imgScratch"), Qt::LeftButton);
+        } else {
+            w.button("imgScratch").setFocus();
+            QKeyEvent repeat(QEvent::KeyRelease, Qt::Key_Delete, Qt::NoModifier, QString(), true);
+            QCoreApplication::sendEvent(&w.button("imgScratch"), &repeat);
+            QCOMPARE(w.lines(), 3);
+            QTest::keyRelease(&w.button("imgScratch"), Qt::Key_Delete);
+        }
+    } else {
+        w.click_line(deleted, Qt::RightButton);
+        w.main().commands().menu(QStringLiteral("mnu_ingred")).close();
+        w.line(deleted).ingred->setFocus();
+        if (way == QLatin1String("menu"))
+            w.trigger(QStringLiteral("mnu_ingred_del"));
+        else
+            QTest::keyClick(w.line(deleted).ingred, Qt::Key_Delete);
+    }
+    QCOMPARE(w.lines(), 2);
+    QVERIFY(!qobject_cast<IngredientText*>(w.main().focusWidget()));
+    QVERIFY(!w.Text1().hasFocus());
+}
+
 void tst_ingredients::the_pointer_is_an_hourglass_while_the_cross_works_data()
 {
     QTest::addColumn<bool>("is_new");
@@ -478,16 +574,17 @@ void tst_ingredients::a_line_added_without_the_editor_stands_on_the_page()
     LineWindow w;
     w.add_line(w.recipe, QStringLiteral("Salt"));
     w.open();
-    w.page().state.line_mode = line_mode::non_stock;
-    w.page().state.matched_item = 0;
+    LineDraft draft = LineDraft::added(w.recipe, 1);
     {
         MessageScript script;
         script.expect(QStringLiteral("Please provide"),
                       QStringLiteral("Please provide a name for \nyour non-stock item"));
-        QVERIFY(!w.page().ingredients().add_ingred(QStringLiteral(" "), QString(), QString(), QString()));
+        QVERIFY(!w.page().ingredients().add_ingred(draft));
     }
     QCOMPARE(w.lines(), 1);
-    QVERIFY(w.page().ingredients().add_ingred(QStringLiteral("Oil"), QStringLiteral("1"), QString(), QString()));
+    draft.set_text(IngredientField::item, QStringLiteral("Oil"));
+    draft.set_text(IngredientField::qty, QStringLiteral("1"));
+    QVERIFY(w.page().ingredients().add_ingred(draft));
     QCOMPARE(w.lines(), 2);
     QCOMPARE(w.ingred(1), QStringLiteral("1 Oil"));
     QCOMPARE(w.number("SELECT \"order\" FROM recipe_2 WHERE item = 'Oil'"), 1);

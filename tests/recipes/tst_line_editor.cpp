@@ -77,9 +77,9 @@ void tst_line_editor::a_click_opens_the_boxes_over_the_line()
     QCOMPARE(w.page().frame3().property("Tag").toString(), QStringLiteral("1"));
     QCOMPARE(w.page().state.sel_line, 1);
     QCOMPARE(w.page().state.cur_line, 1);
-    QCOMPARE(w.page().state.line_mode, 5);
-    QCOMPARE(w.main().shared.editor_mode, 3);
-    QCOMPARE(w.main().shared.ingredient_in_work, key);
+    QVERIFY(!w.editor().draft().is_new());
+    QCOMPARE(w.editor().draft().stored.key, key);
+    QCOMPARE(w.editor().draft().edited.item_ref, milk);
 }
 
 void tst_line_editor::a_line_without_a_field_shows_its_placeholder()

@@ -56,6 +56,9 @@ private slots:
     void right_arrow_at_the_end_goes_on_and_ends_in_the_instructions();
     void left_arrow_at_the_start_moves_back_and_right_arrow_in_the_middle_does_not();
     void left_arrow_moves_back_from_the_comment_to_the_quantity();
+    void a_label_editor_opens_before_the_question_of_a_nameless_line_comes_data();
+    void a_label_editor_opens_before_the_question_of_a_nameless_line_comes();
+    void no_question_comes_once_the_box_has_the_focus_again();
 };
 
 void tst_line_editor_focus::a_press_on_the_tree_from_the_list_only_finishes_the_edit()
@@ -111,7 +114,7 @@ void tst_line_editor_focus::a_refused_press_on_another_line_from_the_list_goes_n
     }
     QVERIFY(w.editor().is_open());
     QCOMPARE(w.editor().index(), 1);
-    QVERIFY(!w.page().ingredients().work.lines_greyed);
+    QVERIFY(!w.editor().lines_greyed());
     QCOMPARE(w.focused_after_message(), &w.item());
     QCOMPARE(w.line(0).ingred->text_color(), grey);
     w.click_line(0);
@@ -525,6 +528,65 @@ void tst_line_editor_focus::left_arrow_moves_back_from_the_comment_to_the_quanti
         QVERIFY(chain[i + 1]->hasFocus());
     }
     QVERIFY(w.editor().is_open());
+}
+
+void tst_line_editor_focus::a_label_editor_opens_before_the_question_of_a_nameless_line_comes_data()
+{
+    QTest::addColumn<bool>("by_category");
+    QTest::addColumn<Answer>("answer");
+    for (const bool by_category : {false, true}) {
+        const char* node = by_category ? "category" : "item";
+        QTest::addRow("%s, OK", node) << by_category << Answer::ok;
+        QTest::addRow("%s, Cancel", node) << by_category << Answer::cancel;
+    }
+}
+
+void tst_line_editor_focus::a_label_editor_opens_before_the_question_of_a_nameless_line_comes()
+{
+    QFETCH(bool, by_category);
+    QFETCH(Answer, answer);
+    StockBesidePage w;
+    if (by_category)
+        w.set_pref(QStringLiteral("sort"), QStringLiteral("cat"));
+    const Key produce = w.add_category(QStringLiteral("Produce"));
+    const Key milk = w.add_item(QStringLiteral("Milk"), produce);
+    w.open();
+    TreeView& stock = w.main().stock_tree().view();
+    QTreeWidgetItem* node = by_category ? stock.node(QStringLiteral("cat") + key_str(produce))
+                                        : stock.node(QStringLiteral("item") + key_str(milk));
+    QVERIFY(node);
+    stock.select(node);
+    w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
+    QTest::keyClicks(&w.qty(), QStringLiteral("2"));
+    {
+        MessageScript script;
+        script.expect(missing_title, missing_new, answer);
+        QTest::keyClick(&stock, Qt::Key_F2);
+        QCOMPARE(script.left(), 1);
+        auto* label = stock.findChild<QLineEdit*>();
+        QVERIFY(label);
+        QVERIFY(label->isVisible());
+    }
+    QCOMPARE(w.editor().is_open(), answer == Answer::ok);
+    QCOMPARE(w.lines(), answer == Answer::ok ? 1 : 0);
+    if (answer == Answer::ok) {
+        QCOMPARE(w.focused_after_message(), &w.item());
+        QCOMPARE(w.qty().text(), QStringLiteral("2"));
+    }
+    QCOMPARE(node->text(0), by_category ? QStringLiteral("Produce") : QStringLiteral("Milk"));
+}
+
+void tst_line_editor_focus::no_question_comes_once_the_box_has_the_focus_again()
+{
+    LineWindow w;
+    w.open();
+    w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
+    const MessageScript no_question;
+    w.Text1().setFocus();
+    w.measure().setFocus();
+    QCoreApplication::processEvents();
+    QVERIFY(w.editor().is_open());
+    QVERIFY(w.measure().hasFocus());
 }
 
 QTEST_MAIN(tst_line_editor_focus)

@@ -273,9 +273,10 @@ void tst_pick_list::the_list_is_not_filled_again_for_the_name_that_was_there()
     QTest::keyClick(&w.item(), Qt::Key_End);
     QTest::keyClick(&w.item(), Qt::Key_Backspace);
     QCOMPARE(rows_of(w.list()).join(u'|'), QStringLiteral("Mild cheese|Milk"));
-    QCOMPARE(w.stored(key, "item_ref"), QStringLiteral("-1"));
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
     QTest::keyClicks(&w.item(), QStringLiteral("k"));
     QCOMPARE(rows_of(w.list()).join(u'|'), QStringLiteral("Mild cheese|Milk"));
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
     QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
 }
 
@@ -328,7 +329,7 @@ void tst_pick_list::choosing_a_stock_name_links_the_line_and_goes_to_the_comment
     QCOMPARE(w.item().property("Tag").toString(), QStringLiteral("Beer"));
     QVERIFY(w.desc().hasFocus());
     QVERIFY(!w.list().isVisible());
-    QCOMPARE(w.main().shared.item_in_work, beer);
+    QCOMPARE(w.editor().draft().edited.item_ref, beer);
     QCOMPARE(w.stored(key, "item"), QStringLiteral("Beer"));
     QCOMPARE(w.stored(key, "item_ref"), QString::number(beer));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(beer));
@@ -348,7 +349,7 @@ void tst_pick_list::choosing_a_stock_name_for_a_new_line_links_it()
     QTest::keyClick(&w.item(), Qt::Key_Down);
     QTest::keyClick(&w.list(), Qt::Key_Return);
     QCOMPARE(w.item().text(), QStringLiteral("Beer"));
-    QCOMPARE(w.page().state.line_mode, 1);
+    QCOMPARE(w.editor().draft().edited.item_ref, beer);
     QCOMPARE(w.button("imgScratch").property("Tag").toString(), QStringLiteral("edit"));
     QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), 0);
     w.tab(w.desc());
@@ -457,7 +458,7 @@ void tst_pick_list::a_typed_name_means_the_stock_item_of_that_name_before_its_si
     w.tab(w.item());
     QVERIFY(w.desc().hasFocus());
     QCOMPARE(w.stored(key, "item || '|' || item_ref"), QStringLiteral("Apples|%1").arg(apples));
-    QCOMPARE(w.main().shared.item_in_work, apples);
+    QCOMPARE(w.editor().draft().edited.item_ref, apples);
 }
 
 void tst_pick_list::choosing_the_name_in_the_box_keeps_the_link_and_goes_to_the_comment()

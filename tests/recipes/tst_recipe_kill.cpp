@@ -1,7 +1,7 @@
 #include "data/connection.h"
 #include "data/query.h"
 #include "data/schema.h"
-#include "household/ingredient_store.h"
+#include "household/line_draft.h"
 #include "household/recipe_store.h"
 
 #include <QRandomGenerator>
@@ -16,6 +16,11 @@ using namespace tarnwick;
 
 namespace {
 
+/// Key of the line that is renamed for ever; the stock items that its two names stand for.
+constexpr Key renamed_line = 1;
+const LinkedName milk{QStringLiteral("Milk"), 1};
+const LinkedName oats{QStringLiteral("Oat drink"), 2};
+
 /// What a user's edits write, over and over, until the process is killed. One byte into `ready` follows the first
 /// round.
 [[noreturn]] void edit_for_ever(const QString& file, int ready)
@@ -24,6 +29,12 @@ namespace {
     connection.open(file);
     for (int i = 1;; ++i) {
         save_recipe(connection, 1, QStringLiteral("Soup %1").arg(i), QStringLiteral("Stir %1").arg(i));
+        for (const LinkedName& name : {oats, milk}) {
+            LineDraft draft = LineDraft::of(*read_line(connection, renamed_line));
+            draft.choose(name);
+            draft.set_text(IngredientField::comment, QStringLiteral("for ") + name.name);
+            save_line(connection, draft);
+        }
         const Key recipe = insert_recipe(connection, QStringLiteral("Stew"), QStringLiteral("02"));
         for (int line = 0; line < 3; ++line) {
             IngredientRow row;
@@ -57,6 +68,14 @@ void tst_recipe_kill::a_killed_edit_is_whole_or_not_there()
         connection.open(file);
         QCOMPARE(insert_recipe(connection, QStringLiteral("Soup 0"), QStringLiteral("11")), Key(1));
         QVERIFY(save_recipe(connection, 1, QStringLiteral("Soup 0"), QStringLiteral("Stir 0")));
+        for (const LinkedName& name : {milk, oats})
+            Query(connection, "INSERT INTO items_1 (key_id, item, cat) VALUES (?, ?, 0)", name.item_ref, name.name)
+                .run();
+        IngredientRow line;
+        line.item = milk.name;
+        line.item_ref = milk.item_ref;
+        line.comment = QStringLiteral("for Milk");
+        QCOMPARE(insert_line(connection, 1, line, 0)->key, renamed_line);
     }
     constexpr int kills = 40;
     for (int kill_number = 0; kill_number < kills; ++kill_number) {
@@ -80,6 +99,11 @@ void tst_recipe_kill::a_killed_edit_is_whole_or_not_there()
         QVERIFY(soup);
         QCOMPARE(soup->body, QStringLiteral("Stir ") + soup->name.mid(5));
         QVERIFY(soup->name.mid(5).toInt() >= 1);
+        const auto line = read_line(connection, renamed_line);
+        QVERIFY(line);
+        QVERIFY(line->item == milk.name || line->item == oats.name);
+        QCOMPARE(line->item_ref, line->item == milk.name ? milk.item_ref : oats.item_ref);
+        QCOMPARE(line->comment, QStringLiteral("for ") + line->item);
         Query orphans(connection, "SELECT count(*) FROM recipe_2 WHERE r_ref NOT IN (SELECT key_id FROM recipe_1)");
         QVERIFY(orphans.next());
         QCOMPARE(orphans.number(0), 0);

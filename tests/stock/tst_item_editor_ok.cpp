@@ -4,6 +4,7 @@
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
 #include "stock/floating_buttons.h"
+#include "household/recipe_store.h"
 #include "household/status.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -44,6 +45,7 @@ private slots:
     void new_item_goes_to_the_ticked_lists();
     void new_item_shows_in_tree_and_status_bar();
     void new_item_on_no_list_offers_the_recipe_button();
+    void new_item_without_an_open_recipe_offers_no_recipe_button();
     void new_item_in_the_alphabetic_view_stands_at_root_level();
     void new_item_links_non_stock_lines_of_its_name();
     void renaming_changes_the_list_copies_without_a_question();
@@ -149,6 +151,9 @@ void tst_item_editor_ok::new_item_on_no_list_offers_the_recipe_button()
 {
     EditorCase test;
     test.add_lists();
+    test.window.set_pref(
+        QStringLiteral("arcp"),
+        QString::number(insert_recipe(test.window.db(), QStringLiteral("Soup"), QStringLiteral("11"))));
     frmmain& main = test.window.load();
     test.open(0, -1, [&](EditorHands& hands) {
         hands.type_name(QStringLiteral("Soap"));
@@ -158,6 +163,20 @@ void tst_item_editor_ok::new_item_on_no_list_offers_the_recipe_button()
     QCOMPARE(main.status_panels().text(), QStringLiteral("Not listed :: Bakery category"));
     QVERIFY(main.floating_buttons().button(1).isVisible());
     QCOMPARE(main.floating_buttons().button(1).toolTip(), QStringLiteral("Add Soap to recipe"));
+}
+
+void tst_item_editor_ok::new_item_without_an_open_recipe_offers_no_recipe_button()
+{
+    EditorCase test;
+    test.add_lists();
+    frmmain& main = test.window.load();
+    test.open(0, -1, [&](EditorHands& hands) {
+        hands.type_name(QStringLiteral("Soap"));
+        hands.choose_category(QStringLiteral("Bakery"));
+        hands.press_ok();
+    });
+    QCOMPARE(main.stock_tree().view().selected()->text(0), QStringLiteral("Soap"));
+    QVERIFY(!main.floating_buttons().button(1).isVisible());
 }
 
 void tst_item_editor_ok::new_item_in_the_alphabetic_view_stands_at_root_level()

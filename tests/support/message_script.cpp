@@ -36,9 +36,10 @@ MessageScript::MessageScript()
     qApp->installEventFilter(this);
 }
 
+// A question that waits for the end of a focus change comes with the next events.
 MessageScript::~MessageScript()
 {
-    if (!steps_.empty())
+    if (!QTest::qWaitFor([this] { return steps_.empty(); }, 1000))
         fail(QStringLiteral("%1 scripted dialog(s) never came").arg(steps_.size()));
 }
 

@@ -1,4 +1,4 @@
-#include "recipes/lost_click.h"
+#include "widgets/lost_click.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -1,0 +1,213 @@
+#include "output/pic_frm.h"
+
+#include "data/settings.h"
+#include "output/dialog_font.h"
+#include "output/sample_page.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace tarnwick {
+namespace {
+
+constexpr int sample_one_column = 138;
+constexpr int sample_one_column_grouped = 139;
+constexpr int sample_two_columns = 140;
+constexpr int sample_two_columns_grouped = 141;
+constexpr int preview_button = 1;
+constexpr int close_button = 2;
+
+template <typename Control, size_t count>
+void make_array(std::array<Control*, count>& controls, const char* name,
+                const std::array<const char*, count>& captions, QWidget* parent)
+{
+    for (size_t i = 0; i < count; ++i) {
+        controls[i] = new Control(QString::fromUtf8(captions[i]), parent);
+        controls[i]->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(i));
+    }
+}
+
+} // namespace
+
+pic_frm::pic_frm(ReportOptions& options, Settings& settings, int type_size, QWidget* owner)
+    : QDialog(owner)
+    , options_(options)
+    , settings_(settings)
+{
+    setObjectName(QStringLiteral("pic_frm"));
+    setWindowTitle(QStringLiteral("Shopping list print setup options"));
+    setModal(true);
+    set_dialog_font(*this, type_size);
+    make_controls();
+    place_controls();
+    show_options();
+    show_sample();
+    connect_controls();
+}
+
+void pic_frm::make_controls()
+{
+    Picture1_ = new QLabel(this);
+    Picture1_->setObjectName(QStringLiteral("Picture1"));
+    frames_ = {new QGroupBox(QStringLiteral("Columns"), this), new QGroupBox(QStringLiteral("Order"), this)};
+    make_array(OptionCol_, "OptionCol", {"One column", "Two columns"}, frames_[0]);
+    make_array(Option2_, "Option2", {"Alphabetic by item", "Group by category", "Sort by aisle"}, frames_[1]);
+    ComboSize_ = new QComboBox(this);
+    ComboSize_->setObjectName(QStringLiteral("ComboSize"));
+    ComboSize_->addItems({QStringLiteral("Small"), QStringLiteral("Medium"), QStringLiteral("Large")});
+    Check1_ = new QCheckBox(QStringLiteral("'Buy-it' (active) items only"), this);
+    Check1_->setObjectName(QStringLiteral("Check1"));
+    make_array(Command1_, "Command1", {"PRINT", "PREVIEW", "CLOSE"}, this);
+    for (QPushButton* button : Command1_)
+        button->setAutoDefault(false);
+}
+
+/// Numbers that a damaged setting held choose nothing.
+void pic_frm::show_options()
+{
+    OptionCol_[options_.col_ct == 1 ? 0 : 1]->setChecked(true);
+    if (options_.sort >= 0 && options_.sort < static_cast<Key>(Option2_.size()))
+        Option2_[static_cast<size_t>(options_.sort)]->setChecked(true);
+    ComboSize_->setCurrentIndex(options_.size < ComboSize_->count() ? options_.size : -1);
+    Check1_->setChecked(options_.active == 1);
+}
+
+void pic_frm::connect_controls()
+{
+    for (int i = 0; i < static_cast<int>(OptionCol_.size()); ++i)
+        connect(OptionCol_[static_cast<size_t>(i)], &QRadioButton::toggled, this, [this, i](bool on) {
+            if (on)
+                take_col_ct(i);
+        });
+    for (int i = 0; i < static_cast<int>(Option2_.size()); ++i)
+        connect(Option2_[static_cast<size_t>(i)], &QRadioButton::toggled, this, [this, i](bool on) {
+            if (on)
+                take_sort(i);
+        });
+    connect(ComboSize_, &QComboBox::currentIndexChanged, this, &pic_frm::take_size);
+    connect(Check1_, &QCheckBox::toggled, this, &pic_frm::take_active);
+    for (int i = 0; i < static_cast<int>(Command1_.size()); ++i)
+        connect(Command1_[static_cast<size_t>(i)], &QPushButton::clicked, this, [this, i] { command(i); });
+}
+
+void pic_frm::place_controls()
+{
+    constexpr int gap = 18;
+    auto* halves = new QHBoxLayout;
+    halves->setSpacing(gap);
+    halves->addWidget(Picture1_, 0, Qt::AlignTop);
+    halves->addLayout(place_choices(), 1);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(18, 16, 18, 16);
+    rows->setSpacing(gap);
+    rows->addLayout(halves);
+    rows->addLayout(place_buttons());
+    rows->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+QLayout* pic_frm::place_choices()
+{
+    constexpr int gap = 10;
+    auto* columns = new QVBoxLayout(frames_[0]);
+    for (QRadioButton* option : OptionCol_)
+        columns->addWidget(option);
+    auto* order = new QVBoxLayout(frames_[1]);
+    for (QRadioButton* option : Option2_)
+        order->addWidget(option);
+    auto* label = new QLabel(QStringLiteral("Type size"), this);
+    label->setBuddy(ComboSize_);
+    auto* size = new QHBoxLayout;
+    size->setSpacing(gap);
+    size->addWidget(label);
+    size->addWidget(ComboSize_, 1);
+
+    auto* choices = new QVBoxLayout;
+    choices->setSpacing(gap);
+    for (QGroupBox* frame : frames_)
+        choices->addWidget(frame);
+    choices->addLayout(size);
+    choices->addWidget(Check1_);
+    choices->addStretch(1);
+    return choices;
+}
+
+QLayout* pic_frm::place_buttons()
+{
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
+    buttons->addStretch(1);
+    for (QPushButton* button : Command1_)
+        buttons->addWidget(button);
+    return buttons;
+}
+
+void pic_frm::take_sort(int sort)
+{
+    options_.sort = static_cast<Key>(sort);
+    store("sort", sort);
+    show_sample();
+}
+
+void pic_frm::take_col_ct(int index)
+{
+    options_.col_ct = static_cast<Key>(index + 1);
+    store("col_ct", index + 1);
+    show_sample();
+}
+
+void pic_frm::take_size(int index)
+{
+    if (index < 0)
+        return;
+    options_.size = static_cast<Key>(index);
+    store("size", index);
+}
+
+void pic_frm::take_active(bool active)
+{
+    options_.active = active ? 1 : 0;
+    store("active", options_.active);
+}
+
+/// What the controls show, as the buttons take it before they act.
+void pic_frm::take_all()
+{
+    for (size_t i = 0; i < Option2_.size(); ++i) {
+        if (Option2_[i]->isChecked())
+            options_.sort = static_cast<Key>(i);
+    }
+    options_.col_ct = OptionCol_[0]->isChecked() ? 1 : 2;
+    options_.active = Check1_->isChecked() ? 1 : 0;
+}
+
+void pic_frm::command(int index)
+{
+    take_all();
+    if (index == close_button)
+        accept();
+    else
+        emit print_wanted(index == preview_button);
+}
+
+void pic_frm::show_sample()
+{
+    const bool grouped = Option2_[report_sort::by_category]->isChecked();
+    const int number = OptionCol_[0]->isChecked() ? (grouped ? sample_one_column_grouped : sample_one_column)
+                                                  : (grouped ? sample_two_columns_grouped : sample_two_columns);
+    Picture1_->setProperty("picture", number);
+    Picture1_->setPixmap(sample_picture(number, devicePixelRatioF()));
+}
+
+/// What is written here is not what the next start reads: its options are those of the main store. This is kept.
+void pic_frm::store(const char* key, int value)
+{
+    settings_.write(QLatin1String(settings_app::dialogs), QStringLiteral("reports"), QLatin1String(key),
+                    QString::number(value));
+}
+
+} // namespace tarnwick
