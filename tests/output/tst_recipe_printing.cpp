@@ -285,6 +285,8 @@ void tst_recipe_printing::print_and_preview_are_disabled_without_a_recipe()
     w.load();
     QVERIFY(!w.main().commands().action(QStringLiteral("mnu_recipe_prnt")).isEnabled());
     QVERIFY(w.page_buttons_enabled(false));
+    MessageScript script;
+    script.expect(QStringLiteral("Tarnwick"), QStringLiteral("No recipe found"));
     w.main().commands().run(QStringLiteral("mnu_recipe_prnt"));
     QCOMPARE(printer.jobs, 0);
 }
