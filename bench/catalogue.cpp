@@ -38,7 +38,7 @@ Environment environment_of(const QString& folder)
     environment.settings_file = folder + QStringLiteral("/settings.ini");
     environment.today = [] { return QDate(2026, 3, 14); };
     environment.open_url = [](const QUrl&) { return true; };
-    environment.end_program = [] {};
+    environment.end_program = [](int) {};
     return environment;
 }
 

@@ -88,17 +88,20 @@ take_from_full_screen() {
 use_program() {
     start_program
     stored load=load && stored font=9 || fail "the first run has not written its settings"
+    stored seprtr=4000 || fail "the first run has moved the separator"
     menu Right Right Right Right Down Return
     wait_until "the recipes were not chosen in the menu" stored tv_view=0
     take_from_full_screen
     xdotool windowsize "$window" 900 650
     wait_until "the size was not stored" stored fwidth=13500
     leave_program xdotool key alt+F4
+    separator=$(grep -o 'seprtr=.*' "$XDG_CONFIG_HOME/tarnwick/settings.ini")
     stored wstate=0 || fail "the close box has not stored that the window was not maximised"
 
     start_program
     wait_until "the second start does not restore the size" has_size 900 650
     stored tv_view=0 || fail "the second start has lost the view"
+    stored "$separator" || fail "the second start has moved the separator"
     leave_program menu Up Return
 }
 

@@ -56,6 +56,7 @@ bool Application::notify(QObject* receiver, QEvent* event)
 
 void end_with_start_message(const runtime_error& error)
 {
+    print_cause(error);
     msg_box(nullptr,
             QStringLiteral("TarnWick encountered an error\nAnd must shut down\n\nError %1: %2")
                 .arg(error.number())
@@ -66,6 +67,7 @@ void end_with_start_message(const runtime_error& error)
 
 void end_with_runtime_message(const runtime_error& error)
 {
+    print_cause(error);
     msg_box(nullptr, QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.description()),
             box::stop, QStringLiteral("TarnWick"));
     std::_Exit(EXIT_FAILURE);

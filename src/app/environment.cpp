@@ -33,7 +33,7 @@ Environment desktop_environment()
     environment.open_url = [](const QUrl& url) { return QDesktopServices::openUrl(url); };
     environment.printer = default_printer;
     environment.documents_folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    environment.end_program = [] { std::_Exit(EXIT_SUCCESS); };
+    environment.end_program = [](int exit_code) { std::_Exit(exit_code); };
     return environment;
 }
 

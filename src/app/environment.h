@@ -24,7 +24,7 @@ struct Environment {
     std::function<std::unique_ptr<QPagedPaintDevice>()>
         printer; ///< the default printer with its paper; null where there is none
     QString documents_folder; ///< where a file dialog begins that saves a document
-    std::function<void()> end_program; ///< ends the process at once; returns only in tests
+    std::function<void(int exit_code)> end_program; ///< ends the process at once; returns only in tests
 
     QString database_file() const { return program_folder + QStringLiteral("/twdata/groc.mdb"); }
     QString icon_file(const QString& name) const { return program_folder + QStringLiteral("/ico/") + name; }

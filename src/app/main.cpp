@@ -1,41 +1,47 @@
 #include "app/application.h"
 #include "app/environment.h"
+#include "app/instance_lock.h"
 #include "window/frmmain.h"
 #include "widgets/message_box.h"
-
-#include <QLockFile>
 
 #include <cstdlib>
 
 using namespace tarnwick;
 
-int main(int argc, char** argv)
-{
-    Application application(argc, argv);
-    Environment environment = desktop_environment();
+namespace {
 
-    // A lock that cannot be made (no folder, no right to write) says nothing of another process; the
-    // database then refuses in its own words.
-    QLockFile instance(environment.program_folder + QStringLiteral("/twdata/groc.lock"));
-    instance.setStaleLockTime(0);
-    if (!instance.tryLock() && instance.error() == QLockFile::LockFailedError) {
-        msg_box(nullptr, QStringLiteral("A previous instance of TarnWick\nis already running"), box::ok,
-                QStringLiteral("TarnWick"));
+/// Runs the program on a folder whose lock is this one; it is given back at every end.
+int run(Application& application, Environment environment, InstanceLock& instance)
+{
+    if (instance.take() == InstanceLock::State::held_by_another) {
+        msg_box(
+            nullptr,
+            QStringLiteral("A previous instance of TarnWick\nis already running\n\n(%1)").arg(instance.folder()),
+            box::ok, QStringLiteral("TarnWick"));
         return EXIT_SUCCESS;
     }
     const auto end_at_once = environment.end_program;
-    environment.end_program = [&instance, end_at_once] {
-        instance.unlock();
-        end_at_once();
+    environment.end_program = [&instance, end_at_once](int exit_code) {
+        instance.release();
+        end_at_once(exit_code);
     };
+    frmmain main(environment);
+    main.load();
+    application.set_started(main);
+    return QApplication::exec();
+}
 
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Application application(argc, argv);
+    const Environment environment = desktop_environment();
+    InstanceLock instance(environment.program_folder + QStringLiteral("/twdata/groc.lock"));
     try {
-        frmmain main(environment);
-        main.load();
-        application.set_started(main);
-        return QApplication::exec();
+        return run(application, environment, instance);
     } catch (...) {
-        instance.unlock();
+        instance.release();
         end_with_start_message(current_error());
     }
 }

@@ -2,6 +2,7 @@
 
 #include <SQLiteCpp/Exception.h>
 
+#include <cstdio>
 #include <new>
 
 namespace tarnwick {
@@ -31,6 +32,12 @@ runtime_error current_error()
     } catch (...) {
         return {application_defined, QStringLiteral("Application-defined or object-defined error")};
     }
+}
+
+void print_cause(const runtime_error& error)
+{
+    const QByteArray cause = error.description().simplified().toLocal8Bit();
+    std::fprintf(stderr, "tarnwick: error %d: %s\n", error.number(), cause.constData());
 }
 
 } // namespace tarnwick

@@ -37,4 +37,7 @@ private:
 /// and text. Call inside a catch block only.
 runtime_error current_error();
 
+/// Prints the error as one line to the standard error, for whoever started the program.
+void print_cause(const runtime_error& error);
+
 } // namespace tarnwick

@@ -1,6 +1,7 @@
 #include "data/settings.h"
 
 #include "data/runtime_error.h"
+#include "data/settings_guard.h"
 #include "data/text.h"
 
 #include <QFileInfo>
@@ -32,6 +33,19 @@ QString full_key(const QString& application, const QString& section, const QStri
     return app + u'/' + group + u'/' + key;
 }
 
+constexpr QLatin1String cannot_open("Could not open registry section");
+constexpr QLatin1String cannot_make("Could not open/create registry section");
+
+QString in_brackets(const QString& path)
+{
+    return u'(' + path + u')';
+}
+
+[[noreturn]] void refuse(int status, QLatin1String text, const QString& why)
+{
+    throw runtime_error(store_error + status, text + u'\n' + why);
+}
+
 struct Default {
     const char* section;
     const char* key;
@@ -52,8 +66,13 @@ constexpr std::array defaults = {
 } // namespace
 
 Settings::Settings(const QString& file)
-    : store_(new QSettings(file, QSettings::IniFormat))
 {
+    try {
+        set_aside_ = settings_guard::prepare(file);
+    } catch (const settings_guard::Refused& refused) {
+        refuse(QSettings::AccessError, cannot_open, QString::fromUtf8(refused.what()));
+    }
+    store_ = new QSettings(file, QSettings::IniFormat);
 }
 
 Settings::~Settings()
@@ -66,12 +85,18 @@ void Settings::write(const QString& application, const QString& section, const Q
     const QString name = full_key(application, section, key);
     if (holds(name, value))
         return;
+    try {
+        settings_guard::wait_until_writable(store_->fileName());
+    } catch (const settings_guard::Refused& refused) {
+        refuse(QSettings::AccessError, cannot_make, QString::fromUtf8(refused.what()));
+    }
     store_->setValue(name, value);
     store_->sync();
+    const QString file = in_brackets(store_->fileName());
     if (const int status = store_->status(); status != QSettings::NoError)
-        throw runtime_error(store_error + status, QStringLiteral("Could not open/create registry section"));
+        refuse(status, cannot_make, file);
     if (!store_->contains(name))
-        throw runtime_error(store_error, QStringLiteral("Could not set key value"));
+        refuse(QSettings::NoError, QLatin1String("Could not set key value"), file);
 }
 
 /// Whether a write would change nothing and would not fail: the file is there, open to writing, with this text.
@@ -88,7 +113,7 @@ QString Settings::read(const QString& application, const QString& section, const
 {
     const QString name = full_key(application, section, key);
     if (const int status = store_->status(); status != QSettings::NoError)
-        throw runtime_error(store_error + status, QStringLiteral("Could not open registry section"));
+        refuse(status, cannot_open, in_brackets(store_->fileName()));
     const QVariant value = store_->value(name);
     if (!value.isValid())
         return default_value;

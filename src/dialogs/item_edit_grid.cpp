@@ -160,6 +160,18 @@ const GridRow& ItemEditGrid::cells(int row) const
     return static_cast<const ListGrid*>(grid_)->rows().row(row);
 }
 
+std::vector<RowEdit> ItemEditGrid::row_edits() const
+{
+    std::vector<RowEdit> edits;
+    for (size_t i = 0; i < list_rows_edit_.size(); ++i) {
+        const EditRow& edit = list_rows_edit_[i];
+        const GridRow& shown = cells(static_cast<int>(i));
+        edits.push_back({edit.action, edit.groc_key, edit.list_key, edit.state == RowState::active, edit.coupon,
+                         shown.date, shown.desc, shown.qty, shown.aisle});
+    }
+    return edits;
+}
+
 void ItemEditGrid::mouse_up(Qt::MouseButton button, QPoint position)
 {
     if (grid_->row_at(position.y()) < 0 || grid_->pressed_row() < 0) {

@@ -2,6 +2,7 @@
 
 #include "household/grid_row.h"
 #include "widgets/row_editor.h"
+#include "household/item_saving.h"
 #include "household/item_store.h"
 
 #include <QWidget>
@@ -20,9 +21,6 @@ int item_editor_type_size(const frmmain& main);
 
 /// How an item stands on the list of a grid row, in the dialog's own view.
 enum class RowState { inactive = 0, active = 1, taken_off = 2, not_listed = 3 };
-
-/// What OK does for a grid row.
-enum class RowAction { none = 0, rewrite = 1, place = 3, take_off = 4 };
 
 /// The part of a grid row that the grid cannot show; its index is the grid row.
 struct EditRow {
@@ -56,6 +54,9 @@ public:
 
     const std::vector<EditRow>& list_rows_edit() const { return list_rows_edit_; }
     const GridRow& cells(int row) const;
+
+    /// The rows as OK is to write them.
+    std::vector<RowEdit> row_edits() const;
 
     /// Whether the item stands twice on one of the lists.
     bool has_repeats() const { return has_repeats_; }

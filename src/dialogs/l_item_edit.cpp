@@ -9,7 +9,8 @@
 #include "widgets/tree_view.h"
 #include "widgets/window_title.h"
 #include "dialogs/item_edit_grid.h"
-#include "dialogs/item_save.h"
+#include "household/household.h"
+#include "lists/placing.h"
 #include "stock/stock_tree.h"
 
 #include <QApplication>
@@ -370,16 +371,30 @@ void l_item_edit::ok()
         msg_box(this, QStringLiteral("Stock item not found"), box::ok, QStringLiteral("Warning"));
         return;
     }
-    ItemEntry entry;
-    entry.mode = mode_;
-    entry.item = main_.shared.item_in_work;
-    entry.line = main_.shared.ingredient_in_work;
-    entry.name = entered_name();
-    entry.renamed = !makes_item() && entry.name != old_name();
-    entry.category = to_int16(combo_->currentData().toDouble());
-    ItemSave(main_, *grid_, std::move(entry)).run();
+    save();
     leaving_ = true;
     accept();
+}
+
+/// An error in the placing of a row ends as any placing does; the dialog closes.
+void l_item_edit::save()
+{
+    SharedValues& shared = main_.shared;
+    ItemEdit edit;
+    edit.item = shared.item_in_work;
+    edit.line = mode_ > edit_mode::edit_item ? shared.ingredient_in_work : Key(-1);
+    edit.name = entered_name();
+    edit.renamed = !makes_item() && edit.name != old_name();
+    edit.link_namesakes = mode_ == edit_mode::new_item;
+    edit.category = to_int16(combo_->currentData().toDouble());
+    edit.today = main_.today();
+    edit.quiet = mode_ != edit_mode::place_item;
+    edit.rows = grid_->row_edits();
+    try {
+        shared.item_in_work = main_.household().save_item(edit);
+    } catch (const placing_error& error) {
+        main_.placing().end_after_error(error);
+    }
 }
 
 void l_item_edit::reject()

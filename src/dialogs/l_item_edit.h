@@ -49,6 +49,7 @@ private:
     // Controls
     void new_category();
     void ok();
+    void save();
 
     frmmain& main_;
     ItemStore store_;

@@ -2,8 +2,8 @@
 
 #include "window/frmmain.h"
 #include "widgets/message_box.h"
+#include "household/household.h"
 #include "widgets/one_line_box.h"
-#include "lists/lists.h"
 #include "household/lists_store.h"
 #include "household/recipe_categories.h"
 #include "household/recipe_store.h"
@@ -175,8 +175,7 @@ bool new_item_rcp::ok_list(const QString& name)
                 box::information, QStringLiteral("Valora info"));
         return false;
     }
-    made_ = insert_list(main_.connection(), name, main_.today());
-    main_.lists().list_made(made_);
+    made_ = main_.household().make_list(name, main_.today());
     return true;
 }
 

@@ -2,18 +2,13 @@
 
 #include "data/integrity.h"
 #include "data/query.h"
-#include "household/status.h"
+#include "household/treatment.h"
 
 #include <string_view>
 #include <unordered_set>
 
 namespace tarnwick {
 namespace {
-
-struct LinkedRow {
-    Key groc_key;
-    Key item;
-};
 
 std::string_view rows_sql(int mode)
 {
@@ -56,8 +51,8 @@ std::vector<ItemStatus> write_items(Connection& connection, const std::vector<Li
     for (const LinkedRow& row : rows) {
         if (!seen.insert(row.item).second)
             continue;
-        if (Query(connection, "UPDATE items_1 SET to_get = 0 WHERE key_id = ?", row.item).run() > 0)
-            items.push_back({row.item, write_status(connection, row.item)});
+        if (const auto status = store_status(connection, Cause::clearing, row.item, false))
+            items.push_back({row.item, *status});
     }
     return items;
 }
@@ -69,11 +64,12 @@ bool has_rows_to_clear(Connection& connection, Key list, int mode)
     return Query(connection, rows_sql(mode), list).next();
 }
 
-std::vector<ItemStatus> clear_rows(Connection& connection, Key list, int mode)
+ClearedRows clear_rows(Connection& connection, Key list, int mode)
 {
     Transaction transaction(connection);
-    std::vector<ItemStatus> items;
-    const std::vector<LinkedRow> rows = rows_to_clear(connection, list, mode);
+    ClearedRows cleared;
+    cleared.rows = rows_to_clear(connection, list, mode);
+    const std::vector<LinkedRow>& rows = cleared.rows;
     if (!rows.empty()) {
         if (mode == clear_mode::uncheck) {
             run_for_rows(connection, "UPDATE groc_1 SET to_get = 0 WHERE key_id = ?", rows);
@@ -81,11 +77,11 @@ std::vector<ItemStatus> clear_rows(Connection& connection, Key list, int mode)
             run_for_rows(connection, "DELETE FROM tie WHERE groc_id = ?", rows);
             run_for_rows(connection, "DELETE FROM groc_1 WHERE key_id = ?", rows);
         }
-        items = write_items(connection, rows);
+        cleared.items = write_items(connection, rows);
         data_integrity_check(connection);
     }
     transaction.commit();
-    return items;
+    return cleared;
 }
 
 std::optional<ItemStatus> delete_list_row(Connection& connection, Key groc_key)
@@ -104,7 +100,8 @@ std::optional<ItemStatus> delete_list_row(Connection& connection, Key groc_key)
     }
     if (link) {
         Query(connection, "DELETE FROM tie WHERE key_id = ?", *tie_key).run();
-        item = ItemStatus{link->item, write_status(connection, link->item)};
+        const auto status = store_status(connection, Cause::row_removal, link->item, false);
+        item = ItemStatus{link->item, status.value_or(status_code::non_stock)};
     }
     transaction.commit();
     return item;

@@ -2,9 +2,10 @@
 
 #include "data/connection.h"
 #include "data/text.h"
+#include "household/treatment.h"
 
-#include <vector>
 #include <optional>
+#include <vector>
 
 namespace tarnwick {
 
@@ -15,18 +16,24 @@ inline constexpr int delete_unchecked = 2;
 inline constexpr int delete_all = 3;
 } // namespace clear_mode
 
-/// A stock item that stays behind list rows that changed or went, and its new status code.
-struct ItemStatus {
+/// A list row and the stock item behind it.
+struct LinkedRow {
+    Key groc_key;
     Key item;
-    int status;
 };
 
 /// Whether a clearing in this mode, 1 to 3, finds rows on the list.
 bool has_rows_to_clear(Connection& connection, Key list, int mode);
 
+/// What a clearing has changed.
+struct ClearedRows {
+    std::vector<ItemStatus> items; ///< each stock item behind the rows once, if it still exists
+    std::vector<LinkedRow> rows;
+};
+
 /// Clears a list in mode 1 to 3 and repairs `tie`, in one transaction; without rows nothing is written.
-/// Returns each stock item behind the rows once, if it still exists. Throws SQLite::Exception.
-std::vector<ItemStatus> clear_rows(Connection& connection, Key list, int mode);
+/// Throws SQLite::Exception.
+ClearedRows clear_rows(Connection& connection, Key list, int mode);
 
 /// Deletes one list row with its link, in one transaction. Returns the stock item behind it; nothing when
 /// the row had no link. Throws SQLite::Exception.

@@ -141,7 +141,7 @@ std::optional<IngredientRow> save_line(Connection& connection, const LineDraft& 
               draft.edited.item, line)
             .run();
     }
-    const auto stored = read_line(connection, line);
+    auto stored = read_line(connection, line);
     transaction.commit();
     return stored;
 }

@@ -32,7 +32,7 @@ int count_list_rows(Connection& connection, Key list);
 
 /// What is left when a list is gone.
 struct ListDeletion {
-    std::vector<ItemStatus> items; ///< the stock items of its rows
+    ClearedRows cleared; ///< its rows and their stock items
     std::optional<Key> first_list; ///< the first list that remains
 };
 

@@ -2,7 +2,7 @@
 
 #include "data/keys.h"
 #include "data/query.h"
-#include "household/status.h"
+#include "household/treatment.h"
 
 namespace tarnwick {
 namespace {
@@ -25,16 +25,15 @@ std::optional<PlacedRow> insert_list_row(Connection& connection, const Placement
 {
     Transaction transaction(connection);
     std::optional<PlacedRow> placed;
-    if (const auto name = stock_item_name(connection, placement.item_key)) {
+    const auto name = stock_item_name(connection, placement.item_key);
+    if (name && list_name_of(connection, placement.list_key)) {
         placed = PlacedRow{0, trim(*name), 0};
         placed->groc_key = insert_row(connection, placed->item, placement);
         Query(connection, "INSERT INTO tie (key_id, groc_id, item_id, list) VALUES (?, ?, ?, ?)",
               get_node(connection, Table::tie), placed->groc_key, placement.item_key, placement.list_key)
             .run();
-        placed->status = lite_status(connection, placement.item_key);
-        Query(connection, "UPDATE items_1 SET to_get = ?, status = ? WHERE key_id = ?", placement.to_get,
-              placed->status, placement.item_key)
-            .run();
+        placed->status = store_status(connection, Cause::placing, placement.item_key, placement.to_get)
+                             .value_or(status_code::non_stock);
     }
     transaction.commit();
     return placed;
@@ -50,10 +49,11 @@ std::optional<ListedRow> item_on_list(Connection& connection, Key item, Key list
     return row.next() ? std::optional(ListedRow{row.text(0), row.flag(1)}) : std::nullopt;
 }
 
-std::optional<Key> write_buy_it(Connection& connection, Key groc_key, Key list, bool to_get)
+std::optional<ItemStatus> write_buy_it(Connection& connection, Key groc_key, Key list, bool to_get)
 {
     Transaction transaction(connection);
     std::optional<Key> item;
+    std::optional<ItemStatus> ticked;
     {
         Query row(connection,
                   "SELECT t.item_id FROM groc_1 g, tie t, items_1 i WHERE g.key_id = ? AND g.key_id = t.groc_id"
@@ -63,12 +63,12 @@ std::optional<Key> write_buy_it(Connection& connection, Key groc_key, Key list, 
             item = row.key(0);
     }
     if (item) {
-        const int plain_code = to_get ? status_code::buy_it : status_code::inactive;
         Query(connection, "UPDATE groc_1 SET to_get = ? WHERE key_id = ?", to_get, groc_key).run();
-        Query(connection, "UPDATE items_1 SET status = ? WHERE key_id = ?", plain_code, *item).run();
+        const auto status = store_status(connection, Cause::grid_box, *item, to_get);
+        ticked = ItemStatus{*item, status.value_or(status_code::non_stock)};
     }
     transaction.commit();
-    return item;
+    return ticked;
 }
 
 std::optional<Key> item_of_row(Connection& connection, Key groc_key)

@@ -2,6 +2,7 @@
 
 #include "data/connection.h"
 #include "data/text.h"
+#include "household/treatment.h"
 
 #include <QDate>
 #include <QString>
@@ -31,7 +32,7 @@ struct PlacedRow {
 };
 
 /// Writes a new list row, its link and the item's flag and status, in one transaction. Nothing when
-/// there is no such stock item. Throws SQLite::Exception, and error 6 when the keys are used up.
+/// there is no such stock item or no such list. Throws SQLite::Exception, and error 6 when the keys are used up.
 std::optional<PlacedRow> insert_list_row(Connection& connection, const Placement& placement);
 
 /// A row that an item already has on a list.
@@ -44,8 +45,9 @@ struct ListedRow {
 std::optional<ListedRow> item_on_list(Connection& connection, Key item, Key list);
 
 /// Writes the buy-it mark of a list row and the plain code 7 or 6 of its item, in one transaction.
-/// Returns the item; nothing, and no change, when the row is not on the list. Throws SQLite::Exception.
-std::optional<Key> write_buy_it(Connection& connection, Key groc_key, Key list, bool to_get);
+/// Returns the item with its true code; nothing, and no change, when the row is not on the list. Throws
+/// SQLite::Exception.
+std::optional<ItemStatus> write_buy_it(Connection& connection, Key groc_key, Key list, bool to_get);
 
 /// The stock item behind a list row.
 std::optional<Key> item_of_row(Connection& connection, Key groc_key);

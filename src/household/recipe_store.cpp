@@ -2,7 +2,7 @@
 
 #include "data/keys.h"
 #include "data/query.h"
-#include "household/status.h"
+#include "household/treatment.h"
 
 namespace tarnwick {
 
@@ -165,9 +165,9 @@ int mark_item(Connection& connection, Key item, bool to_get)
           "UPDATE groc_1 SET to_get = ? WHERE key_id IN (SELECT t.groc_id FROM tie t WHERE t.item_id = ?)", to_get,
           item)
         .run();
-    const int status = write_status(connection, item);
+    const auto status = store_status(connection, Cause::page_box, item, to_get);
     transaction.commit();
-    return status;
+    return status.value_or(status_code::non_stock);
 }
 
 } // namespace tarnwick

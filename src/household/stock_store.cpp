@@ -1,7 +1,7 @@
 #include "household/stock_store.h"
 
 #include "data/query.h"
-#include "household/status.h"
+#include "household/treatment.h"
 
 namespace tarnwick {
 
@@ -59,13 +59,13 @@ std::vector<TiedRow> clickable_rows(Connection& connection, Key item)
     return found;
 }
 
-void store_box_click(Connection& connection, Key item, Key groc_key, bool to_get)
+int store_box_click(Connection& connection, Key item, Key groc_key, bool to_get)
 {
-    const int code = to_get ? status_code::buy_it : status_code::inactive;
     Transaction transaction(connection);
     Query(connection, "UPDATE groc_1 SET to_get = ? WHERE key_id = ?", to_get, groc_key).run();
-    Query(connection, "UPDATE items_1 SET status = ? WHERE key_id = ?", code, item).run();
+    const auto status = store_status(connection, Cause::tree_box, item, to_get);
     transaction.commit();
+    return status.value_or(status_code::non_stock);
 }
 
 std::optional<TiedRow> first_tied_row(Connection& connection, Key item)

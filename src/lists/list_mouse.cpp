@@ -14,32 +14,6 @@
 #include <QMenu>
 
 namespace tarnwick {
-namespace {
-
-/// In the all-lists view a row's own list stands in for the current one while the row is worked on.
-class RowList {
-public:
-    RowList(SharedValues& shared, Key list_key)
-        : shared_(shared)
-        , all_lists_(shared.all_lists_view)
-    {
-        if (all_lists_)
-            shared_.current_list = list_key;
-    }
-    ~RowList()
-    {
-        if (all_lists_)
-            shared_.current_list = 0;
-    }
-    RowList(const RowList&) = delete;
-    RowList& operator=(const RowList&) = delete;
-
-private:
-    SharedValues& shared_;
-    bool all_lists_;
-};
-
-} // namespace
 
 ListMouse::ListMouse(frmmain& main)
     : main_(main)
@@ -97,15 +71,11 @@ void ListMouse::row_clicked(Qt::MouseButton button)
     const int column = grid().current_col();
     const bool left = button == Qt::LeftButton;
     RowEditor& editor = main_.row_editor();
-    {
-        const GridRow& clicked = grid().rows().row(row);
-        const RowList row_list(main_.shared, clicked.list_key);
-        if (left && column == grid_column::coupon)
-            editor.switch_coupon(row, trim(clicked.date).isEmpty());
-        main_.placing().show_row_status(row);
-        if (left && column == grid_column::check)
-            main_.placing().toggle_buy_it(row);
-    }
+    if (left && column == grid_column::coupon)
+        editor.switch_coupon(row, trim(grid().rows().row(row).date).isEmpty());
+    main_.placing().show_row_status(row);
+    if (left && column == grid_column::check)
+        main_.placing().toggle_buy_it(row);
     if (left && column >= grid_column::item)
         editor.show_l_line();
     grid().set_current(row, grid_column::item);
@@ -148,7 +118,7 @@ void ListMouse::remove_row(int row)
         return;
     const Key key = grid().rows().row(row).groc_key;
     main_.shared.last_groc_key = key;
-    main_.clearing().groc_del(key, true, true);
+    main_.clearing().groc_del(key);
 }
 
 } // namespace tarnwick

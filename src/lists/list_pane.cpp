@@ -281,7 +281,7 @@ void ListPane::set_type_size()
 {
     grid_->set_type_size(main_.shared.type_size);
     header_->set_type_size(main_.shared.type_size);
-    if (frmCreateList_->isVisible())
+    if (notice_shown())
         set_CreateList(true);
 }
 

@@ -7,7 +7,7 @@
 #include "widgets/header_bar.h"
 #include "lists/list_pane.h"
 #include "dialogs/new_item_rcp.h"
-#include "recipes/recipe_page.h"
+#include "lists/placing.h"
 #include "window/commands.h"
 #include "household/status.h"
 
@@ -45,6 +45,21 @@ void Lists::new_list()
 {
     main_.shared.dialog_kind = naming::list;
     new_item_rcp(main_, &main_).exec();
+}
+
+void Lists::lists_changed(const ListsChange& change)
+{
+    switch (change.kind) {
+    case ListsChange::Kind::made:
+        list_made(change.list);
+        break;
+    case ListsChange::Kind::renamed:
+        list_renamed(change.list, change.name);
+        break;
+    case ListsChange::Kind::deleted:
+        list_deleted(change.first_left);
+        break;
+    }
 }
 
 void Lists::list_made(Key list)
@@ -162,8 +177,11 @@ void Lists::rename_list()
         return;
     strip_apostrophes(name);
     name = trim(name);
-    rename_list_record(connection, list, name);
+    main_.household().rename_list(list, name);
+}
 
+void Lists::list_renamed(Key list, const QString& name)
+{
     Commands& commands = main_.commands();
     const QString tag = QString::number(list);
     for (int i = 0; i < commands.list_entries(); ++i) {
@@ -177,8 +195,11 @@ void Lists::rename_list()
 void Lists::list_del()
 {
     Connection& connection = main_.connection();
-    SharedValues& shared = main_.shared;
-    const Key list = shared.current_list;
+    const Key list = main_.shared.current_list;
+    if (main_.household().refusal_of(list) == Refusal::no_list) {
+        main_.placing().say_list_gone();
+        return;
+    }
     const QString name = get_list_name(connection, list);
     const int rows = count_list_rows(connection, list);
     const QString text = rows == 0
@@ -191,17 +212,17 @@ void Lists::list_del()
     if (rows > 0 && !has_rows_to_clear(connection, list, clear_mode::delete_all))
         main_.clearing().say_no_rows(clear_mode::delete_all);
 
-    const ListDeletion deletion = delete_list(connection, list);
     const UpdateLock lock(main_);
-    main_.clearing().show_cleared(clear_mode::delete_all, deletion.items);
-    shared.current_list = deletion.first_list.value_or(Key{-1});
-    // The setting takes "1" and not the key of the list that follows.
-    main_.settings().set_pref(QStringLiteral("alist"),
-                              deletion.first_list ? QStringLiteral("1") : QStringLiteral("-1"));
-    if (!deletion.first_list)
+    main_.household().delete_list(list);
+}
+
+void Lists::list_deleted(std::optional<Key> first_left)
+{
+    main_.shared.current_list = first_left.value_or(Key{-1});
+    // The setting takes "1" and not the key of the list that follows: kept as it is.
+    main_.settings().set_pref(QStringLiteral("alist"), first_left ? QStringLiteral("1") : QStringLiteral("-1"));
+    if (!first_left)
         hide_column_groups();
-    if (main_.recipe_page().has_recipe())
-        main_.recipe_page().set_recipe(shared.cur_recipe);
     main_.l_r_refresh();
     set_mnu_lists();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "household/household.h"
 #include "household/lists_store.h"
 
 #include <QObject>
@@ -27,10 +28,13 @@ public:
     /// A click on entry i of the list menu.
     void choose(int entry);
 
-    /// What follows when the naming dialog has made a list: it becomes the current one.
-    void list_made(Key list);
+    /// A list that was made becomes the current one; one that was deleted is followed by the first that remains.
+    void lists_changed(const ListsChange& change);
 
 private:
+    void list_made(Key list);
+    void list_renamed(Key list, const QString& name);
+    void list_deleted(std::optional<Key> first_left);
     void choose_list(const QString& caption, const QString& tag);
     void tick(int entry);
     void show_no_lists();

@@ -5,16 +5,9 @@
 #include "data/runtime_error.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "household/list_store.h"
-#include "widgets/row_editor.h"
-#include "recipes/recipe_page.h"
-#include "stock/floating_buttons.h"
+#include "household/household.h"
 #include "dialogs/l_item_edit.h"
 #include "household/status.h"
-#include "stock/stock_tree.h"
-
-#include <QApplication>
-#include <QScopedValueRollback>
 
 namespace tarnwick {
 
@@ -23,24 +16,29 @@ Placing::Placing(frmmain& main)
 {
 }
 
-bool Placing::chck_item(Key item_key, Key list_key)
+PlacingAnswer Placing::chck_item(Key item_key, Key list_key)
 {
     Connection& connection = main_.connection();
     const auto listed = item_on_list(connection, item_key, list_key);
     if (!listed)
-        return false;
+        return PlacingAnswer::go_on;
     const QString word = listed->to_get ? QStringLiteral("active") : QStringLiteral("inactive");
     const QString text = QStringLiteral("There is already an ") + word + u' ' + trim(listed->item)
         + QStringLiteral("\n stock item on the ") + get_list_name(connection, list_key)
         + QStringLiteral(" list -\n\nDo you want to add another?\n\nChoose YES to add another, NO to Cancel:");
-    return msg_box(&main_, text, box::yes_no | box::question | box::second_default, QStringLiteral("Question"))
-        != Answer::yes;
+    const Answer answer
+        = msg_box(&main_, text, box::yes_no | box::question | box::second_default, QStringLiteral("Question"));
+    return answer == Answer::yes ? PlacingAnswer::go_on : PlacingAnswer::cancelled;
 }
 
 void Placing::stock_to_list(Key item_key)
 {
     SharedValues& shared = main_.shared;
-    if (chck_item(item_key, shared.current_list))
+    if (shared.current_list > 0 && main_.household().refusal_of(shared.current_list) != Refusal::none) {
+        say_list_gone();
+        return;
+    }
+    if (chck_item(item_key, shared.current_list) == PlacingAnswer::cancelled)
         return;
     if (shared.current_list < 0) {
         msg_box(&main_,
@@ -78,86 +76,36 @@ bool Placing::end_after_error(const runtime_error& error)
 {
     if (error.is(runtime_error::subscript))
         return true;
-    main_.shut_down();
+    main_.shut_down(error);
     return false;
 }
 
 void Placing::place(const Placement& placement)
 {
-    const auto placed = insert_list_row(main_.connection(), placement);
-    if (!placed) {
+    switch (main_.household().place(placement)) {
+    case Refusal::no_list:
+        say_list_gone();
+        break;
+    case Refusal::no_item:
         msg_box(&main_, QStringLiteral("Stock item not found"), box::ok, QStringLiteral("Warning"));
-        return;
+        break;
+    case Refusal::none:
+        main_.shared.last_groc_key = main_.household().last_groc_key();
+        break;
     }
-    show_placed(placement, *placed);
 }
 
-void Placing::show_placed(const Placement& placement, const PlacedRow& placed)
+void Placing::say_list_gone()
 {
-    main_.shared.last_groc_key = placed.groc_key;
-    if (main_.shared.all_lists_view || placement.list_key == main_.shared.current_list)
-        show_row(placement, placed);
-    show_item(placement, placed.status);
-}
-
-void Placing::show_row(const Placement& placement, const PlacedRow& placed)
-{
-    const bool active = placed.status == status_code::buy_it || placed.status == status_code::buy_it_plus;
-    const bool coupon = placed.status == status_code::unlisted;
-    GridRow row;
-    row.groc_key = placed.groc_key;
-    row.list_key = placement.list_key;
-    row.item_key = placement.item_key;
-    row.to_get = placement.to_get;
-    row.light = active ? picture_base::light_on : picture_base::light_off;
-    row.check = active ? picture_base::check_on : picture_base::check_off;
-    row.item = placed.item;
-    row.desc = placement.desc.isEmpty() ? QStringLiteral(" ") : trim(placement.desc);
-    row.qty = placement.qty > 0 ? QString::number(placement.qty) : QStringLiteral(" ");
-    list_store::set_coupon_cells(row, coupon,
-                                 coupon ? placement.created.toString(screen_date_format) : QStringLiteral(" "));
-    row.aisle = trim(placement.aisle);
-
-    RowEditor& editor = main_.row_editor();
-    const bool editor_was_open = editor.is_open();
-    const bool show = !placement.quiet && main_.shared.list_pane_shown;
-    main_.list_pane().add_row(std::move(row), show);
-    const bool window_enabled = main_.isEnabled() && !QApplication::activeModalWidget();
-    const bool mark = show && window_enabled && main_.shared.placing_source < placing_source::manager_all_lists;
-    if (mark || (show && editor_was_open))
-        editor.show_l_line();
-    main_.floating_buttons().hide_all();
-}
-
-void Placing::show_item(const Placement& placement, int status)
-{
-    if (main_.shared.stock_view && !placement.quiet)
-        main_.set_status(get_status(main_.connection(), placement.item_key));
-    main_.stock_tree().set_item_picture(placement.item_key, status, false);
+    msg_box(&main_, QStringLiteral("This list no longer exists. Choose another one from the Shopping lists menu."),
+            box::exclamation, QStringLiteral("Shopping list"));
 }
 
 void Placing::toggle_buy_it(int row)
 {
-    SharedValues& shared = main_.shared;
-    const GridRow& grid_row = main_.list_pane().grid().rows().row(row);
-    const QScopedValueRollback<Key> list_in_use(shared.current_list);
-    if (shared.all_lists_view)
-        shared.current_list = grid_row.list_key;
-    const bool to_get = !grid_row.to_get;
-    if (const auto item = write_buy_it(main_.connection(), grid_row.groc_key, shared.current_list, to_get))
-        show_buy_it(row, *item, to_get);
-}
-
-void Placing::show_buy_it(int row, Key item, bool to_get)
-{
-    main_.list_pane().grid().rows().change_row(
-        row, [to_get](GridRow& changed) { list_store::set_to_get(changed, to_get); });
-    Connection& connection = main_.connection();
-    main_.set_status(get_status(connection, item));
-    const int status = lite_status(connection, item);
-    main_.stock_tree().set_item_picture(item, status, false);
-    if (main_.recipe_page().has_recipe())
-        main_.recipe_page().set_item_status(item, status);
+    const GridRow& ticked = main_.list_pane().grid().rows().row(row);
+    const Key list = main_.shared.all_lists_view ? ticked.list_key : main_.shared.current_list;
+    main_.household().tick(ticked.groc_key, list, !ticked.to_get);
 }
 
 void Placing::show_row_status(int row)

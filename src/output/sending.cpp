@@ -83,11 +83,12 @@ std::optional<ListSheet> Sending::list_wanted()
     return list;
 }
 
-/// The file is written whole before it takes the place of the former one.
+/// The file is written whole before it takes the place of the former one. Its flush tells of a full disk; the
+/// commit would not.
 bool Sending::write_file(const QString& path, const QByteArray& bytes)
 {
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit())
         return true;
     say(QStringLiteral("The file\n%1\ncould not be written.\n\n%2")
             .arg(QDir::toNativeSeparators(path), file.errorString()),

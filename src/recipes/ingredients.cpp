@@ -133,11 +133,13 @@ void Ingredients::show_inserted(const IngredientRow& row)
 // A line that got another name is known by the name of its stock item from now on.
 void Ingredients::ingred_updt(int index, const LineDraft& draft)
 {
+    // The stock item may have gone, or got another name, while the line was open.
+    const IngredientRow row = read_line(main_.connection(), draft.stored.key).value_or(draft.edited);
     IngredientLine& line = page_.lines().at(static_cast<size_t>(index));
-    line.text = draft.edited.display_text();
-    line.item_ref = draft.edited.item_ref;
-    if (draft.edited.item != draft.opened.name)
-        line.item = stock_item_name(main_.connection(), line.item_ref).value_or(draft.edited.item);
+    line.text = row.display_text();
+    line.item_ref = row.item_ref;
+    if (row.item != draft.opened.name)
+        line.item = stock_item_name(main_.connection(), line.item_ref).value_or(row.item);
     page_.refresh_line(index);
     page_.set_lites(index, lite_status(main_.connection(), line.item_ref));
     page_.layout_page();
@@ -178,7 +180,7 @@ void Ingredients::drop_new_line()
 void Ingredients::end_after_error(const runtime_error& error)
 {
     if (!error.is(runtime_error::type_mismatch))
-        main_.shut_down();
+        main_.shut_down(error);
     editor_.hide_line();
     drop_new_line();
 }

@@ -25,7 +25,7 @@ public:
     /// Inserts the line at the recipe's end and shows it. False when the name is missing, after the message.
     bool add_ingred(const LineDraft& draft);
 
-    /// Shows an edited line as the draft has it.
+    /// Shows an edited line as it is stored, or as the draft has it when it has gone.
     void ingred_updt(int index, const LineDraft& draft);
 
     void ingred_del(int index); ///< at once, without a question; no line has the focus afterwards

@@ -460,6 +460,7 @@ void LineEditor::finish_or_ask()
 
 void LineEditor::ask_for_name()
 {
+    list_.hide();
     const bool may_cancel = draft_.is_new() && draft_.placed_item < 1;
     QString text = QStringLiteral("Please provide a name for your ingredient");
     if (may_cancel)

@@ -8,7 +8,6 @@
 #include <QObject>
 #include <QString>
 
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -25,6 +24,10 @@ class LineEditor;
 class LostClick;
 class PageText;
 class frmmain;
+enum class LineTip;
+struct ItemChange;
+struct ItemCodes;
+struct ListsChange;
 
 /// What the page's own procedures hand to each other.
 struct PageState {
@@ -104,17 +107,13 @@ public:
     /// The boxes of an open line editor lose the focus to the tree: finishes the edit.
     void finish_line_editor();
 
-    // What other panes tell the page about a stock item; lines of other items stay as they are.
     bool shows_item(Key item) const; ///< a line has this stock item
-    void set_item_status(Key item, int code); ///< light and check box of a status code
-    void set_item_tool_tip(Key item, const QString& text);
-    void unlink_item(Key item, const QString& tool_tip); ///< lines become non-stock
 
-    /// Takes the lines' links to a stock item over from the file. A line that is linked there gets the light
-    /// of the code and its stored name, the joint and the status for a tool tip; one that was linked and is
-    /// no more becomes non-stock, with that tool tip.
-    void follow_links(Key item, int code, const QString& joint, const QString& status,
-                      const QString& unlinked_tool_tip);
+    /// Shows on the lines what an operation did to their stock items, whether the page is on show or not.
+    void item_changed(const ItemChange& change);
+
+    /// Loads the page again when a list has gone, whose rows its lights depend on.
+    void lists_changed(const ListsChange& change);
 
     /// Saves what can be saved of an open line editor and closes it without a question.
     void close_line_editor();
@@ -160,9 +159,8 @@ private:
     int content_height() const;
     int color_index() const;
     void check_clicked(int index);
-    void mark_to_buy(int to_state, Key item);
-    void show_in_grid(bool to_get);
-    void change_lines(Key item, const std::function<void(IngredientLine&, int)>& change);
+    void show_item(const ItemCodes& codes, LineTip tip);
+    void follow_links(const ItemCodes& codes, const QString& joint);
 
     frmmain& main_;
     QFrame* frame4_;

@@ -1,16 +1,12 @@
 #include "recipes/recipe_page.h"
 
 #include "window/frmmain.h"
-#include "widgets/list_grid.h"
-#include "lists/list_pane.h"
-#include "household/list_store.h"
+#include "household/household.h"
 #include "recipes/line_widgets.h"
 #include "recipes/page_text.h"
 #include "household/recipe_store.h"
-#include "widgets/tree_view.h"
 #include "dialogs/l_item_edit.h"
 #include "household/status.h"
-#include "stock/stock_tree.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -24,6 +20,12 @@ namespace {
 constexpr int clear_state = 0;
 constexpr int buy_state = 1;
 constexpr int refresh_state = 2;
+
+/// The mark of a state; none for one that only refreshes.
+std::optional<bool> mark_of(int to_state)
+{
+    return to_state == refresh_state ? std::nullopt : std::optional(to_state == buy_state);
+}
 
 int wanted_state(int code)
 {
@@ -89,12 +91,8 @@ void RecipePage::recipe_chck(int to_state, Key line_key)
             main_.shared.last_groc_key = -1;
             show_item_editor(main_);
         }
-    } else if (const auto placed = first_placed_row(main_.connection(), link->item_ref)) {
-        main_.shared.last_groc_key = placed->groc_key;
-        mark_to_buy(to_state, link->item_ref);
-        const bool in_grid = placed->list == main_.shared.current_list || main_.shared.all_lists_view;
-        if (to_state != refresh_state && in_grid && main_.list_pane().set_row(placed->groc_key))
-            show_in_grid(to_state == buy_state);
+    } else if (const auto row = main_.household().check_line(link->item_ref, mark_of(to_state))) {
+        main_.shared.last_groc_key = *row;
     } else {
         main_.shared.last_groc_key = -1;
         main_.shared.item_in_work = link->item_ref;
@@ -103,78 +101,60 @@ void RecipePage::recipe_chck(int to_state, Key line_key)
     }
 }
 
-void RecipePage::mark_to_buy(int to_state, Key item)
-{
-    Connection& connection = main_.connection();
-    const int code = to_state == refresh_state ? lite_status(connection, item)
-                                               : mark_item(connection, item, to_state == buy_state);
-    IngredientLine& line = lines()[static_cast<size_t>(state.cur_line)];
-    const int marked = to_state == buy_state ? status_code::buy_it : status_code::inactive;
-    set_lites(state.cur_line, to_state == refresh_state ? code : marked);
-    line.tool_tip = get_status(connection, item);
-    refresh_line(state.cur_line);
-    main_.set_status(line.tool_tip);
-    main_.stock_tree().set_item_picture(item, code, false);
-    if (auto* node = main_.stock_tree().item_node(item))
-        main_.stock_tree().view().ensure_visible(node);
-}
-
-void RecipePage::show_in_grid(bool to_get)
-{
-    ListGrid& grid = main_.list_pane().grid();
-    grid.rows().change_row(grid.current_row(), [to_get](GridRow& row) { list_store::set_to_get(row, to_get); });
-}
-
 bool RecipePage::shows_item(Key item) const
 {
     const auto& all = recipe_lines_->lines();
     return item > 0 && std::any_of(all.begin(), all.end(), [&](const auto& line) { return line.item_ref == item; });
 }
 
-void RecipePage::change_lines(Key item, const std::function<void(IngredientLine&, int)>& change)
+void RecipePage::item_changed(const ItemChange& change)
 {
+    const LineTip tip = treatment_of(change.cause).tool_tip;
+    for (const ItemCodes& codes : change.items) {
+        if (tip == LineTip::line_and_words)
+            follow_links(codes, change.record->linked_by_name ? QStringLiteral(": ") : QStringLiteral(" - "));
+        else if (shows_item(codes.item))
+            show_item(codes, tip);
+    }
+}
+
+void RecipePage::show_item(const ItemCodes& codes, LineTip tip)
+{
+    Connection& connection = main_.connection();
+    const QString text
+        = tip == LineTip::words ? get_status(connection, codes.item) : get_ttt(connection, codes.item);
     for (int i = 0; i < recipe_lines_->count(); ++i) {
         IngredientLine& line = lines()[static_cast<size_t>(i)];
-        if (line.item_ref != item || item < 1)
+        if (line.item_ref != codes.item)
             continue;
-        change(line, i);
+        line.tool_tip = text;
+        set_lites(i, codes.page);
         refresh_line(i);
     }
 }
 
-void RecipePage::set_item_status(Key item, int code)
+/// Takes the lines' links to a stock item over from the file. A line that is linked there shows its stored name,
+/// the joint and the status; one that was linked and is no more becomes non-stock.
+void RecipePage::follow_links(const ItemCodes& codes, const QString& joint)
 {
-    change_lines(item, [&](IngredientLine&, int index) { set_lites(index, code); });
-}
-
-void RecipePage::set_item_tool_tip(Key item, const QString& text)
-{
-    change_lines(item, [&](IngredientLine& line, int) { line.tool_tip = text; });
-}
-
-void RecipePage::unlink_item(Key item, const QString& tool_tip)
-{
-    change_lines(item, [&](IngredientLine& line, int index) {
-        line.item_ref = -1;
-        line.tool_tip = tool_tip;
-        set_lites(index, status_code::non_stock);
-    });
-}
-
-void RecipePage::follow_links(Key item, int code, const QString& joint, const QString& status,
-                              const QString& unlinked_tool_tip)
-{
+    const QString status = get_status(main_.connection(), codes.item);
     for (int i = 0; i < recipe_lines_->count(); ++i) {
         IngredientLine& line = lines()[static_cast<size_t>(i)];
         const auto link = line_link(main_.connection(), line.key);
-        if (!link || (link->item_ref != item && line.item_ref != item))
+        if (!link || (link->item_ref != codes.item && line.item_ref != codes.item))
             continue;
-        const bool linked = link->item_ref == item;
-        line.item_ref = linked ? item : Key(-1);
-        line.tool_tip = linked ? link->item + joint + status : unlinked_tool_tip;
-        set_lites(i, linked ? code : status_code::non_stock);
+        const bool linked = link->item_ref == codes.item;
+        line.item_ref = linked ? codes.item : Key(-1);
+        line.tool_tip = linked ? link->item + joint + status : QStringLiteral("Non-stock item");
+        set_lites(i, linked ? codes.page : status_code::non_stock);
         refresh_line(i);
     }
+}
+
+void RecipePage::lists_changed(const ListsChange& change)
+{
+    if (change.kind == ListsChange::Kind::deleted && has_recipe())
+        set_recipe(page_key());
 }
 
 std::optional<RecipeSheet> RecipePage::sheet() const

@@ -11,6 +11,7 @@
 #include "window/view_state.h"
 #include "widgets/pictures.h"
 #include "widgets/tree_view.h"
+#include "household/item_change.h"
 #include "household/recipe_store.h"
 #include "household/status.h"
 #include "stock/stock_commands.h"
@@ -204,6 +205,22 @@ void FloatingButtons::show_for_recipe(QTreeWidgetItem& node)
     const StockTree& tree = main_.stock_tree();
     show_at(add_to_page, node, tree.get_indent(), tree.get_topdent() + button_offset(main_.shared.type_size),
             QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to recipe"));
+}
+
+void FloatingButtons::item_changed(const ItemChange& change)
+{
+    bool placed = false;
+    for (const WrittenRow& written : change.written) {
+        if (written.kind != WrittenRow::Kind::placed)
+            continue;
+        placed = true;
+        if (main_.shared.all_lists_view || written.row.list_key == main_.shared.current_list)
+            hide_all();
+    }
+    if (placed || !change.record || !change.record->is_new || !main_.shared.stock_view)
+        return;
+    if (QTreeWidgetItem* node = main_.stock_tree().item_node(change.items.front().item))
+        show_for_recipe(*node);
 }
 
 void FloatingButtons::show_at(int index, const QTreeWidgetItem& node, int indent, int top, const QString& tool_tip)

@@ -12,6 +12,7 @@ class QWidget;
 namespace tarnwick {
 
 class frmmain;
+struct ItemChange;
 
 /// The small buttons `flt_btn` beside the selected stock item: add to the list, add to the recipe,
 /// locate on the lists.
@@ -30,9 +31,8 @@ public:
     /// Shows the buttons that fit the item under the selection, after a click on its row.
     void show_for(QTreeWidgetItem& node);
 
-    /// Shows the recipe button beside an item's node, for a new item that was put on no list; nothing without an
-    /// open recipe.
-    void show_for_recipe(QTreeWidgetItem& node);
+    /// Goes when a row was placed on the list on show; a new item that was put on no list gets the recipe button.
+    void item_changed(const ItemChange& change);
 
     /// Index of the button on show; -1 without one.
     int shown() const;
@@ -45,6 +45,8 @@ public:
     void tree_lost_focus();
 
 private:
+    /// Shows the recipe button beside a new item's node; nothing without an open recipe.
+    void show_for_recipe(QTreeWidgetItem& node);
     void clicked(int index);
     void show_recipe_button(QTreeWidgetItem& node, int indent, int top);
     void show_locate_button(QTreeWidgetItem& node, int indent, int top);

@@ -6,6 +6,7 @@
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
 #include "household/category_store.h"
+#include "household/item_change.h"
 #include "stock/floating_buttons.h"
 #include "household/status.h"
 #include "stock/stock_commands.h"
@@ -168,7 +169,8 @@ void StockTree::open_folders()
 
 void StockTree::tv_refresh(Key item)
 {
-    tree_.set_picture(&tree_.require_node(item_key(item)), plain_status(main_.connection(), item));
+    tree_.require_node(item_key(item));
+    set_item_code(item, plain_status(main_.connection(), item));
 }
 
 void StockTree::close_folders()
@@ -206,21 +208,39 @@ QTreeWidgetItem* StockTree::category_node(Key category) const
     return tree_.node(category_key(category));
 }
 
-void StockTree::set_item_picture(Key item, int code, bool tag_too)
+void StockTree::set_item_code(Key item, int code)
 {
     QTreeWidgetItem* node = item_node(item);
     if (!node)
         return;
     tree_.set_picture(node, code);
-    if (tag_too)
-        TreeView::set_tag(node, QString::number(code));
+    TreeView::set_tag(node, QString::number(code));
 }
 
-void StockTree::show_status_if_selected(Key item)
+void StockTree::item_changed(const ItemChange& change)
+{
+    if (change.record) {
+        const ItemCodes& codes = change.items.front();
+        if (change.record->is_new)
+            add_item_node(codes.item, change.record->category, change.record->name, codes.node);
+        else if (QTreeWidgetItem* node = item_node(codes.item))
+            node->setText(0, change.record->name);
+        // The node's new place goes by its new name.
+        if (change.record->moved)
+            move_item_node(codes.item, change.record->category);
+    }
+    for (const ItemCodes& codes : change.items) {
+        set_item_code(codes.item, codes.node);
+        QTreeWidgetItem* node = treatment_of(change.cause).node_shown ? item_node(codes.item) : nullptr;
+        if (node)
+            tree_.ensure_visible(node);
+    }
+}
+
+bool StockTree::is_selected(Key item) const
 {
     const QTreeWidgetItem* node = tree_.selected();
-    if (node && node == item_node(item))
-        main_.set_status(get_status(main_.connection(), item));
+    return node && node == item_node(item);
 }
 
 void StockTree::add_category_node(Key category, const QString& name)

@@ -15,7 +15,7 @@ class frmmain;
 class FloatingButtons;
 class TreeView;
 struct CatalogueFolder;
-struct TiedRow;
+struct ItemChange;
 
 /// The stock tree `TreeView1(0)`: its load, its events and the pictures of its items.
 class StockTree : public QObject {
@@ -28,7 +28,8 @@ public:
     /// Rebuilds the tree: folders with their items, or one flat list when `alpha`.
     void tv_load(bool alpha);
 
-    /// Sets one item's picture from its list rows: 5, 6 or 7. Throws error 35601 when the tree has no such item.
+    /// Sets one item's picture and Tag from its list rows: 5, 6 or 7. Throws error 35601 when the tree has no such
+    /// item.
     void tv_refresh(Key item);
 
     /// Closes every folder and stores that.
@@ -38,11 +39,14 @@ public:
     QTreeWidgetItem* item_node(Key item) const;
     QTreeWidgetItem* category_node(Key category) const;
 
-    /// Sets the picture of an item's node, and its Tag too when asked. No node: nothing.
-    void set_item_picture(Key item, int code, bool tag_too);
+    /// Sets picture and Tag of an item's node to a status code. No node: nothing.
+    void set_item_code(Key item, int code);
 
-    /// Writes an item's status into the first status panel, when its node is the selected one.
-    void show_status_if_selected(Key item);
+    /// Shows in the tree what an operation did to stock items.
+    void item_changed(const ItemChange& change);
+
+    /// Whether an item's node is the selected one.
+    bool is_selected(Key item) const;
 
     /// Adds a node for a category whose row was just made, behind the folder of the row before it in name order;
     /// selects and shows it. Category view only. Throws error 35601 when that folder is missing.
@@ -85,11 +89,8 @@ private:
     /// The click on an item's check box. False ends the handling of the release.
     bool click_box(QTreeWidgetItem& node);
     bool hits_box(int x) const;
-    void activate(QTreeWidgetItem& node, Key item);
-    void inactivate(QTreeWidgetItem& node, Key item);
-    /// Gives one row of an item, and the item's node, the code 7 or 6 everywhere.
-    void change_box(QTreeWidgetItem& node, Key item, const TiedRow& row, int code);
-    void common_refresh(Key item, Key groc_key, Key list_key, int code);
+    void activate(Key item);
+    void inactivate(Key item);
 
     frmmain& main_;
     TreeView& tree_;

@@ -1,9 +1,8 @@
 #include "stock/stock_tree.h"
 
 #include "window/frmmain.h"
-#include "widgets/list_grid.h"
 #include "lists/list_pane.h"
-#include "household/list_store.h"
+#include "household/household.h"
 #include "lists/placing.h"
 #include "recipes/recipe_page.h"
 #include "window/commands.h"
@@ -236,17 +235,17 @@ bool StockTree::click_box(QTreeWidgetItem& node)
         main_.placing().stock_to_list(item);
         return true;
     case status_code::inactive:
-        activate(node, item);
+        activate(item);
         return false;
     case status_code::buy_it:
-        inactivate(node, item);
+        inactivate(item);
         return true;
     default:
         return false;
     }
 }
 
-void StockTree::activate(QTreeWidgetItem& node, Key item)
+void StockTree::activate(Key item)
 {
     const std::vector<TiedRow> rows = clickable_rows(main_.connection(), item);
     if (rows.empty())
@@ -258,35 +257,14 @@ void StockTree::activate(QTreeWidgetItem& node, Key item)
         show_item_editor(main_);
         return;
     }
-    change_box(node, item, rows.front(), status_code::buy_it);
+    main_.household().tick_in_tree(item, rows.front(), true);
 }
 
-void StockTree::inactivate(QTreeWidgetItem& node, Key item)
+void StockTree::inactivate(Key item)
 {
     const std::vector<TiedRow> rows = clickable_rows(main_.connection(), item);
     if (!rows.empty())
-        change_box(node, item, rows.front(), status_code::inactive);
-}
-
-void StockTree::change_box(QTreeWidgetItem& node, Key item, const TiedRow& row, int code)
-{
-    store_box_click(main_.connection(), item, row.groc_key, code == status_code::buy_it);
-    tree_.set_picture(&node, code);
-    TreeView::set_tag(&node, QString::number(code));
-    common_refresh(item, row.groc_key, row.list_key, code);
-}
-
-void StockTree::common_refresh(Key item, Key groc_key, Key list_key, int code)
-{
-    main_.set_status(get_status(main_.connection(), item));
-    const bool on_grid = list_key == main_.shared.current_list || main_.shared.all_lists_view;
-    if (on_grid && main_.list_pane().set_row(groc_key)) {
-        GridModel& rows = main_.list_pane().grid().rows();
-        rows.change_row(rows.find_row(groc_key),
-                        [code](GridRow& row) { list_store::set_to_get(row, code == status_code::buy_it); });
-    }
-    if (!main_.shared.list_pane_shown)
-        main_.recipe_page().set_item_status(item, code);
+        main_.household().tick_in_tree(item, rows.front(), false);
 }
 
 } // namespace tarnwick

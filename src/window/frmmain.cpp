@@ -1,9 +1,12 @@
 #include "window/frmmain.h"
 
 #include "app/frmsplash.h"
+#include "data/runtime_error.h"
 #include "widgets/message_box.h"
 #include "widgets/update_lock.h"
+#include "household/household.h"
 #include "lists/clearing.h"
+#include "lists/grid_listener.h"
 #include "widgets/header_bar.h"
 #include "widgets/list_grid.h"
 #include "lists/list_mouse.h"
@@ -18,6 +21,7 @@
 #include "window/commands.h"
 #include "window/layout.h"
 #include "window/status_panels.h"
+#include "window/status_words.h"
 #include "window/toolbar.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
@@ -27,13 +31,16 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMenuBar>
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QWindow>
 #include <QWindowStateChangeEvent>
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace tarnwick {
@@ -89,6 +96,7 @@ void frmmain::make_panes()
     auto* left_tabs = make_tabs(QStringLiteral("TabStrip1(0)"), area_);
     auto* right_tabs = make_tabs(QStringLiteral("TabStrip1(1)"), area_);
 
+    household_ = std::make_unique<Household>(connection_);
     commands_ = std::make_unique<Commands>(*this, *menuBar());
     status_panels_ = std::make_unique<StatusPanels>(*statusBar());
     toolbar_ = std::make_unique<Toolbar>(*this, area_);
@@ -110,10 +118,36 @@ void frmmain::make_panes()
     list_mouse_ = std::make_unique<ListMouse>(*this);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
+    connect_household();
+}
+
+/// Who shows what operations announce, in the order of showing.
+void frmmain::connect_household()
+{
+    grid_listener_ = std::make_unique<GridListener>(*list_pane_, *row_editor_, shared);
+    status_words_ = std::make_unique<StatusWords>(connection_, *status_panels_, shared,
+                                                  [this](Key item) { return stock_tree_->is_selected(item); });
+    const auto listen = [this](auto signal, auto& listener, auto slot) {
+        connect(household_.get(), signal, this,
+                [&listener, slot](const auto& change) { (listener.*slot)(change); });
+    };
+    listen(&Household::item_changed, *grid_listener_, &GridListener::item_changed);
+    listen(&Household::item_changed, *stock_tree_, &StockTree::item_changed);
+    listen(&Household::item_changed, *floating_buttons_, &FloatingButtons::item_changed);
+    listen(&Household::item_changed, *recipe_page_, &RecipePage::item_changed);
+    listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
+    listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
+    listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
 }
 
 void frmmain::load()
 {
+    if (const QString& old = settings_.set_aside(); !old.isEmpty())
+        msg_box(nullptr,
+                QStringLiteral("The settings file could not be read and was set aside as\n(%1)\n\n"
+                               "TarnWick starts with the default settings.")
+                    .arg(old),
+                box::ok | box::exclamation, QStringLiteral("TarnWick"));
     const bool failed_last_time = val(settings_.pref(QStringLiteral("clean"), QStringLiteral("0"))) == 1;
     frmSplash splash;
     splash.show();
@@ -142,11 +176,10 @@ void frmmain::load()
     l_r_refresh();
     if (!shared.stock_view)
         view_state_->view_rcps();
-    show();
-    splash.hide();
-
     restore_window();
     restore_panes();
+    appear();
+    splash.hide();
 }
 
 void frmmain::read_page_color()
@@ -205,17 +238,14 @@ void frmmain::restore_window()
     const int height = pixels_of(settings_.pref(QStringLiteral("fheight"), twips_text(default_height_px)));
     const int width = pixels_of(settings_.pref(QStringLiteral("fwidth"), twips_text(default_width_px)));
     resize(width, height);
+    ensurePolished();
+    layout()->activate();
 }
 
 void frmmain::restore_panes()
 {
-    constexpr int maximised = 2;
-    constexpr int minimised = 1;
-
     list_pane_->restore_column_groups();
     shared.started = true;
-    // The window may yet be maximised: the separator is not to give way to the restored width before.
-    layout_->hold_separator(true);
     if (shared.type_size != 9)
         layout_->font_reset(shared.type_size);
     layout_->frm_refresh();
@@ -227,18 +257,40 @@ void frmmain::restore_panes()
         list_pane_->show_pane(false);
         layout_->freize_refresh();
     }
+}
+
+/// Shows the window, once and in its final state. A window manager has the last word on its size, which is known
+/// when the window is first exposed.
+void frmmain::appear()
+{
+    constexpr int maximised = 2;
+    constexpr int minimised = 1;
+    winId();
+    windowHandle()->installEventFilter(this);
     const double state = val(settings_.pref(QStringLiteral("wstate"), QStringLiteral("0")));
-    layout_->hold_separator(false);
     if (state == maximised)
         showMaximized();
     else if (state == minimised)
         showMinimized();
     else
-        layout_->frm_refresh();
+        show();
     list_pane_->set_col_widths();
     list_pane_->set_headers();
     toolbar_->toolbar_fit();
     view_state_->set_tab_stops();
+}
+
+bool frmmain::eventFilter(QObject* watched, QEvent* event)
+{
+    if (!appeared_ && watched == windowHandle() && event->type() == QEvent::Expose && windowHandle()->isExposed()
+        && !isMinimized()) {
+        refresh_after_resize();
+        layout_->set_settled();
+        appeared_ = true;
+        write_size();
+        watched->removeEventFilter(this);
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 TreeView& frmmain::visible_tree()
@@ -258,23 +310,24 @@ void frmmain::set_status(const QString& text)
 
 void frmmain::exit_at_once()
 {
-    environment_.end_program();
+    environment_.end_program(EXIT_SUCCESS);
 }
 
-void frmmain::shut_down()
+void frmmain::shut_down(const runtime_error& error)
 {
     if (std::exchange(shared.ending, true))
         return;
+    print_cause(error);
     msg_box(this, QStringLiteral("TarnWick has encountered an error\nand must shut down"), box::ok,
             QStringLiteral("TarnWick"));
-    environment_.end_program();
+    environment_.end_program(EXIT_FAILURE);
 }
 
 void frmmain::closeEvent(QCloseEvent* event)
 {
     unload();
     event->accept();
-    environment_.end_program();
+    environment_.end_program(EXIT_SUCCESS);
 }
 
 void frmmain::unload()
@@ -283,8 +336,7 @@ void frmmain::unload()
     if (recipe_page_->is_edited())
         recipe_page_->edit_updt();
     const int state = isMinimized() ? 1 : isMaximized() ? 2 : 0;
-    settings_.set_pref(QStringLiteral("fwidth"), twips_text(width()));
-    settings_.set_pref(QStringLiteral("fheight"), twips_text(height()));
+    write_size();
     settings_.set_pref(QStringLiteral("wstate"), QString::number(state));
     const auto one_or_zero = [](bool value) { return value ? QStringLiteral("1") : QStringLiteral("0"); };
     settings_.set_pref(QStringLiteral("tv_view"), one_or_zero(shared.stock_view));
@@ -312,6 +364,12 @@ void frmmain::refresh_after_resize()
         list_pane_->set_headers();
     }
     toolbar_->toolbar_fit();
+    if (appeared_)
+        write_size();
+}
+
+void frmmain::write_size()
+{
     settings_.set_pref(QStringLiteral("fheight"), twips_text(height()));
     settings_.set_pref(QStringLiteral("fwidth"), twips_text(width()));
 }

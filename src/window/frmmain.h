@@ -16,6 +16,8 @@ namespace tarnwick {
 class Clearing;
 class Commands;
 class FloatingButtons;
+class GridListener;
+class Household;
 class Layout;
 class ListMouse;
 class ListPane;
@@ -25,7 +27,9 @@ class RecipePage;
 class RecipeTree;
 class MainRowEditorHost;
 class RowEditor;
+class runtime_error;
 class StatusPanels;
+class StatusWords;
 class StockCommands;
 class StockTree;
 class Toolbar;
@@ -47,6 +51,7 @@ public:
 
     const Environment& environment() const { return environment_; }
     Connection& connection() { return connection_; }
+    Household& household() { return *household_; }
     Settings& settings() { return settings_; }
     QDate today() const { return environment_.today(); }
 
@@ -79,10 +84,12 @@ public:
     /// `mnu_list_exit`: ends the program at once; nothing is saved.
     void exit_at_once();
 
-    /// The message of an error that a procedure has trapped, then the end of the program; nothing is saved.
-    void shut_down();
+    /// The message of an error that a procedure has trapped, then the end of the program with a failure; nothing is
+    /// saved. The message names no cause: that goes to the standard error.
+    void shut_down(const runtime_error& error);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -90,11 +97,14 @@ protected:
 
 private:
     void make_panes();
+    void connect_household();
     void read_page_color();
     void read_views();
     void load_trees();
     void restore_window();
     void restore_panes();
+    void appear();
+    void write_size();
     void unload();
     void refresh_after_resize();
 
@@ -103,6 +113,7 @@ private:
     Connection connection_;
 
     QWidget* area_ = nullptr;
+    std::unique_ptr<Household> household_;
     std::unique_ptr<Commands> commands_;
     std::unique_ptr<StatusPanels> status_panels_;
     std::unique_ptr<Toolbar> toolbar_;
@@ -118,8 +129,11 @@ private:
     std::unique_ptr<Clearing> clearing_;
     std::unique_ptr<MainRowEditorHost> row_editor_host_;
     std::unique_ptr<RowEditor> row_editor_;
+    std::unique_ptr<GridListener> grid_listener_;
+    std::unique_ptr<StatusWords> status_words_;
     std::unique_ptr<ViewState> view_state_;
     std::unique_ptr<Layout> layout_;
+    bool appeared_ = false; ///< the window stands on the screen in its size: from here on a resize is the user's
 };
 
 } // namespace tarnwick

@@ -127,6 +127,7 @@ int Layout::separator() const
 
 void Layout::set_separator(int left)
 {
+    stored_separator_ = left;
     separator_->move(left, separator_->y());
 }
 
@@ -182,21 +183,28 @@ void Layout::frm_refresh()
     const UpdateLock lock(main_);
     main_.toolbar().toolbar_fit();
     place_rows();
-    if (separator() < least_separator)
-        set_separator(least_separator);
-    if (grid_width(separator()) < least_grid && !separator_held_)
-        separator_fix();
+    if (!settled_)
+        separator_->move(fitted(stored_separator_), separator_->y());
+    separator_fix();
     frame_refresh(grid_width(separator()));
     main_.row_editor().lv_edit_off();
     main_.list_pane().set_col_widths();
     main_.list_pane().set_headers();
 }
 
+/// The place of a separator that leaves both panes their least width, the left one first.
+int Layout::fitted(int separator_left) const
+{
+    if (grid_width(separator_left) >= least_grid)
+        return std::max(separator_left, least_separator);
+    const int grid_left = area_.width() - (grid_less - tree_left - grid_offset) - least_grid;
+    return std::max(grid_left - fix_offset, least_separator);
+}
+
 void Layout::separator_fix()
 {
-    const int grid_left = area_.width() - (grid_less - tree_left - grid_offset) - least_grid;
-    const int left = std::max(grid_left - fix_offset, least_separator);
-    if (left >= separator())
+    const int left = fitted(separator());
+    if (!settled_ || left >= separator())
         return;
     set_separator(left);
     write_separator();

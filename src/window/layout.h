@@ -27,8 +27,9 @@ public:
     int separator() const;
     void set_separator(int left); ///< moves the bar alone: no pane follows, nothing is written
 
-    /// While held, a pane that is too narrow does not move the separator: the window has not yet its size.
-    void hold_separator(bool held) { separator_held_ = held; }
+    /// The window stands in its size. Until then a stored separator that leaves too little to the right pane is
+    /// shown further left and comes back with a wider window; nothing is written.
+    void set_settled() { settled_ = true; }
 
     void frm_refresh(); ///< the whole window from its present size
     void frame_refresh(int right_pane_width); ///< what lies in the right pane
@@ -41,7 +42,8 @@ public:
     /// The last step of the toolbar fit: where tab strips, header row and panes begin at this type size.
     void place_rows();
 
-    /// Moves the separator left, and writes it, when the right pane would fall under 400 pixels.
+    /// Moves the separator left, and writes it, when the right pane would fall under 400 pixels. Not before the
+    /// window is settled.
     void separator_fix();
 
     QRect left_pane() const; ///< tree rectangle in the central area
@@ -57,6 +59,7 @@ private:
     void place_page();
     void set_own_fonts(int type_size);
     int grid_width(int separator_left) const;
+    int fitted(int separator_left) const;
     int bounded(int separator_left) const;
     int pane_bottom() const;
 
@@ -70,7 +73,8 @@ private:
     QRect tabs_row_;
     QRect header_;
     QRect right_;
-    bool separator_held_ = false;
+    int stored_separator_ = 0;
+    bool settled_ = false;
     bool in_refresh_ = false;
 };
 

@@ -183,7 +183,7 @@ void tst_integrity::removing_a_row_ends_with_the_check()
 {
     LooseLinks window;
     const MessageScript silent;
-    window.main().clearing().groc_del(window.row, true, true);
+    window.main().clearing().groc_del(window.row);
     QCOMPARE(window.loose(), 0);
     QCOMPARE(window.sound(), 1);
 }

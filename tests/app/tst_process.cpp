@@ -4,11 +4,13 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QTest>
 
 #include <memory>
+#include <sys/stat.h>
 
 using namespace tarnwick;
 
@@ -32,10 +34,16 @@ private slots:
     void a_second_start_says_so_and_touches_nothing();
     void a_second_start_reads_neither_settings_nor_database();
     void a_start_after_a_killed_one_is_no_second_start();
+    void a_start_on_a_dead_lock_file_of_another_host_is_no_second_start();
+    void a_lock_that_is_no_file_shows_the_message_at_once();
+    void a_placing_that_fails_ends_with_a_failure_and_its_cause_on_the_standard_error();
     void a_missing_database_shows_the_message_and_makes_none();
     void a_damaged_database_shows_the_message_and_is_left_alone();
     void a_setting_that_is_no_text_shows_the_message();
     void a_read_only_store_of_settings_shows_the_message();
+    void settings_that_cannot_be_parsed_are_set_aside_and_told_once();
+    void settings_that_are_a_fifo_show_the_message_at_once();
+    void a_dead_lock_on_the_settings_does_not_hold_up_the_start();
     void the_probe_obeys_only_the_verbs_it_knows();
     void settings_lost_after_the_start_end_the_program_with_one_message_data();
     void settings_lost_after_the_start_end_the_program_with_one_message();
@@ -99,8 +107,10 @@ void tst_process::a_second_start_says_so_and_touches_nothing()
 
     // The settings of the second start lie elsewhere, where the first does not write.
     const auto second = start(Probe::closes, QStringLiteral("other"));
-    QCOMPARE(lines_of(*second),
-             QStringList(QStringLiteral("message TarnWick: A previous instance of TarnWick|is already running")));
+    QCOMPARE(
+        lines_of(*second),
+        QStringList(QStringLiteral("message TarnWick: A previous instance of TarnWick|is already running||(%1)")
+                        .arg(QFileInfo(database()).path())));
     QCOMPARE(second->exitStatus(), QProcess::NormalExit);
 
     QVERIFY(!QFile::exists(path(QStringLiteral("other"))));
@@ -124,8 +134,10 @@ void tst_process::a_second_start_reads_neither_settings_nor_database()
     QVERIFY(QFile::rename(database(), path(QStringLiteral("elsewhere.mdb"))));
 
     const auto second = start(Probe::closes, QStringLiteral("other"));
-    QCOMPARE(lines_of(*second),
-             QStringList(QStringLiteral("message TarnWick: A previous instance of TarnWick|is already running")));
+    QCOMPARE(
+        lines_of(*second),
+        QStringList(QStringLiteral("message TarnWick: A previous instance of TarnWick|is already running||(%1)")
+                        .arg(QFileInfo(database()).path())));
     QCOMPARE(second->exitCode(), 0);
     first->kill();
     QVERIFY(first->waitForFinished(patience_ms));
@@ -142,6 +154,55 @@ void tst_process::a_start_after_a_killed_one_is_no_second_start()
     const auto second = start(Probe::closes);
     QCOMPARE(lines_of(*second), QStringList(QStringLiteral("window frmmain")));
     QCOMPARE(second->exitCode(), 0);
+}
+
+void tst_process::a_start_on_a_dead_lock_file_of_another_host_is_no_second_start()
+{
+    QFile lock(path(QStringLiteral("app/twdata/groc.lock")));
+    QVERIFY(lock.open(QIODevice::WriteOnly));
+    lock.write("1\ntarnwick\nelsewhere\n0123456789abcdef\n\n");
+    lock.close();
+    QVERIFY(lock.setPermissions(QFileDevice::ReadOwner));
+    const auto process = start(Probe::closes);
+    QCOMPARE(lines_of(*process), QStringList(QStringLiteral("window frmmain")));
+    QCOMPARE(process->exitCode(), 0);
+}
+
+void tst_process::a_lock_that_is_no_file_shows_the_message_at_once()
+{
+    const QString lock = path(QStringLiteral("app/twdata/groc.lock"));
+    QCOMPARE(::mkfifo(QFile::encodeName(lock).constData(), 0666), 0);
+    const auto process = start(Probe::closes);
+    QCOMPARE(lines_of(*process),
+             QStringList(QStringLiteral("message TarnWick: TarnWick encountered an error|And must shut down||"
+                                        "Error 75: The lock file is no file|(%1)")
+                             .arg(lock)));
+    QVERIFY(process->exitCode() != 0);
+}
+
+void tst_process::a_placing_that_fails_ends_with_a_failure_and_its_cause_on_the_standard_error()
+{
+    SQLite::Database(database().toStdString(), SQLite::OPEN_READWRITE)
+        .exec("INSERT INTO cat (key_id, cat_desc, expand) VALUES (1, 'Dairy', 1);"
+              "INSERT INTO items_1 (key_id, item, cat, status, to_get, qty, desc) VALUES (1, 'Milk', 1, 5, 0, 0, ' "
+              "');"
+              "INSERT INTO list_name (key_id, list_name, active) VALUES (1, 'Weekly', 0);"
+              "CREATE TRIGGER refuse BEFORE INSERT ON tie BEGIN SELECT RAISE(ABORT, 'refused by a test'); END");
+    Settings prefs(settings());
+    prefs.set_reg();
+    prefs.set_pref(QStringLiteral("alist"), QStringLiteral("1"));
+    const auto process = start_listening();
+    QVERIFY(process);
+    QVERIFY(!ask(*process, "choose item0001").isNull());
+    tell(*process, "do mnu_edit_stock_to_list");
+    QCOMPARE(lines_of(*process),
+             QStringList(QStringLiteral("message TarnWick: TarnWick has encountered an error|"
+                                        "and must shut down")));
+    QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+    QVERIFY(process->exitCode() != 0);
+    QVERIFY(errors_of(*process).contains("refused by a test"));
+    SQLite::Database file(database().toStdString());
+    QCOMPARE(file.execAndGet("SELECT count(*) FROM groc_1").getInt(), 0);
 }
 
 void tst_process::a_missing_database_shows_the_message_and_makes_none()
@@ -204,9 +265,59 @@ void tst_process::a_read_only_store_of_settings_shows_the_message()
     const auto process = start(Probe::closes);
     const QStringList lines = lines_of(*process);
     QCOMPARE(lines.size(), 1);
-    QVERIFY2(lines[0].endsWith(QStringLiteral("Could not open/create registry section")), qPrintable(lines[0]));
+    QVERIFY2(lines[0].endsWith(QStringLiteral("Could not open/create registry section|(%1)").arg(settings())),
+             qPrintable(lines[0]));
     QVERIFY(process->exitCode() != 0);
     QCOMPARE(bytes_of(database()), before);
+}
+
+void tst_process::settings_that_cannot_be_parsed_are_set_aside_and_told_once()
+{
+    QVERIFY(QDir().mkpath(QFileInfo(settings()).path()));
+    QFile file(settings());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const QByteArray garbage(300, '\0');
+    file.write(garbage);
+    file.close();
+    const auto first = start(Probe::closes);
+    QCOMPARE(
+        lines_of(*first),
+        QStringList({QStringLiteral("message TarnWick: The settings file could not be read and was set aside as|"
+                                    "(%1.damaged)||TarnWick starts with the default settings.")
+                         .arg(settings()),
+                     QString::fromLatin1(main_window)}));
+    QCOMPARE(first->exitCode(), 0);
+    QCOMPARE(bytes_of(settings() + QStringLiteral(".damaged")), garbage);
+    const auto second = start(Probe::closes);
+    QCOMPARE(lines_of(*second), QStringList(QString::fromLatin1(main_window)));
+    QCOMPARE(second->exitCode(), 0);
+}
+
+void tst_process::settings_that_are_a_fifo_show_the_message_at_once()
+{
+    QVERIFY(QDir().mkpath(QFileInfo(settings()).path()));
+    QCOMPARE(::mkfifo(QFile::encodeName(settings()).constData(), 0666), 0);
+    const auto process = start(Probe::closes);
+    const QStringList lines = lines_of(*process);
+    QCOMPARE(lines.size(), 1);
+    QVERIFY2(lines[0].endsWith(QStringLiteral("is taken by what is no file|(%1)").arg(settings())),
+             qPrintable(lines[0]));
+    QVERIFY(process->exitCode() != 0);
+}
+
+void tst_process::a_dead_lock_on_the_settings_does_not_hold_up_the_start()
+{
+    QVERIFY(QDir().mkpath(QFileInfo(settings()).path()));
+    QFile lock(settings() + QStringLiteral(".lock"));
+    QVERIFY(lock.open(QIODevice::WriteOnly));
+    lock.write("1\ntarnwick\nelsewhere\n0123456789abcdef\n\n");
+    lock.close();
+    QElapsedTimer waited;
+    waited.start();
+    const auto process = start(Probe::closes);
+    QCOMPARE(lines_of(*process), QStringList(QString::fromLatin1(main_window)));
+    QVERIFY2(!waited.hasExpired(20000), "the 30 s of the library");
+    QVERIFY(bytes_of(settings()).contains("prefs\\load=load"));
 }
 
 void tst_process::the_probe_obeys_only_the_verbs_it_knows()
@@ -241,8 +352,9 @@ void tst_process::settings_lost_after_the_start_end_the_program_with_one_message
     const int number = static_cast<int>(0x800407D0U) + 1;
     QCOMPARE(lines_of(*process),
              QStringList(QStringLiteral("message TarnWick: Run-time error '%1':||"
-                                        "Could not open/create registry section")
-                             .arg(number)));
+                                        "Could not open/create registry section|(%2)")
+                             .arg(number)
+                             .arg(settings())));
     QCOMPARE(process->exitStatus(), QProcess::NormalExit);
     QVERIFY(process->exitCode() != 0);
 }
@@ -279,7 +391,8 @@ void tst_process::an_error_with_an_edited_recipe_saves_nothing_behind_its_messag
     tell(*process, "do mnu_view_stock");
     const QStringList lines = lines_of(*process);
     QCOMPARE(lines.size(), 1);
-    QVERIFY2(lines[0].endsWith(QStringLiteral("Could not open/create registry section")), qPrintable(lines[0]));
+    QVERIFY2(lines[0].endsWith(QStringLiteral("Could not open/create registry section|(%1)").arg(settings())),
+             qPrintable(lines[0]));
     QVERIFY(process->exitCode() != 0);
     QCOMPARE(recipe_name(), QStringLiteral("Soup"));
 }

@@ -4,11 +4,14 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QLockFile>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <array>
+#include <sys/stat.h>
 
 using namespace tarnwick;
 
@@ -31,6 +34,12 @@ template <typename Call> QString error_of(Call call)
 QString user_error(unsigned number, const QString& text)
 {
     return QStringLiteral("%1: %2").arg(static_cast<int>(user_errors + number)).arg(text);
+}
+
+QByteArray bytes_of(const QString& path)
+{
+    QFile in(path);
+    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray("(no file)");
 }
 
 } // namespace
@@ -58,7 +67,18 @@ private slots:
     void a_value_that_is_there_already_is_written_again_into_a_lost_file();
     void a_file_that_cannot_be_written_is_an_error();
     void a_file_without_permission_is_an_error();
-    void a_file_that_cannot_be_read_is_an_error();
+    void a_file_that_may_not_be_read_is_an_error();
+    void a_file_that_cannot_be_parsed_is_set_aside_as_it_was_data();
+    void a_file_that_cannot_be_parsed_is_set_aside_as_it_was();
+    void a_file_set_aside_leaves_the_earlier_ones_alone();
+    void a_damaged_file_that_cannot_be_set_aside_is_an_error();
+    void a_byte_order_mark_and_comments_are_read_over_data();
+    void a_byte_order_mark_and_comments_are_read_over();
+    void what_is_no_file_is_an_error_at_once_data();
+    void what_is_no_file_is_an_error_at_once();
+    void a_file_that_becomes_a_fifo_is_an_error_at_once();
+    void a_dead_lock_of_another_machine_does_not_hold_up_for_more_than_its_patience();
+    void a_lock_that_is_held_is_told_after_the_patience();
     void a_missing_file_is_made_with_its_folders();
 
 private:
@@ -334,7 +354,7 @@ void tst_settings::a_file_that_cannot_be_written_is_an_error()
     blocker.close();
     Settings settings(file());
     QCOMPARE(error_of([&] { settings.set_pref(QStringLiteral("font"), QStringLiteral("9")); }),
-             QStringLiteral("%1: Could not open/create registry section").arg(store_error + 1));
+             QStringLiteral("%1: Could not open/create registry section\n(%2)").arg(store_error + 1).arg(file()));
 }
 
 void tst_settings::a_file_without_permission_is_an_error()
@@ -351,15 +371,177 @@ void tst_settings::a_file_without_permission_is_an_error()
             settings.set_pref(QStringLiteral("font"), QStringLiteral("9"));
         });
     });
-    QCOMPARE(given, QStringLiteral("%1: Could not open/create registry section").arg(store_error + 1));
+    QCOMPARE(given,
+             QStringLiteral("%1: Could not open/create registry section\n(%2)").arg(store_error + 1).arg(file()));
     QVERIFY(content().contains("font=10"));
 }
 
-void tst_settings::a_file_that_cannot_be_read_is_an_error()
+void tst_settings::a_file_that_may_not_be_read_is_an_error()
 {
-    put("[trnwck\nthis is no settings file\n");
-    const QString given = error_of([this] { Settings(file()).pref(QStringLiteral("font"), QStringLiteral("9")); });
-    QCOMPARE(given, QStringLiteral("%1: Could not open registry section").arg(store_error + 2));
+    put("[trnwck]\nprefs\\font=10\n");
+    QFile::setPermissions(folder_->path(), QFile::Permissions(0x7755));
+    QFile::setPermissions(file(), QFile::Permissions(0));
+    const QString path = file();
+    const QString given = as_nobody(
+        [path] { return error_of([&path] { Settings(path).pref(QStringLiteral("font"), QStringLiteral("9")); }); });
+    QCOMPARE(given, QStringLiteral("%1: Could not open registry section\n(%2)").arg(store_error + 1).arg(file()));
+}
+
+void tst_settings::a_file_that_cannot_be_parsed_is_set_aside_as_it_was_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("a line that is nothing") << QByteArray("[trnwck]\nprefs\\font=12\nthis is no settings file\n");
+    QTest::newRow("an open section") << QByteArray("[trnwck\nprefs\\font=12\n");
+    QTest::newRow("cut off") << QByteArray("[trnwck]\nprefs\\font=12\nprefs\\so");
+    QTest::newRow("NUL bytes") << QByteArray(512, '\0');
+    QTest::newRow("NUL bytes in a value") << QByteArray("[trnwck]\nprefs\\font=1\0002\n", 25);
+    QTest::newRow("garbage") << QByteArray("\x80\xff=\x01[garbage\n");
+    QTest::newRow("another program's file") << QByteArray("\x7f"
+                                                          "ELF\x02\x01\x01\0\0=\0",
+                                                          11);
+    QTest::newRow("UTF-16") << QByteArray("\xff\xfe[\0t\0]\0\n\0a\0=\0b\0", 18);
+    QTest::newRow("a mark, a comment and what is nothing")
+        << QByteArray("\xef\xbb\xbf# comment\n[trnwck]\nnothing\n");
+}
+
+void tst_settings::a_file_that_cannot_be_parsed_is_set_aside_as_it_was()
+{
+    QFETCH(QByteArray, bytes);
+    put(bytes);
+    {
+        Settings settings(file());
+        QCOMPARE(settings.set_aside(), file() + QStringLiteral(".damaged"));
+        QCOMPARE(settings.pref(QStringLiteral("font"), QStringLiteral("9")), QStringLiteral("9"));
+        settings.set_reg();
+    }
+    QCOMPARE(bytes_of(file() + QStringLiteral(".damaged")), bytes);
+    const Settings again(file());
+    QCOMPARE(again.set_aside(), QString());
+    QCOMPARE(again.pref(QStringLiteral("load"), QStringLiteral("fail")), QStringLiteral("load"));
+}
+
+void tst_settings::a_file_set_aside_leaves_the_earlier_ones_alone()
+{
+    const QByteArray damaged = "nothing ";
+    for (const char* number : {"1", "2", "3"}) {
+        put(damaged + number);
+        Settings(file()).set_pref(QStringLiteral("font"), QStringLiteral("12"));
+    }
+    QCOMPARE(bytes_of(file() + QStringLiteral(".damaged")), damaged + '1');
+    QCOMPARE(bytes_of(file() + QStringLiteral(".damaged-2")), damaged + '2');
+    QCOMPARE(bytes_of(file() + QStringLiteral(".damaged-3")), damaged + '3');
+}
+
+void tst_settings::a_damaged_file_that_cannot_be_set_aside_is_an_error()
+{
+    put("nothing");
+    QFile::setPermissions(folder_->path(), QFile::Permissions(0x7755));
+    QFile::setPermissions(QFileInfo(file()).path(), QFile::Permissions(0x5555));
+    const QString path = file();
+    const QString given = as_nobody([path] { return error_of([&path] { Settings settings(path); }); });
+    QCOMPARE(given,
+             QStringLiteral("%1: Could not open registry section\n"
+                            "The settings file cannot be read, nor set aside\n(%2)")
+                 .arg(store_error + 1)
+                 .arg(file()));
+    QCOMPARE(content(), QByteArray("nothing"));
+}
+
+void tst_settings::a_byte_order_mark_and_comments_are_read_over_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    const QByteArray mark = "\xef\xbb\xbf";
+    QTest::newRow("mark") << mark + "[trnwck]\nprefs\\font=12\n";
+    QTest::newRow("comment first") << QByteArray("# mine\n[trnwck]\nprefs\\font=12\n");
+    QTest::newRow("comment inside") << QByteArray("[trnwck]\n  # prefs\\font=10\nprefs\\font=12\n#");
+    QTest::newRow("semicolon") << QByteArray("; mine\n[trnwck]\nprefs\\font=12\n; too\n");
+    QTest::newRow("line ends of another system") << mark + "# mine\r\n[trnwck]\r\nprefs\\font=12\r\n";
+}
+
+void tst_settings::a_byte_order_mark_and_comments_are_read_over()
+{
+    QFETCH(QByteArray, bytes);
+    put(bytes);
+    {
+        Settings settings(file());
+        QCOMPARE(settings.set_aside(), QString());
+        QCOMPARE(settings.pref(QStringLiteral("font"), QStringLiteral("9")), QStringLiteral("12"));
+        settings.set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
+    }
+    const Settings again(file());
+    QCOMPARE(again.pref(QStringLiteral("font"), QStringLiteral("9")), QStringLiteral("12"));
+    QCOMPARE(again.pref(QStringLiteral("sort"), QStringLiteral("cat")), QStringLiteral("alpha"));
+    QVERIFY(!QFile::exists(file() + QStringLiteral(".damaged")));
+}
+
+void tst_settings::what_is_no_file_is_an_error_at_once_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("fifo");
+    for (const char* name : {"settings.ini", "settings.ini.lock"})
+        for (const bool fifo : {true, false})
+            QTest::addRow("%s as %s", name, fifo ? "FIFO" : "folder") << QString::fromLatin1(name) << fifo;
+}
+
+void tst_settings::what_is_no_file_is_an_error_at_once()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, fifo);
+    const QString folder = QFileInfo(file()).path();
+    QVERIFY(QDir().mkpath(folder));
+    const QByteArray path = QFile::encodeName(folder + u'/' + name);
+    QCOMPARE(fifo ? ::mkfifo(path.constData(), 0666) : ::mkdir(path.constData(), 0777), 0);
+    const QString error
+        = error_of([this] { Settings(file()).set_pref(QStringLiteral("font"), QStringLiteral("9")); });
+    QVERIFY2(error.startsWith(QString::number(store_error + 1)), qPrintable(error));
+    QVERIFY2(error.endsWith(u'(' + folder + u'/' + name + u')'), qPrintable(error));
+}
+
+void tst_settings::a_file_that_becomes_a_fifo_is_an_error_at_once()
+{
+    Settings settings(file());
+    settings.set_pref(QStringLiteral("font"), QStringLiteral("9"));
+    QVERIFY(QFile::remove(file()));
+    QCOMPARE(::mkfifo(QFile::encodeName(file()).constData(), 0666), 0);
+    const QString error = error_of([&] { settings.set_pref(QStringLiteral("font"), QStringLiteral("10")); });
+    QVERIFY2(error.endsWith(QStringLiteral("(%1)").arg(file())), qPrintable(error));
+}
+
+void tst_settings::a_dead_lock_of_another_machine_does_not_hold_up_for_more_than_its_patience()
+{
+    put("[trnwck]\nprefs\\font=9\n");
+    QFile lock(file() + QStringLiteral(".lock"));
+    QVERIFY(lock.open(QIODevice::WriteOnly));
+    lock.write("1\nprogram\nelsewhere\n0123456789abcdef\n\n");
+    lock.close();
+    Settings settings(file());
+    QElapsedTimer waited;
+    waited.start();
+    settings.set_pref(QStringLiteral("font"), QStringLiteral("12"));
+    QVERIFY2(!waited.hasExpired(10000), "the 30 s of the library");
+    QVERIFY(content().contains("font=12"));
+    QVERIFY(!lock.exists());
+}
+
+void tst_settings::a_lock_that_is_held_is_told_after_the_patience()
+{
+    Settings settings(file());
+    settings.set_pref(QStringLiteral("font"), QStringLiteral("9"));
+    QLockFile held(file() + QStringLiteral(".lock"));
+    held.setStaleLockTime(0);
+    QVERIFY(held.tryLock());
+    QElapsedTimer waited;
+    waited.start();
+    const QString error = error_of([&] { settings.set_pref(QStringLiteral("font"), QStringLiteral("12")); });
+    QCOMPARE(error,
+             QStringLiteral("%1: Could not open/create registry section\n"
+                            "Another program holds the settings\n(%2.lock)")
+                 .arg(store_error + 1)
+                 .arg(file()));
+    QVERIFY2(!waited.hasExpired(10000), "the 30 s of the library");
+    held.unlock();
+    settings.set_pref(QStringLiteral("font"), QStringLiteral("12"));
+    QVERIFY(content().contains("font=12"));
 }
 
 void tst_settings::a_missing_file_is_made_with_its_folders()

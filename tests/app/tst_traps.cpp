@@ -10,6 +10,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -114,6 +115,7 @@ void tst_traps::an_error_in_a_placing_ends_the_program_but_for_a_subscript()
         QCOMPARE(goes_on, !ends);
     }
     QCOMPARE(window.ends, ends ? 1 : 0);
+    QCOMPARE(window.exit_code, ends ? EXIT_FAILURE : -1);
 }
 
 void tst_traps::an_error_in_a_new_line_ends_the_program_but_for_a_type_mismatch_data()
@@ -142,6 +144,7 @@ void tst_traps::an_error_in_a_new_line_ends_the_program_but_for_a_type_mismatch(
         w.page().ingredients().end_after_error(runtime_error(number, QStringLiteral("planted")));
     }
     QCOMPARE(w.ends, ends ? 1 : 0);
+    QCOMPARE(w.exit_code, ends ? EXIT_FAILURE : -1);
     QVERIFY(!w.editor().is_open());
     QCOMPARE(w.lines(), 0);
     QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), 0);

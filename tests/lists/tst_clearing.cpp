@@ -23,9 +23,9 @@ using namespace tarnwick;
 namespace {
 
 /// Two lists: Weekly on show with milk and bread to buy and eggs not; milk and eggs on Camping as well.
-class Household : public TestWindow {
+class HomeWithLists : public TestWindow {
 public:
-    Household()
+    HomeWithLists()
         : weekly(add_list(QStringLiteral("Weekly")))
         , camping(add_list(QStringLiteral("Camping")))
         , milk(add_item(QStringLiteral("Milk"), 0, 8))
@@ -97,7 +97,6 @@ private slots:
 
     void groc_del_removes_row_link_and_grid_row();
     void groc_del_corrects_tree_tag_and_panel();
-    void groc_del_leaves_grid_and_tree_when_not_asked();
     void groc_del_of_the_last_row_empties_the_grid_and_closes_the_editor();
     void groc_del_of_a_row_without_link_deletes_the_row_alone();
     void groc_del_failure_changes_nothing();
@@ -105,7 +104,7 @@ private slots:
 
 void tst_clearing::mode_1_unchecks_the_buy_it_rows_and_keeps_all()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     MessageScript script;
     main.clearing().clear_list(clear_mode::uncheck);
@@ -119,7 +118,7 @@ void tst_clearing::mode_1_unchecks_the_buy_it_rows_and_keeps_all()
 
 void tst_clearing::mode_2_deletes_the_unchecked_rows()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     MessageScript script;
     main.clearing().clear_list(clear_mode::delete_unchecked);
@@ -133,7 +132,7 @@ void tst_clearing::mode_2_deletes_the_unchecked_rows()
 
 void tst_clearing::mode_3_deletes_all_rows_and_the_list_stays()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     MessageScript script;
     main.clearing().clear_list(clear_mode::delete_all);
@@ -149,7 +148,7 @@ void tst_clearing::mode_3_deletes_all_rows_and_the_list_stays()
 
 void tst_clearing::item_on_two_lists_stays_active_after_clearing_one()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     main.clearing().clear_list(clear_mode::delete_all);
     QCOMPARE(TreeView::picture(home.node(home.milk)), 7);
@@ -158,7 +157,7 @@ void tst_clearing::item_on_two_lists_stays_active_after_clearing_one()
 
 void tst_clearing::mode_1_without_buy_it_rows_says_so_and_changes_nothing()
 {
-    Household home;
+    HomeWithLists home;
     Query(home.db(), "UPDATE groc_1 SET to_get = 0").run();
     frmmain& main = home.load();
     const QStringList before = table_dump(home.db());
@@ -173,7 +172,7 @@ void tst_clearing::mode_1_without_buy_it_rows_says_so_and_changes_nothing()
 
 void tst_clearing::mode_2_with_all_rows_ticked_says_no_items()
 {
-    Household home;
+    HomeWithLists home;
     Query(home.db(), "UPDATE groc_1 SET to_get = 1").run();
     frmmain& main = home.load();
     const QStringList before = table_dump(home.db());
@@ -185,7 +184,7 @@ void tst_clearing::mode_2_with_all_rows_ticked_says_no_items()
 
 void tst_clearing::mode_3_without_rows_says_no_unchecked_items()
 {
-    Household home;
+    HomeWithLists home;
     home.db().db().exec("DELETE FROM groc_1; DELETE FROM tie");
     frmmain& main = home.load();
     MessageScript script;
@@ -195,7 +194,7 @@ void tst_clearing::mode_3_without_rows_says_no_unchecked_items()
 
 void tst_clearing::clearing_is_not_offered_in_the_all_lists_view()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     QVERIFY(home.find<QToolButton>(QStringLiteral("Toolbar1(2)"))->isEnabled());
     QVERIFY(main.commands().action(QStringLiteral("mnu_list_del")).isEnabled());
@@ -209,7 +208,7 @@ void tst_clearing::clearing_is_not_offered_in_the_all_lists_view()
 
 void tst_clearing::clearing_ends_with_the_integrity_check()
 {
-    Household home;
+    HomeWithLists home;
     home.db().db().exec("INSERT INTO tie (key_id, groc_id, item_id, list) VALUES (90, 700, 1, 2), (91, 4, 800, 2)");
     clear_rows(home.db(), home.weekly, clear_mode::uncheck);
     QCOMPARE(home.number("SELECT count(*) FROM tie WHERE key_id >= 90"), 0);
@@ -217,18 +216,18 @@ void tst_clearing::clearing_ends_with_the_integrity_check()
 
 void tst_clearing::rows_whose_item_is_gone_are_cleared_as_well()
 {
-    Household home;
+    HomeWithLists home;
     Query(home.db(), "DELETE FROM items_1 WHERE item = 'Bread'").run();
-    const auto items = clear_rows(home.db(), home.weekly, clear_mode::delete_all);
+    const auto items = clear_rows(home.db(), home.weekly, clear_mode::delete_all).items;
     QCOMPARE(items.size(), size_t(2));
     QCOMPARE(home.list_rows(), QStringLiteral("4:1,5:0"));
 }
 
 void tst_clearing::item_twice_on_a_list_is_counted_once()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.bread, home.weekly, true);
-    const auto items = clear_rows(home.db(), home.weekly, clear_mode::uncheck);
+    const auto items = clear_rows(home.db(), home.weekly, clear_mode::uncheck).items;
     QCOMPARE(items.size(), size_t(2));
     QCOMPARE(home.number("SELECT status FROM items_1 WHERE item = 'Bread'"), 6);
 }
@@ -248,7 +247,7 @@ void tst_clearing::failure_in_the_middle_changes_nothing()
     QFETCH(int, mode);
     QFETCH(QByteArray, operation);
     QFETCH(QByteArray, table);
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     refuse(main.connection(), operation.constData(), table.constData());
     const QStringList before = table_dump(home.db());
@@ -261,7 +260,7 @@ void tst_clearing::failure_in_the_middle_changes_nothing()
 
 void tst_clearing::clearing_rewrites_the_panel_of_the_selected_item()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     main.stock_tree().view().select(home.node(home.bread));
     main.clearing().clear_list(clear_mode::delete_all);
@@ -300,10 +299,10 @@ void tst_clearing::clearing_costs_in_proportion_to_the_list()
 
 void tst_clearing::groc_del_removes_row_link_and_grid_row()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     MessageScript script;
-    main.clearing().groc_del(home.milk_row, true, true);
+    main.clearing().groc_del(home.milk_row);
     QCOMPARE(home.grid(), QStringLiteral("Bread 1 179 122,Eggs 0 183 113"));
     QCOMPARE(home.list_rows(), QStringLiteral("2:1,3:0,4:1,5:0"));
     QCOMPARE(home.links(), QStringLiteral("2-2-1,3-3-1,4-1-2,5-3-2"));
@@ -312,40 +311,30 @@ void tst_clearing::groc_del_removes_row_link_and_grid_row()
 
 void tst_clearing::groc_del_corrects_tree_tag_and_panel()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     main.stock_tree().view().select(home.node(home.bread));
-    main.clearing().groc_del(home.bread_row, true, true);
+    main.clearing().groc_del(home.bread_row);
     QCOMPARE(TreeView::picture(home.node(home.bread)), 5);
     QCOMPARE(TreeView::tag(home.node(home.bread)), QStringLiteral("5"));
     QCOMPARE(home.panel(), QStringLiteral("Not listed :: OTHER category"));
     main.set_status(QStringLiteral("untouched"));
-    main.clearing().groc_del(home.eggs_row, true, true);
+    main.clearing().groc_del(home.eggs_row);
     QCOMPARE(home.panel(), QStringLiteral("untouched"));
-}
-
-void tst_clearing::groc_del_leaves_grid_and_tree_when_not_asked()
-{
-    Household home;
-    frmmain& main = home.load();
-    main.clearing().groc_del(home.bread_row, false, false);
-    QCOMPARE(home.rows().rows(), 3);
-    QCOMPARE(TreeView::picture(home.node(home.bread)), 7);
-    QCOMPARE(home.number("SELECT status FROM items_1 WHERE item = 'Bread'"), 5);
 }
 
 void tst_clearing::groc_del_of_the_last_row_empties_the_grid_and_closes_the_editor()
 {
-    Household home;
+    HomeWithLists home;
     home.set_pref(QStringLiteral("alist"), QString::number(home.camping));
     frmmain& main = home.load();
     main.list_pane().grid().set_current(0, grid_column::item);
     main.row_editor().show_l_line();
-    main.clearing().groc_del(home.eggs_camping, true, true);
+    main.clearing().groc_del(home.eggs_camping);
     QCOMPARE(home.rows().rows(), 1);
     main.list_pane().grid().set_current(0, grid_column::item);
     main.row_editor().show_l_line();
-    main.clearing().groc_del(home.milk_camping, true, true);
+    main.clearing().groc_del(home.milk_camping);
     QCOMPARE(home.rows().rows(), 0);
     QVERIFY(!main.row_editor().is_open());
     QCOMPARE(home.number("SELECT count(*) FROM list_name"), 2);
@@ -353,12 +342,12 @@ void tst_clearing::groc_del_of_the_last_row_empties_the_grid_and_closes_the_edit
 
 void tst_clearing::groc_del_of_a_row_without_link_deletes_the_row_alone()
 {
-    Household home;
+    HomeWithLists home;
     home.db().db().exec("INSERT INTO groc_1 (key_id, item) VALUES (40, 'Unlinked')");
     frmmain& main = home.load();
     const QString links = home.links();
     const QString items = home.items();
-    main.clearing().groc_del(40, true, true);
+    main.clearing().groc_del(40);
     QCOMPARE(home.number("SELECT count(*) FROM groc_1 WHERE key_id = 40"), 0);
     QCOMPARE(home.links(), links);
     QCOMPARE(home.items(), items);
@@ -367,11 +356,11 @@ void tst_clearing::groc_del_of_a_row_without_link_deletes_the_row_alone()
 
 void tst_clearing::groc_del_failure_changes_nothing()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     refuse(main.connection(), "UPDATE", "items_1");
     const QStringList before = table_dump(home.db());
-    QVERIFY_EXCEPTION_THROWN(main.clearing().groc_del(home.milk_row, true, true), SQLite::Exception);
+    QVERIFY_EXCEPTION_THROWN(main.clearing().groc_del(home.milk_row), SQLite::Exception);
     QCOMPARE(table_dump(home.db()), before);
     QCOMPARE(home.rows().rows(), 3);
 }

@@ -27,9 +27,9 @@ namespace {
 const QString shut_down = QStringLiteral("TarnWick has encountered an error\nand must shut down");
 
 /// A household with one list on show and milk in stock.
-class Household : public TestWindow {
+class HomeWithLists : public TestWindow {
 public:
-    Household()
+    HomeWithLists()
         : weekly(add_list(QStringLiteral("Weekly")))
         , camping(add_list(QStringLiteral("Camping")))
         , milk(add_item(QStringLiteral("Milk"), 0))
@@ -112,7 +112,7 @@ private slots:
 
 void tst_placing::placing_writes_the_three_tables()
 {
-    Household home;
+    HomeWithLists home;
     Query(home.db(), "UPDATE items_1 SET item = '  Milk '").run();
     const auto placed = insert_list_row(home.db(), home.placement(home.milk, home.weekly));
     QVERIFY(placed.has_value());
@@ -130,7 +130,7 @@ void tst_placing::placing_writes_the_three_tables()
 
 void tst_placing::given_values_are_stored()
 {
-    Household home;
+    HomeWithLists home;
     Placement placement = home.placement(home.milk, home.camping);
     placement.desc = QStringLiteral("Bob's \"best\" 100%");
     placement.aisle = QStringLiteral("4B");
@@ -147,7 +147,7 @@ void tst_placing::given_values_are_stored()
 
 void tst_placing::empty_texts_are_stored_as_one_blank()
 {
-    Household home;
+    HomeWithLists home;
     Placement placement = home.placement(home.milk, home.weekly);
     placement.desc.clear();
     placement.aisle.clear();
@@ -157,7 +157,7 @@ void tst_placing::empty_texts_are_stored_as_one_blank()
 
 void tst_placing::missing_stock_item_is_told_and_nothing_written()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     const QStringList before = table_dump(home.db());
     MessageScript script;
@@ -181,7 +181,7 @@ void tst_placing::failure_in_the_middle_leaves_nothing_and_ends_the_program()
 {
     QFETCH(QByteArray, operation);
     QFETCH(QByteArray, table);
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     home.refuse(operation.constData(), table.constData());
     const QStringList before = table_dump(home.db());
@@ -197,7 +197,7 @@ void tst_placing::failure_in_the_middle_leaves_nothing_and_ends_the_program()
 
 void tst_placing::used_up_keys_end_the_program()
 {
-    Household home;
+    HomeWithLists home;
     home.db().db().exec("INSERT INTO groc_1 (key_id) VALUES (32767)");
     frmmain& main = home.load();
     MessageScript script;
@@ -209,7 +209,7 @@ void tst_placing::used_up_keys_end_the_program()
 
 void tst_placing::placed_row_is_filled_and_current()
 {
-    Household home;
+    HomeWithLists home;
     for (const char* name : {"Apples", "Zucchini"})
         home.add_row(home.add_item(QString::fromLatin1(name), 0), home.weekly, false);
     frmmain& main = home.load();
@@ -240,7 +240,7 @@ void tst_placing::placed_row_is_filled_and_current()
 
 void tst_placing::new_row_is_marked_by_the_row_editor_unless_quiet()
 {
-    Household home;
+    HomeWithLists home;
     const Key bread = home.add_item(QStringLiteral("Bread"), 0);
     const Key zest = home.add_item(QStringLiteral("Zest"), 0);
     home.add_row(home.add_item(QStringLiteral("Apple"), 0), home.weekly, false);
@@ -268,7 +268,7 @@ void tst_placing::new_row_is_marked_by_the_row_editor_unless_quiet()
 
 void tst_placing::menu_command_places_the_selected_item()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     TreeView& tree = main.stock_tree().view();
     tree.select(main.stock_tree().item_node(home.milk));
@@ -286,7 +286,7 @@ void tst_placing::menu_command_places_the_selected_item()
 
 void tst_placing::row_placed_inactive_opens_ticked_while_the_item_is_active_elsewhere()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.milk, home.camping, true);
     frmmain& main = home.load();
     Placement placement = home.placement(home.milk, home.weekly);
@@ -300,7 +300,7 @@ void tst_placing::row_placed_inactive_opens_ticked_while_the_item_is_active_else
 
 void tst_placing::quiet_placing_leaves_current_row_and_status()
 {
-    Household home;
+    HomeWithLists home;
     for (const char* name : {"Apples", "Zucchini"})
         home.add_row(home.add_item(QString::fromLatin1(name), 0), home.weekly, false);
     frmmain& main = home.load();
@@ -317,7 +317,7 @@ void tst_placing::quiet_placing_leaves_current_row_and_status()
 
 void tst_placing::same_item_twice_gives_two_rows_and_set_row_finds_by_key()
 {
-    Household home;
+    HomeWithLists home;
     frmmain& main = home.load();
     main.placing().stock_to_list(home.milk);
     const Key first = main.shared.last_groc_key;
@@ -337,7 +337,7 @@ void tst_placing::same_item_twice_gives_two_rows_and_set_row_finds_by_key()
 
 void tst_placing::duplicate_question_tells_active_from_inactive()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.milk, home.weekly, false);
     frmmain& main = home.load();
     const QStringList before = table_dump(home.db());
@@ -345,12 +345,12 @@ void tst_placing::duplicate_question_tells_active_from_inactive()
     expect_second_placing(script, QStringLiteral("inactive"), QStringLiteral("Milk"), Answer::no);
     main.placing().stock_to_list(home.milk);
     QCOMPARE(table_dump(home.db()), before);
-    QVERIFY(!main.placing().chck_item(home.milk, home.camping));
+    QVERIFY(main.placing().chck_item(home.milk, home.camping) == PlacingAnswer::go_on);
 }
 
 void tst_placing::item_on_a_list_that_is_not_shown_leaves_the_grid()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.add_item(QStringLiteral("Apples"), 0), home.weekly, true);
     frmmain& main = home.load();
     main.placing().add_item(home.placement(home.milk, home.camping));
@@ -363,7 +363,7 @@ void tst_placing::item_on_a_list_that_is_not_shown_leaves_the_grid()
 
 void tst_placing::names_that_differ_in_case_or_symbols_sort_as_the_load_does()
 {
-    Household home;
+    HomeWithLists home;
     const QStringList names = {QStringLiteral("apple"),  QStringLiteral("Apple"),    QStringLiteral("APPLE pie"),
                                QStringLiteral("éclair"), QStringLiteral("Eclair"),   QStringLiteral("_under"),
                                QStringLiteral("&more"),  QStringLiteral("100 nuts"), QStringLiteral("zest"),
@@ -387,7 +387,7 @@ void tst_placing::names_that_differ_in_case_or_symbols_sort_as_the_load_does()
 
 void tst_placing::placing_in_the_all_lists_view_adds_the_row_of_its_list()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.milk, home.weekly, true);
     frmmain& main = home.load();
     home.view_all();
@@ -400,12 +400,12 @@ void tst_placing::placing_in_the_all_lists_view_adds_the_row_of_its_list()
 
 void tst_placing::duplicate_check_passes_silently_in_the_all_lists_view()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.milk, home.weekly, true);
     frmmain& main = home.load();
     home.view_all();
     MessageScript script;
-    QVERIFY(!main.placing().chck_item(home.milk, main.shared.current_list));
+    QVERIFY(main.placing().chck_item(home.milk, main.shared.current_list) == PlacingAnswer::go_on);
 }
 
 void tst_placing::without_lists_the_check_runs_and_the_message_follows()
@@ -433,7 +433,7 @@ void tst_placing::without_lists_the_check_runs_and_the_message_follows()
 
 void tst_placing::toggle_flips_row_and_plain_status()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.milk, home.weekly, false);
     Query(home.db(), "UPDATE items_1 SET to_get = 1").run();
     frmmain& main = home.load();
@@ -457,7 +457,7 @@ void tst_placing::toggle_flips_row_and_plain_status()
 
 void tst_placing::toggle_stores_the_plain_code_and_shows_the_true_one()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.milk, home.weekly, false);
     home.add_row(home.milk, home.camping, true);
     frmmain& main = home.load();
@@ -471,7 +471,7 @@ void tst_placing::toggle_stores_the_plain_code_and_shows_the_true_one()
 
 void tst_placing::toggle_in_the_all_lists_view_uses_the_rows_list_and_goes_back()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.milk, home.weekly, false);
     const Key second = home.add_row(home.milk, home.camping, false);
     frmmain& main = home.load();
@@ -483,7 +483,7 @@ void tst_placing::toggle_in_the_all_lists_view_uses_the_rows_list_and_goes_back(
 
 void tst_placing::toggle_of_a_row_that_is_gone_does_nothing()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.milk, home.weekly, true);
     frmmain& main = home.load();
     Query(home.db(), "DELETE FROM tie").run();
@@ -495,7 +495,7 @@ void tst_placing::toggle_of_a_row_that_is_gone_does_nothing()
 
 void tst_placing::failed_toggle_changes_nothing_and_goes_back_to_all_lists()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.milk, home.weekly, true);
     frmmain& main = home.load();
     home.view_all();
@@ -509,7 +509,7 @@ void tst_placing::failed_toggle_changes_nothing_and_goes_back_to_all_lists()
 
 void tst_placing::status_of_a_row_is_shown_on_request()
 {
-    Household home;
+    HomeWithLists home;
     home.add_row(home.milk, home.weekly, false);
     home.add_row(home.milk, home.camping, true);
     frmmain& main = home.load();
@@ -521,7 +521,7 @@ void tst_placing::placing_costs_the_same_on_a_long_list()
 {
     // Steps of the database's machine, which do not depend on how busy the computer is.
     const auto steps = [](int rows) {
-        Household home;
+        HomeWithLists home;
         {
             Transaction transaction(home.db());
             for (int i = 0; i < rows; ++i)

@@ -9,6 +9,7 @@
 // Its eyes, answered behind "= ":
 //   where NAME        x y width height on the screen of a visible widget
 //   node KEY          the same for the text of a tree node in view
+//   choose KEY        the same, after a click there by a mouse of its own
 //   get NAME PROPERTY the property of a widget as text
 //   focus             the object name of the widget that has the keyboard
 //   sizes             every size in which the main window has been seen on the screen, each once
@@ -21,6 +22,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
 #include <QSocketNotifier>
@@ -32,6 +34,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <utility>
 #include <unistd.h>
 
 namespace {
@@ -122,19 +125,35 @@ private:
         return QStringLiteral("%1 %2 %3 %4").arg(corner.x()).arg(corner.y()).arg(part.width()).arg(part.height());
     }
 
-    static QString place_of_node(const QString& key)
+    /// The tree that shows a node, and where its text is in the viewport.
+    static std::pair<QTreeWidget*, QRect> node_in_view(const QString& key)
     {
         for (QWidget* one : QApplication::allWidgets()) {
             auto* tree = qobject_cast<QTreeWidget*>(one);
             if (!tree || !tree->isVisible())
                 continue;
             for (QTreeWidgetItemIterator node(tree); *node; ++node) {
-                const QRect row = tree->visualItemRect(*node) & tree->viewport()->rect();
-                if ((*node)->data(0, Qt::UserRole).toString() == key && !row.isEmpty())
-                    return place_of(*tree->viewport(), row);
+                if ((*node)->data(0, Qt::UserRole).toString() != key)
+                    continue;
+                const int text = tree->fontMetrics().horizontalAdvance((*node)->text(0));
+                const int row = tree->sizeHintForIndex(tree->indexFromItem(*node)).width();
+                const QRect label = tree->visualItemRect(*node).adjusted(row - text - 2, 0, 0, 0);
+                const QRect shown = label & tree->viewport()->rect();
+                if (!shown.isEmpty())
+                    return {tree, QRect(shown.topLeft(), QSize(std::min(text, shown.width()), shown.height()))};
             }
         }
-        return {};
+        return {nullptr, QRect()};
+    }
+
+    static void click(QWidget& widget, const QPointF& place)
+    {
+        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            const bool down = type == QEvent::MouseButtonPress;
+            QMouseEvent event(type, place, widget.mapToGlobal(place), Qt::LeftButton,
+                              down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(&widget, &event);
+        }
     }
 
     /// The answer to a question; a null text when it is none or has no answer.
@@ -145,8 +164,12 @@ private:
         const QWidget* named = widget(name);
         if (verb == QLatin1String("where") && named)
             return place_of(*named, named->rect());
-        if (verb == QLatin1String("node"))
-            return place_of_node(name);
+        if (verb == QLatin1String("node") || verb == QLatin1String("choose")) {
+            const auto [tree, text] = node_in_view(name);
+            if (tree && verb == QLatin1String("choose"))
+                click(*tree->viewport(), text.center());
+            return tree ? place_of(*tree->viewport(), text) : QString();
+        }
         if (verb == QLatin1String("get") && named)
             return named->property(command.section(u' ', 2, 2).toLatin1().constData()).toString();
         if (verb == QLatin1String("focus") && QApplication::focusWidget())

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QTest>
 
+#include <cstdio>
+
 namespace tarnwick {
 
 void RealProgram::renew()
@@ -32,7 +34,11 @@ std::unique_ptr<QProcess> RealProgram::start(Probe probe, const QString& config)
     if (probe == Probe::leaves_messages)
         environment.insert(QStringLiteral("PROBE_LEAVES_MESSAGES"), QStringLiteral("1"));
     process->setProcessEnvironment(environment);
-    process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    QObject::connect(process.get(), &QProcess::readyReadStandardError, process.get(), [one = process.get()] {
+        const QByteArray said = one->readAllStandardError();
+        one->setProperty("errors", errors_of(*one) + said);
+        std::fputs(said.constData(), stderr);
+    });
     process->start(program(), QStringList());
     return process;
 }
@@ -45,6 +51,11 @@ QStringList RealProgram::lines_of(QProcess& process)
         return {QStringLiteral("(did not end)")};
     }
     return QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+}
+
+QByteArray RealProgram::errors_of(const QProcess& process)
+{
+    return process.property("errors").toByteArray();
 }
 
 bool RealProgram::wait_for(QProcess& process, const QByteArray& line)

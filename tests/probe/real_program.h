@@ -25,6 +25,7 @@ public:
 
     /// Waits for the end and gives all that was printed, but for what the functions below have taken.
     static QStringList lines_of(QProcess& process);
+    static QByteArray errors_of(const QProcess& process); ///< what it has said on the standard error up to now
     static bool wait_for(QProcess& process, const QByteArray& line);
     static void tell(QProcess& process, const QByteArray& command);
 

@@ -19,6 +19,7 @@ private slots:
     void the_name_that_the_line_had_gets_its_link_back_data();
     void the_name_that_the_line_had_gets_its_link_back();
     void an_edit_that_is_thrown_away_shows_the_line_as_it_is_stored();
+    void a_stock_item_that_goes_meanwhile_leaves_the_line_without_one();
     void an_item_wanted_on_several_lists_leaves_the_pictures_while_typing();
 };
 
@@ -235,6 +236,25 @@ void tst_ingredient_link::an_edit_that_is_thrown_away_shows_the_line_as_it_is_st
     QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
     QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
+}
+
+void tst_ingredient_link::a_stock_item_that_goes_meanwhile_leaves_the_line_without_one()
+{
+    LineWindow w;
+    const Key milk = w.add_item(QStringLiteral("Milk"), 0);
+    const Key key = w.add_line(w.recipe, QStringLiteral("Milk"), milk);
+    w.open();
+    w.open_line(0);
+    QTest::keyClicks(&w.qty(), QStringLiteral("3"));
+    Query(w.db(), "UPDATE recipe_2 SET item_ref = -1").run();
+    Query(w.db(), "DELETE FROM items_1").run();
+    w.page().unlink_item(milk, QStringLiteral("Non-stock item"));
+    w.click_text();
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.stored(key, "qty || item || item_ref"), QStringLiteral("3Milk-1"));
+    QCOMPARE(w.ingred(0), QStringLiteral("3 Milk"));
+    QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
+    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
 }
 
 void tst_ingredient_link::an_item_wanted_on_several_lists_leaves_the_pictures_while_typing()

@@ -1,5 +1,6 @@
 #include "recipes/recipe_fixture.h"
 
+#include "household/household.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
 #include "recipes/page_geometry.h"
@@ -349,24 +350,30 @@ void tst_recipe_check::lines_of_an_item_follow_its_status()
     QVERIFY(window.page().shows_item(window.item));
     QVERIFY(!window.page().shows_item(window.item + 1));
     QVERIFY(!window.page().shows_item(-1));
-    window.page().set_item_status(window.item, 7);
+    window.main().household().tick(window.row, window.list, true);
     QCOMPARE(window.picture("lite", 0), 179);
     QCOMPARE(window.picture("lite", 1), 171);
-    window.page().set_item_tool_tip(window.item, QStringLiteral("Tip"));
-    QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), QStringLiteral("Tip"));
+    QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), get_ttt(window.db(), window.item));
+    QCOMPARE(window.control(QStringLiteral("ingred(1)")).toolTip(), QStringLiteral("Non-stock item"));
 }
 
 void tst_recipe_check::unlinked_and_linked_lines_change_their_kind()
 {
     CheckWindow window;
     window.load();
-    window.page().unlink_item(window.item, QStringLiteral("Non-stock item"));
+    ItemChange change;
+    change.cause = Cause::item_editor;
+    change.items.push_back({window.item, 6, 6, 6});
+    change.record.emplace();
+    Query(window.db(), "UPDATE recipe_2 SET item_ref = -1").run();
+    window.page().item_changed(change);
     QCOMPARE(window.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
     QCOMPARE(window.picture("lite", 0), 171);
     QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), QStringLiteral("Non-stock item"));
     Query(window.db(), "UPDATE recipe_2 SET item_ref = iif(key_id = ?, ?, -1)", window.plain, window.item).run();
-    window.page().follow_links(window.item, 6, QStringLiteral(" - "), QStringLiteral("Linked"), QString());
-    QCOMPARE(window.control(QStringLiteral("ingred(1)")).toolTip(), QStringLiteral("Spring water - Linked"));
+    window.page().item_changed(change);
+    QCOMPARE(window.control(QStringLiteral("ingred(1)")).toolTip(),
+             QStringLiteral("Spring water - ") + get_status(window.db(), window.item));
     QCOMPARE(window.tag(QStringLiteral("Check1(1)")), QString::number(window.item));
     QCOMPARE(window.picture("lite", 1), 183);
     QCOMPARE(window.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));

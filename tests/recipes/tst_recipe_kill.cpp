@@ -21,6 +21,14 @@ constexpr Key renamed_line = 1;
 const LinkedName milk{QStringLiteral("Milk"), 1};
 const LinkedName oats{QStringLiteral("Oat drink"), 2};
 
+void rename_line(Connection& connection, const LinkedName& name)
+{
+    LineDraft draft = LineDraft::of(*read_line(connection, renamed_line));
+    draft.choose(name);
+    draft.set_text(IngredientField::comment, QStringLiteral("for ") + name.name);
+    save_line(connection, draft);
+}
+
 /// What a user's edits write, over and over, until the process is killed. One byte into `ready` follows the first
 /// round.
 [[noreturn]] void edit_for_ever(const QString& file, int ready)
@@ -29,12 +37,7 @@ const LinkedName oats{QStringLiteral("Oat drink"), 2};
     connection.open(file);
     for (int i = 1;; ++i) {
         save_recipe(connection, 1, QStringLiteral("Soup %1").arg(i), QStringLiteral("Stir %1").arg(i));
-        for (const LinkedName& name : {oats, milk}) {
-            LineDraft draft = LineDraft::of(*read_line(connection, renamed_line));
-            draft.choose(name);
-            draft.set_text(IngredientField::comment, QStringLiteral("for ") + name.name);
-            save_line(connection, draft);
-        }
+        rename_line(connection, i % 2 ? oats : milk);
         const Key recipe = insert_recipe(connection, QStringLiteral("Stew"), QStringLiteral("02"));
         for (int line = 0; line < 3; ++line) {
             IngredientRow row;

@@ -162,7 +162,7 @@ void tst_recipe_lights::removing_a_row_redraws_the_line_with_its_tool_tip()
     QCOMPARE(window.tool_tip(1), QStringLiteral("Not listed :: OTHER category"));
 
     window.main().view_state().show_list_pane(false);
-    window.main().clearing().groc_del(window.milk_row, true, true);
+    window.main().clearing().groc_del(window.milk_row);
     QCOMPARE(window.codes(), (QList<int>{7, 5, 7, 9}));
     QCOMPARE(window.tool_tip(0), QStringLiteral("Active On Party list :: OTHER category"));
 }

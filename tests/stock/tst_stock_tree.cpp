@@ -433,6 +433,7 @@ void tst_stock_tree::tv_refresh_sets_the_picture_from_the_rows()
     window_->add_row(milk_, party_, true);
     window_->main().stock_tree().tv_refresh(milk_);
     QCOMPARE(TreeView::picture(node(milk_)), 7);
+    QCOMPARE(TreeView::tag(node(milk_)), QStringLiteral("7"));
     window_->main().stock_tree().tv_refresh(butter_);
     QCOMPARE(TreeView::picture(node(butter_)), 5);
     QVERIFY_EXCEPTION_THROWN(window_->main().stock_tree().tv_refresh(99), runtime_error);
@@ -462,11 +463,10 @@ void tst_stock_tree::new_nodes_go_to_their_places_by_name()
 void tst_stock_tree::moved_item_keeps_picture_and_tag()
 {
     load();
-    window_->main().stock_tree().set_item_picture(milk_, 8, true);
-    window_->main().stock_tree().set_item_picture(milk_, 7, false);
+    window_->main().stock_tree().set_item_code(milk_, 8);
     window_->main().stock_tree().move_item_node(milk_, produce_);
     QCOMPARE(node(milk_)->parent()->text(0), QStringLiteral("Produce"));
-    QCOMPARE(TreeView::picture(node(milk_)), 7);
+    QCOMPARE(TreeView::picture(node(milk_)), 8);
     QCOMPARE(TreeView::tag(node(milk_)), QStringLiteral("8"));
     QCOMPARE(tree().selected(), node(milk_));
     QVERIFY(node(milk_)->parent()->isExpanded());

@@ -2,6 +2,7 @@
 #include "lists/list_pane.h"
 #include "widgets/row_editor.h"
 #include "household/status.h"
+#include "household/recipe_store.h"
 #include "stock/stock_tree_fixture.h"
 #include "support/message_script.h"
 
@@ -252,6 +253,7 @@ void tst_stock_tree_use::recipe_page_gets_the_recipe_button()
 {
     load();
     shared().list_pane_shown = false;
+    shared().cur_recipe = insert_recipe(window_->db(), QStringLiteral("Pancakes"), QStringLiteral("02"));
     shared().cur_recipe_name = QStringLiteral("Pancakes");
     click(node(milk_));
     QVERIFY(button(1).isVisible());

@@ -32,7 +32,10 @@ TestWindow::TestWindow()
         return true;
     };
     environment_.documents_folder = folder_.path();
-    environment_.end_program = [this] { ++ends; };
+    environment_.end_program = [this](int code) {
+        ++ends;
+        exit_code = code;
+    };
     make_database(environment_.database_file());
     db_ = std::make_unique<Connection>();
     db_->open(environment_.database_file());

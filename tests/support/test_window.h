@@ -46,6 +46,7 @@ public:
 
     QDate date{2026, 3, 14}; ///< today
     int ends = 0; ///< how often the program ended
+    int exit_code = -1; ///< with what it ended last
     std::vector<QUrl> opened; ///< what the desktop was asked to open
 
 private:

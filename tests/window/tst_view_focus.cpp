@@ -407,7 +407,7 @@ void tst_view_focus::a_tab_click_asks_for_the_name_of_a_nameless_new_line()
                       QStringLiteral("Please provide a name for your ingredient\n"
                                      "(or hit CANCEL to cancel adding ingredient)"));
         w.click_list_tab();
-        QCOMPARE(script.left(), 0);
+        QTRY_COMPARE(script.left(), 0);
     }
     QVERIFY(!w.main().shared.list_pane_shown);
     QCOMPARE(w.tabs(1).currentIndex(), 1);

@@ -181,6 +181,16 @@ void dialogs(Studio& studio, int points)
     dialog_shot(studio, QStringLiteral("mnu_tv_ai"), sized("second-placing", points));
 }
 
+/// What stands before printing and sending: the notice, the question for the rows, the print setup.
+void output_dialogs(Studio& studio, int points)
+{
+    studio.start(look(points));
+    dialog_shot(studio, QStringLiteral("mnu_list_prntsetup"), sized("print-setup", points));
+    dialog_shot(studio, QStringLiteral("mnu_tools_wp_rcp"), sized("virus-notice", points));
+    studio.start(with(look(points), "av_warn", "1"));
+    dialog_shot(studio, QStringLiteral("mnu_tools_wp_list"), sized("list-to-get", points));
+}
+
 void recipe_pages(Studio& studio, int points, int color)
 {
     studio.start(with(with(look(points, color), "tv_view", "0"), "lv_view", "0"));
@@ -270,6 +280,7 @@ void play_all(Studio& studio)
         stock_trees(studio, points);
         lists(studio, points);
         dialogs(studio, points);
+        output_dialogs(studio, points);
         menus(studio, points);
         for (const int color : {0, 1, 2, 3})
             recipe_pages(studio, points, color);

@@ -31,8 +31,8 @@ Studio::Studio(const QString& program_folder, const QString& pictures)
     , pictures_(pictures)
 {
     environment_.open_url = [](const QUrl&) { return true; };
-    environment_.end_program = [] {};
     environment_.printer = [this] { return std::make_unique<QPdfWriter>(paper_); };
+    environment_.end_program = [](int) {};
     use_household();
     QFile file(environment_.database_file());
     if (file.open(QIODevice::ReadOnly))

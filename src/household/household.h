@@ -1,0 +1,80 @@
+#pragma once
+
+#include "household/clearing_store.h"
+#include "household/item_change.h"
+#include "household/item_saving.h"
+#include "household/placing_store.h"
+#include "household/stock_store.h"
+
+#include <QObject>
+
+namespace tarnwick {
+
+/// Why an operation wrote nothing.
+enum class Refusal { none, no_list, no_item };
+
+/// What became of a shopping list.
+struct ListsChange {
+    enum class Kind { made, renamed, deleted };
+    Kind kind = Kind::made;
+    Key list = 0;
+    QString name; ///< as made or renamed
+    std::optional<Key> first_left; ///< after a deletion the first list that remains
+};
+
+/// The user's operations on lists and stock. Each is one transaction, and is announced when it is in the file.
+/// Everything throws SQLite::Exception; nothing is written or announced then.
+class Household : public QObject {
+    Q_OBJECT
+public:
+    explicit Household(Connection& connection);
+
+    /// What stands against writing to a list: a key above 0 without a record takes no items.
+    Refusal refusal_of(Key list);
+
+    /// Puts an item on a list. Throws error 6 when the keys are used up.
+    Refusal place(const Placement& placement);
+
+    /// The box in the grid: writes the buy-it mark of a row. A row that is not on the list: nothing.
+    void tick(Key groc_key, Key list, bool to_get);
+
+    /// The box in the stock tree: the same for the row that a click on an item stands for.
+    void tick_in_tree(Key item, const TiedRow& row, bool to_get);
+
+    /// The box on the recipe page: marks all rows of an item; without a mark its status alone is written.
+    /// Returns the item's first row; nothing, and no change, when it is on no list.
+    std::optional<Key> check_line(Key item, std::optional<bool> to_get);
+
+    /// Deletes a list row with its link and repairs `tie`.
+    void remove_row(Key groc_key);
+
+    /// Clears a list in mode 1 to 3. Without rows nothing is written or announced.
+    Refusal clear_list(Key list, int mode);
+
+    /// The item editor's OK. Returns the item's key. Throws placing_error as well.
+    Key save_item(const ItemEdit& edit);
+
+    /// Deletes a list with all its rows.
+    Refusal delete_list(Key list);
+
+    /// Gives a list another name. No such list: nothing.
+    void rename_list(Key list, const QString& name);
+
+    /// Makes a list and returns its key. Throws error 6 when the keys are used up.
+    Key make_list(const QString& name, QDate today);
+
+    Key last_groc_key() const { return last_groc_key_; } ///< the list row placed last; -1 none
+
+signals:
+    void item_changed(const ItemChange& change);
+    void lists_changed(const ListsChange& change);
+
+private:
+    void announce_mark(Cause cause, const ItemStatus& item, const std::vector<TiedRow>& rows, bool to_get);
+    void announce_cleared(Key list, const ClearedRows& cleared, int mode);
+
+    Connection& connection_;
+    Key last_groc_key_ = -1;
+};
+
+} // namespace tarnwick

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "data/text.h"
+#include "household/status.h"
+
+#include <array>
+#include <optional>
+
+namespace tarnwick {
+
+/// What changed the status of a stock item.
+enum class Cause { placing, grid_box, tree_box, row_removal, clearing, page_box, item_editor };
+
+/// What becomes of `groc_1.to_get`.
+enum class RowMark { given, flipped, row_gone, gone_or_cleared, by_page, as_edited };
+
+/// What becomes of `items_1.to_get`, the flag of the item's last placing.
+enum class ItemFlag { given, untouched, cleared, cleared_if_new };
+
+/// A status code: computed from all list rows, or plain 7 and 6 for a mark set and cleared, whatever stands
+/// on other lists.
+enum class Code { computed, plain };
+
+/// When the first status panel tells the item's status, beside the case that its node is the selected one.
+enum class PanelWords { always, in_stock_view, if_selected };
+
+/// The tool tip that the item's lines on the recipe page get.
+enum class LineTip { words, name_and_words, line_and_words };
+
+/// Which of the rows whose mark changed the grid shows so, and whether it makes the row current.
+enum class GridMarks { in_place, go_to_row, go_to_first };
+
+/// How one cause treats all that shows or stores a status.
+struct Treatment {
+    Cause cause;
+    RowMark row_mark;
+    ItemFlag item_flag;
+    Code stored; ///< `items_1.status`
+    Code node; ///< picture and Tag of the node, which always move together
+    bool node_shown; ///< the node is brought into view
+    PanelWords words;
+    Code page; ///< light and box of every line of the item
+    LineTip tool_tip;
+    GridMarks grid;
+};
+
+// The plain codes may lag behind other lists until the next computed one is written: kept as it is. So is that
+// the recipe page marks all rows of an item and the grid shows the first of them only.
+inline constexpr std::array treatments{
+    Treatment{Cause::placing, RowMark::given, ItemFlag::given, Code::computed, Code::computed, false,
+              PanelWords::in_stock_view, Code::computed, LineTip::name_and_words, GridMarks::in_place},
+    Treatment{Cause::grid_box, RowMark::flipped, ItemFlag::untouched, Code::plain, Code::computed, false,
+              PanelWords::always, Code::computed, LineTip::name_and_words, GridMarks::in_place},
+    Treatment{Cause::tree_box, RowMark::flipped, ItemFlag::untouched, Code::plain, Code::plain, false,
+              PanelWords::always, Code::plain, LineTip::name_and_words, GridMarks::go_to_row},
+    Treatment{Cause::row_removal, RowMark::row_gone, ItemFlag::untouched, Code::computed, Code::computed, false,
+              PanelWords::if_selected, Code::computed, LineTip::words, GridMarks::in_place},
+    Treatment{Cause::clearing, RowMark::gone_or_cleared, ItemFlag::cleared, Code::computed, Code::computed, false,
+              PanelWords::if_selected, Code::computed, LineTip::words, GridMarks::in_place},
+    Treatment{Cause::page_box, RowMark::by_page, ItemFlag::untouched, Code::computed, Code::computed, true,
+              PanelWords::always, Code::plain, LineTip::words, GridMarks::go_to_first},
+    Treatment{Cause::item_editor, RowMark::as_edited, ItemFlag::cleared_if_new, Code::computed, Code::computed,
+              false, PanelWords::always, Code::computed, LineTip::line_and_words, GridMarks::in_place},
+};
+
+constexpr const Treatment& treatment_of(Cause cause)
+{
+    return treatments[static_cast<size_t>(cause)];
+}
+
+/// The plain code of a row's mark.
+constexpr int plain_code(bool to_get)
+{
+    return to_get ? status_code::buy_it : status_code::inactive;
+}
+
+/// A code as a column of the table has it. `computed` is the item's true code, `to_get` the mark just written.
+constexpr int code_of(Code kind, int computed, bool to_get)
+{
+    return kind == Code::plain ? plain_code(to_get) : computed;
+}
+
+/// A stock item and its true status code.
+struct ItemStatus {
+    Key item;
+    int status;
+};
+
+/// Stores flag and status of an item as the cause has it; joins the caller's transaction. `to_get` is the mark
+/// just written. Returns the item's true code, nothing when there is no such item. Throws SQLite::Exception.
+std::optional<int> store_status(Connection& connection, Cause cause, Key item, bool to_get);
+
+} // namespace tarnwick

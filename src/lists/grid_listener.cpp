@@ -1,0 +1,145 @@
+#include "lists/grid_listener.h"
+
+#include "app/shared_values.h"
+#include "household/list_store.h"
+#include "lists/list_pane.h"
+#include "widgets/list_grid.h"
+#include "widgets/row_editor.h"
+
+#include <QApplication>
+#include <QHash>
+#include <QSet>
+
+#include <algorithm>
+#include <iterator>
+
+namespace tarnwick {
+
+GridListener::GridListener(ListPane& pane, RowEditor& editor, const SharedValues& shared)
+    : pane_(pane)
+    , editor_(editor)
+    , shared_(shared)
+{
+}
+
+void GridListener::item_changed(const ItemChange& change)
+{
+    take_away(change);
+    for (const WrittenRow& written : change.written) {
+        if (written.kind == WrittenRow::Kind::placed && shows_list(written.row.list_key))
+            show_placed(written.row, change.quiet);
+        else if (written.kind == WrittenRow::Kind::rewritten)
+            show_rewritten(written.row);
+    }
+    show_marks(change);
+    if (!change.record)
+        return;
+    if (change.record->renamed)
+        rename(change.items.front().item, change.record->name);
+    // Boxes left open over a row would write their old text back with the next key.
+    editor_.refresh();
+}
+
+bool GridListener::shows_list(Key list) const
+{
+    return shared_.all_lists_view || list == shared_.current_list;
+}
+
+void GridListener::take_away(const ItemChange& change)
+{
+    if (change.gone.empty())
+        return;
+    editor_.hide_line();
+    if (change.cause == Cause::clearing) {
+        take_away_many(change.gone);
+    } else {
+        for (const Key gone : change.gone)
+            pane_.remove_row(gone);
+    }
+}
+
+void GridListener::take_away_many(const std::vector<Key>& gone)
+{
+    GridModel& rows = pane_.grid().rows();
+    const QSet<Key> keys(gone.begin(), gone.end());
+    std::vector<GridRow> kept;
+    std::copy_if(rows.list_rows().begin(), rows.list_rows().end(), std::back_inserter(kept),
+                 [&keys](const GridRow& row) { return !keys.contains(row.groc_key); });
+    rows.set_rows(std::move(kept));
+    if (rows.rows() > 0)
+        pane_.grid().set_current(0, grid_column::item);
+    pane_.set_col_widths();
+    pane_.set_headers();
+}
+
+void GridListener::show_placed(const GridRow& row, bool quiet)
+{
+    const bool editor_was_open = editor_.is_open();
+    const bool show = !quiet && shared_.list_pane_shown;
+    const int place = pane_.add_row(row, show);
+    if (!show)
+        return;
+    const bool window_enabled = pane_.grid().window()->isEnabled() && !QApplication::activeModalWidget();
+    const bool mark = window_enabled && shared_.placing_source < placing_source::manager_all_lists;
+    if (mark || editor_was_open)
+        editor_.show_l_line();
+    else
+        pane_.grid().scrollTo(pane_.grid().rows().index(place, grid_column::item));
+}
+
+void GridListener::show_rewritten(const GridRow& row)
+{
+    GridModel& rows = pane_.grid().rows();
+    const int place = rows.find_row(row.groc_key);
+    if (place < 0)
+        return;
+    rows.change_row(place, [&row](GridRow& target) {
+        const bool bold = target.bold;
+        const bool located = target.located;
+        const QString name = target.item;
+        target = row;
+        target.item = name;
+        target.bold = bold;
+        target.located = located;
+    });
+}
+
+void GridListener::show_marks(const ItemChange& change)
+{
+    QHash<Key, bool> marks;
+    Key first = 0;
+    for (const WrittenRow& written : change.written) {
+        if (written.kind != WrittenRow::Kind::marked)
+            continue;
+        if (marks.isEmpty())
+            first = written.row.groc_key;
+        marks.insert(written.row.groc_key, written.row.to_get);
+    }
+    if (marks.isEmpty())
+        return;
+    GridModel& rows = pane_.grid().rows();
+    const GridMarks way = treatment_of(change.cause).grid;
+    if (marks.size() > 1 && way == GridMarks::in_place) {
+        rows.change_all([&marks](GridRow& row) {
+            if (const auto mark = marks.constFind(row.groc_key); mark != marks.constEnd())
+                list_store::set_to_get(row, *mark);
+        });
+        return;
+    }
+    const int place = rows.find_row(first);
+    if (place < 0)
+        return;
+    if (way != GridMarks::in_place)
+        pane_.set_row(first);
+    rows.change_row(place, [to_get = marks.value(first)](GridRow& row) { list_store::set_to_get(row, to_get); });
+}
+
+void GridListener::rename(Key item, const QString& name)
+{
+    GridModel& rows = pane_.grid().rows();
+    for (int row = 0; row < rows.rows(); ++row)
+        if (rows.row(row).item_key == item)
+            rows.set_cell_text(row, grid_column::item, name);
+}
+
+} // namespace tarnwick
