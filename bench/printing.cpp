@@ -66,12 +66,11 @@ std::function<void()> turning(prev_frm& preview)
 std::function<void()> printing(Window& window, const QString& file)
 {
     return [&window, file] {
-        Environment environment;
-        environment.printer = [file] { return std::make_unique<QPdfWriter>(file); };
+        const Paper paper{[file] { return std::make_unique<QPdfWriter>(file); }, {}};
         const auto pages = pages_of(window, by_category_two_columns);
-        if (!print_job(window.main(), environment,
-                       {QStringLiteral("Weekly"), 1, pages->count(),
-                        [&pages](int number) { return pages->page(number); }}))
+        if (!print_job(window.main(), paper, {QStringLiteral("Weekly"), 1, pages->count(), [&pages](int number) {
+                                                  return pages->page(number);
+                                              }}))
             qFatal("the list was not printed");
     };
 }

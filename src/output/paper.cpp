@@ -73,7 +73,7 @@ QByteArray pdf_of(const PrintJob& job)
 }
 
 /// Where the user wants the file; empty when he does not.
-QString ask_for_file(QWidget& owner, const Environment& environment, const QString& name)
+QString ask_for_file(QWidget& owner, const Paper& paper, const QString& name)
 {
     QFileDialog dialog(&owner, QStringLiteral("Save as PDF"));
     dialog.setObjectName(QStringLiteral("save_pdf"));
@@ -82,8 +82,7 @@ QString ask_for_file(QWidget& owner, const Environment& environment, const QStri
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilter(QStringLiteral("PDF files (*.pdf)"));
     dialog.setDefaultSuffix(QStringLiteral("pdf"));
-    dialog.setDirectory(QDir(environment.documents_folder).exists() ? environment.documents_folder
-                                                                    : QDir::homePath());
+    dialog.setDirectory(QDir(paper.documents_folder).exists() ? paper.documents_folder : QDir::homePath());
     dialog.selectFile(pdf_file_name(name));
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
@@ -96,9 +95,9 @@ bool write_file(const QString& path, const QByteArray& bytes)
         && file.commit();
 }
 
-bool save_job(QWidget& owner, const Environment& environment, const PrintJob& job)
+bool save_job(QWidget& owner, const Paper& paper, const PrintJob& job)
 {
-    const QString path = ask_for_file(owner, environment, job.name);
+    const QString path = ask_for_file(owner, paper, job.name);
     if (path.isEmpty())
         return false;
     const auto saved = [&] {
@@ -126,11 +125,11 @@ QString pdf_file_name(const QString& name)
     return (file.isEmpty() ? QStringLiteral("Tarnwick") : file) + QStringLiteral(".pdf");
 }
 
-bool print_job(QWidget& owner, const Environment& environment, const PrintJob& job)
+bool print_job(QWidget& owner, const Paper& paper, const PrintJob& job)
 {
-    const std::unique_ptr<QPagedPaintDevice> device = environment.printer ? environment.printer() : nullptr;
+    const std::unique_ptr<QPagedPaintDevice> device = paper.printer ? paper.printer() : nullptr;
     if (!device)
-        return save_job(owner, environment, job);
+        return save_job(owner, paper, job);
     if (auto* printer = dynamic_cast<QPrinter*>(device.get()))
         printer->setDocName(job.name);
     const auto printed = [&] {

@@ -16,10 +16,10 @@ namespace {
 
 void tell_that_nothing_is_there(const PrintSource& source, QWidget& owner)
 {
-    ReportOptions all = source.shared.reports;
+    ReportOptions all = source.options;
     const bool only_buy_it = all.active == 1;
     all.active = 0;
-    if (only_buy_it && !read_list_rows(source.connection, source.shared.current_list, all).empty())
+    if (only_buy_it && !read_list_rows(source.connection, source.list, all).empty())
         msg_box(&owner,
                 QStringLiteral("There are no 'buy-it' items to print\n\nTip: To print ALL items, go to \n"
                                "       'Shopping lists / Print setup'\n"
@@ -32,16 +32,15 @@ void tell_that_nothing_is_there(const PrintSource& source, QWidget& owner)
 
 void print_pages(const PrintSource& source, QWidget& owner, const ListPages& pages, const QString& title, int first)
 {
-    print_job(owner, source.environment,
+    print_job(owner, source.paper,
               {title, first, pages.count(), [&pages](int number) { return pages.page(number); }});
 }
 
-void print_recipe_pages(const PrintSource& source, QWidget& owner, const QString& title,
-                        const std::vector<Page>& pages)
+void print_recipe_pages(const Paper& paper, QWidget& owner, const QString& title, const std::vector<Page>& pages)
 {
-    print_job(owner, source.environment, {trim(title), 1, static_cast<int>(pages.size()), [&pages](int number) {
-                                              return pages.at(static_cast<size_t>(number - 1));
-                                          }});
+    print_job(owner, paper, {trim(title), 1, static_cast<int>(pages.size()), [&pages](int number) {
+                                 return pages.at(static_cast<size_t>(number - 1));
+                             }});
 }
 
 bool may_leave_lines_out(QWidget& owner)
@@ -81,18 +80,17 @@ bool preview_recipe(QWidget& owner, int points, const std::vector<Page>& pages)
 
 void print_list_pages(const PrintSource& source, QWidget& owner, Key& page, bool preview)
 {
-    const SharedValues& shared = source.shared;
-    auto rows = read_list_rows(source.connection, shared.current_list, shared.reports);
+    auto rows = read_list_rows(source.connection, source.list, source.options);
     if (rows.empty()) {
         tell_that_nothing_is_there(source, owner);
         page = no_more_pages;
         return;
     }
-    const QString name = get_list_name(source.connection, shared.current_list);
+    const QString name = get_list_name(source.connection, source.list);
     const QString title = list_title(name);
-    const ListPages pages(std::move(rows), shared.reports, name, source.environment.today());
+    const ListPages pages(std::move(rows), source.options, name, source.today);
     if (preview) {
-        prev_frm(owner, shared.type_size,
+        prev_frm(owner, source.type_size,
                  {title, page, pages.count(), [&pages](int number) { return pages.page(number); },
                   [&](QWidget& window) { print_pages(source, window, pages, title, 1); }})
             .exec();
@@ -103,13 +101,13 @@ void print_list_pages(const PrintSource& source, QWidget& owner, Key& page, bool
     }
 }
 
-void print_recipe(const PrintSource& source, QWidget& owner, const RecipeSheet& recipe, bool preview)
+void print_recipe(const Paper& paper, QWidget& owner, int type_size, const RecipeSheet& recipe, bool preview)
 {
     if (recipe.lines.size() > most_printed_lines && !may_leave_lines_out(owner))
         return;
     const std::vector<Page> pages = recipe_pages(recipe);
-    if (!preview || preview_recipe(owner, source.shared.type_size, pages))
-        print_recipe_pages(source, owner, recipe.title, pages);
+    if (!preview || preview_recipe(owner, type_size, pages))
+        print_recipe_pages(paper, owner, recipe.title, pages);
 }
 
 } // namespace tarnwick

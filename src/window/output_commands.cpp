@@ -40,9 +40,9 @@ void send(frmmain& main, bool is_recipe, void (Sending::*how)(const std::optiona
     (sending.*how)(recipe);
 }
 
-PrintSource print_source(frmmain& main)
+Paper paper_of(const frmmain& main)
 {
-    return {main.connection(), main.shared, main.environment()};
+    return {main.environment().printer, main.environment().documents_folder};
 }
 
 void put_out_list(frmmain& main, QWidget& owner, bool preview)
@@ -50,7 +50,9 @@ void put_out_list(frmmain& main, QWidget& owner, bool preview)
     if (!leave_editors(main))
         return;
     Key page = 1;
-    print_list_pages(print_source(main), owner, page, preview);
+    print_list_pages({main.connection(), main.shared.current_list, main.shared.reports, main.shared.type_size,
+                      main.today(), paper_of(main)},
+                     owner, page, preview);
 }
 
 void put_out_recipe(frmmain& main, bool preview)
@@ -58,7 +60,7 @@ void put_out_recipe(frmmain& main, bool preview)
     if (!leave_editors(main))
         return;
     if (const auto recipe = open_recipe(main))
-        print_recipe(print_source(main), main, *recipe, preview);
+        print_recipe(paper_of(main), main, main.shared.type_size, *recipe, preview);
 }
 
 } // namespace

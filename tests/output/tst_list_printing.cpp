@@ -44,6 +44,15 @@ void set_report(TestWindow& w, const char* key, const char* value)
         .write(QStringLiteral("trnwck"), QStringLiteral("reports"), QLatin1String(key), QLatin1String(value));
 }
 
+/// What the window prints its list from.
+PrintSource source_of(TestWindow& w)
+{
+    frmmain& main = w.main();
+    return {main.connection(),   main.shared.current_list,
+            main.shared.reports, main.shared.type_size,
+            main.today(),        {main.environment().printer, main.environment().documents_folder}};
+}
+
 /// Types a path into the file dialog and saves.
 std::function<void(QDialog&)> save_as(const QString& path)
 {
@@ -92,6 +101,9 @@ private slots:
     void without_a_list_print_and_preview_are_disabled();
     // Editors
     void an_open_row_is_written_before_it_is_printed();
+    // The print setup
+    void the_print_setup_prints_and_previews_and_stays_open();
+    void the_print_setup_without_rows_ends_in_no_items_to_print();
 };
 
 void tst_list_printing::rows_come_in_the_order_of_the_options_data()
@@ -246,15 +258,15 @@ void tst_list_printing::a_paper_that_is_too_low_takes_the_whole_form()
     QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("low.pdf"));
     {
-        Environment low = w.environment();
-        low.printer = [&]() -> std::unique_ptr<QPagedPaintDevice> {
+        PrintSource low = source_of(w);
+        low.paper.printer = [&]() -> std::unique_ptr<QPagedPaintDevice> {
             auto device = std::make_unique<QPdfWriter>(file);
             device->setPageLayout(
                 {QPageSize(QPageSize::A4), QPageLayout::Landscape, {10, 10, 10, 10}, QPageLayout::Millimeter});
             return device;
         };
         Key page = 1;
-        print_list_pages({w.main().connection(), w.main().shared, low}, w.main(), page, false);
+        print_list_pages(low, w.main(), page, false);
     }
     const auto pages = read_pdf(file);
     QVERIFY(!pages.isEmpty());
@@ -326,7 +338,7 @@ void tst_list_printing::printing_begins_at_the_page_and_leaves_the_next()
     w.rows(150);
     w.open();
     Key page = 2;
-    const PrintSource source{w.main().connection(), w.main().shared, w.main().environment()};
+    const PrintSource source = source_of(w);
     print_list_pages(source, w.main(), page, false);
     QCOMPARE(page, Key(4));
     const auto pages = printer.job(0);
@@ -348,7 +360,7 @@ void tst_list_printing::the_preview_leaves_no_more_pages()
         window.reject();
     });
     Key page = 2;
-    print_list_pages({w.main().connection(), w.main().shared, w.main().environment()}, w.main(), page, true);
+    print_list_pages(source_of(w), w.main(), page, true);
     QCOMPARE(page, Key(10000));
 }
 
@@ -511,6 +523,47 @@ void tst_list_printing::an_open_row_is_written_before_it_is_printed()
     click_button(w, print_button);
     QVERIFY(!w.editor().is_open());
     QVERIFY(printer.job(0).value(0).text().contains(QLatin1String("Item 001: ripe")));
+}
+
+void tst_list_printing::the_print_setup_prints_and_previews_and_stays_open()
+{
+    EditingWindow w;
+    TestPrinter printer(w);
+    w.rows(3);
+    w.open();
+    MessageScript script;
+    script.drive([&](QDialog& setup) {
+        QCOMPARE(setup.objectName(), QStringLiteral("pic_frm"));
+        click(setup, 0);
+        QCOMPARE(printer.jobs, 1);
+        QVERIFY(setup.isVisible());
+        click(setup, 1);
+        QVERIFY(setup.isVisible());
+        click(setup, 2);
+        QVERIFY(!setup.isVisible());
+    });
+    script.drive([&](QDialog& preview) {
+        QCOMPARE(preview.objectName(), QStringLiteral("prev_frm"));
+        QCOMPARE(preview.parentWidget()->objectName(), QStringLiteral("pic_frm"));
+        click(preview, 4);
+    });
+    trigger(w, "mnu_list_prntsetup");
+    QCOMPARE(printer.jobs, 1);
+}
+
+void tst_list_printing::the_print_setup_without_rows_ends_in_no_items_to_print()
+{
+    EditingWindow w;
+    w.load();
+    MessageScript script;
+    script.drive([&](QDialog& setup) {
+        click(setup, 0);
+        click(setup, 1);
+        click(setup, 2);
+    });
+    for (int i = 0; i < 2; ++i)
+        script.expect(QStringLiteral("Valora info"), QStringLiteral("No items to print"));
+    trigger(w, "mnu_list_prntsetup");
 }
 
 QTEST_MAIN(tst_list_printing)
