@@ -1,6 +1,7 @@
 #include "app/application.h"
 
 #include "window/frmmain.h"
+#include "window/rescuer.h"
 #include "widgets/message_box.h"
 
 #include <QIcon>
@@ -50,6 +51,7 @@ bool Application::notify(QObject* receiver, QEvent* event)
         if (!main_)
             end_with_start_message(error);
         main_->shared.ending = true;
+        rescue_typed(*main_);
         end_with_runtime_message(error);
     }
 }

@@ -1,53 +1,56 @@
 #include "data/connection.h"
 
 #include "data/collation.h"
+#include "data/database_file.h"
 #include "data/runtime_error.h"
 #include "data/schema.h"
 
-#include <QFile>
 #include <QFileInfo>
+#include <QScopedValueRollback>
+#include <QThread>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include <exception>
 #include <string>
 #include <unordered_map>
 
 namespace tarnwick {
 namespace {
 
-constexpr int busy_timeout_ms = 2000;
-
-[[noreturn]] void refuse(int number, const QString& text, const QString& path)
+void refuse_read_only(const QString& path)
 {
-    throw runtime_error(number, text + QStringLiteral("\n(") + path + u')');
+    if (!QFileInfo(path).isWritable())
+        refuse(SQLITE_READONLY, QStringLiteral("The database file is read-only"), path);
+    // A folder without write permission lets the file be read but no journal be made beside it.
+    if (!QFileInfo(QFileInfo(path).path()).isWritable())
+        refuse(SQLITE_READONLY, QStringLiteral("The folder of the database is read-only"), path);
 }
 
-/// Reads the marks of the file from its first page, without any database code that might write to it.
-void refuse_foreign(const QString& path)
+/// Throws a run-time error when an open file is damaged or lacks a part. Changes nothing in it.
+void refuse_unusable(SQLite::Database& database, const QString& name)
 {
-    constexpr qsizetype header_size = 100; // SQLite's file format: a header of 100 bytes
-    constexpr qsizetype version_offset = 60;
-    constexpr qsizetype application_offset = 68;
+    install_collation(database.getHandle());
+    SQLite::Statement check(database, "PRAGMA integrity_check(1)");
+    const QString verdict
+        = check.executeStep() ? QString::fromUtf8(check.getColumn(0).getText()) : QStringLiteral("no answer");
+    if (verdict != QLatin1String("ok"))
+        refuse(SQLITE_CORRUPT, QStringLiteral("The database file is damaged: ") + verdict, name);
+    refuse_incomplete(database, name);
+}
 
-    QFile file(path);
-    if (!file.exists())
-        refuse(SQLITE_CANTOPEN, QStringLiteral("The database file is missing"), path);
-    if (!file.open(QIODevice::ReadOnly))
-        refuse(SQLITE_CANTOPEN, QStringLiteral("The database file cannot be opened: ") + file.errorString(), path);
-    const QByteArray header = file.read(header_size);
-    if (header.size() < header_size || !header.startsWith("SQLite format 3"))
-        refuse(SQLITE_NOTADB, QStringLiteral("The file is not a database"), path);
-    const auto number_at = [&header](qsizetype offset) {
-        quint32 number = 0;
-        for (qsizetype i = 0; i < 4; ++i)
-            number = number << 8 | static_cast<quint8>(header[offset + i]);
-        return number;
-    };
-    if (number_at(application_offset) != schema_application_id)
-        refuse(SQLITE_NOTADB, QStringLiteral("The database was not made by this program"), path);
-    if (number_at(version_offset) > schema_version)
-        refuse(SQLITE_NOTADB, QStringLiteral("The database was made by a newer version of this program"), path);
+/// Throws a run-time error when the unfinished change beside a file cannot be played back to a sound file.
+void refuse_unrecoverable(const QString& path)
+{
+    refuse_foreign_journal(path);
+    rehearse_recovery(path, [&path](const QString& copy) {
+        {
+            SQLite::Database database(copy.toStdString(), SQLite::OPEN_READWRITE);
+            refuse_unusable(database, path);
+        }
+        refuse_foreign(copy, path);
+    });
 }
 
 } // namespace
@@ -67,34 +70,90 @@ void Connection::open(const QString& path)
 {
     close();
     path_ = path;
-    refuse_foreign(path);
-    if (!QFileInfo(path).isWritable())
-        refuse(SQLITE_READONLY, QStringLiteral("The database file is read-only"), path);
+    refuse_irregular(path);
+    when_unlocked([this] { open_once(); });
+}
+
+void Connection::open_once()
+{
     try {
-        database_ = std::make_unique<SQLite::Database>(path.toStdString(), SQLite::OPEN_READWRITE, busy_timeout_ms);
+        const bool unfinished = has_unfinished_change(path_);
+        refuse_read_only(path_);
+        if (unfinished)
+            refuse_unrecoverable(path_);
+        else
+            refuse_foreign(path_, path_);
+        database_ = std::make_unique<SQLite::Database>(path_.toStdString(), SQLite::OPEN_READWRITE);
         statements_ = std::make_unique<Statements>();
-        install_collation(database_->getHandle());
-        database_->exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = FULL");
-        refuse_unusable();
+        sqlite3_busy_handler(
+            database_->getHandle(),
+            [](void* self, int) { return static_cast<Connection*>(self)->wait_a_little() ? 1 : 0; }, this);
+        refuse_unusable(*database_, path_);
+        // Without spilling, a journal that can be played back always holds the first page, by which it is known.
+        database_->exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = FULL; PRAGMA cache_spill = OFF");
+        upgrade(*this);
     } catch (const SQLite::Exception& error) {
         close();
-        refuse(error.getErrorCode(), QString::fromUtf8(error.what()), path);
+        refuse(error.getErrorCode(), QString::fromUtf8(error.what()), path_);
     } catch (...) {
         close();
         throw;
     }
 }
 
-void Connection::refuse_unusable() const
+void Connection::when_unlocked(const std::function<void()>& attempt)
 {
-    SQLite::Statement check(*database_, "PRAGMA quick_check(1)");
-    const QString verdict
-        = check.executeStep() ? QString::fromUtf8(check.getColumn(0).getText()) : QStringLiteral("no answer");
-    if (verdict != QLatin1String("ok"))
-        refuse(SQLITE_CORRUPT, QStringLiteral("The database file is damaged: ") + verdict, path_);
-    // A folder without write permission lets the file be read but no journal be made beside it.
-    if (!QFileInfo(QFileInfo(path_).path()).isWritable())
-        refuse(SQLITE_READONLY, QStringLiteral("The folder of the database is read-only"), path_);
+    if (unlocking_)
+        return attempt();
+    const QScopedValueRollback<bool> unlocking(unlocking_, true);
+    for (;;) {
+        std::exception_ptr locked;
+        try {
+            attempt();
+        } catch (...) {
+            if (current_error().number() != SQLITE_BUSY || !(locked = std::current_exception())) {
+                end_waiting();
+                throw;
+            }
+        }
+        if (locked && wait_a_little())
+            continue;
+        end_waiting();
+        if (!locked)
+            return;
+        if (!ask_to_wait())
+            std::rethrow_exception(locked);
+    }
+}
+
+// Also SQLite's own way to wait, in the middle of a statement: nothing here may use the connection.
+bool Connection::wait_a_little()
+{
+    constexpr unsigned long pause_ms = 20;
+    if (!waiting_.isValid()) {
+        waiting_.start();
+        locked_.show_waiting(true);
+    }
+    if (waiting_.elapsed() >= locked_.wait_ms)
+        return false;
+    QThread::msleep(pause_ms);
+    return true;
+}
+
+void Connection::end_waiting()
+{
+    if (!waiting_.isValid())
+        return;
+    waiting_.invalidate();
+    locked_.show_waiting(false);
+}
+
+bool Connection::ask_to_wait()
+{
+    if (asking_)
+        return false;
+    const QScopedValueRollback<bool> asking(asking_, true);
+    return locked_.ask_to_wait(path_);
 }
 
 void Connection::reopen()
@@ -127,7 +186,9 @@ std::unique_ptr<SQLite::Statement> Connection::take_statement(std::string_view s
         statements_->idle.erase(found);
         return statement;
     }
-    return std::make_unique<SQLite::Statement>(db(), text);
+    std::unique_ptr<SQLite::Statement> statement;
+    when_unlocked([this, &statement, &text] { statement = std::make_unique<SQLite::Statement>(db(), text); });
+    return statement;
 }
 
 void Connection::keep_statement(std::unique_ptr<SQLite::Statement> statement)
@@ -143,7 +204,8 @@ Transaction::Transaction(Connection& connection)
     : connection_(connection)
 {
     if (connection_.transaction_depth_ == 0) {
-        connection_.db().exec("BEGIN IMMEDIATE");
+        // Alone with the file from here on, so that no later step of the operation meets a lock.
+        connection_.when_unlocked([this] { connection_.db().exec("BEGIN EXCLUSIVE"); });
         connection_.transaction_failed_ = false;
     }
     ++connection_.transaction_depth_;

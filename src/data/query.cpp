@@ -46,16 +46,28 @@ void Query::reset()
 {
     statement_->reset();
     statement_->clearBindings();
+    stepping_ = false;
 }
 
 bool Query::next()
 {
-    return statement_->executeStep();
+    if (stepping_)
+        return statement_->executeStep();
+    bool row = false;
+    connection_->when_unlocked([this, &row] {
+        statement_->tryReset();
+        row = statement_->executeStep();
+    });
+    stepping_ = true;
+    return row;
 }
 
 int Query::run()
 {
-    return statement_->exec();
+    Transaction operation(*connection_);
+    const int changed = statement_->exec();
+    operation.commit();
+    return changed;
 }
 
 bool Query::is_null(int column) const

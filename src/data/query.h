@@ -37,10 +37,11 @@ public:
     /// Makes the statement ready for other values and another run.
     void reset();
 
-    /// Steps to the next row; false at the end.
+    /// Steps to the next row; false at the end. The first step waits for a locked file.
     bool next();
 
-    /// Runs a statement that returns no rows. Returns the count of rows changed.
+    /// Runs a statement that returns no rows, in the open transaction or one of its own. Returns the count of rows
+    /// changed.
     int run();
 
     bool is_null(int column) const;
@@ -53,6 +54,7 @@ public:
 private:
     Connection* connection_;
     std::unique_ptr<SQLite::Statement> statement_;
+    bool stepping_ = false;
 };
 
 } // namespace tarnwick

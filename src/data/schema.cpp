@@ -1,13 +1,18 @@
 #include "data/schema.h"
 
 #include "data/collation.h"
+#include "data/connection.h"
+#include "data/database_file.h"
+#include "data/query.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
 
+#include <array>
 #include <string>
 
 namespace tarnwick {
@@ -73,16 +78,125 @@ CREATE TABLE recipe_2 (
     comment TEXT COLLATE NOCASE,
     "order" INTEGER DEFAULT 0
 );
-CREATE INDEX tie_item_id ON tie(item_id);
-CREATE INDEX tie_list ON tie(list);
-CREATE INDEX tie_groc_id ON tie(groc_id);
-CREATE INDEX items_1_cat ON items_1(cat);
-CREATE INDEX recipe_2_r_ref ON recipe_2(r_ref);
-CREATE INDEX recipe_2_item_ref ON recipe_2(item_ref);
 INSERT INTO cat (key_id, cat_desc, expand) VALUES (0, 'OTHER', 0);
 )";
 
+constexpr std::array indexes = {
+    "CREATE INDEX IF NOT EXISTS tie_item_id ON tie(item_id)",
+    "CREATE INDEX IF NOT EXISTS tie_list ON tie(list)",
+    "CREATE INDEX IF NOT EXISTS tie_groc_id ON tie(groc_id)",
+    "CREATE INDEX IF NOT EXISTS items_1_cat ON items_1(cat)",
+    "CREATE INDEX IF NOT EXISTS recipe_2_r_ref ON recipe_2(r_ref)",
+    "CREATE INDEX IF NOT EXISTS recipe_2_item_ref ON recipe_2(item_ref)",
+};
+
+/// What a column of a file is, as far as the program relies on it.
+struct Column {
+    bool found = false;
+    QByteArray type;
+    QByteArray collation;
+    int is_key = 0;
+
+    bool operator==(const Column&) const = default;
+};
+
+Column column_of(const SQLite::Database& database, const std::string& table, const std::string& name)
+{
+    Column column;
+    const char* type = nullptr;
+    const char* collation = nullptr;
+    column.found = sqlite3_table_column_metadata(database.getHandle(), nullptr, table.c_str(), name.c_str(), &type,
+                                                 &collation, nullptr, &column.is_key, nullptr)
+        == SQLITE_OK;
+    column.type = QByteArray(type).toUpper();
+    column.collation = QByteArray(collation).toUpper();
+    return column;
+}
+
+/// A column of one-line texts. One that must not be empty holds a blank where there is no text.
+struct TextColumn {
+    const char* table;
+    const char* name;
+    bool is_name;
+};
+
+constexpr std::array one_line_columns = {
+    TextColumn{"cat", "cat_desc", true},      TextColumn{"items_1", "item", true},
+    TextColumn{"items_1", "desc", false},     TextColumn{"groc_1", "item", true},
+    TextColumn{"groc_1", "desc", false},      TextColumn{"groc_1", "qty", false},
+    TextColumn{"groc_1", "aisle", false},     TextColumn{"list_name", "list_name", true},
+    TextColumn{"recipe_1", "r_name", true},   TextColumn{"recipe_2", "item", true},
+    TextColumn{"recipe_2", "qty", false},     TextColumn{"recipe_2", "measure", false},
+    TextColumn{"recipe_2", "comment", false},
+};
+
+/// From version 1, which kept line ends in names and let other programs leave texts empty.
+void clean_texts(Connection& connection)
+{
+    for (const TextColumn& column : one_line_columns) {
+        const std::string name = column.name;
+        const std::string table = column.table;
+        Query change(connection, "UPDATE " + table + " SET " + name + " = ? WHERE key_id = ?");
+        Query rows(connection, "SELECT key_id, " + name + " FROM " + table);
+        while (rows.next()) {
+            const QString text = rows.text(1);
+            const QString line = one_line(text);
+            const QString kept = line == text ? text : trim(line);
+            if (kept == text && (column.is_name || !text.isEmpty()))
+                continue;
+            change.reset();
+            change.bind(1, column.is_name ? kept : or_blank(kept));
+            change.bind(2, rows.number(0));
+            change.run();
+        }
+    }
+}
+
+using Step = void (*)(Connection&);
+
+/// The steps from each version to the next, from version 1 on.
+constexpr std::array<Step, schema_version - 1> steps = {clean_texts};
+
 } // namespace
+
+void refuse_incomplete(const SQLite::Database& database, const QString& name)
+{
+    SQLite::Database model(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    install_collation(model.getHandle());
+    model.exec(tables);
+    SQLite::Statement columns(model,
+                              "SELECT m.name, c.name FROM sqlite_master m, pragma_table_info(m.name) c"
+                              " WHERE m.type = 'table'");
+    while (columns.executeStep()) {
+        const std::string table = columns.getColumn(0).getString();
+        const std::string column = columns.getColumn(1).getString();
+        const Column found = column_of(database, table, column);
+        if (found == column_of(model, table, column))
+            continue;
+        refuse(SQLITE_CORRUPT,
+               (found.found ? QStringLiteral("The column %1 of the table %2 is not as it should be")
+                            : QStringLiteral("The column %1 of the table %2 is missing"))
+                   .arg(QString::fromStdString(column), QString::fromStdString(table)),
+               name);
+    }
+}
+
+void upgrade(Connection& connection)
+{
+    const auto version_of_file = [&connection] {
+        Query version(connection, "PRAGMA user_version");
+        return version.next() ? static_cast<quint32>(version.number(0)) : schema_version;
+    };
+    if (version_of_file() >= schema_version)
+        return;
+    Transaction transaction(connection);
+    for (quint32 version = version_of_file(); version < schema_version; ++version)
+        steps.at(version - 1)(connection);
+    for (const char* index : indexes)
+        Query(connection, index).run();
+    Query(connection, "PRAGMA user_version = " + std::to_string(schema_version)).run();
+    transaction.commit();
+}
 
 bool make_database(const QString& path)
 {
@@ -93,6 +207,8 @@ bool make_database(const QString& path)
     install_collation(database.getHandle());
     SQLite::Transaction transaction(database);
     database.exec(tables);
+    for (const char* index : indexes)
+        database.exec(index);
     database.exec("PRAGMA application_id = " + std::to_string(schema_application_id));
     database.exec("PRAGMA user_version = " + std::to_string(schema_version));
     transaction.commit();

@@ -85,6 +85,7 @@ void Settings::write(const QString& application, const QString& section, const Q
     const QString name = full_key(application, section, key);
     if (holds(name, value))
         return;
+    before_write_();
     try {
         settings_guard::wait_until_writable(store_->fileName());
     } catch (const settings_guard::Refused& refused) {

@@ -2,6 +2,9 @@
 
 #include <QString>
 
+#include <functional>
+#include <utility>
+
 class QSettings;
 
 namespace tarnwick {
@@ -23,6 +26,9 @@ public:
     ~Settings();
     Settings(const Settings&) = delete;
     Settings& operator=(const Settings&) = delete;
+
+    /// What is done before each change of the file, such as storing what matters more.
+    void set_before_write(std::function<void()> action) { before_write_ = std::move(action); }
 
     /// Stores a text at once; a text that is there already leaves the file as it is. Throws a run-time error on a
     /// blank name (0x800403E8 to 0x800403EA) and when the store refuses (0x800407D0 plus QSettings' status), which
@@ -49,6 +55,7 @@ private:
 
     QString set_aside_;
     QSettings* store_ = nullptr;
+    std::function<void()> before_write_ = [] {};
 };
 
 /// The settings file of this user: `tarnwick/settings.ini` in the user's config folder.

@@ -6,11 +6,9 @@
 #include "widgets/one_line_box.h"
 #include "household/lists_store.h"
 #include "household/recipe_categories.h"
-#include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
 #include "widgets/tree_view.h"
 #include "household/category_store.h"
-#include "stock/stock_tree.h"
 
 #include <QComboBox>
 #include <QFile>
@@ -184,8 +182,7 @@ bool new_item_rcp::ok_recipe(const QString& name)
     if (name.isEmpty())
         return false;
     const QString category = recipe_category(Combo1_->currentIndex());
-    made_ = insert_recipe(main_.connection(), name, category);
-    main_.recipe_tree().recipe_made(made_, name, category);
+    made_ = main_.household().make_recipe(name, category);
     return true;
 }
 
@@ -196,8 +193,7 @@ bool new_item_rcp::ok_category(const QString& name)
                 QStringLiteral("Stock category"));
         return false;
     }
-    made_ = insert_category(main_.connection(), name);
-    main_.stock_tree().add_category_node(made_, name);
+    made_ = main_.household().make_category(name);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "household/household.h"
 
+#include "household/category_store.h"
 #include "household/list_store.h"
 #include "household/lists_store.h"
 #include "household/recipe_store.h"
@@ -178,6 +179,20 @@ Key Household::make_list(const QString& name, QDate today)
     const Key list = insert_list(connection_, name, today);
     emit lists_changed({ListsChange::Kind::made, list, name, std::nullopt});
     return list;
+}
+
+Key Household::make_category(const QString& name)
+{
+    const Key category = insert_category(connection_, name);
+    emit category_changed({category, name, {}});
+    return category;
+}
+
+Key Household::make_recipe(const QString& name, const QString& category)
+{
+    const Key recipe = insert_recipe(connection_, name, category);
+    emit recipe_changed({recipe, name, category});
+    return recipe;
 }
 
 } // namespace tarnwick

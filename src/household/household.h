@@ -22,6 +22,13 @@ struct ListsChange {
     std::optional<Key> first_left; ///< after a deletion the first list that remains
 };
 
+/// A category or a recipe that was made; `category` is a recipe's, two digits.
+struct MadeRecord {
+    Key key = 0;
+    QString name;
+    QString category;
+};
+
 /// The user's operations on lists and stock. Each is one transaction, and is announced when it is in the file.
 /// Everything throws SQLite::Exception; nothing is written or announced then.
 class Household : public QObject {
@@ -63,11 +70,19 @@ public:
     /// Makes a list and returns its key. Throws error 6 when the keys are used up.
     Key make_list(const QString& name, QDate today);
 
+    /// Makes a closed category of stock and returns its key. Throws error 6 as above.
+    Key make_category(const QString& name);
+
+    /// Makes a recipe in a category of two digits and returns its key. Throws error 6 as above.
+    Key make_recipe(const QString& name, const QString& category);
+
     Key last_groc_key() const { return last_groc_key_; } ///< the list row placed last; -1 none
 
 signals:
     void item_changed(const ItemChange& change);
     void lists_changed(const ListsChange& change);
+    void category_changed(const MadeRecord& made);
+    void recipe_changed(const MadeRecord& made);
 
 private:
     void announce_mark(Cause cause, const ItemStatus& item, const std::vector<TiedRow>& rows, bool to_get);

@@ -11,8 +11,6 @@
 #include "window/commands.h"
 #include "dialogs/l_item_edit.h"
 
-#include <QMenu>
-
 namespace tarnwick {
 
 ListMouse::ListMouse(frmmain& main)
@@ -49,7 +47,7 @@ void ListMouse::mouse_up(Qt::MouseButton button, QPoint position)
     if (button == Qt::RightButton) {
         if (grid().row_at(position.y()) >= 0)
             main_.placing().show_row_status(grid().current_row());
-        main_.commands().menu(QStringLiteral("mnu_lv")).popup(grid().viewport()->mapToGlobal(position));
+        emit menu_wanted(grid().viewport()->mapToGlobal(position));
         return;
     }
     if (grid().row_at(position.y()) < 0 || grid().pressed_row() < 0) {

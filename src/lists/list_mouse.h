@@ -24,6 +24,9 @@ public:
     /// Removes a grid row from its list, without a question.
     void remove_row(int row);
 
+signals:
+    void menu_wanted(QPoint place); ///< right click on the grid; place on the screen
+
 private:
     void mouse_down(Qt::MouseButton button);
     void mouse_up(Qt::MouseButton button, QPoint position);

@@ -7,12 +7,10 @@
 #include "widgets/list_grid.h"
 #include "household/list_store.h"
 #include "widgets/row_editor.h"
-#include "window/commands.h"
 #include "window/layout.h"
 #include "widgets/pictures.h"
 #include "window/toolbar.h"
 
-#include <QAction>
 #include <QCheckBox>
 #include <QFrame>
 #include <QHash>
@@ -23,25 +21,16 @@
 #include <QTextOption>
 
 #include <algorithm>
-#include <array>
 
 namespace tarnwick {
 namespace {
 
 constexpr int notice_picture_number = 167;
 
-struct ColumnGroup {
-    const char* setting;
-    const char* command;
-    const char* caption;
-};
-
-constexpr std::array column_groups = {ColumnGroup{"cpn", "mnu_view_cpn", "coupon-expiry column"},
-                                      ColumnGroup{"aisle", "mnu_view_aisle", "aisle column"}};
-
-const ColumnGroup& column_group(int group)
+/// The setting of a column group.
+QLatin1String group_setting(int group)
 {
-    return column_groups.at(static_cast<size_t>(group));
+    return QLatin1String(group == 0 ? "cpn" : "aisle");
 }
 
 } // namespace
@@ -85,12 +74,11 @@ void ListPane::lv_load(Key list_key)
     show_rows(list_store::read_rows(main_.connection(), list_key));
     if (grid_->scroll_bar_shown() != bar_was_shown && grid_->rows().rows() > 0)
         grid_->set_current(0, grid_column::desc);
-    show_list_record(list_key);
+    list_store::mark_active(main_.connection(), list_key);
     set_col_widths();
     set_headers();
     main_.shared.list_pane_shown = true;
     main_.l_r_refresh();
-    tick_list_entry(list_key);
     main_.toolbar().toolbar_fit();
 }
 
@@ -103,25 +91,6 @@ void ListPane::show_rows(std::vector<GridRow> rows)
         return;
     grid_->set_top_row(0);
     grid_->set_current(0, grid_column::item);
-}
-
-/// The rename entry of the menu follows the list on show, and the list is marked as active.
-void ListPane::show_list_record(Key list_key)
-{
-    const QString entry = QStringLiteral("mnu_list_RenameList");
-    const std::optional<QString> name = list_store::mark_active(main_.connection(), list_key);
-    main_.commands().set_caption(
-        entry, name ? QStringLiteral("Rename %1 List").arg(*name) : QStringLiteral("Rename List"));
-    main_.commands().set_visible(entry, name.has_value());
-}
-
-void ListPane::tick_list_entry(Key list_key)
-{
-    const QString tag = QString::number(main_.shared.all_lists_view ? 0 : list_key);
-    for (int i = 0; i < main_.commands().list_entries(); ++i) {
-        QAction& entry = main_.commands().list_entry(i);
-        entry.setChecked(trim(Commands::list_entry_tag(entry)) == tag);
-    }
 }
 
 void ListPane::rebuild_array(Key list_key)
@@ -175,10 +144,9 @@ void ListPane::set_headers()
 
 void ListPane::show_column_group(int group)
 {
-    main_.settings().write(QLatin1String(settings_app::columns), QStringLiteral("prefs"),
-                           QLatin1String(column_group(group).setting),
+    main_.settings().write(QLatin1String(settings_app::columns), QStringLiteral("prefs"), group_setting(group),
                            column_group_shown(group) ? QStringLiteral("1") : QStringLiteral("0"));
-    set_group_caption(group);
+    emit column_groups_changed();
     {
         const UpdateLock lock(*grid_);
         column_layout::apply_column_group(*grid_, *header_, group);
@@ -214,22 +182,14 @@ bool ListPane::column_group_shown(int group) const
     return header_->group_shown(group);
 }
 
-void ListPane::set_group_caption(int group)
-{
-    const QString verb = column_group_shown(group) ? QStringLiteral("Hide ") : QStringLiteral("Show ");
-    main_.commands().set_caption(QLatin1String(column_group(group).command),
-                                 verb + QLatin1String(column_group(group).caption));
-}
-
 void ListPane::restore_column_groups()
 {
     for (const int group : {0, 1}) {
-        const QString stored
-            = main_.settings().pref(QLatin1String(column_group(group).setting), QStringLiteral("0"));
+        const QString stored = main_.settings().pref(group_setting(group), QStringLiteral("0"));
         header_->show_box(group).setChecked(val(stored) == 1);
         column_layout::set_group_widths(*grid_, *header_, group);
-        set_group_caption(group);
     }
+    emit column_groups_changed();
 }
 
 void ListPane::set_CreateList(bool show)

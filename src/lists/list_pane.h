@@ -43,8 +43,7 @@ public:
     /// Lays the header bar out over the columns.
     void set_headers();
 
-    /// Shows or hides a column group by the state of its box: 0 coupon and expiry, 1 aisle. Stores the
-    /// switch, and changes the menu caption.
+    /// Shows or hides a column group by the state of its box: 0 coupon and expiry, 1 aisle. Stores the switch.
     void show_column_group(int group);
     bool column_group_shown(int group) const;
 
@@ -72,11 +71,11 @@ public:
     /// Removes the row of a `groc_1` key from the grid; widths and headers follow the scroll bar.
     void remove_row(Key groc_key);
 
+signals:
+    void column_groups_changed(); ///< another set of column groups is on show
+
 private:
     void show_rows(std::vector<GridRow> rows);
-    void show_list_record(Key list_key);
-    void tick_list_entry(Key list_key);
-    void set_group_caption(int group);
     void make_room_for_columns();
     void follow_scroll_state(bool was_shown);
     void place_notice();

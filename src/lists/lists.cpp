@@ -15,25 +15,6 @@
 #include <QCheckBox>
 
 namespace tarnwick {
-namespace {
-
-const QString separator_name = QStringLiteral("mnu_list_sep");
-const QString all_lists_tag = QStringLiteral("0");
-
-QString numbered(int index, const QString& name)
-{
-    return QStringLiteral("%1: ").arg(index + 1) + name;
-}
-
-void fill_entry(QAction& entry, const QString& caption, const QString& tag, bool ticked)
-{
-    Commands::set_plain_caption(entry, caption);
-    Commands::set_list_entry_tag(entry, tag);
-    entry.setChecked(ticked);
-    entry.setVisible(true);
-}
-
-} // namespace
 
 Lists::Lists(frmmain& main)
     : main_(main)
@@ -54,7 +35,8 @@ void Lists::lists_changed(const ListsChange& change)
         list_made(change.list);
         break;
     case ListsChange::Kind::renamed:
-        list_renamed(change.list, change.name);
+        emit list_renamed(change.list, change.name);
+        main_.l_r_refresh();
         break;
     case ListsChange::Kind::deleted:
         list_deleted(change.first_left);
@@ -72,21 +54,18 @@ void Lists::list_made(Key list)
 
 void Lists::set_mnu_lists()
 {
-    Commands& commands = main_.commands();
+    SharedValues& shared = main_.shared;
     const std::vector<ShoppingList> all = shopping_lists(main_.connection());
-    const bool with_all_entry = all.size() > 1;
-    commands.set_list_entry_count(static_cast<int>(all.size()) + (with_all_entry || all.empty() ? 1 : 0));
     if (all.empty()) {
-        show_no_lists();
-        return;
+        shared.current_list = -1;
+        shared.all_lists_view = false;
+    } else if (shared.current_list < 0) {
+        shared.current_list = 0; // the stored choice may be older than the lists
     }
-    // The stored choice may be older than the lists.
-    if (main_.shared.current_list < 0)
-        main_.shared.current_list = 0;
-    main_.list_pane().set_CreateList(false);
-    commands.set_visible(separator_name, true);
-    show_list_entries(all);
-    main_.list_pane().lv_load(main_.shared.current_list);
+    emit lists_read(all);
+    main_.list_pane().set_CreateList(all.empty() && shared.list_pane_shown);
+    if (!all.empty())
+        main_.list_pane().lv_load(shared.current_list);
 }
 
 void Lists::no_list()
@@ -94,36 +73,6 @@ void Lists::no_list()
     main_.shared.list_pane_shown = true;
     main_.l_r_refresh();
     set_mnu_lists();
-}
-
-void Lists::show_no_lists()
-{
-    Commands& commands = main_.commands();
-    main_.shared.current_list = -1;
-    main_.shared.all_lists_view = false;
-    commands.set_visible(separator_name, false);
-    QAction& entry = commands.list_entry(0);
-    fill_entry(entry, QStringLiteral("list"), QStringLiteral("-1"), false);
-    entry.setVisible(false);
-    main_.list_pane().set_CreateList(main_.shared.list_pane_shown);
-}
-
-void Lists::show_list_entries(const std::vector<ShoppingList>& all)
-{
-    Commands& commands = main_.commands();
-    const SharedValues& shared = main_.shared;
-    const int count = static_cast<int>(all.size());
-    for (int i = 0; i < count; ++i) {
-        const ShoppingList& list = all[static_cast<size_t>(i)];
-        fill_entry(commands.list_entry(i), numbered(i, list.name), QString::number(list.key),
-                   count == 1 || list.key == shared.current_list);
-    }
-    if (count == 1)
-        return;
-    fill_entry(commands.list_entry(count), numbered(count, QStringLiteral("All")), all_lists_tag,
-               shared.all_lists_view);
-    if (shared.all_lists_view)
-        commands.set_visible(QStringLiteral("mnu_list_RenameList"), false);
 }
 
 void Lists::choose(int entry)
@@ -139,7 +88,6 @@ void Lists::choose(int entry)
     }
     const UpdateLock lock(main_);
     choose_list(caption, trim(Commands::list_entry_tag(action)));
-    tick(entry);
     main_.shared.list_pane_shown = true;
     main_.l_r_refresh();
 }
@@ -155,13 +103,6 @@ void Lists::choose_list(const QString& caption, const QString& tag)
     main_.list_pane().lv_load(shared.current_list);
 }
 
-void Lists::tick(int entry)
-{
-    Commands& commands = main_.commands();
-    for (int i = 0; i < commands.list_entries(); ++i)
-        commands.list_entry(i).setChecked(i == entry);
-}
-
 void Lists::rename_list()
 {
     Connection& connection = main_.connection();
@@ -172,24 +113,12 @@ void Lists::rename_list()
     QString name = input_box(&main_,
                              QStringLiteral("Enter a new name for the ") + *old_name
                                  + QStringLiteral(" list\n- or choose CANCEL\n\nNew name:"),
-                             QStringLiteral("Tarnwick"));
+                             QStringLiteral("Tarnwick"), *old_name);
     if (trim(name).isEmpty())
         return;
     strip_apostrophes(name);
     name = trim(name);
     main_.household().rename_list(list, name);
-}
-
-void Lists::list_renamed(Key list, const QString& name)
-{
-    Commands& commands = main_.commands();
-    const QString tag = QString::number(list);
-    for (int i = 0; i < commands.list_entries(); ++i) {
-        QAction& entry = commands.list_entry(i);
-        if (trim(Commands::list_entry_tag(entry)) == tag)
-            Commands::set_plain_caption(entry, numbered(i, name));
-    }
-    main_.l_r_refresh();
 }
 
 void Lists::list_del()

@@ -31,14 +31,14 @@ public:
     /// A list that was made becomes the current one; one that was deleted is followed by the first that remains.
     void lists_changed(const ListsChange& change);
 
+signals:
+    void lists_read(const std::vector<ShoppingList>& lists); ///< all of them by name, for the menu
+    void list_renamed(Key list, const QString& name);
+
 private:
     void list_made(Key list);
-    void list_renamed(Key list, const QString& name);
     void list_deleted(std::optional<Key> first_left);
     void choose_list(const QString& caption, const QString& tag);
-    void tick(int entry);
-    void show_no_lists();
-    void show_list_entries(const std::vector<ShoppingList>& all);
     void hide_column_groups();
 
     frmmain& main_;

@@ -33,12 +33,18 @@ bool Ingredients::begin_line()
         return false;
     if (editor_.is_open())
         editor_.end_edit();
-    return !editor_.is_open();
+    if (editor_.is_open())
+        return false;
+    if (page_.has_room(QStringLiteral(" ")))
+        return true;
+    msg_box(&main_, QStringLiteral("This page is full: there is no room\nfor another ingredient"), box::information,
+            QStringLiteral("Recipe page is full"));
+    return false;
 }
 
 bool Ingredients::has_new_line() const
 {
-    return page_.next_index() > 0 && page_.lines().back().key < 0;
+    return page_.next_index() > 0 && page_.lines().back().is_new();
 }
 
 int Ingredients::new_place() const
@@ -125,7 +131,6 @@ void Ingredients::show_inserted(const IngredientRow& row)
     line.count_capitals();
     page_.refresh_line(index);
     page_.set_lites(index, lite_status(main_.connection(), row.item_ref));
-    page_.recipe_lines().place(page_.frame4().width(), main_.shared.type_size, true);
     page_.layout_page();
     page_.state.cur_line = index;
 }

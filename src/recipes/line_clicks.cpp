@@ -5,7 +5,6 @@
 #include "recipes/line_editor.h"
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
-#include "window/commands.h"
 
 #include <QMenu>
 
@@ -58,13 +57,8 @@ void LineClicks::mouse_up(int index, Qt::MouseButton button, QPoint position)
 
 void LineClicks::show_menu(int index, QPoint position)
 {
-    const QString name = page_.rcp_item(index);
-    Commands& commands = main_.commands();
-    commands.set_caption(QStringLiteral("mnu_ingred_del"),
-                         QStringLiteral("Delete '") + name + QStringLiteral("' from ")
-                             + trim(main_.shared.cur_recipe_name));
-    commands.menu(QStringLiteral("mnu_ingred"))
-        .popup(page_.lines()[static_cast<size_t>(index)].ingred->mapToGlobal(position));
+    emit page_.line_menu_wanted(page_.rcp_item(index),
+                                page_.lines()[static_cast<size_t>(index)].ingred->mapToGlobal(position));
 }
 
 void LineClicks::open_line(int index)

@@ -431,7 +431,7 @@ void LineEditor::close_quietly()
 
 bool LineEditor::may_close() const
 {
-    return !draft_.edited.item.isEmpty() && !apostrophe_typed();
+    return !draft_.edited.item.isEmpty() && !apostrophe_typed() && has_room();
 }
 
 // After a click the focus returns at once, before what was clicked has made use of it.
@@ -454,8 +454,25 @@ void LineEditor::finish_or_ask()
         return;
     if (may_close())
         lf_finish();
-    else
+    else if (draft_.edited.item.isEmpty())
         ask_for_name();
+    else
+        refuse_length();
+}
+
+bool LineEditor::has_room() const
+{
+    return !draft_.is_new() || page_.has_room(draft_.edited.display_text());
+}
+
+void LineEditor::refuse_length()
+{
+    {
+        const QScopedValueRollback asking(busy_, true);
+        msg_box(&main_, QStringLiteral("This page is full: there is no room\nfor so long an ingredient"),
+                box::information, QStringLiteral("Recipe page is full"));
+    }
+    go_to(item);
 }
 
 void LineEditor::ask_for_name()

@@ -40,7 +40,6 @@ public:
     bool lines_greyed() const; ///< a press on a greyed line is under way
 
     /// Opens on a line of the page; on a new one below the last without an index.
-    /// Throws error 6 when a new line has no place on the page.
     void show_r_line(const LineDraft& draft, std::optional<int> index = std::nullopt);
 
     /// Closes all floating editors of list and page; what is not written is not saved.
@@ -95,6 +94,8 @@ private:
     bool may_close() const;
     void lf_validate(Qt::FocusReason reason);
     void finish_or_ask();
+    bool has_room() const;
+    void refuse_length();
     void ask_for_name();
     void restore_name();
     void lf_finish();

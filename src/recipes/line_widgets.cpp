@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 
@@ -143,12 +144,14 @@ void PagePicture::paintEvent(QPaintEvent*)
 
 void PagePicture::mousePressEvent(QMouseEvent* event)
 {
+    pressed_ = pressed_ || event->button() == Qt::LeftButton;
     event->accept(); // the release then comes here too
 }
 
 void PagePicture::mouseReleaseEvent(QMouseEvent* event)
 {
-    emit mouse_up(event->button());
+    if (event->button() == Qt::LeftButton && std::exchange(pressed_, false) && rect().contains(event->pos()))
+        emit clicked();
 }
 
 } // namespace tarnwick

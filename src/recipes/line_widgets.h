@@ -51,7 +51,8 @@ private:
     bool selected_ = false;
 };
 
-/// A resource picture on the page: the light or the check box of a line.
+/// A resource picture on the page: the light or the check box of a line. Clicked by the left button alone, released
+/// where it was pressed.
 class PagePicture : public QLabel {
     Q_OBJECT
 public:
@@ -61,7 +62,7 @@ public:
     int picture_number() const { return picture_; }
 
 signals:
-    void mouse_up(Qt::MouseButton button);
+    void clicked();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -70,6 +71,7 @@ protected:
 
 private:
     int picture_ = 0;
+    bool pressed_ = false;
 };
 
 } // namespace tarnwick

@@ -1,11 +1,14 @@
 #include "recipes/page_geometry.h"
 
-#include "data/text.h"
-
 #include <algorithm>
 #include <cmath>
 
 namespace tarnwick::page_geometry {
+namespace {
+
+constexpr float most_rows = 32767; ///< of one line, however narrow the page
+
+} // namespace
 
 int to_pixels(int twips)
 {
@@ -17,7 +20,7 @@ int estimated_rows(int upper, int other, int width, int step)
     // A capital counts 3 less than any other character.
     const auto capitals = static_cast<float>(upper) / static_cast<float>(width) * static_cast<float>(step + 32);
     const auto others = static_cast<float>(other) / static_cast<float>(width) * static_cast<float>(step + 35);
-    return to_int16(static_cast<double>(capitals + others)) + 1;
+    return static_cast<int>(std::nearbyint(std::min(capitals + others, most_rows))) + 1;
 }
 
 int line_height(int rows, int type_size)
@@ -38,11 +41,6 @@ int check_top(int index, int extra, int type_size)
 int lite_top(int index, int extra, int type_size)
 {
     return type_size == 12 ? index * 400 + 640 + extra * 350 : index * 300 + 600 + extra * 250;
-}
-
-void require_on_page(int lite_top)
-{
-    to_int16(static_cast<double>(lite_top));
 }
 
 int text_top(int count, int extra, int type_size)

@@ -48,8 +48,8 @@ int check_top(int index, int extra, int type_size);
 
 int lite_top(int index, int extra, int type_size);
 
-/// Throws error 6 for a light whose top is past 32,767: no page is longer.
-void require_on_page(int lite_top);
+/// A new line whose light would stand lower has no place on the page.
+inline constexpr int lowest_lite = 32767;
 
 /// Top of the instructions under `count` lines.
 int text_top(int count, int extra, int type_size);

@@ -5,6 +5,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -113,6 +114,12 @@ int PageText::caret_bottom() const
     return frameWidth() + cursorRect().bottom() + scrolled_pixels();
 }
 
+void PageText::close_with(const QString& hint)
+{
+    setReadOnly(!hint.isEmpty());
+    setPlaceholderText(hint);
+}
+
 bool PageText::event(QEvent* event)
 {
     const bool done = QPlainTextEdit::event(event);
@@ -142,7 +149,8 @@ void PageText::text_changed()
 {
     if (setting_)
         return;
-    const bool temperature = is_oven_temperature(last_characters(3));
+    // A sign that undo has just taken does not come back: only after undo is there something to redo.
+    const bool temperature = !document()->isRedoAvailable() && is_oven_temperature(last_characters(3));
     if (temperature)
         append_degree();
     emit edited();
@@ -155,7 +163,7 @@ void PageText::append_degree()
     const QScopedValueRollback<bool> setting(setting_, true);
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
-    cursor.joinPreviousEditBlock();
+    cursor.beginEditBlock();
     cursor.insertText(degree);
     cursor.endEditBlock();
     setTextCursor(cursor);
@@ -176,6 +184,15 @@ bool PageText::take_back_degree()
     cursor.removeSelectedText();
     setTextCursor(cursor);
     return true;
+}
+
+// Letters in a row are one step for undo; a digit is one by itself, and a text behind one begins another.
+bool PageText::begins_step(const QString& typed) const
+{
+    if (typed.size() != 1 || !typed[0].isPrint())
+        return false;
+    const QChar before = document()->characterAt(textCursor().selectionStart() - 1);
+    return typed[0].isDigit() || before.isDigit() || before == degree;
 }
 
 void PageText::empty_help_text()
@@ -208,21 +225,52 @@ void PageText::focusOutEvent(QFocusEvent* event)
 
 void PageText::keyPressEvent(QKeyEvent* event)
 {
+    if (isReadOnly()) {
+        QPlainTextEdit::keyPressEvent(event);
+        return;
+    }
     emit edited();
     const bool plain = (event->modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == Qt::NoModifier;
     if (event->key() == Qt::Key_Backspace && plain && take_back_degree())
         return;
+    if (!begins_step(event->text())) {
+        QPlainTextEdit::keyPressEvent(event);
+        return;
+    }
+    QTextCursor step = textCursor();
+    step.beginEditBlock();
     QPlainTextEdit::keyPressEvent(event);
+    step.endEditBlock();
 }
 
 void PageText::keyReleaseEvent(QKeyEvent* event)
 {
     QPlainTextEdit::keyReleaseEvent(event);
+    if (isReadOnly())
+        return;
     if (border_style_ == 1 && !is_blank())
         set_border_style(0);
     else if (border_style_ == 0 && is_blank())
         set_border_style(1);
     emit key_up();
+}
+
+bool PageText::canInsertFromMimeData(const QMimeData* source) const
+{
+    return source && QPlainTextEdit::canInsertFromMimeData(source);
+}
+
+void PageText::insertFromMimeData(const QMimeData* source)
+{
+    const QString pasted = source && !isReadOnly() ? source->text() : QString();
+    if (pasted.isEmpty())
+        return;
+    QTextCursor step = textCursor();
+    step.beginEditBlock();
+    step.insertText(pasted);
+    step.endEditBlock();
+    setTextCursor(step);
+    ensureCursorVisible();
 }
 
 void PageText::wheelEvent(QWheelEvent* event)

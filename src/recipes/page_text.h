@@ -25,6 +25,9 @@ public:
     int border_style() const { return border_style_; } ///< 1 while the box invites input
     void set_border_style(int style);
 
+    /// Closed to typing with a hint on the empty box; an empty hint opens it again.
+    void close_with(const QString& hint);
+
     /// Height that shows the whole text at the present width, pixels.
     int full_height() const;
 
@@ -47,6 +50,11 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override; // the page scrolls, not the box
 
+    // A clipboard or selection without an owner hands out no data, or data without a text: the control itself
+    // would read what is not there.
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
+
 private:
     void empty_help_text();
     void text_changed();
@@ -54,6 +62,7 @@ private:
     int scrolled_pixels() const;
     void append_degree();
     bool take_back_degree();
+    bool begins_step(const QString& typed) const;
     QString last_characters(int count) const;
 
     int border_style_ = 0;

@@ -57,7 +57,7 @@ RecipeLines::Controls& RecipeLines::controls(int index)
         connect(made.ingred, &IngredientText::mouse_up, this,
                 [this, i](Qt::MouseButton button, QPoint position) { emit mouse_up(i, button, position); });
         connect(made.ingred, &IngredientText::key_down, this, [this, i](int key) { emit key_down(i, key); });
-        connect(made.Check1, &PagePicture::mouse_up, this, [this, i] { emit check_clicked(i); });
+        connect(made.Check1, &PagePicture::clicked, this, [this, i] { emit check_clicked(i); });
         pool_.push_back(made);
     }
     return pool_[static_cast<size_t>(index)];
@@ -138,7 +138,18 @@ void RecipeLines::set_lites(int index, int code, int color_index)
     shown.Check1->setEnabled(pictures.check_enabled);
 }
 
-void RecipeLines::place(int page_width, int type_size, bool checked)
+bool RecipeLines::has_room(const QString& text, int page_width, int type_size) const
+{
+    IngredientLine line;
+    line.text = text;
+    line.count_capitals();
+    const int width = page_geometry::px_x(text_width(page_width));
+    const int more_rows = page_geometry::estimated_rows(line.upper, line.other, width, 0) - 1;
+    const int index = count() - (count() > 0 && lines_.back().is_new() ? 1 : 0);
+    return page_geometry::lite_top(index, wrap_extra_ + more_rows, type_size) <= page_geometry::lowest_lite;
+}
+
+void RecipeLines::place(int page_width, int type_size)
 {
     using namespace page_geometry;
     const int width = text_width(page_width);
@@ -149,8 +160,6 @@ void RecipeLines::place(int page_width, int type_size, bool checked)
         const int step = line.simple_height ? 0 : size_step(type_size);
         const int estimate = estimated_rows(line.upper, line.other, px_x(width), step);
         line.rows = std::max(estimate, line.ingred->rows_in(width));
-        if (checked)
-            require_on_page(lite_top(i, wrap_extra_ + estimate - 1, type_size));
         place_line(i, width, type_size);
         wrap_extra_ += estimate - 1;
         surplus_ += (line.rows - estimate) * row_pitch(type_size);

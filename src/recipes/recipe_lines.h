@@ -32,6 +32,7 @@ struct IngredientLine {
     PagePicture* lite = nullptr;
     PagePicture* Check1 = nullptr;
 
+    bool is_new() const { return key < 0; } ///< not in the database yet
     void count_capitals(); ///< fills the two counts from the text
 };
 
@@ -62,9 +63,12 @@ public:
     /// Light and check box of a line for a status code 5 to 9; any other changes nothing.
     void set_lites(int index, int code, int color_index);
 
-    /// Places all lines for a width of the page in pixels. Throws error 6 when `checked` and the page is
-    /// longer than 32,767 twips.
-    void place(int page_width, int type_size, bool checked);
+    /// Places all lines, however many, for a width of the page in pixels.
+    void place(int page_width, int type_size);
+
+    /// Whether a new line of this text has a place below the lines that are stored.
+    bool has_room(const QString& text, int page_width, int type_size) const;
+
     /// Shows the controls of the lines there are and hides the rest. Until then a page that is being
     /// rebuilt keeps what was shown; its updates are off.
     void show_lines();

@@ -2,15 +2,16 @@
 
 #include "window/frmmain.h"
 #include "widgets/message_box.h"
+#include "widgets/one_line_box.h"
 #include "widgets/update_lock.h"
 #include "recipes/line_widgets.h"
-#include "widgets/lost_click.h"
+#include "widgets/focus_question.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
 #include "household/recipe_store.h"
-#include "recipes/recipe_tree.h"
+#include "household/rescue.h"
+#include "recipes/line_editor.h"
 #include "window/layout.h"
-#include "window/toolbar.h"
 #include "widgets/tree_view.h"
 #include "household/status.h"
 
@@ -24,6 +25,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -38,9 +40,11 @@ constexpr int low_text = 200; ///< twips above the viewport's lower edge
 constexpr int scroll_step = 20; ///< pixels that a click on the scroll bar moves the page by
 constexpr int text_gap = 8; ///< least distance of the instructions from the last line
 constexpr QColor design_color(240, 240, 240);
+constexpr QColor hint_color(80, 80, 80);
 
 const QString clean = QStringLiteral("clean");
 const QString edited = QStringLiteral("edited");
+const QString no_recipe_hint = QStringLiteral("No recipe is open. Choose one in the tree, or click New.");
 
 QString tag_of(const QWidget& control)
 {
@@ -70,7 +74,7 @@ RecipePage::RecipePage(frmmain& main, QWidget* parent)
     , recipe_lines_(new RecipeLines(*frame3_))
 {
     recipe_lines_->setParent(this);
-    lost_click_ = new LostClick(this);
+    question_ = new FocusQuestion(this);
     make_page();
     connect(scroll_bar_, &QScrollBar::valueChanged, this, &RecipePage::scroll); // before the editor follows
     make_line_editor();
@@ -98,6 +102,7 @@ void RecipePage::make_page()
     title_->setObjectName(QStringLiteral("title"));
     title_->setAlignment(Qt::AlignCenter);
     title_->setFrame(false);
+    keep_one_line(*title_);
     set_tag(*title_, QStringLiteral("-1"));
     text1_->setObjectName(QStringLiteral("Text1"));
     set_tag(*text1_, clean);
@@ -119,21 +124,11 @@ bool RecipePage::has_recipe() const
 
 void RecipePage::set_recipe(Key recipe)
 {
-    // Before the window has its size the page is so narrow that every line would seem to wrap.
-    build_page(recipe, main_.shared.started);
-}
-
-void RecipePage::restore_recipe(Key recipe)
-{
-    build_page(recipe, false);
-}
-
-void RecipePage::build_page(Key recipe, bool checked)
-{
     // Whatever the way to another recipe, what was typed into this one is kept.
     close_line_editor();
     if (is_edited())
         write_page();
+    tell_name_left(false);
     const UpdateLock lock(*frame4_);
     const QScopedValueRollback<bool> busy(main_.shared.page_busy, true);
     recipe_lines_->clear();
@@ -143,8 +138,9 @@ void RecipePage::build_page(Key recipe, bool checked)
     if (recipe > 0)
         fill_lines(recipe);
     fill_text(recipe);
+    close_or_open();
     text1_->set_border_style(text1_->is_help_text() ? 1 : 0);
-    place_page(checked);
+    layout_page();
     recipe_lines_->show_lines();
     main_.settings().set_pref(QStringLiteral("arcp"), QString::number(recipe));
     state.cur_line = 0;
@@ -166,20 +162,20 @@ void RecipePage::fill_lines(Key recipe)
 void RecipePage::fill_text(Key recipe)
 {
     const auto text = read_recipe(main_.connection(), recipe);
+    stored_ = text.value_or(RecipeText());
     set_tag(*title_, text ? QString::number(recipe) : QStringLiteral("-1"));
     title_->setText(text ? text->name : QString());
     title_->setCursorPosition(0);
     text1_->set_text(text ? text->body : QString());
-    name_recipe_on_buttons();
     set_marks("clean");
+    emit recipe_shown();
 }
 
-void RecipePage::name_recipe_on_buttons()
+void RecipePage::close_or_open()
 {
-    if (!has_recipe())
-        return;
-    main_.toolbar().set_tool_tip(10, QStringLiteral("Print %1 recipe").arg(title_->text()));
-    main_.toolbar().set_tool_tip(11, QStringLiteral("Preview %1 recipe").arg(title_->text()));
+    const bool open = has_recipe();
+    title_->setReadOnly(!open);
+    text1_->close_with(open ? QString() : no_recipe_hint);
 }
 
 bool RecipePage::is_edited() const
@@ -201,10 +197,28 @@ void RecipePage::edit_updt()
     write_page();
 }
 
+void RecipePage::store_edited()
+{
+    if (is_edited())
+        write_page();
+}
+
+void RecipePage::add_unstored(Rescue& rescue) const
+{
+    rescue.recipe = page_key();
+    rescue.before = stored_;
+    if (is_edited() && has_recipe())
+        rescue.typed = RecipeText{title_->text(), text1_->text()};
+    const LineDraft& draft = line_editor_->draft();
+    if (line_editor_->is_open() && draft.edited.display_text() != draft.stored.display_text())
+        rescue.line = RescuedLine{draft.stored, draft.edited};
+}
+
 bool RecipePage::write_page()
 {
     if (!save_recipe(main_.connection(), page_key(), title_->text(), text1_->text()))
         return false;
+    stored_ = {trim(title_->text()), trim(text1_->text())};
     set_marks("clean");
     return true;
 }
@@ -214,8 +228,15 @@ void RecipePage::title_typed()
     if (main_.shared.page_busy)
         return;
     set_tag(main_.layout_manager().Frame1(), edited);
-    if (auto* node = main_.recipe_tree().view().node(QStringLiteral("rcp") + key_str(page_key())))
-        node->setText(0, trim(title_->text()));
+    renamed_ = true;
+    main_.shared.cur_recipe_name = trim(title_->text());
+    emit name_typed(page_key(), main_.shared.cur_recipe_name);
+}
+
+void RecipePage::tell_name_left(bool by_mouse)
+{
+    if (std::exchange(renamed_, false))
+        emit name_left(page_key(), by_mouse);
 }
 
 void RecipePage::text_edited()
@@ -224,9 +245,22 @@ void RecipePage::text_edited()
         set_tag(*text1_, edited);
 }
 
-// True when the focus may go. The name stands in the box before the message, since the window saves
-// the page when the message takes the activation.
-bool RecipePage::title_validated(Qt::FocusReason reason)
+// False after the hint, or with the focus back in a title that may not be left.
+bool RecipePage::takes_lines()
+{
+    if (!has_recipe()) {
+        main_.set_status(no_recipe_hint);
+        return false;
+    }
+    if (main_.focusWidget() != title_ || title_validated())
+        return true;
+    tell_name_missing();
+    return false;
+}
+
+// True when the name may stand. One that is missing is replaced before the message, since the window saves the page
+// when the message takes the activation.
+bool RecipePage::title_validated()
 {
     if (!is_edited())
         return true;
@@ -235,19 +269,27 @@ bool RecipePage::title_validated(Qt::FocusReason reason)
         return true;
     }
     title_->setText(QStringLiteral("Recipe"));
+    return false;
+}
+
+void RecipePage::tell_name_missing()
+{
     msg_box(&main_, QStringLiteral("Recipe must have a name\n(Cannot leave it blank)"), box::ok,
             QStringLiteral("Recipe name"));
     title_->setFocus();
-    if (reason == Qt::MouseFocusReason)
-        lost_click_->start();
-    return false;
 }
 
 bool RecipePage::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == title_ && event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        return leaves_control(reason) && !title_validated(reason);
+        if (!leaves_control(reason))
+            return false;
+        if (title_validated())
+            tell_name_left(reason == Qt::MouseFocusReason);
+        else
+            question_->ask_later(reason, [this] { tell_name_missing(); });
+        return false;
     }
     if (watched == frame4_ && event->type() == QEvent::Wheel)
         return scroll_bar_->isVisible() && QCoreApplication::sendEvent(scroll_bar_, event);
@@ -256,15 +298,10 @@ bool RecipePage::eventFilter(QObject* watched, QEvent* event)
 
 void RecipePage::layout_page()
 {
-    place_page(false);
-}
-
-void RecipePage::place_page(bool checked)
-{
     const int width = frame4_->width();
     title_->setGeometry(title_left, title_top, std::max(1, width - 2 * title_left), title_height);
     text1_->resize(std::max(1, width - 2 * text_left), text1_->height());
-    recipe_lines_->place(width, main_.shared.type_size, checked);
+    recipe_lines_->place(width, main_.shared.type_size);
     scroll();
     scroll_bar_refresh();
     emit laid_out();
@@ -327,12 +364,17 @@ int RecipePage::content_height() const
     return std::max(get_scroll_scale(), text_top() + text1_->full_height() + text_margin);
 }
 
+bool RecipePage::has_room(const QString& text) const
+{
+    return recipe_lines_->has_room(text, frame4_->width(), main_.shared.type_size);
+}
+
 int RecipePage::new_line(Key key, Key item_ref, const QString& text, const QString& item)
 {
     recipe_lines_->append(key, item_ref, text, item).simple_height = true;
     const int index = recipe_lines_->upper_bound();
     recipe_lines_->refresh(index);
-    place_page(true);
+    layout_page();
     recipe_lines_->show_lines();
     state.cur_line = index;
     return index;
@@ -341,7 +383,7 @@ int RecipePage::new_line(Key key, Key item_ref, const QString& text, const QStri
 void RecipePage::drop_last_line()
 {
     recipe_lines_->remove_last();
-    place_page(false);
+    layout_page();
 }
 
 void RecipePage::set_lites(int index, int code)
@@ -385,7 +427,7 @@ void RecipePage::show_pane(bool shown)
         close_line_editor();
     frame4_->setVisible(shown);
     if (shown)
-        place_page(false);
+        layout_page();
     else
         scroll_bar_->hide();
 }
@@ -398,6 +440,7 @@ void RecipePage::set_page_color()
         colors.setColor(role, page);
     for (const auto role : {QPalette::WindowText, QPalette::Text})
         colors.setColor(role, Qt::black);
+    colors.setColor(QPalette::PlaceholderText, hint_color);
     frame4_->setPalette(colors);
 }
 
@@ -409,7 +452,7 @@ void RecipePage::set_type_size()
     text1_->setFont(font);
     font.setBold(true);
     title_->setFont(font);
-    place_page(false);
+    layout_page();
 }
 
 } // namespace tarnwick

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/text.h"
+#include "household/recipe_store.h"
 #include "household/recipe_sheet.h"
 #include "recipes/recipe_lines.h"
 
@@ -21,8 +22,9 @@ namespace tarnwick {
 
 class Ingredients;
 class LineEditor;
-class LostClick;
+class FocusQuestion;
 class PageText;
+struct Rescue;
 class frmmain;
 enum class LineTip;
 struct ItemChange;
@@ -48,22 +50,20 @@ public:
     QLineEdit& title() { return *title_; }
     PageText& Text1() { return *text1_; }
 
-    /// Rebuilds the page; below 1 there is no recipe to show. Throws error 6 when the page gets too long.
+    /// Rebuilds the page, however long. Below 1, or without such a recipe, it is empty and closed to typing.
     void set_recipe(Key recipe);
-
-    /// The same at start, of any length: a recipe that a larger type has made too long must not bar the start.
-    void restore_recipe(Key recipe);
 
     /// Saves name and instructions when either was edited, and makes the page's recipe the current one. Throws
     /// SQLite::Exception.
     void edit_updt();
+    void store_edited(); ///< the same, but whatever recipe is the current one stays it
+
+    /// What a rescue of the page would hold: texts of the boxes that are not stored.
+    void add_unstored(Rescue& rescue) const;
     bool is_edited() const; ///< name or instructions were edited since they were read or saved
 
     Key page_key() const; ///< the recipe on the page; -1 none
     bool has_recipe() const; ///< a recipe is on the page
-
-    /// Names the recipe in the tool tips of the print and preview buttons; nothing without a recipe.
-    void name_recipe_on_buttons();
 
     int get_scroll_scale() const; ///< height of the page's content, pixels
 
@@ -75,8 +75,11 @@ public:
     /// Index that a new line will have: 0 on an empty page.
     int next_index() const { return recipe_lines_->count(); }
 
+    /// Whether a new line of this text has a place on the page.
+    bool has_room(const QString& text) const;
+
     /// Appends a line that was just inserted, without its light, and moves the instructions down.
-    /// Returns its index. Throws error 6 as `set_recipe`.
+    /// Returns its index.
     int new_line(Key key, Key item_ref, const QString& text, const QString& item);
 
     /// Takes the last line off the page and moves the instructions up.
@@ -127,8 +130,10 @@ public:
 
     LineEditor& line_editor() { return *line_editor_; }
     Ingredients& ingredients();
-    void add_ns_ingred(); ///< as `Ingredients::add_ns_ingred`
-    void drag_ingred(Key item, const QString& name); ///< as `Ingredients::drag_ingred`
+
+    // As of `Ingredients`, where the page takes lines: it has a recipe, and a title that may be left.
+    void add_ns_ingred();
+    void drag_ingred(Key item, const QString& name);
 
     void show_pane(bool shown); ///< shows the page, or closes its line editor and hides it
     void set_page_color(); ///< takes the page colour over from `SharedValues`
@@ -137,21 +142,29 @@ public:
 
 signals:
     void laid_out(); ///< lines and boxes have taken new places
+    void recipe_shown(); ///< name and instructions of another recipe, or of none, are on the page
+    void line_menu_wanted(const QString& item, QPoint place); ///< right click on a line; place on the screen
+    void name_typed(tarnwick::Key recipe, const QString& name); ///< the trimmed title, at each change by the user
+
+    /// The title was left after a change, `by_mouse` with the press that took the focus still to come.
+    void name_left(tarnwick::Key recipe, bool by_mouse);
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void make_page();
     void make_line_editor();
-    void build_page(Key recipe, bool checked);
     void fill_lines(Key recipe);
     void fill_text(Key recipe);
     bool write_page();
     void set_marks(const char* mark);
-    bool title_validated(Qt::FocusReason reason);
+    bool title_validated();
+    void tell_name_missing();
     void title_typed();
+    void tell_name_left(bool by_mouse);
+    void close_or_open();
+    bool takes_lines();
     void text_edited();
     void show_caret();
-    void place_page(bool checked);
     void place_text();
     void scroll();
     void scroll_bar_refresh();
@@ -171,8 +184,10 @@ private:
     QLabel* label1_;
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
+    RecipeText stored_; ///< name and instructions as they were read or written last
     int scrolled_ = 0; ///< pixels of the page above the viewport
-    LostClick* lost_click_ = nullptr; ///< for the click that left an empty name
+    bool renamed_ = false; ///< the title was typed in since it was left
+    FocusQuestion* question_ = nullptr; ///< for the name that was left empty
 };
 
 } // namespace tarnwick

@@ -49,12 +49,14 @@ bool RecipePage::leave_editors()
 
 void RecipePage::add_ns_ingred()
 {
-    ingredients().add_ns_ingred();
+    if (takes_lines())
+        ingredients().add_ns_ingred();
 }
 
 void RecipePage::drag_ingred(Key item, const QString& name)
 {
-    ingredients().drag_ingred(item, name);
+    if (takes_lines())
+        ingredients().drag_ingred(item, name);
 }
 
 } // namespace tarnwick

@@ -7,9 +7,7 @@
 #include "household/recipe_categories.h"
 #include "recipes/recipe_page.h"
 #include "household/recipe_store.h"
-#include "window/commands.h"
 #include "widgets/tree_view.h"
-#include "window/view_state.h"
 
 #include <QList>
 
@@ -74,7 +72,6 @@ void RecipeTree::recip_load(bool alpha)
     else
         load_folders();
     select_current();
-    show_menus();
 }
 
 void RecipeTree::load_flat()
@@ -135,25 +132,33 @@ void RecipeTree::select_current()
     tree_.ensure_visible(node);
 }
 
-// The captions of the tree's own commands on the selected recipe.
-void RecipeTree::show_menus()
+void RecipeTree::rename(Key recipe, const QString& name)
 {
-    Commands& commands = main_.commands();
-    const QTreeWidgetItem* node = tree_.selected();
-    const bool recipe = node && is_recipe(*node);
-    const bool movable = recipe && !tree_.is_flat();
-    const QString text = recipe ? trim(node->text(0)) : QString();
-    const QString move
-        = movable ? QStringLiteral("Move ") + text + QStringLiteral(" recipe") : QStringLiteral("Move recipe");
-    commands.set(QStringLiteral("mnu_tv_r_del"),
-                 QStringLiteral("Delete ") + (recipe ? text : QStringLiteral("recipe")), recipe);
-    commands.set(QStringLiteral("mnu_tv_r_move"), move, movable);
+    QTreeWidgetItem* node = recipe_node(recipe);
+    if (!node)
+        return;
+    node->setText(0, name);
+}
+
+void RecipeTree::sort_renamed(Key recipe, bool by_mouse)
+{
+    // Nodes that move under the pointer would give the click to another one.
+    if (by_mouse && tree_.hasFocus()) {
+        unsorted_ = recipe;
+        return;
+    }
+    unsorted_ = -1;
+    QTreeWidgetItem* node = recipe_node(recipe);
+    if (!node)
+        return;
+    tree_.sort_children(node->parent());
+    if (node == tree_.selected())
+        tree_.ensure_visible(node);
 }
 
 void RecipeTree::close_folders()
 {
     tree_.collapseAll();
-    main_.view_state().set_mnu_recipe();
 }
 
 void RecipeTree::new_rcp()
@@ -176,7 +181,6 @@ void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& cat
     tree_.sort_children(folder);
     tree_.select(node);
     tree_.ensure_visible(node);
-    show_menus();
     main_.shared.list_pane_shown = false;
     main_.l_r_refresh();
     main_.recipe_page().set_recipe(recipe);
@@ -185,6 +189,7 @@ void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& cat
 
 void RecipeTree::recip_del(Key recipe)
 {
+    main_.recipe_page().edit_updt();
     const auto name = recipe_name(main_.connection(), recipe);
     const QString question = QStringLiteral("Are you sure you want to \ndelete the ") + name.value_or(QString())
         + QStringLiteral(" recipe?");
@@ -205,9 +210,6 @@ void RecipeTree::show_page(Key recipe)
 {
     main_.recipe_page().set_recipe(recipe);
     main_.l_r_refresh();
-    if (!main_.shared.list_pane_shown)
-        main_.recipe_page().name_recipe_on_buttons();
-    show_menus();
 }
 
 // The neighbour above takes the selection, then the one below, then the folder.

@@ -37,11 +37,19 @@ public:
     /// Moves a recipe to a category, a two-digit text. Throws error 35601 for any other.
     void mv_rcp(const QString& category, Key recipe);
 
+    void rename(Key recipe, const QString& name); ///< gives a recipe's node another text
+
+    /// Puts a renamed recipe at its place by name; `by_mouse` not before the release of a press on the tree.
+    void sort_renamed(Key recipe, bool by_mouse);
+
     /// The node of a recipe; none when the tree does not hold it.
     QTreeWidgetItem* recipe_node(Key recipe) const;
 
     /// A click with a mouse button on the tree, after the selection.
     void mouse_up(Qt::MouseButton button, QTreeWidgetItem* node);
+
+signals:
+    void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
 
 private:
     void connect_events();
@@ -53,15 +61,16 @@ private:
     void node_click(QTreeWidgetItem* node);
     void mouse_down(QPoint position);
     void mouse_released(Qt::MouseButton button);
+    void take_release(Qt::MouseButton button);
     void key_down(int key);
-    void key_up(int key);
     void expanded(QTreeWidgetItem* node, bool open);
-    void show_menus();
+    void show_status_of_selection();
     void show_page(Key recipe);
     void take_off(QTreeWidgetItem* node);
 
     frmmain& main_;
     TreeView& tree_;
+    Key unsorted_ = -1; ///< a renamed recipe that waits for a release; -1 none
     bool tree_mouse_down_ = false;
     QPoint tree_down_;
 };

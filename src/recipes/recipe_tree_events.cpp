@@ -4,12 +4,9 @@
 #include "widgets/message_box.h"
 #include "lists/list_pane.h"
 #include "recipes/recipe_page.h"
-#include "window/commands.h"
 #include "widgets/tree_view.h"
-#include "window/view_state.h"
 
 #include <QCursor>
-#include <QMenu>
 #include <QScrollBar>
 
 namespace tarnwick {
@@ -30,18 +27,18 @@ void RecipeTree::connect_events()
     connect(&tree_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* node) { expanded(node, true); });
     connect(&tree_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* node) { expanded(node, false); });
     connect(&tree_, &TreeView::node_click, this, &RecipeTree::node_click);
+    connect(&tree_, &TreeView::selection_changed, this, &RecipeTree::show_status_of_selection);
     connect(&tree_, &TreeView::mouse_down, this,
             [this](Qt::MouseButton, QPoint position) { mouse_down(position); });
     connect(&tree_, &TreeView::mouse_up, this, [this](Qt::MouseButton button) { mouse_released(button); });
     connect(&tree_, &TreeView::key_down, this, &RecipeTree::key_down);
-    connect(&tree_, &TreeView::key_up, this, &RecipeTree::key_up);
     // A recipe is renamed on its page, a category never.
     connect(&tree_, &TreeView::before_label_edit, this, [](QTreeWidgetItem*, bool& cancel) { cancel = true; });
 }
 
 void RecipeTree::expanded(QTreeWidgetItem* node, bool open)
 {
-    if (!main_.shared.form_loading)
+    if (!main_.shared.form_loading && !is_recipe(*node))
         tree_.set_picture(node, open ? folder_open : folder_closed);
 }
 
@@ -51,21 +48,29 @@ void RecipeTree::node_click(QTreeWidgetItem* node)
         main_.shared.node_dragged = false;
         return;
     }
-    if (!is_recipe(*node)) {
-        main_.set_status(node->text(0) + QStringLiteral(": ") + QString::number(node->childCount())
-                         + QStringLiteral(" recipes"));
-        main_.view_state().set_mnu_recipe();
-        show_menus();
+    if (!is_recipe(*node))
         return;
-    }
     main_.shared.cur_recipe = record_key(TreeView::key(node));
     main_.shared.cur_recipe_name = trim(node->text(0));
     main_.recipe_page().scroll_bar().setValue(0);
     main_.recipe_page().set_recipe(main_.shared.cur_recipe);
     main_.shared.list_pane_shown = false;
     main_.l_r_refresh();
-    show_menus();
-    main_.set_status(main_.shared.cur_recipe_name + QStringLiteral(" recipe"));
+}
+
+/// First status panel, while the tree is the one on show.
+void RecipeTree::show_status_of_selection()
+{
+    if (main_.shared.form_loading || main_.shared.stock_view)
+        return;
+    const QTreeWidgetItem* node = tree_.selected();
+    if (!node)
+        main_.set_status({});
+    else if (is_recipe(*node))
+        main_.set_status(trim(node->text(0)) + QStringLiteral(" recipe"));
+    else
+        main_.set_status(node->text(0) + QStringLiteral(": ") + QString::number(node->childCount())
+                         + QStringLiteral(" recipes"));
 }
 
 void RecipeTree::mouse_down(QPoint position)
@@ -84,6 +89,13 @@ void RecipeTree::mouse_down(QPoint position)
 
 void RecipeTree::mouse_released(Qt::MouseButton button)
 {
+    take_release(button);
+    if (unsorted_ > 0)
+        sort_renamed(unsorted_, false);
+}
+
+void RecipeTree::take_release(Qt::MouseButton button)
+{
     const bool pressed = tree_mouse_down_;
     tree_mouse_down_ = false;
     if (main_.shared.tree_drag) {
@@ -100,7 +112,7 @@ void RecipeTree::mouse_released(Qt::MouseButton button)
 void RecipeTree::mouse_up(Qt::MouseButton button, QTreeWidgetItem*)
 {
     if (button != Qt::LeftButton)
-        main_.commands().menu(QStringLiteral("mnu_tv_r")).popup(QCursor::pos());
+        emit menu_wanted(QCursor::pos());
 }
 
 void RecipeTree::key_down(int key)
@@ -113,12 +125,6 @@ void RecipeTree::key_down(int key)
     else
         msg_box(&main_, QStringLiteral("Cannot delete recipe categories"), box::information,
                 QStringLiteral("Info"));
-}
-
-void RecipeTree::key_up(int key)
-{
-    if (key == Qt::Key_Up || key == Qt::Key_Down)
-        main_.view_state().set_mnu_recipe();
 }
 
 } // namespace tarnwick

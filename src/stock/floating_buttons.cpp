@@ -155,6 +155,15 @@ void FloatingButtons::place_again(int index)
     button(index).show();
 }
 
+void FloatingButtons::follow_selection()
+{
+    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    if (!node || TreeView::key(node) != beside_)
+        hide_all();
+    else
+        place_again(shown());
+}
+
 void FloatingButtons::show_recipe_button(QTreeWidgetItem& node, int indent, int top)
 {
     hide(add_to_list);
@@ -187,14 +196,13 @@ void FloatingButtons::show_list_button(QTreeWidgetItem& node, int indent, int to
 {
     hide(locate_row);
     hide(add_to_page);
-    const Key list = main_.shared.current_list;
-    if (indent <= least_indent || list < 1) {
+    const auto list = list_name_of(main_.connection(), main_.shared.current_list);
+    if (indent <= least_indent || !list) {
         hide(add_to_list);
         return;
     }
     show_at(add_to_list, node, indent, top,
-            QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to ") + get_list_name(main_.connection(), list)
-                + QStringLiteral(" list"));
+            QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to ") + *list + QStringLiteral(" list"));
 }
 
 void FloatingButtons::show_for_recipe(QTreeWidgetItem& node)
@@ -275,8 +283,9 @@ void FloatingButtons::locate()
 {
     if (main_.shared.list_pane_shown)
         main_.row_editor().lv_edit_off();
-    const auto tied = first_tied_row(main_.connection(), main_.shared.item_in_work);
     hide(locate_row);
+    const QTreeWidgetItem* node = selected_item();
+    const auto tied = node ? first_tied_row(main_.connection(), record_key(TreeView::key(node))) : std::nullopt;
     if (!tied)
         return;
     if (!main_.shared.all_lists_view && tied->list_key != main_.shared.current_list) {

@@ -41,6 +41,9 @@ public:
     /// whole in view; hides it otherwise. -1: nothing.
     void place_again(int index);
 
+    /// Hides the button unless its node is still the selected one; puts it beside it where it has moved.
+    void follow_selection();
+
     /// Hides the first two after the tree lost the focus, unless one of the buttons took it.
     void tree_lost_focus();
 

@@ -2,9 +2,7 @@
 
 #include "widgets/busy_pointer.h"
 #include "window/frmmain.h"
-#include "window/toolbar.h"
 #include "widgets/tree_view.h"
-#include "window/view_state.h"
 #include "household/category_store.h"
 #include "household/item_change.h"
 #include "stock/floating_buttons.h"
@@ -60,6 +58,12 @@ void StockTree::connect_events()
     connect(&tree_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* node) { expanded(node, true); });
     connect(&tree_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* node) { expanded(node, false); });
     connect(&tree_, &TreeView::node_click, this, &StockTree::node_click);
+    connect(&tree_, &TreeView::selection_changed, this, &StockTree::show_status_of_selection);
+    connect(&tree_, &TreeView::selection_changed, &buttons_, &FloatingButtons::follow_selection);
+    for (auto moved : {&QTreeWidget::itemExpanded, &QTreeWidget::itemCollapsed})
+        connect(&tree_, moved, &buttons_, &FloatingButtons::follow_selection);
+    for (auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(tree_.model(), change, &buttons_, &FloatingButtons::hide_all);
     connect(&tree_, &TreeView::mouse_down, this, &StockTree::mouse_down);
     connect(&tree_, &TreeView::mouse_up, this, &StockTree::mouse_up);
     connect(&tree_, &TreeView::key_down, this, &StockTree::key_down);
@@ -90,7 +94,6 @@ void StockTree::tv_load(bool alpha)
         load_folders();
     load_items(alpha);
     open_folders();
-    main_.toolbar().widget().update();
     tree_.show();
     if (had_focus)
         tree_.setFocus();
@@ -186,14 +189,13 @@ void StockTree::close_folders()
         }
     }
     store_all_closed(main_.connection());
-    main_.view_state().set_mnu_stock();
 }
 
 void StockTree::expanded(QTreeWidgetItem* node, bool open)
 {
-    if (main_.shared.form_loading || quiet_)
-        return;
     const QString key = TreeView::key(node);
+    if (main_.shared.form_loading || quiet_ || !key.startsWith(QLatin1String("cat")))
+        return;
     tree_.set_picture(node, folder_picture(key == QLatin1String("cat0000"), open));
     store_expand(main_.connection(), record_key(key), open);
 }

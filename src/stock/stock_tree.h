@@ -69,6 +69,9 @@ public:
     void clear_mouse_down() { tree_mouse_down_ = false; }
     QPoint tree_down() const { return tree_down_; }
 
+signals:
+    void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
+
 private:
     void connect_events();
     void load_folders();
@@ -81,10 +84,7 @@ private:
     void mouse_up(Qt::MouseButton button, QPoint position);
     void key_down(int key);
     void key_up(int key);
-    void show_item_menus(const QTreeWidgetItem& node);
-    void show_list_captions(const QString& text);
-    void show_category_menus(const QTreeWidgetItem& node);
-    void show_status_of(const QTreeWidgetItem& node);
+    void show_status_of_selection();
 
     /// The click on an item's check box. False ends the handling of the release.
     bool click_box(QTreeWidgetItem& node);

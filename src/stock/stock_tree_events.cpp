@@ -5,16 +5,12 @@
 #include "household/household.h"
 #include "lists/placing.h"
 #include "recipes/recipe_page.h"
-#include "window/commands.h"
 #include "widgets/tree_view.h"
-#include "window/view_state.h"
 #include "stock/floating_buttons.h"
 #include "dialogs/l_item_edit.h"
 #include "household/status.h"
 #include "stock/stock_commands.h"
 #include "household/stock_store.h"
-
-#include <QMenu>
 
 #include <cstdlib>
 
@@ -26,13 +22,6 @@ bool is_item(const QTreeWidgetItem& node)
     return TreeView::key(&node).startsWith(QLatin1String("item"));
 }
 
-/// A name for a menu caption, followed by a blank; long ones are cut.
-QString short_name(const QString& text)
-{
-    constexpr int longest = 30;
-    return trim(QStringView(text).left(longest)) + QLatin1String(text.size() > longest ? "... " : " ");
-}
-
 } // namespace
 
 void StockTree::node_click(QTreeWidgetItem* node)
@@ -41,99 +30,23 @@ void StockTree::node_click(QTreeWidgetItem* node)
         main_.shared.node_dragged = false;
         return;
     }
-    if (is_item(*node)) {
+    if (is_item(*node))
         main_.shared.item_in_work = record_key(TreeView::key(node));
-        show_status_of(*node);
-        show_item_menus(*node);
-    } else {
-        show_category_menus(*node);
-        show_status_of(*node);
-    }
-    main_.view_state().set_mnu_stock();
 }
 
-void StockTree::show_status_of(const QTreeWidgetItem& node)
+/// First status panel, while the tree is the one on show.
+void StockTree::show_status_of_selection()
 {
-    if (is_item(node)) {
-        main_.set_status(get_status(main_.connection(), record_key(TreeView::key(&node))));
-    } else {
-        main_.set_status(node.text(0) + QStringLiteral(" category: ") + QString::number(node.childCount())
+    if (main_.shared.form_loading || !main_.shared.stock_view)
+        return;
+    const QTreeWidgetItem* node = tree_.selected();
+    if (!node)
+        main_.set_status({});
+    else if (is_item(*node))
+        main_.set_status(get_status(main_.connection(), record_key(TreeView::key(node))));
+    else
+        main_.set_status(node->text(0) + QStringLiteral(" category: ") + QString::number(node->childCount())
                          + QStringLiteral(" stock items"));
-    }
-}
-
-void StockTree::show_item_menus(const QTreeWidgetItem& node)
-{
-    Commands& commands = main_.commands();
-    const QString text = node.text(0);
-    const bool recipe_shown = !main_.shared.list_pane_shown;
-    const bool by_category = !main_.shared.stock_alpha;
-
-    commands.set_visible(QStringLiteral("mnu_tv_rename"), true);
-    commands.set_enabled(QStringLiteral("mnu_tv_rename"), true);
-    for (const auto& name : {QStringLiteral("mnu_tv_dc"), QStringLiteral("mnu_tv_rn")}) {
-        commands.set_visible(name, false);
-        commands.set_enabled(name, true);
-    }
-    commands.set(QStringLiteral("mnu_tv_di"), QStringLiteral("Delete stock item ") + text, true);
-    commands.set(QStringLiteral("mnu_tv_edit"), QStringLiteral("Edit stock item ") + text, true);
-    commands.set_enabled(QStringLiteral("mnu_tv_ni"), true);
-    show_list_captions(text);
-    if (text.isEmpty()) {
-        commands.set(QStringLiteral("mnu_tv_air"), QStringLiteral("Add  to recipe"), false);
-    } else {
-        commands.set(QStringLiteral("mnu_tv_air"),
-                     QStringLiteral("Add item to ") + main_.shared.cur_recipe_name + QStringLiteral(" recipe"),
-                     recipe_shown);
-    }
-    commands.set_visible(QStringLiteral("mnu_edit_stock_to_list"), true);
-    commands.set_enabled(QStringLiteral("mnu_tv_ai"),
-                         TreeView::picture(&node) >= status_code::unlisted && main_.shared.current_list >= 0);
-    for (const auto& name :
-         {QStringLiteral("mnu_tv_nc"), QStringLiteral("mnu_tv_sep_1"), QStringLiteral("mnu_tv_move")})
-        commands.set_visible(name, by_category);
-    if (by_category)
-        commands.set_enabled(QStringLiteral("mnu_tv_move"), true);
-}
-
-void StockTree::show_list_captions(const QString& text)
-{
-    Commands& commands = main_.commands();
-    const Key list = main_.shared.current_list;
-    QString caption = QStringLiteral("Add to shopping list");
-    if (list == 0) {
-        caption = QStringLiteral("Add ") + short_name(text) + QStringLiteral("to a shopping list");
-    } else if (list > 0) {
-        caption = QStringLiteral("Add ") + short_name(text) + QStringLiteral("to ")
-            + trim(get_list_name(main_.connection(), list)) + QStringLiteral(" list");
-    } else {
-        commands.set(QStringLiteral("mnu_list_del"), QStringLiteral("Delete shopping list"), false);
-    }
-    commands.set(QStringLiteral("mnu_tv_ai"), caption, list >= 0);
-    commands.set(QStringLiteral("mnu_edit_stock_to_list"), caption, list >= 0);
-}
-
-void StockTree::show_category_menus(const QTreeWidgetItem& node)
-{
-    Commands& commands = main_.commands();
-    const bool other = TreeView::key(&node).endsWith(QLatin1String("0000"));
-    const QString name = other ? QString() : node.text(0) + u' ';
-
-    commands.set_visible(QStringLiteral("mnu_tv_rename"), false);
-    commands.set_enabled(QStringLiteral("mnu_tv_rename"), false);
-    commands.set(QStringLiteral("mnu_tv_di"), QStringLiteral("Delete stock item"), false);
-    commands.set(QStringLiteral("mnu_tv_edit"), QStringLiteral("Edit stock item"), false);
-    commands.set_enabled(QStringLiteral("mnu_tv_ni"), true);
-    commands.set(QStringLiteral("mnu_tv_dc"), QStringLiteral("Delete ") + name + QStringLiteral(" category"),
-                 !other);
-    commands.set(QStringLiteral("mnu_tv_rn"), QStringLiteral("Rename ") + name + QStringLiteral(" category"),
-                 !other);
-    for (const auto& shown : {QStringLiteral("mnu_tv_dc"), QStringLiteral("mnu_tv_rn"), QStringLiteral("mnu_tv_nc"),
-                              QStringLiteral("mnu_tv_sep_1")})
-        commands.set_visible(shown, true);
-    commands.set(QStringLiteral("mnu_tv_ai"), QStringLiteral("Add to shopping list"), false);
-    commands.set(QStringLiteral("mnu_tv_air"), QStringLiteral("Add to recipe"), false);
-    commands.set_enabled(QStringLiteral("mnu_tv_move"), false);
 }
 
 void StockTree::key_down(int key)
@@ -152,11 +65,9 @@ void StockTree::key_up(int key)
 {
     if (key != Qt::Key_Up && key != Qt::Key_Down)
         return;
-    if (const QTreeWidgetItem* node = tree_.selected())
-        show_status_of(*node);
+    show_status_of_selection();
     buttons_.hide(0);
     buttons_.hide(1);
-    main_.view_state().set_mnu_recipe();
 }
 
 void StockTree::mouse_down(Qt::MouseButton, QPoint position)
@@ -198,7 +109,7 @@ void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
     if (is_item(*node))
         main_.shared.item_in_work = record_key(TreeView::key(node));
     if (button != Qt::LeftButton) {
-        main_.commands().menu(QStringLiteral("mnu_tv")).popup(tree_.viewport()->mapToGlobal(position));
+        emit menu_wanted(tree_.viewport()->mapToGlobal(position));
         return;
     }
     if (!is_item(*node)) {

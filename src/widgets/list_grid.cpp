@@ -144,6 +144,7 @@ int ListGrid::current_col() const
 void ListGrid::set_current(int row, int column)
 {
     setCurrentIndex(model_->index(row, column));
+    emit current_set();
 }
 
 int ListGrid::col_width(int column) const
@@ -283,6 +284,7 @@ void ListGrid::mousePressEvent(QMouseEvent* event)
     pressed_column_ = columnAt(position.x());
     pressed_ = model_->index(pressed_row_, grid_column::light);
     skips_release_ = false;
+    is_pressed_ = true;
     if (event->button() == Qt::LeftButton && pressed_row_ >= 0)
         set_current(pressed_row_, std::max(pressed_column_, 0));
     emit mouse_down(event->button(), position);
@@ -299,6 +301,8 @@ void ListGrid::mouseReleaseEvent(QMouseEvent* event)
     if (!skips_release_)
         emit mouse_up(event->button(), event->position().toPoint());
     skips_release_ = false;
+    is_pressed_ = false;
+    emit mouse_done();
     event->accept();
 }
 
@@ -330,7 +334,8 @@ void ListGrid::keyPressEvent(QKeyEvent* event)
         emit key_down(key_code::down);
         break;
     case Qt::Key_Delete:
-        emit key_down(key_code::remove);
+        if (!event->isAutoRepeat()) // one press removes one row
+            emit key_down(key_code::remove);
         break;
     case Qt::Key_PageUp:
         bar.triggerAction(QScrollBar::SliderPageStepSub);

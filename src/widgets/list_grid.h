@@ -67,9 +67,14 @@ public:
     int pressed_row() const { return pressed_row_; }
     int pressed_column() const { return pressed_column_; }
 
+    /// Between a press on the grid and its release: the current row is only on its way.
+    bool is_pressed() const { return is_pressed_; }
+
 signals:
     void mouse_down(Qt::MouseButton button, QPoint position); ///< viewport coordinates
     void mouse_up(Qt::MouseButton button, QPoint position);
+    void current_set(); ///< a cell was made current; not when the current row has gone and another takes its place
+    void mouse_done(); ///< what the release had to do is done
     void key_down(int key); ///< one of `key_code`; the grid itself does not move
     void scrolled();
     void lost_focus();
@@ -97,6 +102,7 @@ private:
     int pressed_row_ = -1;
     int pressed_column_ = -1;
     QPersistentModelIndex pressed_; ///< a cell of the pressed row, wherever the row has gone since; none outside
+    bool is_pressed_ = false;
     bool skips_release_ = false; ///< the press before it was none of this grid's
     TextRatio ratio_; ///< holds while the widths are those that were set along with it
     int ratio_item_ = -1;

@@ -53,6 +53,9 @@ Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& ti
     case box::yes_no:
         use(QMessageBox::Yes, QMessageBox::No);
         break;
+    case box::retry_cancel:
+        use(QMessageBox::Retry, QMessageBox::Cancel);
+        break;
     default:
         message.setStandardButtons(QMessageBox::Ok);
         break;
@@ -64,6 +67,8 @@ Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& ti
         return Answer::no;
     case QMessageBox::Cancel:
         return Answer::cancel;
+    case QMessageBox::Retry:
+        return Answer::retry;
     default:
         return Answer::ok;
     }
@@ -80,6 +85,8 @@ QString input_box(QWidget* owner, const QString& prompt, const QString& title, c
         keep_one_line(*box);
     for (QLabel* label : dialog.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
+    if (auto* box = dialog.findChild<QLineEdit*>()) // made with the first text value
+        box->selectAll();
     return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
 }
 

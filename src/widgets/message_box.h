@@ -11,6 +11,7 @@ namespace box {
 inline constexpr int ok = 0;
 inline constexpr int ok_cancel = 1;
 inline constexpr int yes_no = 4;
+inline constexpr int retry_cancel = 5;
 inline constexpr int stop = 16;
 inline constexpr int question = 32;
 inline constexpr int exclamation = 48;
@@ -19,7 +20,7 @@ inline constexpr int second_default = 256;
 } // namespace box
 
 /// The button that closed a message box. Escape and the close box count as Cancel, or No.
-enum class Answer { ok = 1, cancel = 2, yes = 6, no = 7 };
+enum class Answer { ok = 1, cancel = 2, retry = 4, yes = 6, no = 7 };
 
 /// Shows a message and waits. Text and title are plain text, line feeds break lines.
 Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& title);

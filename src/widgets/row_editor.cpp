@@ -36,6 +36,11 @@ RowEditor::RowEditor(ListGrid& grid, RowEditorHost& host, QWidget* parent)
     grid_.installEventFilter(this);
     connect(&grid_, &ListGrid::scrolled, this, &RowEditor::rows_scrolled);
     connect(&grid_, &ListGrid::lost_focus, this, &RowEditor::focus_left);
+    connect(&grid_, &ListGrid::mouse_done, this, &RowEditor::follow_current_row);
+    connect(&grid_, &ListGrid::current_set, this, [this] {
+        if (!grid_.is_pressed())
+            follow_current_row();
+    });
     connect(&grid_.rows(), &QAbstractItemModel::modelReset, this, &RowEditor::hide_line);
     for (auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&grid_.rows(), change, this, &RowEditor::place_again);
@@ -130,12 +135,35 @@ void RowEditor::lv_edit_off()
     hide_line();
 }
 
+/// What looks chosen is the current row: the boxes go to it, and no other row stays bold.
+void RowEditor::follow_current_row()
+{
+    const int row = grid_.current_row();
+    if (writing_ || row < 0 || row == edit_row())
+        return;
+    if (is_open()) {
+        show_l_line();
+        return;
+    }
+    const std::vector<GridRow>& rows = grid_.rows().list_rows();
+    for (size_t i = 0; i < rows.size(); ++i)
+        if (rows[i].bold && static_cast<int>(i) != row)
+            grid_.rows().change_row(static_cast<int>(i), [](GridRow& other) { other.bold = false; });
+}
+
+/// The keyboard goes back to the grid before its control hides, which would hand it to any neighbour. Behind a
+/// dialog the window keeps the control for its return.
+void RowEditor::give_up_focus(const QWidget& control)
+{
+    const QWidget* focus = grid_.window()->focusWidget();
+    if (focus && (focus == &control || control.isAncestorOf(focus)))
+        grid_.setFocus(Qt::OtherFocusReason);
+}
+
 void RowEditor::hide_controls()
 {
-    // The focus goes back to the grid first; hiding its widget would hand it to any neighbour. Behind a
-    // dialog the window keeps the widget for its return.
-    if (owns(grid_.window()->focusWidget()))
-        grid_.setFocus(Qt::OtherFocusReason);
+    for (QWidget* control : controls_->all())
+        give_up_focus(*control);
     for (QWidget* control : controls_->all())
         control->hide();
 }
@@ -211,7 +239,9 @@ void RowEditor::write_text(const Box& box)
         grid_.set_current(row, box.column);
     const QString text = trim(box.edit->text());
     grid_.rows().set_cell_text(row, box.column, text);
+    unstored_column_ = box.column;
     host_.text_edited(row, box.column, text);
+    unstored_column_ = -1;
 }
 
 void RowEditor::step(const Box& box, bool up)

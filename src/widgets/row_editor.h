@@ -59,6 +59,7 @@ public:
     void hide_line(); ///< hides the row's controls and clears its bold
     void lv_edit_off(); ///< closes the editor altogether
     bool is_open() const; ///< `desc_brdr` is on screen
+    int unstored_column() const { return unstored_column_; } ///< whose text the store did not take; -1 none
     int edit_row() const; ///< the grid row under edit; -1 when closed
 
     /// Makes this row's name the only bold one.
@@ -88,7 +89,7 @@ private:
     void fill_coupon();
     void fill_end_frame();
     void place();
-    static void place_steppers(const QWidget& box, const std::array<PictureButton*, 2>& buttons);
+    void place_steppers(const QWidget& box, const std::array<PictureButton*, 2>& buttons);
     void place_coupon_and_date();
     void place_end_frame();
     void place_calendar();
@@ -98,6 +99,9 @@ private:
     void apply_page_color();
     void hide_controls();
     void clear_bold();
+    void show_at(QWidget& control, const QRect& rect);
+    void give_up_focus(const QWidget& control);
+    void follow_current_row();
 
     void write_text(const Box& box);
     void step(const Box& box, bool up);
@@ -117,6 +121,7 @@ private:
     QPersistentModelIndex edit_row_; ///< follows the row when others come and go
     QColor page_color_ = Qt::white;
     int type_size_ = 9;
+    int unstored_column_ = -1;
     bool filling_ = false; ///< texts are being shown, not typed
     bool writing_ = false; ///< the grid's own moves must not close the editor
 };

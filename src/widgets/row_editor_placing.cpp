@@ -37,16 +37,19 @@ int points_of(int size, int column)
     return step == 2 && column == grid_column::date ? 10 : points[static_cast<size_t>(step)];
 }
 
-void show_at(QWidget& control, const QRect& rect)
+} // namespace
+
+/// Puts a control over a stretch of the row; none hides it. What was typed is written already.
+void RowEditor::show_at(QWidget& control, const QRect& rect)
 {
+    if (rect.isEmpty())
+        give_up_focus(control);
     control.setVisible(!rect.isEmpty());
     if (rect.isEmpty())
         return;
     control.setGeometry(rect);
     control.raise();
 }
-
-} // namespace
 
 /// What a cell's box covers: the cell and the last pixel of its left neighbour, so that boxes side by side
 /// share their line. It is cut at the grid's edge.
@@ -98,6 +101,8 @@ void RowEditor::place_coupon_and_date()
     show_at(*controls_->cpn_brdr, date);
     show_at(*controls_->dp_frame, date);
     controls_->date->setGeometry(controls_->dp_frame->rect());
+    if (date.isEmpty())
+        give_up_focus(*controls_->date);
     controls_->date->setVisible(!date.isEmpty());
     const int width = controls_->dtp_btn->sizeHint().width() + 2;
     const bool has_button = controls_->chck_box->property("Tag").toString() == QLatin1String("ON");

@@ -1,5 +1,6 @@
 #include "widgets/tree_delegate.h"
 
+#include "widgets/one_line_box.h"
 #include "widgets/tree_view.h"
 #include "widgets/tool_tip.h"
 
@@ -102,6 +103,7 @@ QWidget* TreeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 {
     auto* editor = new QLineEdit(parent);
     editor->setFont(tree_.font());
+    keep_one_line(*editor);
     editor->setObjectName(QStringLiteral("label_edit"));
     return editor;
 }

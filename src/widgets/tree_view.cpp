@@ -108,6 +108,11 @@ TreeView::TreeView(ImageList pictures, QWidget* parent)
     });
     connect(this, &QTreeWidget::itemCollapsed, this, &TreeView::follow_collapse);
     connect(this, &QTreeWidget::currentItemChanged, second_click_, &SecondClick::stop);
+    connect(this, &QTreeWidget::itemSelectionChanged, this, &TreeView::announce_selection);
+    connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* node) {
+        if (node->isSelected() && node->text(0) != announced_text_)
+            announce_selection();
+    });
 }
 
 void TreeView::set_flat(bool flat)
@@ -334,6 +339,13 @@ void TreeView::follow_collapse(QTreeWidgetItem* folder)
     }
 }
 
+void TreeView::announce_selection()
+{
+    const QTreeWidgetItem* node = selected();
+    announced_text_ = node ? node->text(0) : QString();
+    emit selection_changed();
+}
+
 bool TreeView::on_label(QTreeWidgetItem* node, QPoint position) const
 {
     QRect label = text_rect(node);
@@ -380,8 +392,10 @@ void TreeView::mouseReleaseEvent(QMouseEvent* event)
     const bool edit = edit_on_release_ && pressed_node && hit_test(event->pos()) == pressed_node;
     pressed_ = false;
     edit_on_release_ = false;
-    if (pressed_node)
+    if (pressed_node) {
         emit node_click(pressed_node);
+        emit selection_changed(); // a click shows the node anew where others have spoken since
+    }
     emit mouse_up(event->button(), event->pos());
     if (edit)
         second_click_->start();
@@ -392,6 +406,8 @@ void TreeView::keyPressEvent(QKeyEvent* event)
     if (state() == EditingState)
         return; // what the label's editor left over
     const int code = event->key();
+    if (code == Qt::Key_Delete && event->isAutoRepeat())
+        return; // one press deletes one node
     emit key_down(code);
     if (code == Qt::Key_Return || code == Qt::Key_Enter) {
         event->ignore(); // nothing for the tree; the form closes an open row editor with it
@@ -405,6 +421,11 @@ void TreeView::keyPressEvent(QKeyEvent* event)
     const bool empty = !chosen || chosen->childCount() == 0;
     if (empty && (code == Qt::Key_Plus || code == Qt::Key_Asterisk))
         return; // a folder without children cannot open
+    if (code == Qt::Key_Asterisk) {
+        // The control would open the nodes under the folder along with it, which are none.
+        expandItem(selected());
+        return;
+    }
     QTreeWidget::keyPressEvent(event);
 }
 

@@ -91,6 +91,9 @@ signals:
     void mouse_move(Qt::MouseButtons buttons, QPoint position);
     void mouse_up(Qt::MouseButton button, QPoint position);
     void node_click(QTreeWidgetItem* node);
+    /// Another node is the selected one, whatever moved the selection, or none is, or its text is another; also
+    /// after every click on a node.
+    void selection_changed();
     void key_down(int key); ///< Qt::Key
     void key_up(int key); ///< Qt::Key
     void got_focus();
@@ -122,6 +125,7 @@ protected:
 
 private:
     void press(QMouseEvent* event);
+    void announce_selection();
     bool on_label(QTreeWidgetItem* node, QPoint position) const;
     void close_if_empty(QTreeWidgetItem* folder);
     void follow_collapse(QTreeWidgetItem* folder);
@@ -131,6 +135,7 @@ private:
     TreeDelegate* delegate_;
     SecondClick* second_click_;
     QString pressed_key_;
+    QString announced_text_; ///< of the selected node when it was announced last
     bool pressed_ = false;
     bool edit_on_release_ = false;
     bool press_brought_focus_ = false;

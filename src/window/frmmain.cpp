@@ -20,6 +20,7 @@
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
 #include "window/layout.h"
+#include "window/rescuer.h"
 #include "window/status_panels.h"
 #include "window/status_words.h"
 #include "window/toolbar.h"
@@ -29,6 +30,7 @@
 #include "stock/stock_commands.h"
 #include "stock/stock_tree.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
@@ -84,9 +86,37 @@ frmmain::frmmain(Environment environment)
     setObjectName(QStringLiteral("frmmain"));
     setWindowTitle(QStringLiteral("Tarnwick"));
     make_panes();
+    settings_.set_before_write([this] {
+        if (shared.started && !shared.ending)
+            recipe_page_->store_edited();
+    });
+    connection_.set_locked_file(locked_file());
 }
 
 frmmain::~frmmain() = default;
+
+LockedFile frmmain::locked_file()
+{
+    LockedFile locked;
+    locked.show_waiting = [](bool waits) {
+        if (waits)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    };
+    locked.ask_to_wait = [this](const QString& path) {
+        QWidget* front = QApplication::activeModalWidget();
+        return msg_box(front             ? front
+                           : isVisible() ? this
+                                         : nullptr,
+                       QStringLiteral("Another program is using the database\n(") + path
+                           + QStringLiteral(")\n\nClose it there and choose Retry.\n"
+                                            "Cancel ends TarnWick."),
+                       box::retry_cancel | box::exclamation, QStringLiteral("TarnWick"))
+            == Answer::retry;
+    };
+    return locked;
+}
 
 void frmmain::make_panes()
 {
@@ -118,6 +148,9 @@ void frmmain::make_panes()
     list_mouse_ = std::make_unique<ListMouse>(*this);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
+    connect(recipe_page_.get(), &RecipePage::name_typed, recipe_tree_.get(), &RecipeTree::rename);
+    connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::refresh_commands);
+    connect(recipe_page_.get(), &RecipePage::name_left, recipe_tree_.get(), &RecipeTree::sort_renamed);
     connect_household();
 }
 
@@ -138,6 +171,10 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
+    connect(household_.get(), &Household::category_changed, this,
+            [this](const MadeRecord& made) { stock_tree_->add_category_node(made.key, made.name); });
+    connect(household_.get(), &Household::recipe_changed, this,
+            [this](const MadeRecord& made) { recipe_tree_->recipe_made(made.key, made.name, made.category); });
 }
 
 void frmmain::load()
@@ -164,6 +201,7 @@ void frmmain::load()
     toolbar_->toolbar_fit();
 
     connection_.open(environment_.database_file());
+    offer_rescued(connection_, environment_.database_file());
     shared.current_list = to_int16(settings_.pref(QStringLiteral("alist"), QStringLiteral("0")));
     shared.all_lists_view = settings_.pref(QStringLiteral("s_all"), QStringLiteral("0")) == QLatin1String("1");
     shared.cur_recipe = to_int16(settings_.pref(QStringLiteral("arcp"), QStringLiteral("0")));
@@ -172,7 +210,6 @@ void frmmain::load()
     shared.form_loading = false;
 
     read_views();
-    toolbar_->sort_btn_refresh();
     l_r_refresh();
     if (!shared.stock_view)
         view_state_->view_rcps();
@@ -210,10 +247,6 @@ void frmmain::load_trees()
     shared.recipe_alpha = by_name("sort_r");
     stock_tree_->tv_load(shared.stock_alpha);
     recipe_tree_->recip_load(shared.recipe_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_cat"), !shared.stock_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_alpha"), shared.stock_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_cat_r"), !shared.recipe_alpha);
-    commands_->set_checked(QStringLiteral("mnu_view_sort_alpha_r"), shared.recipe_alpha);
 }
 
 void frmmain::read_views()
@@ -253,7 +286,7 @@ void frmmain::restore_panes()
     if (shared.list_pane_shown) {
         recipe_page_->scroll_bar().setEnabled(false);
     } else {
-        recipe_page_->restore_recipe(shared.cur_recipe);
+        recipe_page_->set_recipe(shared.cur_recipe);
         list_pane_->show_pane(false);
         layout_->freize_refresh();
     }
@@ -317,6 +350,7 @@ void frmmain::shut_down(const runtime_error& error)
 {
     if (std::exchange(shared.ending, true))
         return;
+    rescue_typed(*this);
     print_cause(error);
     msg_box(this, QStringLiteral("TarnWick has encountered an error\nand must shut down"), box::ok,
             QStringLiteral("TarnWick"));
@@ -383,7 +417,7 @@ void frmmain::changeEvent(QEvent* event)
         && static_cast<QWindowStateChangeEvent*>(event)->oldState().testFlag(Qt::WindowMinimized))
         refresh_after_resize();
     if (event->type() == QEvent::ActivationChange && !isActiveWindow() && shared.started
-        && recipe_page_->is_edited())
+        && recipe_page_->is_edited() && !connection_.is_asking())
         recipe_page_->edit_updt();
 }
 

@@ -96,6 +96,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    LockedFile locked_file();
     void make_panes();
     void connect_household();
     void read_page_color();

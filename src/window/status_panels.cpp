@@ -25,30 +25,30 @@ constexpr Legend legends[] = {
     {status_code::non_stock, " Non-stock", "Non-stock item on a recipe"},
 };
 
-/// A panel with a status light before its text.
+/// A panel with the picture of the tree's items before its text: box and light tell by their shape too.
 class LegendLabel : public QLabel {
 public:
     LegendLabel(const Legend& legend, QWidget* parent)
         : QLabel(parent)
-        , light_(status_pictures(legend.code).light)
+        , code_(legend.code)
     {
         setText(QString::fromUtf8(legend.text));
         setToolTip(QString::fromUtf8(legend.tool_tip));
-        setProperty("picture", light_);
-        setContentsMargins(gap + picture_size(light_).width(), 0, gap, 0);
+        setProperty("picture", code_);
+        setContentsMargins(gap + list_image_size(ImageList::stock_tree, code_).width(), 0, gap, 0);
     }
 
 protected:
     void paintEvent(QPaintEvent* event) override
     {
         QLabel::paintEvent(event);
-        const int top = (height() - picture_size(light_).height()) / 2;
-        QPainter(this).drawPixmap(gap, top, tarnwick::picture(light_, devicePixelRatioF()));
+        const int top = (height() - list_image_size(ImageList::stock_tree, code_).height()) / 2;
+        QPainter(this).drawPixmap(gap, top, list_image(ImageList::stock_tree, code_, devicePixelRatioF()));
     }
 
 private:
     static constexpr int gap = 6;
-    int light_;
+    int code_; ///< status, and image of the stock tree
 };
 
 /// A panel that shows as much of its text as fits.

@@ -35,18 +35,6 @@ constexpr int picture_close_folders = 4;
 constexpr int picture_size_down = 16;
 constexpr int picture_size_up = 17;
 
-namespace index_of {
-constexpr int clear = 2;
-constexpr int print = 10;
-constexpr int preview = 11;
-constexpr int email = 13;
-constexpr int size_direction = 14;
-constexpr int find = 15;
-constexpr int sort = 16;
-constexpr int folders = 17;
-constexpr int size = 18;
-} // namespace index_of
-
 /// Image, caption and tool tip at rest. Image 0 is a separator.
 struct StandingButton {
     int picture;
@@ -76,9 +64,9 @@ constexpr StandingButton standing[last_button + 1] = {
     {picture_size_up, "Size", "Make size larger"},
 };
 
-const StandingButton& at_rest(int index)
+const StandingButton& at_rest(int number)
 {
-    return standing[static_cast<size_t>(index)];
+    return standing[static_cast<size_t>(number)];
 }
 
 QString text_of(const char* text)
@@ -109,40 +97,41 @@ Toolbar::Toolbar(frmmain& main, QWidget* parent)
         buttons_.at(static_cast<size_t>(i))->setObjectName(QStringLiteral("Toolbar1(%1)").arg(i));
         shown_.at(static_cast<size_t>(i)) = true;
     }
-    add_drop_down(index_of::print, "PRNT_OPT", QStringLiteral("Shopping list print options"));
-    add_drop_down(index_of::sort, "ALPHA", QStringLiteral("Sort alphabetically"));
-    add_drop_down(index_of::sort, "CAT", QStringLiteral("Sort by category"));
-    add_drop_down(index_of::size, "SML", QStringLiteral("Small"));
-    add_drop_down(index_of::size, "MDM", QStringLiteral("Medium"));
-    add_drop_down(index_of::size, "LRG", QStringLiteral("Large"));
-    set_tag(index_of::folders, QStringLiteral("DFLT"));
+    add_drop_down(ToolButton::print, "PRNT_OPT", QStringLiteral("Shopping list print options"));
+    add_drop_down(ToolButton::sort, "ALPHA", QStringLiteral("Sort alphabetically"));
+    add_drop_down(ToolButton::sort, "CAT", QStringLiteral("Sort by category"));
+    add_drop_down(ToolButton::size, "SML", QStringLiteral("Small"));
+    add_drop_down(ToolButton::size, "MDM", QStringLiteral("Medium"));
+    add_drop_down(ToolButton::size, "LRG", QStringLiteral("Large"));
+    set_tag(ToolButton::folders, QStringLiteral("DFLT"));
     place_buttons();
 }
 
-void Toolbar::make_button(int index)
+void Toolbar::make_button(int number)
 {
+    const auto which = static_cast<ToolButton>(number);
     auto* made = new QToolButton(bar_);
     made->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     made->setIconSize({icon_size, icon_size});
     made->setAutoRaise(true);
     made->setFocusPolicy(Qt::NoFocus);
-    made->setText(text_of(at_rest(index).caption));
-    buttons_.at(static_cast<size_t>(index)) = made;
-    set_picture(index, at_rest(index).picture);
-    set_tool_tip(index, text_of(at_rest(index).tool_tip));
-    connect(made, &QToolButton::clicked, this, [this, index] { clicked(index); });
+    made->setText(text_of(at_rest(number).caption));
+    buttons_.at(static_cast<size_t>(number)) = made;
+    set_picture(which, at_rest(number).picture);
+    set_tool_tip(which, text_of(at_rest(number).tool_tip));
+    connect(made, &QToolButton::clicked, this, [this, which] { clicked(which); });
 }
 
-void Toolbar::make_separator(int index)
+void Toolbar::make_separator(int number)
 {
     auto* made = new QFrame(bar_);
     made->setFrameStyle(QFrame::VLine | QFrame::Sunken);
-    buttons_.at(static_cast<size_t>(index)) = made;
+    buttons_.at(static_cast<size_t>(number)) = made;
 }
 
-void Toolbar::add_drop_down(int index, const char* key, const QString& caption)
+void Toolbar::add_drop_down(ToolButton which, const char* key, const QString& caption)
 {
-    auto& owner = static_cast<QToolButton&>(button(index));
+    QToolButton& owner = tool_button(which);
     if (!owner.menu()) {
         owner.setMenu(new QMenu(&owner));
         owner.setPopupMode(QToolButton::MenuButtonPopup);
@@ -152,34 +141,40 @@ void Toolbar::add_drop_down(int index, const char* key, const QString& caption)
     connect(action, &QAction::triggered, this, [this, action] { drop_down_clicked(action->objectName()); });
 }
 
-QWidget& Toolbar::button(int index) const
+QToolButton& Toolbar::tool_button(ToolButton which) const
 {
-    return *buttons_.at(static_cast<size_t>(index));
+    return static_cast<QToolButton&>(button(which));
 }
 
-void Toolbar::set_tool_tip(int index, const QString& text)
+void Toolbar::set(ToolButton which, const QString& tool_tip, bool enabled)
 {
-    button(index).setToolTip(plain_tool_tip(text));
+    set_tool_tip(which, tool_tip);
+    set_enabled(which, enabled);
 }
 
-void Toolbar::set_enabled(int index, bool enabled)
+void Toolbar::set_tool_tip(ToolButton which, const QString& text)
 {
-    button(index).setEnabled(enabled);
+    button(which).setToolTip(plain_tool_tip(text));
 }
 
-QString Toolbar::tag(int index) const
+void Toolbar::set_enabled(ToolButton which, bool enabled)
 {
-    return button(index).property("Tag").toString();
+    button(which).setEnabled(enabled);
 }
 
-void Toolbar::set_tag(int index, const QString& tag)
+QString Toolbar::tag(ToolButton which) const
 {
-    button(index).setProperty("Tag", tag);
+    return button(which).property("Tag").toString();
 }
 
-void Toolbar::set_picture(int index, int picture)
+void Toolbar::set_tag(ToolButton which, const QString& tag)
 {
-    auto& owner = static_cast<QToolButton&>(button(index));
+    button(which).setProperty("Tag", tag);
+}
+
+void Toolbar::set_picture(ToolButton which, int picture)
+{
+    QToolButton& owner = tool_button(which);
     if (owner.property("picture").toInt() == picture)
         return;
     owner.setProperty("picture", picture);
@@ -190,24 +185,24 @@ int Toolbar::height() const
 {
     int tallest = 0;
     for (int i = first_button; i <= last_button; ++i)
-        tallest = std::max(tallest, at_rest(i).picture == 0 ? 0 : button(i).sizeHint().height());
+        tallest = std::max(tallest, at_rest(i).picture == 0 ? 0 : part(i).sizeHint().height());
     return tallest + edge_margin;
 }
 
 int Toolbar::least_width() const
 {
-    const QWidget& folders = button(index_of::folders);
+    const QWidget& folders = button(ToolButton::folders);
     const QFontMetrics metrics = folders.fontMetrics();
     const int wider = metrics.horizontalAdvance(more_caption())
-        - metrics.horizontalAdvance(text_of(at_rest(index_of::folders).caption));
+        - metrics.horizontalAdvance(text_of(at_rest(static_cast<int>(ToolButton::folders)).caption));
     const int more = std::max(folders.sizeHint().width() + std::max(wider, 0), least_button_width);
-    return button(index_of::find).x() + more + fit_margin;
+    return button(ToolButton::find).x() + more + fit_margin;
 }
 
-void Toolbar::show_button(int index, bool shown)
+void Toolbar::show_button(ToolButton which, bool shown)
 {
-    shown_.at(static_cast<size_t>(index)) = shown;
-    button(index).setVisible(shown);
+    shown_.at(static_cast<size_t>(which)) = shown;
+    button(which).setVisible(shown);
 }
 
 void Toolbar::place_buttons()
@@ -218,58 +213,57 @@ void Toolbar::place_buttons()
         if (!shown_.at(static_cast<size_t>(i)))
             continue;
         const bool is_separator = at_rest(i).picture == 0;
-        const int width
-            = is_separator ? separator_width : std::max(button(i).sizeHint().width(), least_button_width);
+        const int width = is_separator ? separator_width : std::max(part(i).sizeHint().width(), least_button_width);
         if (is_separator)
-            button(i).setGeometry(left + separator_width / 2 - 1, edge_margin + 4, 2, row - 8);
+            part(i).setGeometry(left + separator_width / 2 - 1, edge_margin + 4, 2, row - 8);
         else
-            button(i).setGeometry(left, edge_margin / 2, width, row);
+            part(i).setGeometry(left, edge_margin / 2, width, row);
         left += width;
     }
 }
 
-bool Toolbar::fits(int index) const
+bool Toolbar::fits(ToolButton which) const
 {
-    return button(index).x() + button(index).width() + fit_margin <= main_.width();
+    return button(which).x() + button(which).width() + fit_margin <= main_.width();
 }
 
 void Toolbar::restore_standing_state()
 {
     for (int i = first_button; i <= last_button; ++i)
         if (at_rest(i).picture != 0)
-            static_cast<QToolButton&>(button(i)).setText(text_of(at_rest(i).caption));
-    set_picture(index_of::folders, picture_close_folders);
-    set_tag(index_of::folders, QStringLiteral("DFLT"));
+            static_cast<QToolButton&>(part(i)).setText(text_of(at_rest(i).caption));
+    set_picture(ToolButton::folders, picture_close_folders);
+    set_tag(ToolButton::folders, QStringLiteral("DFLT"));
     for (const char* name : {"mnu_more_find", "mnu_more_sort", "mnu_more_sort_alpha", "mnu_more_sort_cat"})
         main_.commands().set_visible(text_of(name), false);
-    for (int i = index_of::find; i <= index_of::size; ++i)
-        show_button(i, true);
+    for (const ToolButton which : {ToolButton::find, ToolButton::sort, ToolButton::folders, ToolButton::size})
+        show_button(which, true);
 }
 
 void Toolbar::toolbar_fit()
 {
     restore_standing_state();
     place_buttons();
-    const bool sort_fits = fits(index_of::sort);
-    if (fits(index_of::size)) {
+    const bool sort_fits = fits(ToolButton::sort);
+    if (fits(ToolButton::size)) {
         set_folder_button();
     } else {
-        show_button(index_of::size, false);
-        set_tag(index_of::folders, QStringLiteral("MORE"));
-        static_cast<QToolButton&>(button(index_of::folders)).setText(more_caption());
-        set_picture(index_of::folders, picture_more);
-        set_tool_tip(index_of::folders, QStringLiteral("More options"));
-        set_enabled(index_of::folders, true);
+        show_button(ToolButton::size, false);
+        set_tag(ToolButton::folders, QStringLiteral("MORE"));
+        tool_button(ToolButton::folders).setText(more_caption());
+        set_picture(ToolButton::folders, picture_more);
+        set_tool_tip(ToolButton::folders, QStringLiteral("More options"));
+        set_enabled(ToolButton::folders, true);
         place_buttons();
     }
-    if (!fits(index_of::folders)) {
+    if (!fits(ToolButton::folders)) {
         for (const char* name : {"mnu_more_sort", "mnu_more_sort_alpha", "mnu_more_sort_cat"})
             main_.commands().set_visible(text_of(name), true);
-        show_button(index_of::sort, false);
+        show_button(ToolButton::sort, false);
     }
     if (!sort_fits) {
         main_.commands().set_visible(QStringLiteral("mnu_more_find"), true);
-        show_button(index_of::find, false);
+        show_button(ToolButton::find, false);
     }
     place_buttons();
     main_.layout_manager().place_rows();
@@ -277,25 +271,20 @@ void Toolbar::toolbar_fit()
 
 void Toolbar::set_folder_button()
 {
-    const bool stock = main_.shared.stock_view;
-    const bool by_name = stock ? main_.shared.stock_alpha : main_.shared.recipe_alpha;
-    set_tool_tip(index_of::folders,
-                 stock ? QStringLiteral("Close all stock folders") : QStringLiteral("Close all recipe folders"));
-    set_enabled(index_of::folders, !by_name);
+    set(ToolButton::folders,
+        stock_ ? QStringLiteral("Close all stock folders") : QStringLiteral("Close all recipe folders"), !by_name_);
 }
 
-void Toolbar::sort_btn_refresh()
+void Toolbar::show_sort(bool stock, bool by_name)
 {
-    const bool stock = main_.shared.stock_view;
-    const bool by_name = stock ? main_.shared.stock_alpha : main_.shared.recipe_alpha;
-    set_tag(index_of::sort, by_name ? QStringLiteral("ALPHA") : QStringLiteral("CAT"));
-    set_picture(index_of::sort, by_name ? picture_sort_alpha : picture_sort_category);
+    stock_ = stock;
+    by_name_ = by_name;
+    set_tag(ToolButton::sort, by_name ? QStringLiteral("ALPHA") : QStringLiteral("CAT"));
+    set_picture(ToolButton::sort, by_name ? picture_sort_alpha : picture_sort_category);
     const QString what = stock ? QStringLiteral("Sort stock ") : QStringLiteral("Sort recipes ");
-    set_tool_tip(index_of::sort,
+    set_tool_tip(ToolButton::sort,
                  what + (by_name ? QStringLiteral("by category") : QStringLiteral("alphatbetically")));
-    main_.commands().set_checked(QStringLiteral("mnu_more_sort_alpha"), by_name);
-    main_.commands().set_checked(QStringLiteral("mnu_more_sort_cat"), !by_name);
-    if (tag(index_of::folders) != QLatin1String("MORE"))
+    if (tag(ToolButton::folders) != QLatin1String("MORE"))
         set_folder_button();
 }
 
@@ -309,62 +298,62 @@ void Toolbar::set_size_button_at_start(int type_size)
 
 void Toolbar::set_size_button(int image, const QString& tag, const QString& tool_tip)
 {
-    set_tag(index_of::size_direction, tag);
-    set_picture(index_of::size, image);
-    set_tool_tip(index_of::size, tool_tip);
+    set_tag(ToolButton::size_direction, tag);
+    set_picture(ToolButton::size, image);
+    set_tool_tip(ToolButton::size, tool_tip);
 }
 
-void Toolbar::pop_up_more(int index)
+void Toolbar::pop_up_more(ToolButton which)
 {
-    const QWidget& below = button(index);
+    const QWidget& below = button(which);
     main_.commands().menu(QStringLiteral("mnu_more")).popup(below.mapToGlobal(QPoint(0, below.height())));
 }
 
-QString Toolbar::command_of(int index) const
+QString Toolbar::command_of(ToolButton which) const
 {
     const bool list = main_.shared.list_pane_shown;
-    switch (index) {
-    case 1:
+    switch (which) {
+    case ToolButton::new_list:
         return text_of("mnu_list_new");
-    case index_of::clear:
+    case ToolButton::clear:
         return text_of("mnu_list_clear");
-    case 3:
+    case ToolButton::lists:
         return text_of("mnu_tools_listlist");
-    case 5:
+    case ToolButton::new_recipe:
         return text_of("mnu_recipe_new");
-    case 6:
+    case ToolButton::ingredient:
         return text_of("mnu_recipe_add_ingred");
-    case 8:
+    case ToolButton::stock:
         return text_of("mnu_edit_add_stck");
-    case index_of::print:
+    case ToolButton::print:
         return text_of(list ? "mnu_list_Print" : "mnu_recipe_prnt");
-    case 12:
+    case ToolButton::word_processor:
         return text_of(list ? "mnu_tools_wp_list" : "mnu_tools_wp_rcp");
-    case index_of::email:
-        return text_of(tag(index) == QLatin1String("list") ? "mnu_tools_email_list" : "mnu_tools_email_rcp");
-    case index_of::find:
+    case ToolButton::email:
+        return text_of(tag(which) == QLatin1String("list") ? "mnu_tools_email_list" : "mnu_tools_email_rcp");
+    case ToolButton::find:
         return text_of("mnu_tools_find_item");
-    case index_of::folders:
+    case ToolButton::folders:
         return text_of("mnu_view_cntrct_all");
     default:
         return {};
     }
 }
 
-void Toolbar::clicked(int index)
+void Toolbar::clicked(ToolButton which)
 {
-    const bool may_be_more = index == index_of::print || index == index_of::folders;
-    if (may_be_more && tag(index) == QLatin1String("MORE"))
-        pop_up_more(index);
-    else if (index == index_of::sort && tag(index) == QLatin1String("CAT"))
+    const bool may_be_more = which == ToolButton::print || which == ToolButton::folders;
+    if (may_be_more && tag(which) == QLatin1String("MORE"))
+        pop_up_more(which);
+    else if (which == ToolButton::sort && tag(which) == QLatin1String("CAT"))
         main_.view_state().sort_by_alpha();
-    else if (index == index_of::sort)
+    else if (which == ToolButton::sort)
         main_.view_state().sort_by_cat();
-    else if (index == index_of::size)
+    else if (which == ToolButton::size)
         main_.view_state().size_cycle();
-    else if (index == index_of::preview)
+    else if (which == ToolButton::preview)
         preview_pane(main_);
-    else if (const QString command = command_of(index); !command.isEmpty())
+    else if (const QString command = command_of(which); !command.isEmpty())
         main_.commands().run(command);
 }
 

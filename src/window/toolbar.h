@@ -13,6 +13,28 @@ namespace tarnwick {
 
 class frmmain;
 
+/// The buttons and separators of the toolbar by their numbers.
+enum class ToolButton : int {
+    new_list = 1,
+    clear,
+    lists,
+    after_lists,
+    new_recipe,
+    ingredient,
+    after_recipe,
+    stock,
+    after_stock,
+    print,
+    preview,
+    word_processor,
+    email,
+    size_direction, ///< a separator, whose Tag holds the direction of the size cycle
+    find,
+    sort,
+    folders,
+    size,
+};
+
 /// The toolbar `Toolbar1` of eighteen buttons.
 class Toolbar : public QObject {
     Q_OBJECT
@@ -21,22 +43,22 @@ public:
 
     QWidget& widget() { return *bar_; }
 
-    /// Button or separator 1 to 18.
-    QWidget& button(int index) const;
+    QWidget& button(ToolButton which) const { return part(static_cast<int>(which)); }
 
-    void set_tool_tip(int index, const QString& text);
-    void set_enabled(int index, bool enabled);
-    QString tag(int index) const;
-    void set_tag(int index, const QString& tag);
+    void set(ToolButton which, const QString& tool_tip, bool enabled);
+    void set_tool_tip(ToolButton which, const QString& text);
+    void set_enabled(ToolButton which, bool enabled);
+    QString tag(ToolButton which) const;
+    void set_tag(ToolButton which, const QString& tag);
 
     /// The command of the menus that a button stands for in the present state; empty for one without.
-    QString command_of(int index) const;
+    QString command_of(ToolButton which) const;
 
     /// Applies pictures, captions and tool tips, then decides which buttons fit the window.
     void toolbar_fit();
 
-    /// Buttons 16 and 17 from the sort flags.
-    void sort_btn_refresh();
+    /// Sort and Snap for the tree on show and its order.
+    void show_sort(bool stock, bool by_name);
 
     /// Load's own setting of the size buttons, the reverse of what the cycle sets.
     void set_size_button_at_start(int type_size);
@@ -49,23 +71,27 @@ public:
     int least_width() const;
 
 private:
-    void make_button(int index);
-    void make_separator(int index);
-    void add_drop_down(int index, const char* key, const QString& caption);
-    void clicked(int index);
+    QWidget& part(int number) const { return *buttons_.at(static_cast<size_t>(number)); }
+    QToolButton& tool_button(ToolButton which) const;
+    void make_button(int number);
+    void make_separator(int number);
+    void add_drop_down(ToolButton owner, const char* key, const QString& caption);
+    void clicked(ToolButton which);
     void drop_down_clicked(const QString& key);
-    void pop_up_more(int index);
+    void pop_up_more(ToolButton which);
     void restore_standing_state();
     void place_buttons();
-    bool fits(int index) const;
-    void show_button(int index, bool shown);
-    void set_picture(int index, int picture);
+    bool fits(ToolButton which) const;
+    void show_button(ToolButton which, bool shown);
+    void set_picture(ToolButton which, int picture);
     void set_folder_button();
 
     frmmain& main_;
     QWidget* bar_;
     std::array<QWidget*, 19> buttons_{};
     std::array<bool, 19> shown_{};
+    bool stock_ = true; ///< the tree on show
+    bool by_name_ = false; ///< its order
 };
 
 } // namespace tarnwick

@@ -3,7 +3,9 @@
 #include "window/frmmain.h"
 #include "widgets/update_lock.h"
 #include "widgets/header_bar.h"
+#include "lists/list_mouse.h"
 #include "lists/list_pane.h"
+#include "lists/lists.h"
 #include "widgets/row_editor.h"
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
@@ -20,6 +22,8 @@
 #include "stock/stock_tree.h"
 
 #include <QEvent>
+#include <QLineEdit>
+#include <QMenu>
 #include <QSignalBlocker>
 #include <QTabBar>
 
@@ -31,6 +35,27 @@ constexpr int non_stock_panel = 6;
 QString text_of(const char* text)
 {
     return QString::fromUtf8(text);
+}
+
+CommandInputs::Selection selection_of(const TreeView& tree)
+{
+    using Node = CommandInputs::Node;
+    CommandInputs::Selection selection;
+    const QTreeWidgetItem* node = tree.selected();
+    if (!node)
+        return selection;
+    const QString key = TreeView::key(node);
+    if (key.startsWith(QLatin1String("item")))
+        selection.kind = Node::item;
+    else if (key.startsWith(QLatin1String("rcp")))
+        selection.kind = Node::recipe;
+    else if (key == QLatin1String("cat0000"))
+        selection.kind = Node::other;
+    else if (key.startsWith(QLatin1String("cat")))
+        selection.kind = Node::category;
+    selection.text = node->text(0);
+    selection.has_light = TreeView::picture(node) >= status_code::unlisted;
+    return selection;
 }
 
 QString shown_on_tab(QString caption)
@@ -46,18 +71,17 @@ void select_tab(QTabBar& tabs, int index)
 
 } // namespace
 
-/// What the commands on the list in the right pane read, and whether there is something to act on.
-struct ViewState::ListTexts {
-    QString del, print_item;
-    QString clear, print, preview, word_processor, email;
-    bool single;
-    bool any;
-};
-
 ViewState::ViewState(frmmain& main, QTabBar& left_tabs, QTabBar& right_tabs)
     : main_(main)
+    , texts_(main.commands(), main.toolbar())
     , left_tabs_(left_tabs)
     , right_tabs_(right_tabs)
+{
+    connect_tabs();
+    connect_panes();
+}
+
+void ViewState::connect_tabs()
 {
     left_tabs_.addTab(list_icon(ImageList::tabs, 1), QStringLiteral("Stock"));
     left_tabs_.addTab(list_icon(ImageList::tabs, 2), QStringLiteral("Recipes"));
@@ -78,16 +102,64 @@ ViewState::ViewState(frmmain& main, QTabBar& left_tabs, QTabBar& right_tabs)
     right_tabs_.installEventFilter(this);
 }
 
-ViewState::ListState ViewState::list_state() const
+void ViewState::connect_panes()
 {
-    if (main_.shared.current_list > 0)
-        return ListState::single;
-    return main_.shared.all_lists_view ? ListState::all : ListState::none;
+    const auto pop_up = [this](const char* menu) {
+        return [this, name = text_of(menu)](QPoint place) { main_.commands().menu(name).popup(place); };
+    };
+    for (const TreeView* tree : {&main_.stock_tree().view(), &main_.recipe_tree().view()})
+        connect(tree, &TreeView::selection_changed, this, &ViewState::refresh_commands);
+    connect(&main_.stock_tree(), &StockTree::menu_wanted, this, pop_up("mnu_tv"));
+    connect(&main_.recipe_tree(), &RecipeTree::menu_wanted, this, pop_up("mnu_tv_r"));
+    connect(&main_.recipe_page(), &RecipePage::recipe_shown, this, &ViewState::refresh_commands);
+    connect(&main_.recipe_page(), &RecipePage::line_menu_wanted, this,
+            [this, pop_up](const QString& item, QPoint at) {
+                texts_.show_line(item, main_.shared.cur_recipe_name);
+                pop_up("mnu_ingred")(at);
+            });
+    connect(&main_.list_pane(), &ListPane::column_groups_changed, this, &ViewState::refresh_commands);
+    connect(&main_.list_mouse(), &ListMouse::menu_wanted, this, pop_up("mnu_lv"));
+    connect(&main_.lists(), &Lists::lists_read, this, [this](const std::vector<ShoppingList>& lists) {
+        texts_.show_lists(lists);
+        refresh_commands();
+    });
+    connect(&main_.lists(), &Lists::list_renamed, this, [this](Key list, const QString& name) {
+        texts_.rename_list(list, name);
+        refresh_commands();
+    });
 }
 
-QString ViewState::list_name() const
+CommandInputs ViewState::inputs() const
 {
-    return trim(get_list_name(main_.connection(), main_.shared.current_list));
+    const SharedValues& shared = main_.shared;
+    CommandInputs inputs;
+    inputs.stock_view = shared.stock_view;
+    inputs.list_pane_shown = shared.list_pane_shown;
+    inputs.stock_alpha = shared.stock_alpha;
+    inputs.recipe_alpha = shared.recipe_alpha;
+    inputs.all_lists_view = shared.all_lists_view;
+    inputs.current_list = shared.current_list;
+    if (shared.current_list > 0) {
+        inputs.list_name = list_name_of(main_.connection(), shared.current_list);
+        if (inputs.list_name)
+            inputs.list_name = trim(*inputs.list_name);
+    }
+    inputs.stock_node = selection_of(main_.stock_tree().view());
+    inputs.recipe_node = selection_of(main_.recipe_tree().view());
+    inputs.page_has_recipe = main_.recipe_page().has_recipe();
+    inputs.page_title = main_.recipe_page().title().text();
+    inputs.recipe_name = shared.cur_recipe_name;
+    for (const int group : {0, 1})
+        inputs.columns_shown.at(static_cast<size_t>(group)) = main_.list_pane().column_group_shown(group);
+    return inputs;
+}
+
+void ViewState::refresh_commands()
+{
+    if (main_.shared.form_loading || main_.shared.ending)
+        return;
+    texts_.show(inputs());
+    caption_refresh();
 }
 
 void ViewState::l_r_refresh()
@@ -99,32 +171,14 @@ void ViewState::l_r_refresh()
 void ViewState::refresh_all()
 {
     const UpdateLock lock(main_);
-    Commands& commands = main_.commands();
-    if (main_.shared.stock_view) {
-        commands.set_caption(QStringLiteral("mnu_tv_ai"), QStringLiteral("Add to list"));
-        commands.set_caption(QStringLiteral("mnu_tv_air"), QStringLiteral("Add to recipe"));
-        commands.set(QStringLiteral("mnu_list_del"), QStringLiteral("Delete list"), false);
-        view_stock();
-    } else {
-        view_rcps();
-    }
+    show_tree(main_.shared.stock_view);
     if (main_.shared.list_pane_shown)
         refresh_list_side();
     else
         refresh_recipe_side();
-
-    const bool single = list_state() == ListState::single;
-    const bool exists = list_state() != ListState::none;
-    commands.set_caption(QStringLiteral("mnu_list_RenameList"), QStringLiteral("Rename list"));
-    commands.set_visible(QStringLiteral("mnu_list_RenameList"),
-                         single && list_name_of(main_.connection(), main_.shared.current_list).has_value());
-    commands.set_enabled(QStringLiteral("mnu_tv_ai"), exists);
-    commands.set_enabled(QStringLiteral("mnu_list_clear"), exists);
     if (main_.recipe_page().is_edited())
         main_.recipe_page().edit_updt();
-    set_mnu_recipe();
-    set_mnu_stock();
-    caption_refresh();
+    refresh_commands();
 }
 
 /// A control that got hidden would go on taking the keys. A tree hands them to the tree in its place; a control
@@ -141,113 +195,28 @@ void ViewState::take_keyboard_from_hidden()
         focus->clearFocus();
 }
 
-ViewState::ListTexts ViewState::list_texts() const
-{
-    const auto text = [](const char* literal) { return text_of(literal); };
-    switch (list_state()) {
-    case ListState::single: {
-        const QString name = list_name();
-        const QString name_list = name + text(" list");
-        return {text("Delete ") + name_list,
-                text("Print ") + name_list,
-                text("Clear ") + name_list,
-                text("Print ") + name_list,
-                text("Preview ") + name_list,
-                text("Open ") + name_list + text(" in word processor"),
-                text("Send ") + name + text("list by email"),
-                true,
-                true};
-    }
-    case ListState::all:
-        return {text("Delete list"),
-                text("Print all lists"),
-                text("Clear lists"),
-                text("Print all shopping lists"),
-                text("Preview all shopping lists"),
-                text("Open all shopping lists in word processor"),
-                text("Send all lists by email"),
-                false,
-                true};
-    case ListState::none:
-        break;
-    }
-    return {text("Delete list"),
-            text("Print lists"),
-            text("Clear lists"),
-            text("Print list"),
-            text("Preview list"),
-            text("Open list in word processor"),
-            text("Send recipe by email"),
-            false,
-            false};
-}
-
-void ViewState::refresh_list_commands(const ListTexts& texts)
-{
-    Commands& commands = main_.commands();
-    commands.set(QStringLiteral("mnu_list_Print"), texts.print_item, texts.any);
-    commands.set(QStringLiteral("mnu_list_clear"), texts.clear, true);
-    main_.toolbar().set_tool_tip(2, texts.clear);
-    main_.toolbar().set_enabled(2, texts.single);
-}
-
 void ViewState::refresh_list_side()
 {
-    Commands& commands = main_.commands();
-    Toolbar& toolbar = main_.toolbar();
-    commands.set_checked(QStringLiteral("mnu_view_shoplist"), true);
-    commands.set_checked(QStringLiteral("mnu_view_rcpepages"), false);
-    toolbar.set_enabled(6, false);
     main_.status_panels().set_visible(non_stock_panel, false);
     main_.recipe_page().show_pane(false);
     main_.list_pane().show_pane(true);
     set_edit_tool_tips(QStringLiteral("Edit item"), QStringLiteral("Delete item"));
-    commands.set_enabled(QStringLiteral("mnu_recipe_add_ingred"), false);
-
-    const ListTexts texts = list_texts();
-    commands.set(QStringLiteral("mnu_list_del"), texts.del, texts.single);
-    refresh_list_commands(texts);
-    const QString tool_tips[] = {texts.print, texts.preview, texts.word_processor, texts.email};
-    for (int i = 0; i < 4; ++i) {
-        toolbar.set_tool_tip(10 + i, tool_tips[i]);
-        toolbar.set_enabled(10 + i, texts.any);
-    }
-    main_.list_pane().set_CreateList(list_state() == ListState::none);
+    main_.list_pane().set_CreateList(list_state(inputs()) == ListState::none);
     select_tab(right_tabs_, 0);
-    toolbar.set_tag(13, QStringLiteral("list"));
-    commands.set_enabled(QStringLiteral("mnu_view_cpn"), true);
-    commands.set_enabled(QStringLiteral("mnu_view_aisle"), true);
 }
 
 void ViewState::refresh_recipe_side()
 {
-    Commands& commands = main_.commands();
-    Toolbar& toolbar = main_.toolbar();
     RecipePage& page = main_.recipe_page();
     if (!page.has_recipe() && main_.shared.cur_recipe != 0)
         page.set_recipe(main_.shared.cur_recipe);
-    commands.set_checked(QStringLiteral("mnu_view_shoplist"), false);
-    commands.set_checked(QStringLiteral("mnu_view_rcpepages"), true);
-    commands.set_enabled(QStringLiteral("mnu_recipe_add_ingred"), true);
     main_.status_panels().set_visible(non_stock_panel, true);
-    toolbar.set_enabled(6, true);
     main_.list_pane().set_CreateList(false);
     main_.list_pane().show_pane(false);
     page.show_pane(true);
     page.layout_page();
     set_edit_tool_tips(QStringLiteral("Edit ingredient"), QStringLiteral("Delete ingredient"));
-
-    refresh_list_commands(list_texts());
-    static const char* const tool_tips[]
-        = {"Print recipe", "Preview recipe", "Open recipe in word processor", "Send recipe by email"};
-    for (int i = 0; i < 4; ++i) {
-        toolbar.set_tool_tip(10 + i, text_of(tool_tips[i]));
-        toolbar.set_enabled(10 + i, page.has_recipe());
-    }
     select_tab(right_tabs_, 1);
-    toolbar.set_tag(13, QStringLiteral("rcp"));
-    commands.set_enabled(QStringLiteral("mnu_view_cpn"), false);
-    commands.set_enabled(QStringLiteral("mnu_view_aisle"), false);
 }
 
 void ViewState::set_edit_tool_tips(const QString& edit, const QString& remove)
@@ -261,41 +230,31 @@ void ViewState::set_edit_tool_tips(const QString& edit, const QString& remove)
 void ViewState::view_stock()
 {
     show_tree(true);
+    refresh_commands();
 }
 
 void ViewState::view_rcps()
 {
-    main_.floating_buttons().hide_all();
     show_tree(false);
+    refresh_commands();
 }
 
 void ViewState::show_tree(bool stock)
 {
+    if (!stock)
+        main_.floating_buttons().hide_all();
     main_.stock_tree().view().setVisible(stock);
     main_.recipe_tree().view().setVisible(!stock);
     main_.shared.stock_view = stock;
     if (!main_.shared.form_loading)
         main_.settings().set_pref(QStringLiteral("tv_view"), stock ? QStringLiteral("1") : QStringLiteral("0"));
-    Commands& commands = main_.commands();
-    for (const char* name : {"mnu_view_sort", "mnu_view_sort_alpha", "mnu_view_sort_cat"})
-        commands.set_enabled(text_of(name), stock);
-    for (const char* name : {"mnu_view_sort_r", "mnu_view_sort_alpha_r", "mnu_view_sort_cat_r"})
-        commands.set_enabled(text_of(name), !stock);
-    commands.set_checked(QStringLiteral("mnu_view_stock"), stock);
-    commands.set_checked(QStringLiteral("mnu_view_rcp"), !stock);
-    main_.toolbar().sort_btn_refresh();
     select_tab(left_tabs_, stock ? 0 : 1);
 }
 
 void ViewState::show_list_pane(bool list)
 {
-    Commands& commands = main_.commands();
-    const QString wanted = list ? QStringLiteral("mnu_view_shoplist") : QStringLiteral("mnu_view_rcpepages");
-    const QString other = list ? QStringLiteral("mnu_view_rcpepages") : QStringLiteral("mnu_view_shoplist");
-    if (!commands.action(other).isChecked())
+    if (main_.shared.list_pane_shown == list)
         return;
-    commands.set_checked(wanted, true);
-    commands.set_checked(other, false);
     main_.shared.list_pane_shown = list;
     // The reverse of what start and close use; only a run that ends by Exit leaves it standing.
     main_.settings().set_pref(QStringLiteral("lv_view"), list ? QStringLiteral("0") : QStringLiteral("1"));
@@ -352,85 +311,41 @@ void ViewState::sort_tree(bool by_name)
         main_.stock_tree().tv_load(by_name);
     else
         main_.recipe_tree().recip_load(by_name);
-    const QString suffix = stock ? QString() : QStringLiteral("_r");
-    main_.commands().set_checked(QStringLiteral("mnu_view_sort_cat") + suffix, !by_name);
-    main_.commands().set_checked(QStringLiteral("mnu_view_sort_alpha") + suffix, by_name);
     order = by_name;
     main_.settings().set_pref(stock ? QStringLiteral("sort") : QStringLiteral("sort_r"),
                               by_name ? QStringLiteral("alpha") : QStringLiteral("cat"));
-    main_.toolbar().sort_btn_refresh();
-    set_mnu_recipe();
-    set_mnu_stock();
+    refresh_commands();
 }
 
 void ViewState::close_folders()
 {
-    if (main_.shared.stock_view) {
+    if (main_.shared.stock_view)
         main_.stock_tree().close_folders();
-        set_mnu_stock();
-    } else {
+    else
         main_.recipe_tree().close_folders();
-        set_mnu_recipe();
-    }
-}
-
-void ViewState::set_mnu_recipe()
-{
-    Commands& commands = main_.commands();
-    const QTreeWidgetItem* node = main_.shared.stock_view ? nullptr : main_.recipe_tree().view().selected();
-    const bool recipe = node && TreeView::key(node).startsWith(QLatin1String("rcp"));
-    const QString rest
-        = recipe ? QLatin1Char(' ') + trim(node->text(0)) + QStringLiteral(" recipe") : QStringLiteral(" recipe");
-    commands.set(QStringLiteral("mnu_recipe_prnt"), QStringLiteral("Print") + rest, recipe);
-    commands.set(QStringLiteral("mnu_recipe_del"), QStringLiteral("Delete") + rest, recipe);
-    commands.set(QStringLiteral("mnu_recipe_move"), QStringLiteral("Move") + rest,
-                 recipe && !main_.shared.recipe_alpha);
-}
-
-void ViewState::set_mnu_stock()
-{
-    const QTreeWidgetItem* node = main_.shared.stock_view ? main_.stock_tree().view().selected() : nullptr;
-    Commands& commands = main_.commands();
-    commands.set(QStringLiteral("mnu_edit_move"), QStringLiteral("Move item to a different category"), false);
-    commands.set(QStringLiteral("mnu_edit_stock_to_list"), QStringLiteral("Add item to shopping list"), false);
-    commands.set(QStringLiteral("mnu_edit_del_cat"), QStringLiteral("Delete Category"), false);
-    commands.set(QStringLiteral("mnu_edit_rn_cat"), QStringLiteral("Rename Category"), false);
-    if (node && TreeView::key(node).startsWith(QLatin1String("item")))
-        set_mnu_stock_item(*node);
-    else if (node && TreeView::key(node).startsWith(QLatin1String("cat")))
-        set_mnu_stock_category(*node);
-}
-
-void ViewState::set_mnu_stock_item(const QTreeWidgetItem& node)
-{
-    const QString name = trim(node.text(0));
-    main_.commands().set(QStringLiteral("mnu_edit_move"),
-                         QStringLiteral("Move ") + name + QStringLiteral(" to a different category"),
-                         !main_.shared.stock_alpha);
-    main_.commands().set(QStringLiteral("mnu_edit_stock_to_list"),
-                         QStringLiteral("Add ") + name + QStringLiteral(" to shopping list"), true);
-}
-
-void ViewState::set_mnu_stock_category(const QTreeWidgetItem& node)
-{
-    const bool fixed = TreeView::key(&node) == QLatin1String("cat0000");
-    const QString rest = fixed ? QStringLiteral("category") : trim(node.text(0)) + QStringLiteral(" category");
-    main_.commands().set(QStringLiteral("mnu_edit_del_cat"), QStringLiteral("Delete ") + rest, !fixed);
-    main_.commands().set(QStringLiteral("mnu_edit_rn_cat"), QStringLiteral("Rename ") + rest, !fixed);
 }
 
 void ViewState::caption_refresh()
 {
-    const ListState state = list_state();
-    const QString name = state == ListState::single ? list_name() : QString();
+    const CommandInputs now = inputs();
+    const QString name = now.list_name.value_or(QString());
     QString form = QStringLiteral("Tarnwick");
-    QString list = QStringLiteral("No shopping lists");
-    if (state == ListState::single) {
+    QString list;
+    switch (list_state(now)) {
+    case ListState::single:
         form = QStringLiteral("Tarnwick (") + name + QStringLiteral(" list)");
         list = QStringLiteral("Shopping list: ") + name;
-    } else if (state == ListState::all) {
+        break;
+    case ListState::all:
         form = QStringLiteral("Tarnwick (viewing all lists)");
         list = QStringLiteral("All shopping lists");
+        break;
+    case ListState::lost:
+        list = QStringLiteral("Shopping lists");
+        break;
+    case ListState::none:
+        list = QStringLiteral("No shopping lists");
+        break;
     }
     set_window_title(main_, form);
     const QString recipe_name = trim(main_.shared.cur_recipe_name);
@@ -502,13 +417,13 @@ SizeStep size_step(int size, const QString& tag)
 
 void ViewState::size_cycle()
 {
-    const SizeStep step = size_step(main_.shared.type_size, main_.toolbar().tag(14));
+    const SizeStep step = size_step(main_.shared.type_size, main_.toolbar().tag(ToolButton::size_direction));
     change_type_size(step.size, step.image, text_of(step.tag), text_of(step.tool_tip));
 }
 
 void ViewState::set_type_size(int size)
 {
-    const SizeStep away = size_step(size, main_.toolbar().tag(14));
+    const SizeStep away = size_step(size, main_.toolbar().tag(ToolButton::size_direction));
     change_type_size(size, away.image, text_of(away.tag), text_of(away.tool_tip));
 }
 
@@ -523,7 +438,7 @@ void ViewState::change_type_size(int size, int image, const QString& tag, const 
     main_.layout_manager().font_reset(size);
     main_.layout_manager().lv_resize();
     main_.settings().set_pref(QStringLiteral("font"), QString::number(size));
-    main_.toolbar().set_tag(18, QString::number(size));
+    main_.toolbar().set_tag(ToolButton::size, QString::number(size));
 }
 
 } // namespace tarnwick

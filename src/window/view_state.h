@@ -1,10 +1,11 @@
 #pragma once
 
+#include "window/command_texts.h"
+
 #include <QObject>
 #include <QString>
 
 class QTabBar;
-class QTreeWidgetItem;
 class QWidget;
 
 namespace tarnwick {
@@ -19,7 +20,6 @@ public:
     ViewState(frmmain& main, QTabBar& left_tabs, QTabBar& right_tabs);
 
     /// Brings panes, tabs, captions, menus and toolbar to the view in `SharedValues`; an edited recipe is saved.
-    /// Throws error 6 when the recipe it has to show is too long for the page.
     void l_r_refresh();
 
     void view_stock(); ///< shows the stock tree and stores the choice
@@ -31,8 +31,11 @@ public:
     void sort_by_cat(); ///< loads the visible tree with folders, unless it has them
     void sort_by_alpha(); ///< loads the visible tree by name, unless it is so
     void close_folders(); ///< of the visible tree
-    void set_mnu_recipe(); ///< menu entries that name the selected recipe
-    void set_mnu_stock(); ///< entries of the Edit menu that name the selected stock item or category
+
+    /// Captions, ticks and enabling of all commands, window title and tabs from the present state; nothing
+    /// while the window loads. What a pane announces about selection, lists, columns or recipe ends here.
+    void refresh_commands();
+
     void caption_refresh(); ///< window title and tabs, cut short where the right tabs have no room
     void set_tab_stops(); ///< takes every control of the window out of the Tab order
 
@@ -41,22 +44,16 @@ public:
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    enum class ListState { single, all, none };
-    struct ListTexts;
-
+    void connect_tabs();
+    void connect_panes();
     void refresh_all();
     void take_keyboard_from_hidden();
-    ListState list_state() const;
-    QString list_name() const;
-    ListTexts list_texts() const;
+    CommandInputs inputs() const;
     void refresh_list_side();
     void refresh_recipe_side();
-    void refresh_list_commands(const ListTexts& texts);
     void set_edit_tool_tips(const QString& edit, const QString& remove);
     void show_tree(bool stock);
     void sort_tree(bool by_name);
-    void set_mnu_stock_item(const QTreeWidgetItem& node);
-    void set_mnu_stock_category(const QTreeWidgetItem& node);
     void right_captions(const QString& list, const QString& recipe);
     bool long_captions_fit(const QString& list_name) const;
     void change_type_size(int size, int image, const QString& tag, const QString& tool_tip);
@@ -64,6 +61,7 @@ private:
     void right_tab_clicked(int index);
 
     frmmain& main_;
+    CommandTexts texts_;
     QTabBar& left_tabs_;
     QTabBar& right_tabs_;
 };

@@ -47,9 +47,12 @@ private slots:
     void the_probe_obeys_only_the_verbs_it_knows();
     void settings_lost_after_the_start_end_the_program_with_one_message_data();
     void settings_lost_after_the_start_end_the_program_with_one_message();
-    void a_recipe_that_cannot_be_saved_ends_the_program_with_one_message_data();
-    void a_recipe_that_cannot_be_saved_ends_the_program_with_one_message();
-    void an_error_with_an_edited_recipe_saves_nothing_behind_its_message();
+    void a_recipe_that_cannot_be_saved_is_rescued_and_put_back_at_the_next_start_data();
+    void a_recipe_that_cannot_be_saved_is_rescued_and_put_back_at_the_next_start();
+    void a_rescue_that_is_not_wanted_is_kept_and_not_offered_again();
+    void a_locked_database_is_waited_for_as_often_as_wanted();
+    void a_locked_database_at_the_start_is_waited_for();
+    void an_edited_recipe_is_stored_before_any_setting_is_written();
 
 private:
     /// A process on the page of a recipe "Soup" whose title has got an unsaved "s" in front; null when it does not
@@ -58,6 +61,7 @@ private:
     /// From here on the settings can be neither read nor written.
     bool lose_settings() const;
     QString recipe_name() const;
+    QString locked_message() const;
 };
 
 std::unique_ptr<QProcess> tst_process::start_with_edited_recipe()
@@ -86,6 +90,13 @@ QString tst_process::recipe_name() const
 {
     SQLite::Database file(database().toStdString());
     return QString::fromStdString(file.execAndGet("SELECT r_name FROM recipe_1").getString());
+}
+
+QString tst_process::locked_message() const
+{
+    return QStringLiteral("message TarnWick: Another program is using the database|(%1)||Close it there and choose "
+                          "Retry.|Cancel ends TarnWick.")
+        .arg(database());
 }
 
 void tst_process::runs_from_the_folder_it_was_copied_to()
@@ -359,31 +370,101 @@ void tst_process::settings_lost_after_the_start_end_the_program_with_one_message
     QVERIFY(process->exitCode() != 0);
 }
 
-void tst_process::a_recipe_that_cannot_be_saved_ends_the_program_with_one_message_data()
+void tst_process::a_recipe_that_cannot_be_saved_is_rescued_and_put_back_at_the_next_start_data()
 {
     QTest::addColumn<QByteArray>("command");
     QTest::newRow("view switch") << QByteArray("do mnu_view_shoplist");
     QTest::newRow("close") << QByteArray("close");
 }
 
-void tst_process::a_recipe_that_cannot_be_saved_ends_the_program_with_one_message()
+void tst_process::a_recipe_that_cannot_be_saved_is_rescued_and_put_back_at_the_next_start()
 {
     QFETCH(QByteArray, command);
+    qputenv("PROBE_ANSWERS", "Cancel");
     const auto process = start_with_edited_recipe();
+    qunsetenv("PROBE_ANSWERS");
     QVERIFY(process);
     {
         SQLite::Database other(database().toStdString(), SQLite::OPEN_READWRITE);
         other.exec("BEGIN EXCLUSIVE");
+        QElapsedTimer waited;
+        waited.start();
         tell(*process, command);
         QCOMPARE(lines_of(*process),
-                 QStringList(QStringLiteral("message TarnWick: Run-time error '5':||database is locked")));
+                 QStringList({locked_message(),
+                              QStringLiteral("message TarnWick: Run-time error '5':||database is locked")}));
+        QVERIFY(waited.elapsed() >= 9000);
     }
     QCOMPARE(process->exitStatus(), QProcess::NormalExit);
     QVERIFY(process->exitCode() != 0);
     QCOMPARE(recipe_name(), QStringLiteral("Soup"));
+    QVERIFY(files().contains(QStringLiteral("rescue.json")));
+
+    qputenv("PROBE_ANSWERS", "Yes");
+    const QStringList next = lines_of(*start(Probe::closes));
+    QCOMPARE(next.size(), 2);
+    QVERIFY2(next[0].startsWith(QStringLiteral("message TarnWick: TarnWick was ended by an error before this was "
+                                               "stored:||Recipe \"sSoup\": name and instructions||")),
+             qPrintable(next[0]));
+    QCOMPARE(recipe_name(), QStringLiteral("sSoup"));
+    QVERIFY(!files().contains(QStringLiteral("rescue.json")));
+    QCOMPARE(lines_of(*start(Probe::closes)), QStringList(QLatin1String(main_window)));
+    qunsetenv("PROBE_ANSWERS");
 }
 
-void tst_process::an_error_with_an_edited_recipe_saves_nothing_behind_its_message()
+void tst_process::a_rescue_that_is_not_wanted_is_kept_and_not_offered_again()
+{
+    QFile file(QFileInfo(database()).path() + QStringLiteral("/rescue.json"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(R"({"recipe": 1, "typed": {"name": "sSoup", "body": "Stir."}})");
+    file.close();
+    qputenv("PROBE_ANSWERS", "No");
+    QCOMPARE(lines_of(*start(Probe::closes)).size(), 2);
+    qunsetenv("PROBE_ANSWERS");
+    QVERIFY(files().contains(QStringLiteral("rescue.kept")));
+    QCOMPARE(lines_of(*start(Probe::closes)), QStringList(QLatin1String(main_window)));
+}
+
+void tst_process::a_locked_database_is_waited_for_as_often_as_wanted()
+{
+    qputenv("PROBE_ANSWERS", "Retry,Cancel");
+    const auto process = start_with_edited_recipe();
+    qunsetenv("PROBE_ANSWERS");
+    QVERIFY(process);
+    {
+        SQLite::Database other(database().toStdString(), SQLite::OPEN_READWRITE);
+        other.exec("BEGIN; SELECT * FROM cat");
+        SQLite::Statement reader(other, "SELECT * FROM cat");
+        QVERIFY(reader.executeStep());
+        tell(*process, "do mnu_view_shoplist");
+        QVERIFY(wait_for(*process, "Another program is using the database"));
+    }
+    tell(*process, "ready");
+    QVERIFY(wait_for(*process, "ready"));
+    QCOMPARE(recipe_name(), QStringLiteral("sSoup"));
+    tell(*process, "close");
+    QCOMPARE(lines_of(*process), QStringList());
+    QCOMPARE(process->exitCode(), 0);
+}
+
+void tst_process::a_locked_database_at_the_start_is_waited_for()
+{
+    SQLite::Database other(database().toStdString(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN EXCLUSIVE");
+    qputenv("PROBE_ANSWERS", "Cancel");
+    const auto process = start(Probe::closes);
+    qunsetenv("PROBE_ANSWERS");
+    const QStringList lines = lines_of(*process);
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(lines[0], locked_message());
+    QVERIFY2(
+        lines[1].startsWith(QStringLiteral("message TarnWick: TarnWick encountered an error|And must shut down||"
+                                           "Error 5: database is locked")),
+        qPrintable(lines[1]));
+    QVERIFY(process->exitCode() != 0);
+}
+
+void tst_process::an_edited_recipe_is_stored_before_any_setting_is_written()
 {
     const auto process = start_with_edited_recipe();
     QVERIFY(process);
@@ -394,7 +475,8 @@ void tst_process::an_error_with_an_edited_recipe_saves_nothing_behind_its_messag
     QVERIFY2(lines[0].endsWith(QStringLiteral("Could not open/create registry section|(%1)").arg(settings())),
              qPrintable(lines[0]));
     QVERIFY(process->exitCode() != 0);
-    QCOMPARE(recipe_name(), QStringLiteral("Soup"));
+    QCOMPARE(recipe_name(), QStringLiteral("sSoup"));
+    QVERIFY(!files().contains(QStringLiteral("rescue.json")));
 }
 
 QTEST_GUILESS_MAIN(tst_process)

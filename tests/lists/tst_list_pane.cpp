@@ -272,6 +272,7 @@ void tst_list_pane::load_ticks_the_entry_of_the_list()
     }
     const Key keys[] = {first, second, 0};
     for (int shown = 0; shown < 3; ++shown) {
+        window->main().shared.current_list = keys[shown];
         pane.lv_load(keys[shown]);
         for (int i = 0; i < 3; ++i)
             QCOMPARE(commands.list_entry(i).isChecked(), i == shown);

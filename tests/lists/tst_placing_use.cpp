@@ -69,6 +69,7 @@ private slots:
     void rows_out_of_order_are_sorted_along_with_current_row_and_open_editor();
     void with_a_stored_choice_older_than_the_lists_placing_asks_for_a_list();
     void in_the_all_lists_view_an_item_on_a_list_is_placed_without_the_question();
+    void in_the_all_lists_view_the_new_row_is_brought_into_view_and_chosen();
     void without_lists_the_menu_and_the_box_say_so();
     void a_selected_category_is_not_placed_data();
     void a_selected_category_is_not_placed();
@@ -189,6 +190,32 @@ void tst_placing_use::in_the_all_lists_view_an_item_on_a_list_is_placed_without_
     stock.place(milk);
     QCOMPARE(script.left(), 0);
     QCOMPARE(stock.number("SELECT count(*) FROM groc_1"), 1);
+}
+
+/// A list of all rows that is longer than the grid; the new row belongs far below what is on show.
+void tst_placing_use::in_the_all_lists_view_the_new_row_is_brought_into_view_and_chosen()
+{
+    Stock stock;
+    const Key zest = stock.item(QStringLiteral("Zest"));
+    const Key weekly = stock.add_list(QStringLiteral("Weekly"));
+    stock.add_list(QStringLiteral("Camping"));
+    for (int i = 0; i < 80; ++i)
+        stock.add_row(stock.item(QStringLiteral("Item %1").arg(i, 2)), weekly, false);
+    stock.set_pref(QStringLiteral("alist"), QStringLiteral("0"));
+    stock.open();
+    ListGrid& grid = stock.main().list_pane().grid();
+    QCOMPARE(grid.top_row(), 0);
+    MessageScript script;
+    script.drive([&](QDialog& dialog) {
+        EditorHands hands(dialog, script);
+        hands.click_cell(1, grid_column::light);
+        hands.press_ok();
+    });
+    stock.place(zest);
+    QCOMPARE(script.left(), 0);
+    QCOMPARE(stock.rows().rows(), 81);
+    QCOMPARE(grid.rows().row(grid.current_row()).item_key, zest);
+    QVERIFY(grid.row_is_visible(grid.current_row()));
 }
 
 void tst_placing_use::without_lists_the_menu_and_the_box_say_so()

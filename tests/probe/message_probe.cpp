@@ -1,7 +1,8 @@
 // A plugin that Qt loads into the real program by QT_QPA_GENERIC_PLUGINS=message_probe. It prints what windows come
 // up, one line each, and answers every message box with its first button, but with PROBE_LEAVES_MESSAGES, which
-// leaves them to a real mouse and keyboard. With PROBE_CLOSES it closes the main window. With PROBE_LISTENS it
-// takes one line at a time from the standard input, once the main window stands. Its hands:
+// leaves them to a real mouse and keyboard, and with PROBE_ANSWERS, the names of the buttons for the first boxes,
+// with commas between. With PROBE_CLOSES it closes the main window. With PROBE_LISTENS it takes one line at a time
+// from the standard input, once the main window stands. Its hands:
 //   close             closes the main window
 //   ready             is printed back
 //   do ACTION         triggers an enabled action by its object name
@@ -78,8 +79,15 @@ private:
     static void answer(QMessageBox& box)
     {
         print(QStringLiteral("message %1: %2").arg(box.windowTitle(), box.text().replace(u'\n', u'|')));
-        if (!box.buttons().isEmpty() && !qEnvironmentVariableIsSet("PROBE_LEAVES_MESSAGES"))
-            box.buttons().first()->click();
+        if (box.buttons().isEmpty() || qEnvironmentVariableIsSet("PROBE_LEAVES_MESSAGES"))
+            return;
+        static QStringList wanted = qEnvironmentVariable("PROBE_ANSWERS").split(u',', Qt::SkipEmptyParts);
+        const QString answer = wanted.isEmpty() ? QString() : wanted.takeFirst();
+        for (QAbstractButton* button : box.buttons()) {
+            if (button->text().remove(u'&') == answer)
+                return button->click();
+        }
+        box.buttons().first()->click();
     }
 
     void seen(QMainWindow& window)

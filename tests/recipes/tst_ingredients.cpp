@@ -1,6 +1,5 @@
 #include "recipes/line_fixture.h"
 
-#include "recipes/page_geometry.h"
 #include "window/toolbar.h"
 #include "stock/floating_buttons.h"
 #include "household/status.h"
@@ -63,7 +62,6 @@ private slots:
     void the_pointer_is_an_hourglass_while_the_cross_works_data();
     void the_pointer_is_an_hourglass_while_the_cross_works();
     void a_deleted_line_closes_the_gap_in_the_order();
-    void a_full_page_ends_the_program_with_the_message();
     void an_error_while_inserting_ends_the_program_with_the_message();
     void a_recipe_that_has_gone_takes_no_line();
     void a_line_added_without_the_editor_stands_on_the_page();
@@ -523,30 +521,6 @@ void tst_ingredients::a_deleted_line_closes_the_gap_in_the_order()
     QTest::mouseClick(&w.button("imgScratch"), Qt::LeftButton);
     QCOMPARE(w.ingred(1), QStringLiteral("Line 2"));
     QCOMPARE(w.number("SELECT \"order\" FROM recipe_2 WHERE item = 'Line 2'"), 1);
-}
-
-void tst_ingredients::a_full_page_ends_the_program_with_the_message()
-{
-    LineWindow w;
-    int room = 0;
-    {
-        Transaction transaction(w.db());
-        for (; page_geometry::lite_top(room, 0, 9) <= 32767; ++room)
-            w.add_line(w.recipe, QStringLiteral("Salt"));
-        transaction.commit();
-    }
-    w.open();
-    QCOMPARE(w.lines(), room);
-    {
-        MessageScript script;
-        script.expect(QStringLiteral("TarnWick"),
-                      QStringLiteral("TarnWick has encountered an error\nand must shut down"));
-        w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
-    }
-    QCOMPARE(w.ends, 1);
-    QCOMPARE(w.lines(), room);
-    QVERIFY(!w.editor().is_open());
-    QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), room);
 }
 
 void tst_ingredients::an_error_while_inserting_ends_the_program_with_the_message()

@@ -76,6 +76,7 @@ private slots:
     void check_pictures_follow_the_status_data();
     void check_pictures_follow_the_status();
     void a_greyed_check_has_no_effect();
+    void a_check_box_acts_on_a_whole_left_click_alone();
     void checking_an_inactive_line_marks_it_on_all_lists();
     void clearing_a_check_clears_it();
     void a_check_changes_the_row_of_the_list_on_show();
@@ -128,6 +129,23 @@ void tst_recipe_check::check_pictures_follow_the_status()
     window.page().set_lites(0, 7);
     QVERIFY(window.control(QStringLiteral("Check1(0)")).isEnabled());
     QVERIFY(!window.main().shared.lites_busy);
+}
+
+void tst_recipe_check::a_check_box_acts_on_a_whole_left_click_alone()
+{
+    CheckWindow window;
+    window.load();
+    QWidget& check = window.control(QStringLiteral("Check1(0)"));
+    const QPoint inside = check.rect().center();
+    const QPoint outside = check.rect().bottomRight() + QPoint(9, 9);
+    QTest::mouseClick(&check, Qt::RightButton, {}, inside);
+    QTest::mouseClick(&check, Qt::MiddleButton, {}, inside);
+    QTest::mousePress(&check, Qt::LeftButton, {}, inside);
+    QTest::mouseRelease(&check, Qt::LeftButton, {}, outside);
+    QTest::mouseRelease(&check, Qt::LeftButton, {}, inside);
+    QCOMPARE(window.number("SELECT to_get FROM groc_1"), 0);
+    QTest::mouseClick(&check, Qt::LeftButton, {}, inside);
+    QCOMPARE(window.number("SELECT to_get FROM groc_1"), 1);
 }
 
 void tst_recipe_check::a_greyed_check_has_no_effect()

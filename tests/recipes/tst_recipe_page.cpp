@@ -1,15 +1,17 @@
 #include "recipes/recipe_fixture.h"
 
-#include "data/runtime_error.h"
 #include "recipes/page_geometry.h"
 #include "household/status.h"
-#include "support/error_number.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
 
 using namespace tarnwick;
 
 namespace {
 
 const QString words = QStringLiteral("peeled, seeded and cut into small cubes with a sharp knife ");
+const QString no_recipe = QStringLiteral("No recipe is open. Choose one in the tree, or click New.");
 
 } // namespace
 
@@ -30,10 +32,11 @@ private slots:
     void orders_run_without_gaps_after_a_delete_and_a_reload();
     void an_empty_recipe_hides_its_first_element_only();
     void no_recipe_hides_name_and_body();
-    void a_missing_recipe_marks_the_title_and_writes_nothing();
+    void a_page_without_a_recipe_is_closed_to_typing_data();
+    void a_page_without_a_recipe_is_closed_to_typing();
+    void a_new_ingredient_without_a_recipe_is_answered_with_the_hint_data();
+    void a_new_ingredient_without_a_recipe_is_answered_with_the_hint();
     void a_page_first_shown_when_all_recipes_are_gone_has_no_title();
-    void a_page_past_sixteen_bits_is_an_overflow_data();
-    void a_page_past_sixteen_bits_is_an_overflow();
     void a_hundred_lines_and_lines_of_two_thousand_characters_load();
     void a_blank_item_is_an_unlisted_stock_item();
     void the_loaded_key_is_stored();
@@ -275,47 +278,72 @@ void tst_recipe_page::a_page_first_shown_when_all_recipes_are_gone_has_no_title(
     QVERIFY(!window.Text1().isVisible());
 }
 
-void tst_recipe_page::a_missing_recipe_marks_the_title_and_writes_nothing()
+void tst_recipe_page::a_page_without_a_recipe_is_closed_to_typing_data()
 {
+    QTest::addColumn<QString>("arcp");
+    QTest::newRow("none chosen yet") << QStringLiteral("0");
+    QTest::newRow("a recipe that is gone") << QStringLiteral("77");
+}
+
+void tst_recipe_page::a_page_without_a_recipe_is_closed_to_typing()
+{
+    QFETCH(QString, arcp);
     RecipeWindow window;
     const Key soup = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
-    window.set_pref(QStringLiteral("arcp"), QStringLiteral("77"));
+    window.set_pref(QStringLiteral("arcp"), arcp);
     window.load();
     QVERIFY(!window.page().has_recipe());
     QCOMPARE(window.main().shared.cur_recipe_name, QString());
     QCOMPARE(window.tag(QStringLiteral("title")), QStringLiteral("-1"));
+    QVERIFY(window.title().isVisible());
+    QVERIFY(window.Text1().isVisible());
+    QCOMPARE(window.Text1().placeholderText(), no_recipe);
     window.focus(window.title());
     QTest::keyClicks(&window.title(), QStringLiteral("Ghost"));
     window.focus(window.Text1());
-    QVERIFY(window.edited());
-    QCOMPARE(window.number("SELECT count(*) FROM recipe_1"), 1);
+    QTest::keyClicks(&window.Text1(), QStringLiteral("Boo"));
+    QGuiApplication::clipboard()->setText(QStringLiteral("Boo"));
+    QTest::keyClick(&window.Text1(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(window.title().text(), QString());
+    QCOMPARE(window.Text1().toPlainText(), QString());
+    QCOMPARE(window.Text1().border_style(), 0);
+    QVERIFY(!window.edited());
     QCOMPARE(window.text("SELECT r_name FROM recipe_1"), QStringLiteral("Soup"));
-    Q_UNUSED(soup);
+
+    window.click_node(rcp(soup));
+    QCOMPARE(window.Text1().placeholderText(), QString());
+    window.focus(window.title());
+    QTest::keyClicks(&window.title(), QStringLiteral("s"));
+    window.focus(window.Text1());
+    QVERIFY(window.text("SELECT r_name FROM recipe_1").contains(u's'));
 }
 
-void tst_recipe_page::a_page_past_sixteen_bits_is_an_overflow_data()
+void tst_recipe_page::a_new_ingredient_without_a_recipe_is_answered_with_the_hint_data()
 {
-    QTest::addColumn<int>("size");
-    QTest::addColumn<int>("most_lines");
-    QTest::addRow("9 points") << 9 << 108;
-    QTest::addRow("10 points") << 10 << 108;
-    QTest::addRow("12 points") << 12 << 81;
+    QTest::addColumn<QString>("arcp");
+    QTest::addColumn<bool>("by_key");
+    for (const char* key : {"0", "77", "-1"}) {
+        QTest::addRow("button at %s", key) << QString::fromLatin1(key) << false;
+        QTest::addRow("Ctrl+I at %s", key) << QString::fromLatin1(key) << true;
+    }
 }
 
-void tst_recipe_page::a_page_past_sixteen_bits_is_an_overflow()
+void tst_recipe_page::a_new_ingredient_without_a_recipe_is_answered_with_the_hint()
 {
-    QFETCH(int, size);
-    QFETCH(int, most_lines);
+    QFETCH(QString, arcp);
+    QFETCH(bool, by_key);
     RecipeWindow window;
-    window.set_pref(QStringLiteral("font"), QString::number(size));
-    const Key recipe = window.add_recipe(QStringLiteral("Stock cupboard"), QStringLiteral("15"));
-    window.add_lines(recipe, most_lines);
+    window.set_pref(QStringLiteral("arcp"), arcp);
     window.load();
-    window.page().set_recipe(recipe);
-    QCOMPARE(static_cast<int>(window.page().lines().size()), most_lines);
-    window.add_line(recipe, QStringLiteral("Salt"));
-    QCOMPARE(error_number([&] { window.page().set_recipe(recipe); }), int(runtime_error::overflow));
-    QVERIFY(!window.main().shared.page_busy);
+    window.main().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window.main()));
+    window.main().set_status(QStringLiteral("Something else"));
+    if (by_key)
+        QTest::keyClick(&window.main(), Qt::Key_I, Qt::ControlModifier);
+    else
+        QTest::mouseClick(&window.control(QStringLiteral("Toolbar1(6)")), Qt::LeftButton);
+    QCOMPARE(window.main().status_panels().text(), no_recipe);
+    QVERIFY(!window.page().editor_open());
 }
 
 void tst_recipe_page::a_hundred_lines_and_lines_of_two_thousand_characters_load()

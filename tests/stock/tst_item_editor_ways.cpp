@@ -90,7 +90,7 @@ void tst_item_editor_ways::commands_open_the_editor_of_a_new_item()
         QCOMPARE(dialog.findChild<QLineEdit*>(QStringLiteral("txt_item"))->text(), QString());
     });
     if (command.isEmpty()) {
-        QWidget& button = main.toolbar().button(8);
+        QWidget& button = main.toolbar().button(ToolButton::stock);
         QVERIFY(button.isVisible() && button.isEnabled());
         QTest::mouseClick(&button, Qt::LeftButton);
     } else {

@@ -17,6 +17,8 @@ QMessageBox::StandardButton button_of(Answer answer)
         return QMessageBox::Yes;
     case Answer::no:
         return QMessageBox::No;
+    case Answer::retry:
+        return QMessageBox::Retry;
     case Answer::cancel:
         return QMessageBox::Cancel;
     default:

@@ -1,6 +1,6 @@
 #include "data/query.h"
 #include "household/category_store.h"
-#include "household/ingredient_store.h"
+#include "household/line_draft.h"
 #include "household/item_store.h"
 #include "household/lists_store.h"
 #include "household/recipe_store.h"
@@ -152,14 +152,12 @@ void tst_one_line_box::every_operation_that_writes_a_one_line_text_cleans_it()
     QVERIFY(line);
     const char* lines = "SELECT qty || measure || item || comment FROM recipe_2";
     QCOMPARE(window.text(lines), kept + QStringLiteral("a b") + kept + kept);
-    write_line_fields(db, line->key,
-                      {{IngredientField::qty, QStringLiteral("1\t2")},
-                       {IngredientField::measure, QStringLiteral("c\nup")},
-                       {IngredientField::item, QStringLiteral("x\ny")},
-                       {IngredientField::comment, QStringLiteral("\ufeffz")}});
-    QCOMPARE(window.text(lines), QStringLiteral("1 2c upx yz"));
-    write_line_item(db, line->key, item, pasted);
-    check("SELECT item FROM recipe_2");
+    LineDraft draft = LineDraft::of(*line);
+    draft.edited = {line->key, item, QStringLiteral("1 2"), QStringLiteral("cup"), QStringLiteral("x"), QString()};
+    draft.set_text(IngredientField::item, pasted, item);
+    draft.set_text(IngredientField::comment, pasted);
+    QVERIFY(save_line(db, draft));
+    QCOMPARE(window.text(lines), QStringLiteral("1 2cup") + kept + kept);
 }
 
 QTEST_MAIN(tst_one_line_box)

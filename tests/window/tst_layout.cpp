@@ -446,7 +446,7 @@ void tst_layout::window_refuses_to_get_smaller_than_its_controls()
     resize(main, 50, 50);
     QVERIFY(main.width() >= 484);
     QVERIFY(main.layout_manager().right_pane().height() > 20);
-    QVERIFY(main.toolbar().button(17).geometry().right() < main.width());
+    QVERIFY(main.toolbar().button(ToolButton::folders).geometry().right() < main.width());
 }
 
 void tst_layout::updates_are_on_again_after_every_operation()

@@ -19,35 +19,35 @@ using namespace tarnwick;
 
 namespace {
 
-QToolButton* button(frmmain& main, int index)
+QToolButton* button(frmmain& main, ToolButton which)
 {
-    return main.findChild<QToolButton*>(QStringLiteral("Toolbar1(%1)").arg(index));
+    return main.findChild<QToolButton*>(QStringLiteral("Toolbar1(%1)").arg(static_cast<int>(which)));
 }
 
-void click(frmmain& main, int index)
+void click(frmmain& main, ToolButton which)
 {
-    QToolButton* target = button(main, index);
+    QToolButton* target = button(main, which);
     QVERIFY(target);
     QVERIFY(target->isVisible());
     QVERIFY(target->isEnabled());
     QTest::mouseClick(target, Qt::LeftButton, {}, QPoint(10, target->height() / 2));
 }
 
-QAction* drop_down_item(frmmain& main, int index, const QString& key)
+QAction* drop_down_item(frmmain& main, ToolButton which, const QString& key)
 {
-    for (QAction* action : button(main, index)->menu()->actions())
+    for (QAction* action : button(main, which)->menu()->actions())
         if (action->objectName() == key)
             return action;
     return nullptr;
 }
 
 /// The commands that a real click on a button runs.
-QStringList commands_of_click(frmmain& main, int index)
+QStringList commands_of_click(frmmain& main, ToolButton which)
 {
     QStringList commands;
     const auto noted = QObject::connect(&main.commands(), &Commands::ran,
                                         [&commands](const QString& name) { commands += name; });
-    click(main, index);
+    click(main, which);
     QObject::disconnect(noted);
     return commands;
 }
@@ -87,19 +87,20 @@ private:
 /// How much the toolbar has given away: 0 nothing, 1 Size, 2 Sort too, 3 Find too; -1 an impossible mix.
 int given_away(frmmain& main)
 {
-    const auto shown = [&main](int index) { return button(main, index)->isVisible(); };
+    const auto shown = [&main](ToolButton which) { return button(main, which)->isVisible(); };
     const auto offered
         = [&main](const char* name) { return main.commands().action(QString::fromLatin1(name)).isVisible(); };
-    const bool more = main.toolbar().tag(17) == QLatin1String("MORE");
+    const bool more = main.toolbar().tag(ToolButton::folders) == QLatin1String("MORE");
     const bool sort_offered
         = offered("mnu_more_sort") && offered("mnu_more_sort_alpha") && offered("mnu_more_sort_cat");
-    if (!shown(17) || more == shown(18) || sort_offered == shown(16) || offered("mnu_more_find") == shown(15))
+    if (!shown(ToolButton::folders) || more == shown(ToolButton::size) || sort_offered == shown(ToolButton::sort)
+        || offered("mnu_more_find") == shown(ToolButton::find))
         return -1;
-    if (shown(18))
-        return shown(16) && shown(15) ? 0 : -1;
-    if (shown(16))
-        return shown(15) ? 1 : -1;
-    return shown(15) ? 2 : 3;
+    if (shown(ToolButton::size))
+        return shown(ToolButton::sort) && shown(ToolButton::find) ? 0 : -1;
+    if (shown(ToolButton::sort))
+        return shown(ToolButton::find) ? 1 : -1;
+    return shown(ToolButton::find) ? 2 : 3;
 }
 
 } // namespace
@@ -136,32 +137,32 @@ private slots:
 void tst_toolbar::buttons_have_their_captions_and_standing_tool_tips()
 {
     struct Row {
-        int index;
+        ToolButton which;
         const char* caption;
         const char* tool_tip;
     };
-    const Row rows[] = {{1, "New", "Create a new shopping list"},
-                        {2, "Clear", "Clear selected list"},
-                        {3, "Lists", "List manager"},
-                        {5, "New", "Create new recipe"},
-                        {6, "Ingrdnt", "Add ingredient"},
-                        {8, "Stock", "Add a new stock item"},
-                        {10, "Print", "Print selected list"},
-                        {11, "Prev", "Preview list"},
-                        {12, "WP", "Open recipe in word processor"},
-                        {13, "Email", "Send recipe by email"},
-                        {15, "Find", "Find a stock item"},
-                        {17, "Snap", "Close all stock folders"}};
+    const Row rows[] = {{ToolButton::new_list, "New", "Create a new shopping list"},
+                        {ToolButton::clear, "Clear", "Clear selected list"},
+                        {ToolButton::lists, "Lists", "List manager"},
+                        {ToolButton::new_recipe, "New", "Create new recipe"},
+                        {ToolButton::ingredient, "Ingrdnt", "Add ingredient"},
+                        {ToolButton::stock, "Stock", "Add a new stock item"},
+                        {ToolButton::print, "Print", "Print selected list"},
+                        {ToolButton::preview, "Prev", "Preview list"},
+                        {ToolButton::word_processor, "WP", "Open recipe in word processor"},
+                        {ToolButton::email, "Email", "Send recipe by email"},
+                        {ToolButton::find, "Find", "Find a stock item"},
+                        {ToolButton::folders, "Snap", "Close all stock folders"}};
     TestWindow w;
     frmmain main(w.environment());
     for (const Row& row : rows) {
-        QCOMPARE(button(main, row.index)->text(), QString::fromLatin1(row.caption));
-        QCOMPARE(button(main, row.index)->toolTip(), QString::fromLatin1(row.tool_tip));
-        QVERIFY(!button(main, row.index)->icon().isNull());
+        QCOMPARE(button(main, row.which)->text(), QString::fromLatin1(row.caption));
+        QCOMPARE(button(main, row.which)->toolTip(), QString::fromLatin1(row.tool_tip));
+        QVERIFY(!button(main, row.which)->icon().isNull());
     }
-    QCOMPARE(button(main, 16)->text(), QStringLiteral("Sort"));
-    QCOMPARE(button(main, 18)->text(), QStringLiteral("Size"));
-    QCOMPARE(main.toolbar().tag(17), QStringLiteral("DFLT"));
+    QCOMPARE(button(main, ToolButton::sort)->text(), QStringLiteral("Sort"));
+    QCOMPARE(button(main, ToolButton::size)->text(), QStringLiteral("Size"));
+    QCOMPARE(main.toolbar().tag(ToolButton::folders), QStringLiteral("DFLT"));
 }
 
 void tst_toolbar::separators_stand_at_4_7_9_and_14()
@@ -171,9 +172,10 @@ void tst_toolbar::separators_stand_at_4_7_9_and_14()
     for (int i = 1; i <= 18; ++i) {
         const bool separator = i == 4 || i == 7 || i == 9 || i == 14;
         QVERIFY(main.findChild<QWidget*>(QStringLiteral("Toolbar1(%1)").arg(i)));
-        QCOMPARE(button(main, i) == nullptr, separator);
+        QCOMPARE(button(main, static_cast<ToolButton>(i)) == nullptr, separator);
         if (i > 1)
-            QVERIFY(main.toolbar().button(i).x() > main.toolbar().button(i - 1).geometry().right());
+            QVERIFY(main.toolbar().button(static_cast<ToolButton>(i)).x()
+                    > main.toolbar().button(static_cast<ToolButton>(i - 1)).geometry().right());
     }
 }
 
@@ -182,7 +184,7 @@ void tst_toolbar::captions_are_never_cut()
     TestWindow w;
     frmmain& main = w.load();
     for (int i = 1; i <= 18; ++i)
-        if (const QToolButton* b = button(main, i))
+        if (const QToolButton* b = button(main, static_cast<ToolButton>(i)))
             QVERIFY2(b->width() >= b->sizeHint().width() && b->height() >= b->sizeHint().height(),
                      qPrintable(b->text()));
 }
@@ -203,25 +205,26 @@ void tst_toolbar::a_narrow_window_moves_size_then_sort_then_find_into_more_and_a
     for (int width = main.minimumWidth(); width <= 1000; width += 6)
         resize(width);
     QCOMPARE(seen, (QList<int>{0, 1, 2, 3, 2, 1, 0}));
-    QCOMPARE(button(main, 17)->text(), QStringLiteral("Snap"));
-    QCOMPARE(button(main, 17)->toolTip(), QStringLiteral("Close all stock folders"));
-    QCOMPARE(main.toolbar().tag(17), QStringLiteral("DFLT"));
+    QCOMPARE(button(main, ToolButton::folders)->text(), QStringLiteral("Snap"));
+    QCOMPARE(button(main, ToolButton::folders)->toolTip(), QStringLiteral("Close all stock folders"));
+    QCOMPARE(main.toolbar().tag(ToolButton::folders), QStringLiteral("DFLT"));
 }
 
 void tst_toolbar::a_button_fits_up_to_a_margin_of_8_pixels()
 {
     TestWindow w;
     frmmain& main = w.load({1000, 600});
-    const int least = main.toolbar().button(18).x() + main.toolbar().button(18).width() + 8;
+    const int least
+        = main.toolbar().button(ToolButton::size).x() + main.toolbar().button(ToolButton::size).width() + 8;
     main.resize(least, 600);
     QApplication::processEvents();
     QCOMPARE(given_away(main), 0);
     main.resize(least - 1, 600);
     QApplication::processEvents();
     QVERIFY(given_away(main) >= 1);
-    QCOMPARE(button(main, 17)->text(), QStringLiteral("More..."));
-    QCOMPARE(button(main, 17)->toolTip(), QStringLiteral("More options"));
-    QVERIFY(button(main, 17)->isEnabled());
+    QCOMPARE(button(main, ToolButton::folders)->text(), QStringLiteral("More..."));
+    QCOMPARE(button(main, ToolButton::folders)->toolTip(), QStringLiteral("More options"));
+    QVERIFY(button(main, ToolButton::folders)->isEnabled());
 }
 
 void tst_toolbar::more_button_pops_up_its_menu()
@@ -233,20 +236,20 @@ void tst_toolbar::more_button_pops_up_its_menu()
     QCOMPARE(given_away(main), 3);
     QMenu& menu = main.commands().menu(QStringLiteral("mnu_more"));
     QVERIFY(!menu.isVisible());
-    click(main, 17);
+    click(main, ToolButton::folders);
     QVERIFY(menu.isVisible());
-    QCOMPARE(menu.pos(), button(main, 17)->mapToGlobal(QPoint(0, button(main, 17)->height())));
+    QCOMPARE(
+        menu.pos(),
+        button(main, ToolButton::folders)->mapToGlobal(QPoint(0, button(main, ToolButton::folders)->height())));
     menu.close();
 }
 
 void tst_toolbar::print_button_with_the_tag_more_pops_up_the_menu_too()
 {
     TestWindow w;
-    frmmain& main = w.load();
-    main.shared.current_list = 1;
-    main.l_r_refresh();
-    main.toolbar().set_tag(10, QStringLiteral("MORE"));
-    click(main, 10);
+    frmmain& main = load_list_and_recipe(w);
+    main.toolbar().set_tag(ToolButton::print, QStringLiteral("MORE"));
+    click(main, ToolButton::print);
     QMenu& menu = main.commands().menu(QStringLiteral("mnu_more"));
     QVERIFY(menu.isVisible());
     menu.close();
@@ -257,25 +260,25 @@ void tst_toolbar::sort_button_shows_the_order_in_force_and_says_what_a_click_doe
     TestWindow w;
     frmmain& main = w.load();
     const auto check = [&main](const char* tag, const char* tool_tip, int picture) {
-        QCOMPARE(main.toolbar().tag(16), QString::fromLatin1(tag));
-        QCOMPARE(button(main, 16)->toolTip(), QString::fromLatin1(tool_tip));
-        QCOMPARE(button(main, 16)->property("picture").toInt(), picture);
+        QCOMPARE(main.toolbar().tag(ToolButton::sort), QString::fromLatin1(tag));
+        QCOMPARE(button(main, ToolButton::sort)->toolTip(), QString::fromLatin1(tool_tip));
+        QCOMPARE(button(main, ToolButton::sort)->property("picture").toInt(), picture);
         const bool by_name = qstrcmp(tag, "ALPHA") == 0;
         QCOMPARE(main.commands().action(QStringLiteral("mnu_more_sort_alpha")).isChecked(), by_name);
         QCOMPARE(main.commands().action(QStringLiteral("mnu_more_sort_cat")).isChecked(), !by_name);
     };
     check("CAT", "Sort stock alphatbetically", 18);
-    click(main, 16);
+    click(main, ToolButton::sort);
     check("ALPHA", "Sort stock by category", 14);
     QCOMPARE(w.pref(QStringLiteral("sort")), QStringLiteral("alpha"));
     QAction& recipes = main.commands().action(QStringLiteral("mnu_view_rcp"));
     QVERIFY(recipes.isEnabled());
     recipes.trigger();
     check("CAT", "Sort recipes alphatbetically", 18);
-    click(main, 16);
+    click(main, ToolButton::sort);
     check("ALPHA", "Sort recipes by category", 14);
     QCOMPARE(w.pref(QStringLiteral("sort_r")), QStringLiteral("alpha"));
-    click(main, 16);
+    click(main, ToolButton::sort);
     check("CAT", "Sort recipes alphatbetically", 18);
     QCOMPARE(w.pref(QStringLiteral("sort_r")), QStringLiteral("cat"));
     QVERIFY(main.shared.stock_alpha);
@@ -285,13 +288,13 @@ void tst_toolbar::drop_down_items_sort()
 {
     TestWindow w;
     frmmain& main = w.load();
-    QAction* by_name = drop_down_item(main, 16, QStringLiteral("ALPHA"));
-    QAction* by_category = drop_down_item(main, 16, QStringLiteral("CAT"));
+    QAction* by_name = drop_down_item(main, ToolButton::sort, QStringLiteral("ALPHA"));
+    QAction* by_category = drop_down_item(main, ToolButton::sort, QStringLiteral("CAT"));
     QVERIFY(by_name && by_category && by_name->isEnabled() && by_category->isEnabled());
     QCOMPARE(by_name->text(), QStringLiteral("Sort alphabetically"));
     QCOMPARE(by_category->text(), QStringLiteral("Sort by category"));
-    QVERIFY(drop_down_item(main, 10, QStringLiteral("PRNT_OPT")));
-    QCOMPARE(drop_down_item(main, 10, QStringLiteral("PRNT_OPT"))->text(),
+    QVERIFY(drop_down_item(main, ToolButton::print, QStringLiteral("PRNT_OPT")));
+    QCOMPARE(drop_down_item(main, ToolButton::print, QStringLiteral("PRNT_OPT"))->text(),
              QStringLiteral("Shopping list print options"));
     by_name->trigger();
     QVERIFY(main.shared.stock_alpha);
@@ -303,15 +306,15 @@ void tst_toolbar::folder_button_is_enabled_only_in_category_order()
 {
     TestWindow w;
     frmmain& main = w.load();
-    QVERIFY(button(main, 17)->isEnabled());
+    QVERIFY(button(main, ToolButton::folders)->isEnabled());
     main.view_state().sort_by_alpha();
-    QVERIFY(!button(main, 17)->isEnabled());
+    QVERIFY(!button(main, ToolButton::folders)->isEnabled());
     main.resize(990, 700);
     QApplication::processEvents();
-    QVERIFY(!button(main, 17)->isEnabled());
+    QVERIFY(!button(main, ToolButton::folders)->isEnabled());
     main.commands().action(QStringLiteral("mnu_view_rcp")).trigger();
-    QVERIFY(button(main, 17)->isEnabled());
-    QCOMPARE(button(main, 17)->toolTip(), QStringLiteral("Close all recipe folders"));
+    QVERIFY(button(main, ToolButton::folders)->isEnabled());
+    QCOMPARE(button(main, ToolButton::folders)->toolTip(), QStringLiteral("Close all recipe folders"));
 }
 
 void tst_toolbar::size_tool_tip_at_start_says_the_opposite_of_the_click_data()
@@ -339,9 +342,9 @@ void tst_toolbar::size_tool_tip_at_start_says_the_opposite_of_the_click()
     TestWindow w;
     w.set_pref(QStringLiteral("font"), font);
     frmmain& main = w.load();
-    QCOMPARE(main.toolbar().tag(14), tag);
-    QCOMPARE(button(main, 18)->property("picture").toInt(), picture);
-    QCOMPARE(button(main, 18)->toolTip(), tool_tip);
+    QCOMPARE(main.toolbar().tag(ToolButton::size_direction), tag);
+    QCOMPARE(button(main, ToolButton::size)->property("picture").toInt(), picture);
+    QCOMPARE(button(main, ToolButton::size)->toolTip(), tool_tip);
 }
 
 void tst_toolbar::size_cycle_goes_through_its_table()
@@ -360,12 +363,12 @@ void tst_toolbar::size_cycle_goes_through_its_table()
     TestWindow w;
     frmmain& main = w.load();
     for (const Step& step : steps) {
-        click(main, 18);
+        click(main, ToolButton::size);
         QCOMPARE(main.shared.type_size, step.size);
-        QCOMPARE(main.toolbar().tag(14), QString::fromLatin1(step.tag));
-        QCOMPARE(button(main, 18)->property("picture").toInt(), step.picture);
-        QCOMPARE(button(main, 18)->toolTip(), QString::fromLatin1(step.tool_tip));
-        QCOMPARE(main.toolbar().tag(18), QString::number(step.size));
+        QCOMPARE(main.toolbar().tag(ToolButton::size_direction), QString::fromLatin1(step.tag));
+        QCOMPARE(button(main, ToolButton::size)->property("picture").toInt(), step.picture);
+        QCOMPARE(button(main, ToolButton::size)->toolTip(), QString::fromLatin1(step.tool_tip));
+        QCOMPARE(main.toolbar().tag(ToolButton::size), QString::number(step.size));
         QCOMPARE(w.pref(QStringLiteral("font")), QString::number(step.size));
     }
 }
@@ -375,9 +378,9 @@ void tst_toolbar::size_cycle_from_12_goes_down()
     TestWindow w;
     w.set_pref(QStringLiteral("font"), QStringLiteral("12"));
     frmmain& main = w.load();
-    click(main, 18);
+    click(main, ToolButton::size);
     QCOMPARE(main.shared.type_size, 10);
-    click(main, 18);
+    click(main, ToolButton::size);
     QCOMPARE(main.shared.type_size, 9);
 }
 
@@ -395,7 +398,7 @@ void tst_toolbar::size_drop_down_goes_straight_to_the_size()
     TestWindow w;
     frmmain& main = w.load();
     for (const Choice& choice : choices) {
-        QAction* action = drop_down_item(main, 18, QString::fromLatin1(choice.key));
+        QAction* action = drop_down_item(main, ToolButton::size, QString::fromLatin1(choice.key));
         QVERIFY(action && action->isEnabled());
         QCOMPARE(action->text(), QString::fromLatin1(choice.caption));
         action->trigger();
@@ -422,10 +425,10 @@ void tst_toolbar::size_drop_down_sets_the_button_for_the_step_away_from_the_size
     TestWindow w;
     frmmain& main = w.load();
     for (const Choice& choice : choices) {
-        drop_down_item(main, 18, QString::fromLatin1(choice.key))->trigger();
-        QCOMPARE(button(main, 18)->property("picture").toInt(), choice.picture);
-        QCOMPARE(main.toolbar().tag(14), QString::fromLatin1(choice.tag));
-        QCOMPARE(button(main, 18)->toolTip(), QString::fromLatin1(choice.tool_tip));
+        drop_down_item(main, ToolButton::size, QString::fromLatin1(choice.key))->trigger();
+        QCOMPARE(button(main, ToolButton::size)->property("picture").toInt(), choice.picture);
+        QCOMPARE(main.toolbar().tag(ToolButton::size_direction), QString::fromLatin1(choice.tag));
+        QCOMPARE(button(main, ToolButton::size)->toolTip(), QString::fromLatin1(choice.tool_tip));
     }
 }
 
@@ -453,7 +456,7 @@ void tst_toolbar::a_change_of_size_closes_the_open_row_first()
     w.type_into("desc_brdr", QStringLiteral("ripe"));
     const HideWatch watch(w.widget("desc_brdr"), w.main().shared);
     if (command.isEmpty()) {
-        click(w.main(), 18);
+        click(w.main(), ToolButton::size);
     } else {
         QAction& action = w.main().commands().action(command);
         QVERIFY(action.isEnabled());
@@ -475,7 +478,7 @@ void tst_toolbar::size_cycle_starts_at_10_from_a_damaged_size()
     w.set_pref(QStringLiteral("font"), QStringLiteral("abc"));
     frmmain& main = w.load();
     QCOMPARE(main.shared.type_size, 0);
-    click(main, 18);
+    click(main, ToolButton::size);
     QCOMPARE(main.shared.type_size, 10);
 }
 
@@ -487,53 +490,59 @@ void tst_toolbar::tool_tips_of_the_state_survive_a_resize()
     main.l_r_refresh();
     main.resize(900, 650);
     QApplication::processEvents();
-    QCOMPARE(button(main, 2)->toolTip(), QStringLiteral("Clear Weekly list"));
-    QCOMPARE(button(main, 10)->toolTip(), QStringLiteral("Print Weekly list"));
+    QCOMPARE(button(main, ToolButton::clear)->toolTip(), QStringLiteral("Clear Weekly list"));
+    QCOMPARE(button(main, ToolButton::print)->toolTip(), QStringLiteral("Print Weekly list"));
 }
 
 void tst_toolbar::email_button_follows_its_tag_and_not_the_list()
 {
     TestWindow w;
+    w.set_pref(QStringLiteral("av_warn"), QStringLiteral("1")); // no notice before what is sent
     frmmain& main = load_list_and_recipe(w);
-    QCOMPARE(main.toolbar().tag(13), QStringLiteral("list"));
-    QCOMPARE(commands_of_click(main, 13), QStringList{QStringLiteral("mnu_tools_email_list")});
+    MessageScript script;
+    for (int i = 0; i < 2; ++i) // each time the list is sent
+        script.drive([](QDialog& rows_wanted) { rows_wanted.reject(); });
+    QCOMPARE(main.toolbar().tag(ToolButton::email), QStringLiteral("list"));
+    QCOMPARE(commands_of_click(main, ToolButton::email), QStringList{QStringLiteral("mnu_tools_email_list")});
     main.view_state().show_list_pane(false);
     QVERIFY(main.shared.current_list > 0);
-    QCOMPARE(main.toolbar().tag(13), QStringLiteral("rcp"));
-    QCOMPARE(commands_of_click(main, 13), QStringList{QStringLiteral("mnu_tools_email_rcp")});
-    main.toolbar().set_tag(13, QStringLiteral("list"));
-    QCOMPARE(commands_of_click(main, 13), QStringList{QStringLiteral("mnu_tools_email_list")});
+    QCOMPARE(main.toolbar().tag(ToolButton::email), QStringLiteral("rcp"));
+    QCOMPARE(commands_of_click(main, ToolButton::email), QStringList{QStringLiteral("mnu_tools_email_rcp")});
+    main.toolbar().set_tag(ToolButton::email, QStringLiteral("list"));
+    QCOMPARE(commands_of_click(main, ToolButton::email), QStringList{QStringLiteral("mnu_tools_email_list")});
 }
 
 void tst_toolbar::buttons_stand_for_their_commands_data()
 {
-    QTest::addColumn<int>("index");
+    QTest::addColumn<ToolButton>("which");
     QTest::addColumn<QString>("list_side");
     QTest::addColumn<QString>("recipe_side");
     QTest::addColumn<bool>("list_dialog");
     QTest::addColumn<bool>("recipe_dialog");
-    const auto row = [](int index, const char* list_side, const char* recipe_side, bool list_dialog = false,
+    const auto row = [](ToolButton which, const char* list_side, const char* recipe_side, bool list_dialog = false,
                         bool recipe_dialog = false) {
-        QTest::addRow("%d", index) << index << QString::fromLatin1(list_side) << QString::fromLatin1(recipe_side)
-                                   << list_dialog << recipe_dialog;
+        QTest::addRow("%d", static_cast<int>(which))
+            << which << QString::fromLatin1(list_side) << QString::fromLatin1(recipe_side) << list_dialog
+            << recipe_dialog;
     };
-    row(1, "mnu_list_new", "mnu_list_new", true, true);
-    row(2, "mnu_list_clear", "mnu_list_clear");
-    row(3, "mnu_tools_listlist", "mnu_tools_listlist");
-    row(5, "mnu_recipe_new", "mnu_recipe_new", true, true);
-    row(6, "", "mnu_recipe_add_ingred");
-    row(8, "mnu_edit_add_stck", "mnu_edit_add_stck", true, true);
-    row(10, "mnu_list_Print", "mnu_recipe_prnt", true, true);
-    row(11, "no command", "no command", true, true); // the preview stands in no menu, and never prints
-    row(12, "mnu_tools_wp_list", "mnu_tools_wp_rcp", true);
-    row(13, "mnu_tools_email_list", "mnu_tools_email_rcp", true);
-    row(15, "mnu_tools_find_item", "mnu_tools_find_item");
-    row(17, "mnu_view_cntrct_all", "mnu_view_cntrct_all");
+    row(ToolButton::new_list, "mnu_list_new", "mnu_list_new", true, true);
+    row(ToolButton::clear, "mnu_list_clear", "mnu_list_clear");
+    row(ToolButton::lists, "mnu_tools_listlist", "mnu_tools_listlist");
+    row(ToolButton::new_recipe, "mnu_recipe_new", "mnu_recipe_new", true, true);
+    row(ToolButton::ingredient, "", "mnu_recipe_add_ingred");
+    row(ToolButton::stock, "mnu_edit_add_stck", "mnu_edit_add_stck", true, true);
+    row(ToolButton::print, "mnu_list_Print", "mnu_recipe_prnt", true, true);
+    row(ToolButton::preview, "no command", "no command", true,
+        true); // the preview stands in no menu, and never prints
+    row(ToolButton::word_processor, "mnu_tools_wp_list", "mnu_tools_wp_rcp", true);
+    row(ToolButton::email, "mnu_tools_email_list", "mnu_tools_email_rcp", true);
+    row(ToolButton::find, "mnu_tools_find_item", "mnu_tools_find_item");
+    row(ToolButton::folders, "mnu_view_cntrct_all", "mnu_view_cntrct_all");
 }
 
 void tst_toolbar::buttons_stand_for_their_commands()
 {
-    QFETCH(int, index);
+    QFETCH(ToolButton, which);
     QFETCH(QString, list_side);
     QFETCH(QString, recipe_side);
     QFETCH(bool, list_dialog);
@@ -546,11 +555,11 @@ void tst_toolbar::buttons_stand_for_their_commands()
         if (main.shared.list_pane_shown ? list_dialog : recipe_dialog)
             script.drive([](QDialog& opened) { opened.reject(); });
         if (expected.isEmpty())
-            QVERIFY(!button(main, index)->isEnabled());
+            QVERIFY(!button(main, which)->isEnabled());
         else if (expected == QLatin1String("no command"))
-            QCOMPARE(commands_of_click(main, index), QStringList());
+            QCOMPARE(commands_of_click(main, which), QStringList());
         else
-            QCOMPARE(commands_of_click(main, index), QStringList{expected});
+            QCOMPARE(commands_of_click(main, which), QStringList{expected});
         QCOMPARE(script.left(), 0);
         main.view_state().show_list_pane(false);
     }
@@ -564,7 +573,7 @@ void tst_toolbar::folder_button_closes_the_folders()
     frmmain& main = w.load();
     QTreeWidgetItem* folder = main.stock_tree().category_node(category);
     QVERIFY(folder && folder->isExpanded());
-    click(main, 17);
+    click(main, ToolButton::folders);
     QVERIFY(!folder->isExpanded());
     QCOMPARE(w.number("SELECT expand FROM cat WHERE key_id > 0"), 0);
 }

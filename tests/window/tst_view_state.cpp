@@ -24,6 +24,9 @@ namespace {
 
 enum ListKind { no_list, one_list, all_lists };
 
+constexpr ToolButton page_buttons[]
+    = {ToolButton::print, ToolButton::preview, ToolButton::word_processor, ToolButton::email};
+
 /// The window with a list "Weekly", a recipe "Lentil soup", a category "Dairy" with the item "Milk".
 class Fixture {
 public:
@@ -55,9 +58,9 @@ public:
 
     QAction& action(const char* name) { return main_->commands().action(QString::fromLatin1(name)); }
     QString caption(const char* name) { return Commands::plain_caption(action(name)); }
-    QToolButton& button(int index)
+    QToolButton& button(ToolButton which)
     {
-        return *main_->findChild<QToolButton*>(QStringLiteral("Toolbar1(%1)").arg(index));
+        return *main_->findChild<QToolButton*>(QStringLiteral("Toolbar1(%1)").arg(static_cast<int>(which)));
     }
     QTabBar& tabs(int index) { return *main_->findChild<QTabBar*>(QStringLiteral("TabStrip1(%1)").arg(index)); }
 
@@ -189,20 +192,20 @@ void tst_view_state::every_state_of_the_window()
         QCOMPARE(f.action(name).isEnabled(), !stock);
     QCOMPARE(f.tabs(0).currentIndex(), stock ? 0 : 1);
     QCOMPARE(f.w.pref(QStringLiteral("tv_view")), stock ? QStringLiteral("1") : QStringLiteral("0"));
-    QCOMPARE(f.button(17).toolTip(),
+    QCOMPARE(f.button(ToolButton::folders).toolTip(),
              stock ? QStringLiteral("Close all stock folders") : QStringLiteral("Close all recipe folders"));
 
     QCOMPARE(f.action("mnu_view_shoplist").isChecked(), list);
     QCOMPARE(f.action("mnu_view_rcpepages").isChecked(), !list);
     QCOMPARE(f.tabs(1).currentIndex(), list ? 0 : 1);
-    QCOMPARE(f.button(6).isEnabled(), !list);
+    QCOMPARE(f.button(ToolButton::ingredient).isEnabled(), !list);
     QCOMPARE(f.w.find<QLabel>(QStringLiteral("StatusBar1(6)"))->isVisible(), !list);
     QCOMPARE(f.action("mnu_recipe_add_ingred").isEnabled(), !list);
     QCOMPARE(f.action("mnu_view_cpn").isEnabled(), list);
     QCOMPARE(f.action("mnu_view_aisle").isEnabled(), list);
     QCOMPARE(main.list_pane().grid().isVisible(), list);
     QCOMPARE(main.recipe_page().frame4().isVisible(), !list);
-    QCOMPARE(main.toolbar().tag(13), list ? QStringLiteral("list") : QStringLiteral("rcp"));
+    QCOMPARE(main.toolbar().tag(ToolButton::email), list ? QStringLiteral("list") : QStringLiteral("rcp"));
 
     QCOMPARE(f.action("mnu_list_RenameList").isVisible(), lists == one_list);
     QCOMPARE(f.caption("mnu_list_RenameList"), QStringLiteral("Rename list"));
@@ -224,8 +227,8 @@ void tst_view_state::every_state_of_the_window()
         const char* const tool_tips[]
             = {"Print recipe", "Preview recipe", "Open recipe in word processor", "Send recipe by email"};
         for (int i = 0; i < 4; ++i) {
-            QCOMPARE(f.button(10 + i).toolTip(), QString::fromLatin1(tool_tips[i]));
-            QCOMPARE(f.button(10 + i).isEnabled(), main.recipe_page().has_recipe());
+            QCOMPARE(f.button(page_buttons[i]).toolTip(), QString::fromLatin1(tool_tips[i]));
+            QCOMPARE(f.button(page_buttons[i]).isEnabled(), main.recipe_page().has_recipe());
         }
         if (stock)
             QVERIFY(!f.action("mnu_list_del").isEnabled());
@@ -236,11 +239,11 @@ void tst_view_state::every_state_of_the_window()
     QCOMPARE(f.caption("mnu_list_Print"), QString::fromLatin1(side.print_item));
     QCOMPARE(f.action("mnu_list_Print").isEnabled(), side.any);
     QCOMPARE(f.caption("mnu_list_clear"), QString::fromLatin1(side.clear_item));
-    QCOMPARE(f.button(2).isEnabled(), side.single);
-    QCOMPARE(f.button(2).toolTip(), QString::fromLatin1(side.tool_tips[0]));
+    QCOMPARE(f.button(ToolButton::clear).isEnabled(), side.single);
+    QCOMPARE(f.button(ToolButton::clear).toolTip(), QString::fromLatin1(side.tool_tips[0]));
     for (int i = 0; i < 4; ++i) {
-        QCOMPARE(f.button(10 + i).toolTip(), QString::fromLatin1(side.tool_tips[i + 1]));
-        QCOMPARE(f.button(10 + i).isEnabled(), side.any);
+        QCOMPARE(f.button(page_buttons[i]).toolTip(), QString::fromLatin1(side.tool_tips[i + 1]));
+        QCOMPARE(f.button(page_buttons[i]).isEnabled(), side.any);
     }
 }
 
@@ -249,15 +252,16 @@ void tst_view_state::with_no_list_only_the_named_buttons_stay_enabled_and_the_in
     Fixture f(false);
     frmmain& main = f.load();
     f.set_view(true, true, no_list);
-    for (const int disabled : {2, 6, 10, 11, 12, 13})
-        QVERIFY2(!f.button(disabled).isEnabled(), qPrintable(QString::number(disabled)));
-    for (const int enabled : {1, 3, 5, 8, 15, 16, 17, 18})
-        QVERIFY2(f.button(enabled).isEnabled(), qPrintable(QString::number(enabled)));
+    using enum ToolButton;
+    for (const ToolButton disabled : {clear, ingredient, print, preview, word_processor, email})
+        QVERIFY2(!f.button(disabled).isEnabled(), qPrintable(f.button(disabled).objectName()));
+    for (const ToolButton enabled : {new_list, lists, new_recipe, stock, find, sort, folders, size})
+        QVERIFY2(f.button(enabled).isEnabled(), qPrintable(f.button(enabled).objectName()));
     const auto* invitation = main.findChild<QWidget*>(QStringLiteral("frmCreateList"));
     QVERIFY(invitation && invitation->isVisible());
     f.set_view(true, false, no_list);
     QVERIFY(!invitation->isVisible());
-    QVERIFY(!f.button(2).isEnabled());
+    QVERIFY(!f.button(ToolButton::clear).isEnabled());
 }
 
 void tst_view_state::email_tool_tip_of_a_list_named_weekly_has_no_blank()
@@ -265,7 +269,7 @@ void tst_view_state::email_tool_tip_of_a_list_named_weekly_has_no_blank()
     Fixture f;
     f.load();
     f.set_view(true, true, one_list);
-    QCOMPARE(f.button(13).toolTip(), QStringLiteral("Send Weeklylist by email"));
+    QCOMPARE(f.button(ToolButton::email).toolTip(), QStringLiteral("Send Weeklylist by email"));
 }
 
 void tst_view_state::recipe_buttons_need_a_recipe_on_the_page()
@@ -274,13 +278,13 @@ void tst_view_state::recipe_buttons_need_a_recipe_on_the_page()
     frmmain& main = f.load();
     f.set_view(false, false, one_list);
     QVERIFY(!main.recipe_page().has_recipe());
-    for (int i = 10; i <= 13; ++i)
-        QVERIFY(!f.button(i).isEnabled());
+    for (const ToolButton button : page_buttons)
+        QVERIFY(!f.button(button).isEnabled());
     main.shared.cur_recipe = 1;
     main.recipe_page().set_recipe(1);
     main.l_r_refresh();
-    for (int i = 10; i <= 13; ++i)
-        QVERIFY(f.button(i).isEnabled());
+    for (const ToolButton button : page_buttons)
+        QVERIFY(f.button(button).isEnabled());
 }
 
 void tst_view_state::remembered_recipe_is_set_when_the_page_shows_none()
@@ -383,12 +387,12 @@ void tst_view_state::a_list_name_like_markup_stands_letter_by_letter_in_tool_tip
     f.load();
     Query(f.w.db(), "UPDATE list_name SET list_name = '<b>x</b>'").run();
     f.set_view(true, true, one_list);
-    QCOMPARE(f.button(2).toolTip(), QStringLiteral("<qt>Clear &lt;b&gt;x&lt;/b&gt; list</qt>"));
+    QCOMPARE(f.button(ToolButton::clear).toolTip(), QStringLiteral("<qt>Clear &lt;b&gt;x&lt;/b&gt; list</qt>"));
     QCOMPARE(f.tabs(1).tabToolTip(0), QStringLiteral("<qt>Shopping list: &lt;b&gt;x&lt;/b&gt;</qt>"));
     QCOMPARE(f.tabs(1).tabText(0), QStringLiteral("Shopping list: <b>x</b>"));
     Query(f.w.db(), "UPDATE list_name SET list_name = 'Fish & Chips'").run();
     f.set_view(true, true, one_list);
-    QCOMPARE(f.button(2).toolTip(), QStringLiteral("Clear Fish & Chips list"));
+    QCOMPARE(f.button(ToolButton::clear).toolTip(), QStringLiteral("Clear Fish & Chips list"));
 }
 
 void tst_view_state::views_and_tabs_agree_after_a_menu_choice()
@@ -445,14 +449,14 @@ void tst_view_state::menu_of_a_selected_recipe()
     frmmain& main = f.load();
     f.set_view(false, true, one_list);
     QVERIFY(f.select_recipe());
-    main.view_state().set_mnu_recipe();
+    main.view_state().refresh_commands();
     QCOMPARE(f.caption("mnu_recipe_prnt"), QStringLiteral("Print Lentil soup recipe"));
     QCOMPARE(f.caption("mnu_recipe_del"), QStringLiteral("Delete Lentil soup recipe"));
     QCOMPARE(f.caption("mnu_recipe_move"), QStringLiteral("Move Lentil soup recipe"));
     for (const char* name : {"mnu_recipe_prnt", "mnu_recipe_del", "mnu_recipe_move"})
         QVERIFY(f.action(name).isEnabled());
     main.shared.recipe_alpha = true;
-    main.view_state().set_mnu_recipe();
+    main.view_state().refresh_commands();
     QVERIFY(f.action("mnu_recipe_prnt").isEnabled());
     QVERIFY(!f.action("mnu_recipe_move").isEnabled());
     f.set_view(true, true, one_list);
@@ -468,7 +472,7 @@ void tst_view_state::menu_of_a_selected_stock_item()
     Fixture f;
     frmmain& main = f.load();
     QVERIFY(f.select_stock(QStringLiteral("item") + key_str(f.item_)));
-    main.view_state().set_mnu_stock();
+    main.view_state().refresh_commands();
     QCOMPARE(f.caption("mnu_edit_move"), QStringLiteral("Move Milk to a different category"));
     QCOMPARE(f.caption("mnu_edit_stock_to_list"), QStringLiteral("Add Milk to shopping list"));
     QCOMPARE(f.caption("mnu_edit_del_cat"), QStringLiteral("Delete Category"));
@@ -476,7 +480,7 @@ void tst_view_state::menu_of_a_selected_stock_item()
     QVERIFY(f.action("mnu_edit_move").isEnabled() && f.action("mnu_edit_stock_to_list").isEnabled());
     QVERIFY(!f.action("mnu_edit_del_cat").isEnabled() && !f.action("mnu_edit_rn_cat").isEnabled());
     main.shared.stock_alpha = true;
-    main.view_state().set_mnu_stock();
+    main.view_state().refresh_commands();
     QVERIFY(!f.action("mnu_edit_move").isEnabled());
     QVERIFY(f.action("mnu_edit_stock_to_list").isEnabled());
 }
@@ -486,7 +490,7 @@ void tst_view_state::menu_of_a_selected_category()
     Fixture f;
     frmmain& main = f.load();
     QVERIFY(f.select_stock(QStringLiteral("cat") + key_str(f.category_)));
-    main.view_state().set_mnu_stock();
+    main.view_state().refresh_commands();
     QCOMPARE(f.caption("mnu_edit_move"), QStringLiteral("Move item to a different category"));
     QCOMPARE(f.caption("mnu_edit_stock_to_list"), QStringLiteral("Add item to shopping list"));
     QCOMPARE(f.caption("mnu_edit_del_cat"), QStringLiteral("Delete Dairy category"));
@@ -500,7 +504,7 @@ void tst_view_state::menu_of_the_fixed_category()
     Fixture f;
     frmmain& main = f.load();
     QVERIFY(f.select_stock(QStringLiteral("cat0000")));
-    main.view_state().set_mnu_stock();
+    main.view_state().refresh_commands();
     QCOMPARE(f.caption("mnu_edit_del_cat"), QStringLiteral("Delete category"));
     QCOMPARE(f.caption("mnu_edit_rn_cat"), QStringLiteral("Rename category"));
     for (const char* name : {"mnu_edit_move", "mnu_edit_stock_to_list", "mnu_edit_del_cat", "mnu_edit_rn_cat"})
@@ -520,7 +524,7 @@ void tst_view_state::menu_without_a_selection()
     for (const char* name : {"mnu_edit_move", "mnu_edit_stock_to_list", "mnu_edit_del_cat", "mnu_edit_rn_cat"})
         QVERIFY(!f.action(name).isEnabled());
     main.recipe_tree().view().clearSelection();
-    main.view_state().set_mnu_recipe();
+    main.view_state().refresh_commands();
     QVERIFY(!f.action("mnu_recipe_del").isEnabled());
 }
 

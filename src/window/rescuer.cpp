@@ -1,0 +1,79 @@
+#include "window/rescuer.h"
+
+#include "household/rescue.h"
+#include "lists/list_pane.h"
+#include "recipes/recipe_page.h"
+#include "widgets/list_grid.h"
+#include "widgets/message_box.h"
+#include "widgets/row_editor.h"
+#include "window/frmmain.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace tarnwick {
+namespace {
+
+RowField field_of(int column)
+{
+    if (column == grid_column::qty)
+        return RowField::qty;
+    return column == grid_column::aisle ? RowField::aisle : RowField::desc;
+}
+
+std::optional<RescuedField> unstored_field(frmmain& main)
+{
+    const RowEditor& editor = main.row_editor();
+    if (!editor.is_open() || editor.unstored_column() < 0)
+        return std::nullopt;
+    const GridModel& rows = main.list_pane().grid().rows();
+    const GridRow& row = rows.row(editor.edit_row());
+    return RescuedField{row.groc_key, row.item, field_of(editor.unstored_column()),
+                        rows.cell_text(editor.edit_row(), editor.unstored_column())};
+}
+
+void offer(Connection& connection, const QString& file, const Rescue& rescue)
+{
+    const QString title = QStringLiteral("TarnWick");
+    const QString text = QStringLiteral("TarnWick was ended by an error before this was stored:\n\n%1\n\n"
+                                        "Put it back now?\n"
+                                        "No keeps it in a file in the folder\n%2")
+                             .arg(rescue_contents(rescue), QFileInfo(file).absolutePath());
+    if (msg_box(nullptr, text, box::yes_no | box::question, title) != Answer::yes) {
+        set_rescue_aside(file);
+        return;
+    }
+    if (put_back(connection, rescue))
+        QFile::remove(file);
+    else
+        msg_box(nullptr,
+                QStringLiteral("The list row is gone. Its text is kept in the file\n") + set_rescue_aside(file),
+                box::information, title);
+}
+
+} // namespace
+
+void rescue_typed(frmmain& main) noexcept
+{
+    try {
+        Rescue rescue;
+        main.recipe_page().add_unstored(rescue);
+        rescue.field = unstored_field(main);
+        if (!rescue.is_empty())
+            write_rescue(rescue, main.environment().database_file());
+    } catch (...) {
+        // The error that is about to be told is the one to tell.
+    }
+}
+
+void offer_rescued(Connection& connection, const QString& database)
+{
+    for (const QString& file : rescue_files(database)) {
+        if (const auto rescue = read_rescue(file))
+            offer(connection, file, *rescue);
+        else
+            set_rescue_aside(file);
+    }
+}
+
+} // namespace tarnwick

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+namespace tarnwick {
+
+class Connection;
+class frmmain;
+
+/// Before the message of an error that ends the program: writes what is typed and not stored into a rescue file.
+void rescue_typed(frmmain& main) noexcept;
+
+/// At a start, before anything of the database is shown: says what earlier runs have rescued, puts it back when the
+/// user wants it, and sets it aside otherwise. Throws SQLite::Exception.
+void offer_rescued(Connection& connection, const QString& database);
+
+} // namespace tarnwick
