@@ -44,7 +44,12 @@ void RecipePage::close_line_editor()
 bool RecipePage::leave_editors()
 {
     finish_line_editor();
-    return !editor_open() && title_validated(Qt::OtherFocusReason);
+    if (editor_open())
+        return false;
+    if (title_validated())
+        return true;
+    tell_name_missing();
+    return false;
 }
 
 void RecipePage::add_ns_ingred()
