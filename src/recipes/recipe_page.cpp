@@ -252,10 +252,7 @@ bool RecipePage::takes_lines()
         main_.set_status(no_recipe_hint);
         return false;
     }
-    if (main_.focusWidget() != title_ || title_validated())
-        return true;
-    tell_name_missing();
-    return false;
+    return main_.focusWidget() != title_ || name_stands();
 }
 
 // True when the name may stand. One that is missing is replaced before the message, since the window saves the page
@@ -269,6 +266,14 @@ bool RecipePage::title_validated()
         return true;
     }
     title_->setText(QStringLiteral("Recipe"));
+    return false;
+}
+
+bool RecipePage::name_stands()
+{
+    if (title_validated())
+        return true;
+    tell_name_missing();
     return false;
 }
 

@@ -158,6 +158,7 @@ private:
     bool write_page();
     void set_marks(const char* mark);
     bool title_validated();
+    bool name_stands(); ///< the same, and tells when it does not
     void tell_name_missing();
     void title_typed();
     void tell_name_left(bool by_mouse);

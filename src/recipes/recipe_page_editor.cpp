@@ -44,12 +44,7 @@ void RecipePage::close_line_editor()
 bool RecipePage::leave_editors()
 {
     finish_line_editor();
-    if (editor_open())
-        return false;
-    if (title_validated())
-        return true;
-    tell_name_missing();
-    return false;
+    return !editor_open() && name_stands();
 }
 
 void RecipePage::add_ns_ingred()
