@@ -20,7 +20,7 @@ struct Environment {
         open_url; ///< opens a file or address with the desktop; false when it could not
     /// Bytes of the longest address that `open_url` hands over whole. It becomes one argument of a program, which
     /// Linux limits to 128 KiB with its end; 1 KiB is left to what launchers put around it.
-    qsizetype longest_url = 127 * 1024;
+    qsizetype longest_url = qsizetype{127} * 1024;
     std::function<std::unique_ptr<QPagedPaintDevice>()>
         printer; ///< the default printer with its paper; null where there is none
     QString documents_folder; ///< where a file dialog begins that saves a document

@@ -141,8 +141,12 @@ QLayout* pic_frm::place_buttons()
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(8);
     buttons->addStretch(1);
-    for (QPushButton* button : Command1_)
+    constexpr int room = 36; ///< around the widest caption
+    const int width = fontMetrics().horizontalAdvance(Command1_[preview_button]->text()) + room;
+    for (QPushButton* button : Command1_) {
+        button->setMinimumWidth(width);
         buttons->addWidget(button);
+    }
     return buttons;
 }
 
