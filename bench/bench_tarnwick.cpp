@@ -2,6 +2,7 @@
 // run. Times alone say nothing: the machine is in both sides of a ratio.
 
 #include "loads.h"
+#include "printing.h"
 #include "processes.h"
 #include "recipes.h"
 
@@ -26,7 +27,7 @@ constexpr std::array parts = {
     Part{"list", measure_list_load},          Part{"placing", measure_placing},
     Part{"keystroke", measure_keystroke},     Part{"editor", measure_item_editor},
     Part{"recipes", measure_recipe_tree},     Part{"page", measure_recipe_page},
-    Part{"item_box", measure_item_keystroke},
+    Part{"item_box", measure_item_keystroke}, Part{"printing", measure_printing},
 };
 
 } // namespace

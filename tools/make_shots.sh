@@ -12,6 +12,11 @@ cp -r "$build/bin/ico" "$folder/"
 mkdir -p "$folder/twdata" "$pictures"
 "$build/tools/make_database" "$folder/twdata/groc.mdb"
 "$build/tools/load_household" "$sources/tools/sample/household" "$folder/twdata/groc.mdb"
-rm -f "$pictures"/*.png
+rm -f "$pictures"/*.png "$pictures"/*.pdf
 
 XDG_CONFIG_HOME="$folder/config" "$sources/tools/on_display.sh" "$build/tools/shots" "$folder" "$pictures"
+
+# What was printed, as it lies on paper.
+for file in "$pictures"/*.pdf; do
+    pdftoppm -r 96 -png "$file" "${file%.pdf}"
+done

@@ -4,7 +4,9 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 
+class QPagedPaintDevice;
 class QUrl;
 
 namespace tarnwick {
@@ -19,6 +21,9 @@ struct Environment {
     /// Bytes of the longest address that `open_url` hands over whole. It becomes one argument of a program, which
     /// Linux limits to 128 KiB with its end; 1 KiB is left to what launchers put around it.
     qsizetype longest_url = qsizetype{127} * 1024;
+    std::function<std::unique_ptr<QPagedPaintDevice>()>
+        printer; ///< the default printer with its paper; null where there is none
+    QString documents_folder; ///< where a file dialog begins that saves a document
     std::function<void(int exit_code)> end_program; ///< ends the process at once; returns only in tests
 
     QString database_file() const { return program_folder + QStringLiteral("/twdata/groc.mdb"); }

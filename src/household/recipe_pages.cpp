@@ -100,7 +100,7 @@ void add_body(Page& page, int top, int height, const QString& text, int size)
     page.things.push_back(body);
 }
 
-Page begin_page(const RecipeText& recipe)
+Page begin_page(const RecipeSheet& recipe)
 {
     Page page;
     page.size = {page_form::width, page_form::height};
@@ -109,7 +109,7 @@ Page begin_page(const RecipeText& recipe)
 }
 
 /// Adds the first page, and returns what of the instructions is left for others.
-QString add_first_page(std::vector<Page>& pages, const RecipeText& recipe)
+QString add_first_page(std::vector<Page>& pages, const RecipeSheet& recipe)
 {
     constexpr int margins = 30 + 10 + 50; // below the instructions
     constexpr BodyType type = body_type(body_size);
@@ -130,7 +130,7 @@ QString add_first_page(std::vector<Page>& pages, const RecipeText& recipe)
 }
 
 /// Adds a page of instructions alone, in the largest type that takes them all, and returns what is still left.
-QString add_further_page(std::vector<Page>& pages, const RecipeText& recipe, const QString& body)
+QString add_further_page(std::vector<Page>& pages, const RecipeSheet& recipe, const QString& body)
 {
     constexpr int top = 100;
     constexpr int height = page_form::height - 200;
@@ -158,8 +158,10 @@ QString add_further_page(std::vector<Page>& pages, const RecipeText& recipe, con
 
 } // namespace
 
-std::vector<Page> recipe_pages(const RecipeText& recipe)
+std::vector<Page> recipe_pages(const RecipeSheet& sheet)
 {
+    RecipeSheet recipe = sheet;
+    recipe.body.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     std::vector<Page> pages;
     QString rest = add_first_page(pages, recipe);
     while (!rest.isEmpty())

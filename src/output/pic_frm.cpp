@@ -2,7 +2,7 @@
 
 #include "data/settings.h"
 #include "output/dialog_font.h"
-#include "widgets/pictures.h"
+#include "output/sample_page.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -204,7 +204,7 @@ void pic_frm::show_sample()
     const int number = OptionCol_[0]->isChecked() ? (grouped ? sample_one_column_grouped : sample_one_column)
                                                   : (grouped ? sample_two_columns_grouped : sample_two_columns);
     Picture1_->setProperty("picture", number);
-    Picture1_->setPixmap(picture(number, devicePixelRatioF()));
+    Picture1_->setPixmap(sample_picture(number, devicePixelRatioF()));
 }
 
 /// What is written here is not what the next start reads: its options are those of the main store. This is kept.

@@ -127,7 +127,7 @@ constexpr MenuRow rows[] = {
     {separator, "mnu_list", "mnu_list_sep", ""},
     {list_array, "mnu_list", "mnu_list_list", "list"},
     {separator, "mnu_list", "mnu_list_sep_2", ""},
-    {command, "mnu_list", "mnu_list_Print", "Print"},
+    {command, "mnu_list", "mnu_list_Print", "Print", print_list},
     {command, "mnu_list", "mnu_list_prntsetup", "Print setup", [](frmmain& m) { show_print_setup(m); }},
     {separator, "mnu_list", "mnu_list_sep_3", ""},
     {command, "mnu_list", "mnu_list_clear", "Clear shopping list"},
@@ -141,7 +141,7 @@ constexpr MenuRow rows[] = {
     {command, "mnu_recipe", "mnu_recipe_add_ingred", "Add ingredient", add_ingredient},
     {command, "mnu_recipe", "mnu_recipe_new", "New recipe", new_recipe},
     {separator, "mnu_recipe", "mnu_recipe_sep_1", ""},
-    {command, "mnu_recipe", "mnu_recipe_prnt", "Print recipe"},
+    {command, "mnu_recipe", "mnu_recipe_prnt", "Print recipe", print_recipe},
     {command, "mnu_recipe", "mnu_recipe_del", "Delete recipe", delete_recipe},
     {command, "mnu_recipe", "mnu_recipe_move", "Move recipe", [](frmmain& m) { show_move_item(m, false); }},
 

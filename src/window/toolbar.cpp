@@ -3,6 +3,7 @@
 #include "window/frmmain.h"
 #include "window/commands.h"
 #include "window/layout.h"
+#include "window/output_commands.h"
 #include "widgets/pictures.h"
 #include "widgets/tool_tip.h"
 #include "window/view_state.h"
@@ -350,6 +351,8 @@ void Toolbar::clicked(ToolButton which)
         main_.view_state().sort_by_cat();
     else if (which == ToolButton::size)
         main_.view_state().size_cycle();
+    else if (which == ToolButton::preview)
+        preview_pane(main_);
     else if (const QString command = command_of(which); !command.isEmpty())
         main_.commands().run(command);
 }

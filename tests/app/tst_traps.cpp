@@ -1,7 +1,6 @@
 #include "data/runtime_error.h"
 #include "lists/placing.h"
 #include "recipes/line_fixture.h"
-#include "recipes/page_geometry.h"
 #include "window/layout.h"
 
 #include <QClipboard>
@@ -86,7 +85,7 @@ private slots:
     void a_full_disk_is_no_type_mismatch();
     void an_interrupted_statement_is_no_subscript();
     void a_failed_placing_does_not_save_an_edited_recipe();
-    void a_full_page_does_not_save_an_edited_recipe();
+    void an_error_in_a_new_line_does_not_save_an_edited_recipe();
     void a_resize_behind_the_last_message_stores_nothing();
     void one_failure_gives_one_message();
 };
@@ -233,19 +232,15 @@ void tst_traps::a_failed_placing_does_not_save_an_edited_recipe()
     QCOMPARE(w.text("SELECT r_name FROM recipe_1"), QStringLiteral("Soup"));
 }
 
-void tst_traps::a_full_page_does_not_save_an_edited_recipe()
+void tst_traps::an_error_in_a_new_line_does_not_save_an_edited_recipe()
 {
     LineWindow w;
-    int room = 0;
-    while (page_geometry::lite_top(room, 0, 9) <= 32767)
-        ++room;
-    w.add_lines(w.recipe, room);
     w.open();
     edit_title(w);
     {
         MessageScript script;
         expect_shut_down(script, [&](QDialog& box) { QVERIFY(QTest::qWaitForWindowActive(&box)); });
-        QTest::keyClick(&w.title(), Qt::Key_I, Qt::ControlModifier);
+        w.page().ingredients().end_after_error(runtime_error(runtime_error::overflow, QStringLiteral("planted")));
     }
     QCOMPARE(w.ends, 1);
     QCOMPARE(w.text("SELECT r_name FROM recipe_1"), QStringLiteral("Soup"));

@@ -31,6 +31,7 @@ TestWindow::TestWindow()
         opened.push_back(url);
         return true;
     };
+    environment_.documents_folder = folder_.path();
     environment_.end_program = [this](int code) {
         ++ends;
         exit_code = code;

@@ -1,5 +1,6 @@
 #include "shots/scenes.h"
 
+#include "shots/print_scenes.h"
 #include "shots/studio.h"
 
 #include "window/frmmain.h"
@@ -293,6 +294,7 @@ void play_all(Studio& studio)
         }
         empty_program(studio, points);
     }
+    print_scenes(studio);
 }
 
 } // namespace tarnwick::shots

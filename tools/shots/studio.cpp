@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
@@ -30,6 +31,7 @@ Studio::Studio(const QString& program_folder, const QString& pictures)
     , pictures_(pictures)
 {
     environment_.open_url = [](const QUrl&) { return true; };
+    environment_.printer = [this] { return std::make_unique<QPdfWriter>(paper_); };
     environment_.end_program = [](int) {};
     use_household();
     QFile file(environment_.database_file());
@@ -163,6 +165,18 @@ void Studio::command(const QString& name)
     }
     action->trigger();
     settle();
+}
+
+void Studio::print(const QString& name, const QString& command_name)
+{
+    paper_ = QStringLiteral("%1/%2-%3.pdf").arg(pictures_).arg(taken_ + 1, 3, 10, QLatin1Char('0')).arg(name);
+    command(command_name);
+    settle();
+    if (!QFile::exists(paper_)) {
+        fault(name + QStringLiteral(": nothing was printed"));
+        return;
+    }
+    ++taken_;
 }
 
 void Studio::with_dialog(const std::function<void()>& open, const std::function<void(QDialog&)>& drive)

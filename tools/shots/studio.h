@@ -44,6 +44,9 @@ public:
     /// Writes all visible windows, as they lie on the screen, into the next picture.
     void shot(const QString& name);
 
+    /// Prints by a command of the window into a PDF file beside the pictures.
+    void print(const QString& name, const QString& command);
+
     /// Triggers a command of the window as a menu click does. A fault when it is missing or disabled.
     void command(const QString& name);
 
@@ -80,6 +83,7 @@ private:
     QString household_folder_;
     QByteArray household_;
     QString pictures_;
+    QString paper_; ///< the file that stands for the printer's paper
     std::unique_ptr<frmmain> main_;
     std::function<void(QDialog&)> driver_;
     int taken_ = 0;
