@@ -28,7 +28,6 @@ bool click_line_box(User& user);
 bool click_title(User& user);
 bool click_instructions(User& user);
 bool pick_from_list(User& user);
-bool delete_line(User& user); ///< by the key
 
 // The window.
 bool type_text(User& user); ///< where the keyboard is, and perhaps a key that ends it

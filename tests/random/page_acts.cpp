@@ -2,12 +2,12 @@
 
 #include "recipes/line_widgets.h"
 #include "recipes/page_text.h"
+#include "recipes/pick_list.h"
 #include "recipes/recipe_page.h"
 #include "window/frmmain.h"
 
 #include <QFrame>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QScrollBar>
 
 namespace tarnwick::random_use {
@@ -70,21 +70,13 @@ bool click_instructions(User& user)
 
 bool pick_from_list(User& user)
 {
-    auto* const list = user.main().findChild<QListWidget*>(QStringLiteral("ListIngred"));
+    auto* const list = user.main().findChild<PickList*>(QStringLiteral("ListIngred"));
     if (!list || !list->isVisible() || list->count() == 0)
         return false;
-    QListWidgetItem* const item = list->item(user.below(list->count()));
-    list->scrollToItem(item);
-    user.note(QStringLiteral("pick '%1'").arg(item->text()));
-    user.click(*list->viewport(), list->visualItemRect(item).center());
-    return true;
-}
-
-bool delete_line(User& user)
-{
-    if (!qobject_cast<IngredientText*>(user.main().focusWidget()))
-        return false;
-    user.press_key(Qt::Key_Delete);
+    const QModelIndex row = list->model()->index(user.below(list->count()), 0);
+    list->scrollTo(row);
+    user.note(QStringLiteral("pick '%1'").arg(list->text(row.row())));
+    user.click(*list->viewport(), list->visualRect(row).center());
     return true;
 }
 

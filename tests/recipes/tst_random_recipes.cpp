@@ -24,7 +24,6 @@ constexpr Act acts[] = {
     {"click_title", 5, click_title},
     {"click_instructions", 6, click_instructions},
     {"pick_from_list", 10, pick_from_list},
-    {"delete_line", 4, delete_line},
     {"click_row_box", 3, click_row_box},
     {"type_text", 25, type_text},
     {"press_any_key", 15, press_any_key},
