@@ -439,6 +439,9 @@ void TreeView::keyReleaseEvent(QKeyEvent* event)
 void TreeView::focusInEvent(QFocusEvent* event)
 {
     QTreeWidget::focusInEvent(event);
+    // The control makes the first node current without selecting it, and the next key would pass it over.
+    if (!selected())
+        setCurrentIndex({});
     // The focus comes just before the press that brings it; the flag is gone before the user's next one.
     press_brought_focus_ = event->reason() == Qt::MouseFocusReason;
     if (press_brought_focus_)

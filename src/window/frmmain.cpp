@@ -311,6 +311,7 @@ void frmmain::appear()
     list_pane_->set_headers();
     toolbar_->toolbar_fit();
     view_state_->set_tab_stops();
+    visible_tree().setFocus(Qt::OtherFocusReason); // no key would lead there
 }
 
 bool frmmain::eventFilter(QObject* watched, QEvent* event)

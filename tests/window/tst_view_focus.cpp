@@ -97,6 +97,8 @@ private:
 class tst_view_focus : public QObject {
     Q_OBJECT
 private slots:
+    void a_start_gives_the_keyboard_to_the_tree_data();
+    void a_start_gives_the_keyboard_to_the_tree();
     void no_change_of_view_leaves_the_keyboard_in_a_hidden_control_data();
     void no_change_of_view_leaves_the_keyboard_in_a_hidden_control();
     void tab_keys_move_nothing_data();
@@ -114,6 +116,34 @@ private slots:
     void a_tab_click_ends_the_edit_of_a_label();
     void a_tab_click_asks_for_the_name_of_a_nameless_new_line();
 };
+
+void tst_view_focus::a_start_gives_the_keyboard_to_the_tree_data()
+{
+    QTest::addColumn<bool>("stock_view");
+    QTest::addColumn<bool>("list_view");
+    for (const bool stock_view : {true, false})
+        for (const bool list_view : {true, false})
+            QTest::addRow("%s, %s", stock_view ? "stock" : "recipes", list_view ? "list" : "page")
+                << stock_view << list_view;
+}
+
+/// No key leads out of a window in which nothing has the keyboard.
+void tst_view_focus::a_start_gives_the_keyboard_to_the_tree()
+{
+    QFETCH(bool, stock_view);
+    QFETCH(bool, list_view);
+    Window w;
+    w.set_pref(QStringLiteral("tv_view"), stock_view ? QStringLiteral("1") : QStringLiteral("0"));
+    w.set_pref(QStringLiteral("lv_view"), list_view ? QStringLiteral("1") : QStringLiteral("0"));
+    w.open();
+    TreeView& tree = stock_view ? w.stock() : w.tree();
+    QVERIFY(tree.isVisible());
+    QCOMPARE(QApplication::focusWidget(), &tree);
+    w.key(Qt::Key_Home);
+    QCOMPARE(tree.selected(), tree.topLevelItem(0));
+    w.key(Qt::Key_Down);
+    QCOMPARE(tree.selected(), tree.itemBelow(tree.topLevelItem(0)));
+}
 
 void tst_view_focus::no_change_of_view_leaves_the_keyboard_in_a_hidden_control_data()
 {
