@@ -9,6 +9,7 @@
 #include "window/view_state.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QTabBar>
 
 using namespace tarnwick;
