@@ -68,6 +68,8 @@ void tst_recipe_name::each_key_renames_tab_menus_and_tool_tips()
     NamesWindow window;
     window.open();
     QCOMPARE(window.tab(), QStringLiteral("Recipe: Apple pie"));
+    window.click_node(rcp(window.apple));
+    QCOMPARE(window.main().status_panels().text(), QStringLiteral("Apple pie recipe"));
     window.focus(window.title());
     QTest::keyClick(&window.title(), Qt::Key_End);
     QString name = QStringLiteral("Apple pie");
@@ -77,6 +79,7 @@ void tst_recipe_name::each_key_renames_tab_menus_and_tool_tips()
         const QString rest = u' ' + name + QStringLiteral(" recipe");
         QCOMPARE(window.tab(), QStringLiteral("Recipe: ") + name);
         QCOMPARE(window.tree().node(rcp(window.apple))->text(0), name);
+        QCOMPARE(window.main().status_panels().text(), name + QStringLiteral(" recipe"));
         for (const char* command : {"mnu_recipe_prnt", "mnu_recipe_del", "mnu_recipe_move"})
             QVERIFY2(window.caption(command).endsWith(rest), command);
         QCOMPARE(window.caption("mnu_tv_r_del"), QStringLiteral("Delete ") + name);
