@@ -1,5 +1,6 @@
 #include "lists/editing_window.h"
 #include "recipes/line_fixture.h"
+#include "support/full_disk.h"
 #include "support/rtf_reader.h"
 #include "window/commands.h"
 
@@ -11,9 +12,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
-
-#include <csignal>
-#include <sys/resource.h>
 
 using namespace tarnwick;
 
@@ -34,25 +32,6 @@ QCheckBox& check(QDialog& dialog)
 {
     return *dialog.findChild<QCheckBox*>(QStringLiteral("Check1"));
 }
-
-/// While it stands no file can grow beyond a size, as on a disk that is full.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &former_);
-        rlimit limit = former_;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &former_); }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit former_{};
-};
 
 /// What a user does with `list_to_get`.
 enum class Choice { all, buy_it, cancel, close };
