@@ -14,6 +14,7 @@ namespace tarnwick::settings_guard {
 namespace {
 
 constexpr int longest_wait_ms = 2000;
+constexpr int dead_lock_age_ms = 1500; ///< below the wait, within which a dead lock is taken over
 constexpr char byte_order_mark[] = "\xef\xbb\xbf";
 
 QString with_path(const QString& text, const QString& path)
@@ -127,7 +128,7 @@ void wait_until_writable(const QString& path)
     if (!QFileInfo::exists(lock_path))
         return;
     QLockFile lock(lock_path);
-    lock.setStaleLockTime(longest_wait_ms);
+    lock.setStaleLockTime(dead_lock_age_ms);
     if (!lock.tryLock(longest_wait_ms) && lock.error() == QLockFile::LockFailedError)
         throw Refused(with_path(QStringLiteral("Another program holds the settings"), lock_path));
 }

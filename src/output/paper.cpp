@@ -87,11 +87,11 @@ QString ask_for_file(QWidget& owner, const Paper& paper, const QString& name)
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-/// The old file stays as it is until the new one is whole.
+/// The old file stays as it is until the new one is whole. The flush tells of a full disk; the commit would not.
 bool write_file(const QString& path, const QByteArray& bytes)
 {
     QSaveFile file(path);
-    return !bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
+    return !bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush()
         && file.commit();
 }
 

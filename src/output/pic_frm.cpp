@@ -15,10 +15,6 @@
 namespace tarnwick {
 namespace {
 
-constexpr int sample_one_column = 138;
-constexpr int sample_one_column_grouped = 139;
-constexpr int sample_two_columns = 140;
-constexpr int sample_two_columns_grouped = 141;
 constexpr int preview_button = 1;
 constexpr int close_button = 2;
 
@@ -200,9 +196,10 @@ void pic_frm::command(int index)
 
 void pic_frm::show_sample()
 {
-    const bool grouped = Option2_[report_sort::by_category]->isChecked();
-    const int number = OptionCol_[0]->isChecked() ? (grouped ? sample_one_column_grouped : sample_one_column)
-                                                  : (grouped ? sample_two_columns_grouped : sample_two_columns);
+    ReportOptions chosen;
+    chosen.sort = Option2_[report_sort::by_category]->isChecked() ? report_sort::by_category : report_sort::by_item;
+    chosen.col_ct = OptionCol_[0]->isChecked() ? 1 : 2;
+    const int number = sample_number(chosen);
     Picture1_->setProperty("picture", number);
     Picture1_->setPixmap(sample_picture(number, devicePixelRatioF()));
 }

@@ -318,8 +318,11 @@ void CommandTexts::show_item_pop_up(const CommandInputs& inputs)
     commands_.set(QStringLiteral("mnu_tv_edit"), QStringLiteral("Edit stock item ") + text, true);
     commands_.set(QStringLiteral("mnu_tv_ai"), add_to_list_caption(inputs),
                   inputs.stock_node.has_light && list_state(inputs) != ListState::none);
+    const bool recipe = inputs.page_has_recipe || !inputs.recipe_name.isEmpty();
     if (text.isEmpty())
         commands_.set(QStringLiteral("mnu_tv_air"), QStringLiteral("Add  to recipe"), false);
+    else if (!recipe)
+        commands_.set(QStringLiteral("mnu_tv_air"), QStringLiteral("Add to recipe"), false);
     else
         commands_.set(QStringLiteral("mnu_tv_air"),
                       QStringLiteral("Add item to ") + inputs.recipe_name + QStringLiteral(" recipe"),

@@ -277,9 +277,9 @@ void tst_start::a_recipe_too_long_for_the_large_type_starts_and_shows_its_page()
     QCOMPARE(window.page().recipe_lines().count(), lines);
     QVERIFY(window.page().lines().back().ingred->y() > page_geometry::to_pixels(32767));
 
-    // The limit stands for a recipe that is chosen later.
     window.page().set_recipe(soup);
-    QCOMPARE(error_number([&] { window.page().set_recipe(feast); }), int(runtime_error::overflow));
+    window.page().set_recipe(feast);
+    QCOMPARE(window.page().recipe_lines().count(), lines);
 }
 
 void tst_start::an_alist_of_a_deleted_list_starts()

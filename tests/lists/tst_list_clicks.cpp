@@ -18,8 +18,8 @@ private slots:
     void a_click_on_any_cell_shows_the_status_of_its_row();
     void a_right_press_below_the_rows_marks_nothing_and_pops_up_the_menu();
     void a_click_below_the_last_row_closes_the_editor_whichever_row_is_current();
-    void a_click_on_the_light_or_box_of_another_row_leaves_the_editor_on_its_own_data();
-    void a_click_on_the_light_or_box_of_another_row_leaves_the_editor_on_its_own();
+    void a_click_on_the_light_or_box_of_another_row_takes_the_editor_along_data();
+    void a_click_on_the_light_or_box_of_another_row_takes_the_editor_along();
 
 private:
     EditingWindow& w() { return *window_; }
@@ -95,14 +95,14 @@ void tst_list_clicks::a_click_below_the_last_row_closes_the_editor_whichever_row
     QCOMPARE(w().number("SELECT sum(to_get) FROM groc_1"), 3);
 }
 
-void tst_list_clicks::a_click_on_the_light_or_box_of_another_row_leaves_the_editor_on_its_own_data()
+void tst_list_clicks::a_click_on_the_light_or_box_of_another_row_takes_the_editor_along_data()
 {
     QTest::addColumn<int>("column");
     QTest::newRow("light") << grid_column::light;
     QTest::newRow("box") << grid_column::check;
 }
 
-void tst_list_clicks::a_click_on_the_light_or_box_of_another_row_leaves_the_editor_on_its_own()
+void tst_list_clicks::a_click_on_the_light_or_box_of_another_row_takes_the_editor_along()
 {
     QFETCH(int, column);
     w().rows(4);
@@ -110,12 +110,12 @@ void tst_list_clicks::a_click_on_the_light_or_box_of_another_row_leaves_the_edit
     w().open_row(1);
     w().click_cell(3, column);
     QCOMPARE(w().grid().current_row(), 3);
-    QCOMPARE(w().editor().edit_row(), 1);
-    QVERIFY(w().grid().rows().row(1).bold);
-    QVERIFY(!w().grid().rows().row(3).bold);
+    QCOMPARE(w().editor().edit_row(), 3);
+    QVERIFY(!w().grid().rows().row(1).bold);
+    QVERIFY(w().grid().rows().row(3).bold);
     w().type_into("desc_brdr", QStringLiteral("new"));
-    QCOMPARE(w().text("SELECT group_concat(desc) FROM groc_1"), QStringLiteral("some,new,some,some"));
-    QCOMPARE(w().grid().current_row(), 1);
+    QCOMPARE(w().text("SELECT group_concat(desc) FROM groc_1"), QStringLiteral("some,some,some,new"));
+    QCOMPARE(w().grid().current_row(), 3);
 }
 
 QTEST_MAIN(tst_list_clicks)

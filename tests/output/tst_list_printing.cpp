@@ -103,6 +103,7 @@ private slots:
     void an_open_row_is_written_before_it_is_printed();
     // The print setup
     void the_print_setup_prints_and_previews_and_stays_open();
+    void the_print_setup_without_rows_ends_in_no_items_to_print_data();
     void the_print_setup_without_rows_ends_in_no_items_to_print();
 };
 
@@ -551,19 +552,39 @@ void tst_list_printing::the_print_setup_prints_and_previews_and_stays_open()
     QCOMPARE(printer.jobs, 1);
 }
 
+void tst_list_printing::the_print_setup_without_rows_ends_in_no_items_to_print_data()
+{
+    QTest::addColumn<bool>("has_list");
+    QTest::addColumn<int>("active");
+    for (const int active : {0, 1}) {
+        QTest::addRow("empty list, active %d", active) << true << active;
+        QTest::addRow("no list, active %d", active) << false << active;
+    }
+}
+
 void tst_list_printing::the_print_setup_without_rows_ends_in_no_items_to_print()
 {
-    EditingWindow w;
+    QFETCH(bool, has_list);
+    QFETCH(int, active);
+    TestWindow w;
+    const Key list = has_list ? w.add_list(QStringLiteral("Corner shop")) : -1;
+    w.set_pref(QStringLiteral("alist"), QString::number(list));
+    TestPrinter printer(w);
+    set_report(w, "active", active == 1 ? "1" : "0");
     w.load();
+    QCOMPARE(w.main().shared.current_list > 0, has_list);
     MessageScript script;
-    script.drive([&](QDialog& setup) {
+    script.drive([](QDialog& setup) {
         click(setup, 0);
         click(setup, 1);
+        QVERIFY(setup.isVisible());
         click(setup, 2);
     });
     for (int i = 0; i < 2; ++i)
         script.expect(QStringLiteral("Valora info"), QStringLiteral("No items to print"));
     trigger(w, "mnu_list_prntsetup");
+    QCOMPARE(script.left(), 0);
+    QCOMPARE(printer.jobs, 0);
 }
 
 QTEST_MAIN(tst_list_printing)

@@ -59,6 +59,7 @@ private slots:
     void a_rename_ended_by_another_page_is_sorted_as_well();
     void an_emptied_title_opens_no_line_editor_data();
     void an_emptied_title_opens_no_line_editor();
+    void a_label_editor_opens_before_the_message_of_an_emptied_title_comes();
     void a_line_end_pasted_into_the_title_is_a_blank();
 };
 
@@ -67,6 +68,8 @@ void tst_recipe_name::each_key_renames_tab_menus_and_tool_tips()
     NamesWindow window;
     window.open();
     QCOMPARE(window.tab(), QStringLiteral("Recipe: Apple pie"));
+    window.click_node(rcp(window.apple));
+    QCOMPARE(window.main().status_panels().text(), QStringLiteral("Apple pie recipe"));
     window.focus(window.title());
     QTest::keyClick(&window.title(), Qt::Key_End);
     QString name = QStringLiteral("Apple pie");
@@ -76,6 +79,7 @@ void tst_recipe_name::each_key_renames_tab_menus_and_tool_tips()
         const QString rest = u' ' + name + QStringLiteral(" recipe");
         QCOMPARE(window.tab(), QStringLiteral("Recipe: ") + name);
         QCOMPARE(window.tree().node(rcp(window.apple))->text(0), name);
+        QCOMPARE(window.main().status_panels().text(), name + QStringLiteral(" recipe"));
         for (const char* command : {"mnu_recipe_prnt", "mnu_recipe_del", "mnu_recipe_move"})
             QVERIFY2(window.caption(command).endsWith(rest), command);
         QCOMPARE(window.caption("mnu_tv_r_del"), QStringLiteral("Delete ") + name);
@@ -178,6 +182,32 @@ void tst_recipe_name::an_emptied_title_opens_no_line_editor()
     QCOMPARE(window.title().text(), QStringLiteral("Recipe"));
     QCOMPARE(window.focused_after_message(), &window.title());
     QCOMPARE(window.lines(), 0);
+}
+
+void tst_recipe_name::a_label_editor_opens_before_the_message_of_an_emptied_title_comes()
+{
+    NamesWindow window;
+    window.set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
+    window.set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
+    const Key milk = window.add_item(QStringLiteral("Milk"), 0);
+    window.open();
+    TreeView& stock = window.main().stock_tree().view();
+    QTreeWidgetItem* node = stock.node(QStringLiteral("item") + key_str(milk));
+    QVERIFY(node);
+    stock.select(node);
+    window.type_title({});
+    {
+        MessageScript script;
+        script.expect(QStringLiteral("Recipe name"), name_missing);
+        QTest::keyClick(&stock, Qt::Key_F2);
+        QCOMPARE(script.left(), 1);
+        auto* label = stock.findChild<QLineEdit*>();
+        QVERIFY(label);
+        QVERIFY(label->isVisible());
+    }
+    QCOMPARE(window.title().text(), QStringLiteral("Recipe"));
+    QCOMPARE(window.focused_after_message(), &window.title());
+    QCOMPARE(node->text(0), QStringLiteral("Milk"));
 }
 
 void tst_recipe_name::a_line_end_pasted_into_the_title_is_a_blank()

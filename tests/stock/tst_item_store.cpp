@@ -296,7 +296,6 @@ void tst_item_store::odd_texts_come_back_unharmed_data()
     QTest::newRow("patterns") << QStringLiteral("100% _x_");
     QTest::newRow("emoji") << QStringLiteral("🥛 crème Ж 牛奶");
     QTest::newRow("10,000 characters") << QString(10000, u'x');
-    QTest::newRow("line end") << QStringLiteral("a\nb");
 }
 
 void tst_item_store::odd_texts_come_back_unharmed()

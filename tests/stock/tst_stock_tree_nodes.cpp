@@ -191,7 +191,7 @@ void tst_stock_tree_nodes::folder_that_a_move_empties_shows_itself_closed()
 
 void tst_stock_tree_nodes::new_item_on_no_list_gets_the_recipe_button_beside_it()
 {
-    load();
+    load_recipe_of(butter_);
     click(node(milk_));
     run("mnu_edit_add_stck", [](QDialog& dialog) {
         auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("txt_item"));

@@ -44,6 +44,8 @@ private slots:
     void names_pasted_into_the_naming_dialog_are_one_line();
     void a_name_pasted_into_the_rename_box_of_a_list_is_one_line();
     void a_name_pasted_into_the_item_editor_is_one_line();
+    void a_name_pasted_into_a_label_of_the_stock_tree_is_one_line_data();
+    void a_name_pasted_into_a_label_of_the_stock_tree_is_one_line();
     void every_operation_that_writes_a_one_line_text_cleans_it();
 };
 
@@ -113,6 +115,39 @@ void tst_one_line_box::a_name_pasted_into_the_item_editor_is_one_line()
         hands.press_ok();
     });
     QCOMPARE(c.window.text("SELECT item FROM items_1 WHERE key_id = 1"), kept);
+}
+
+void tst_one_line_box::a_name_pasted_into_a_label_of_the_stock_tree_is_one_line_data()
+{
+    QTest::addColumn<bool>("category");
+    QTest::newRow("item") << false;
+    QTest::newRow("category") << true;
+}
+
+void tst_one_line_box::a_name_pasted_into_a_label_of_the_stock_tree_is_one_line()
+{
+    QFETCH(bool, category);
+    TestWindow window;
+    const Key dairy = window.add_category(QStringLiteral("Dairy"), true);
+    const Key milk = window.add_item(QStringLiteral("Milk"), dairy);
+    window.set_pref(QStringLiteral("sort"), QStringLiteral("cat"));
+    TreeView& tree = window.load().stock_tree().view();
+    QTreeWidgetItem* node
+        = tree.node(category ? QStringLiteral("cat") + key_str(dairy) : QStringLiteral("item") + key_str(milk));
+    QVERIFY(node);
+    QString handed_over;
+    connect(&tree, &TreeView::after_label_edit, this,
+            [&handed_over](QTreeWidgetItem*, const QString& text, bool&) { handed_over = text; });
+    tree.setFocus();
+    tree.select(node);
+    QTest::keyClick(&tree, Qt::Key_F2);
+    auto* label = tree.findChild<QLineEdit*>(QStringLiteral("label_edit"));
+    QVERIFY(label);
+    paste_into(*label);
+    QCOMPARE(label->text(), kept);
+    QTest::keyClick(label, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    QCOMPARE(handed_over, kept);
 }
 
 void tst_one_line_box::every_operation_that_writes_a_one_line_text_cleans_it()

@@ -28,8 +28,6 @@ const std::map<int, QSize>& expected_sizes()
             all[number] = QSize(32, 16);
         for (int number : {109, 189, 190})
             all[number] = QSize(20, 20);
-        for (int number : {138, 139, 140, 141})
-            all[number] = QSize(120, 156);
         for (int number : {150, 153, 156, 159})
             all[number] = QSize(9, 10);
         all[151] = all[154] = QSize(11, 13);

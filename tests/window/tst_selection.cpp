@@ -9,6 +9,7 @@
 #include "window/view_state.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QTabBar>
 
 using namespace tarnwick;
@@ -29,6 +30,8 @@ private slots:
     void a_change_of_view_or_list_keeps_the_captions_of_the_selected_item();
     void a_list_without_a_record_is_named_nowhere();
     void captions_follow_the_name_of_the_recipe();
+    void without_an_open_recipe_there_is_nothing_to_add_to_data();
+    void without_an_open_recipe_there_is_nothing_to_add_to();
     void locate_goes_with_the_selection_data();
     void locate_goes_with_the_selection();
     void locate_moves_with_its_node_when_a_folder_above_opens();
@@ -236,6 +239,26 @@ void tst_selection::captions_follow_the_name_of_the_recipe()
     QCOMPARE(caption("mnu_tv_air"), QStringLiteral("Add item to Waffles recipe"));
     QVERIFY(
         window_->find<QTabBar>(QStringLiteral("TabStrip1(1)"))->tabToolTip(1).contains(QLatin1String("Waffles")));
+}
+
+void tst_selection::without_an_open_recipe_there_is_nothing_to_add_to_data()
+{
+    QTest::addColumn<QString>("arcp");
+    QTest::newRow("none") << QStringLiteral("0");
+    QTest::newRow("one that is gone") << QStringLiteral("77");
+}
+
+void tst_selection::without_an_open_recipe_there_is_nothing_to_add_to()
+{
+    QFETCH(QString, arcp);
+    window_->set_pref(QStringLiteral("arcp"), arcp);
+    window_->set_pref(QStringLiteral("lv_view"), QStringLiteral("0"));
+    load();
+    click(node(milk_));
+    QVERIFY(window_->main().recipe_page().frame4().isVisible());
+    QCOMPARE(caption("mnu_tv_air"), QStringLiteral("Add to recipe"));
+    QVERIFY(!enabled("mnu_tv_air"));
+    QVERIFY(!button(1).isVisible());
 }
 
 void tst_selection::locate_goes_with_the_selection_data()

@@ -350,7 +350,7 @@ void tst_view_focus::a_tab_click_with_an_empty_name_gives_the_message_and_change
                       QStringLiteral("Recipe must have a name\n(Cannot leave it blank)"), Answer::ok,
                       [&w](QDialog&) { QVERIFY(w.main().updatesEnabled()); });
         w.click_tab(strip, tab);
-        QCOMPARE(script.left(), 0);
+        QTRY_COMPARE(script.left(), 0);
     }
     QVERIFY(w.main().shared.stock_view);
     QVERIFY(!w.main().shared.list_pane_shown);
