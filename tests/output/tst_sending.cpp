@@ -1,19 +1,13 @@
-#include "lists/editing_window.h"
-#include "recipes/line_fixture.h"
+#include "output/sending_steps.h"
 #include "support/full_disk.h"
 #include "support/rtf_reader.h"
-#include "window/commands.h"
 
-#include <QCheckBox>
-#include <QDialog>
-#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QTest>
 
 using namespace tarnwick;
+using namespace tarnwick::sending_steps;
 
 namespace {
 
@@ -23,22 +17,9 @@ QByteArray bytes_of(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
 }
 
-QPushButton& button(QDialog& dialog, const char* name)
-{
-    return *dialog.findChild<QPushButton*>(QLatin1String(name));
-}
-
-QCheckBox& check(QDialog& dialog)
-{
-    return *dialog.findChild<QCheckBox*>(QStringLiteral("Check1"));
-}
-
-/// What a user does with `list_to_get`.
-enum class Choice { all, buy_it, cancel, close };
-
 } // namespace
 
-/// Lists and recipes on their way to the word processor and the mail program.
+/// Lists and recipes on their way to the word processor, and what comes before any sending.
 class tst_sending : public QObject {
     Q_OBJECT
 private slots:
@@ -66,60 +47,10 @@ private slots:
     void a_full_disk_gives_a_message_keeps_the_old_file_and_leaves_no_half_one();
     void a_file_that_cannot_be_removed_gives_a_message();
 
-    void a_list_goes_to_the_mail_program_as_one_address();
-    void a_recipe_goes_to_the_mail_program_as_one_address();
-    void the_email_button_follows_its_tag();
-    void a_cancelled_mail_opens_nothing();
-    void a_mail_without_rows_gives_the_message();
-    void no_mail_program_gives_its_message();
-    void a_body_of_30000_characters_is_handed_over_whole();
-    void a_mail_beyond_what_the_desktop_takes_is_refused_with_a_message_data();
-    void a_mail_beyond_what_the_desktop_takes_is_refused_with_a_message();
-
     void an_open_row_is_written_and_closed_before_its_list_goes_out();
     void an_open_line_is_written_before_its_recipe_goes_out();
     void a_refused_name_of_the_recipe_sends_nothing();
-
-private:
-    static void quiet(TestWindow& window) { window.set_pref(QStringLiteral("av_warn"), QStringLiteral("1")); }
-    static void choose(MessageScript& script, Choice choice);
-    static void run(TestWindow& window, const char* command)
-    {
-        QAction& action = window.main().commands().action(QLatin1String(command));
-        QVERIFY2(action.isEnabled(), command);
-        action.trigger();
-    }
-    static QString file(TestWindow& window, const char* name)
-    {
-        return window.environment().program_folder + u'/' + QLatin1String(name);
-    }
-    /// All that lies in the program folder beside data and settings.
-    static QStringList exports(TestWindow& window)
-    {
-        QStringList names = QDir(window.environment().program_folder).entryList(QDir::Files, QDir::Name);
-        names.removeAll(QStringLiteral("settings.ini"));
-        return names;
-    }
-    static QByteArray address(TestWindow& window)
-    {
-        return window.opened.size() == 1 ? window.opened.front().toEncoded() : QByteArray("(not one)");
-    }
 };
-
-void tst_sending::choose(MessageScript& script, Choice choice)
-{
-    script.drive([choice](QDialog& dialog) {
-        QCOMPARE(dialog.objectName(), QStringLiteral("list_to_get"));
-        if (choice == Choice::buy_it)
-            QTest::mouseClick(&check(dialog), Qt::LeftButton, {}, QPoint(8, check(dialog).height() / 2));
-        QCOMPARE(check(dialog).isChecked(), choice == Choice::buy_it);
-        if (choice == Choice::close)
-            dialog.close();
-        else
-            QTest::mouseClick(&button(dialog, choice == Choice::cancel ? "Command1(1)" : "Command1(0)"),
-                              Qt::LeftButton);
-    });
-}
 
 void tst_sending::the_notice_comes_first_with_its_texts_data()
 {
@@ -470,120 +401,6 @@ void tst_sending::a_file_that_cannot_be_removed_gives_a_message()
     });
     run(window, "mnu_tools_wp_list");
     QCOMPARE(script.left(), 0);
-}
-
-void tst_sending::a_list_goes_to_the_mail_program_as_one_address()
-{
-    EditingWindow window;
-    quiet(window);
-    window.row(QStringLiteral("Crème & {tea} 🍵"), QStringLiteral("d'Anjou"), QStringLiteral("2"));
-    window.load();
-    MessageScript script;
-    choose(script, Choice::buy_it);
-    QTest::mouseClick(window.find<QWidget>(QStringLiteral("Toolbar1(13)")), Qt::LeftButton);
-    QVERIFY(address(window).startsWith("mailto:?subject=Corner%20shop%20list&body=Corner%20shop%20list%0D%0A%0D%0A"
-                                       "Item%20%20"));
-    QVERIFY(address(window).contains("%0D%0ACr%C3%A8me%20%26%20%7Btea%7D%20%F0%9F%8D%B5%20%20"));
-    QVERIFY(address(window).contains("d%27Anjou"));
-    QVERIFY(exports(window).isEmpty());
-}
-
-void tst_sending::a_recipe_goes_to_the_mail_program_as_one_address()
-{
-    LineWindow window;
-    quiet(window);
-    window.add_line(window.recipe, QStringLiteral("salt"));
-    window.open();
-    const MessageScript script;
-    run(window, "mnu_tools_email_rcp");
-    QCOMPARE(address(window), QByteArray("mailto:?subject=Soup&body=Soup%0D%0A%0D%0Asalt%0D%0A%0D%0AStir."));
-}
-
-void tst_sending::the_email_button_follows_its_tag()
-{
-    LineWindow window;
-    quiet(window);
-    window.add_row(window.add_item(QStringLiteral("Milk"), 0), window.add_list(QStringLiteral("Weekly")), true);
-    window.open();
-    const MessageScript script;
-    QTest::mouseClick(window.find<QWidget>(QStringLiteral("Toolbar1(13)")), Qt::LeftButton);
-    QVERIFY(address(window).startsWith("mailto:?subject=Soup&"));
-}
-
-void tst_sending::a_cancelled_mail_opens_nothing()
-{
-    EditingWindow window;
-    quiet(window);
-    window.row(QStringLiteral("Milk"));
-    window.load();
-    MessageScript script;
-    choose(script, Choice::cancel);
-    run(window, "mnu_tools_email_list");
-    QVERIFY(window.opened.empty());
-}
-
-void tst_sending::a_mail_without_rows_gives_the_message()
-{
-    EditingWindow window;
-    quiet(window);
-    window.load();
-    MessageScript script;
-    choose(script, Choice::all);
-    script.expect(QStringLiteral("Tarnwick"), QStringLiteral("No shopping list items found"));
-    run(window, "mnu_tools_email_list");
-    QVERIFY(window.opened.empty());
-}
-
-void tst_sending::no_mail_program_gives_its_message()
-{
-    LineWindow window;
-    quiet(window);
-    window.environment().open_url = [](const QUrl&) { return false; };
-    window.open();
-    MessageScript script;
-    script.expect(QStringLiteral("Tarnwick"),
-                  QStringLiteral("There was a problem opening the current email application"));
-    run(window, "mnu_tools_email_rcp");
-}
-
-void tst_sending::a_body_of_30000_characters_is_handed_over_whole()
-{
-    LineWindow window;
-    quiet(window);
-    window.open();
-    const QString body = QStringLiteral("Stir and wait, %1. ").repeated(1579).left(29999) + u'!';
-    window.Text1().set_text(body);
-    const MessageScript script;
-    run(window, "mnu_tools_email_rcp");
-    QVERIFY(address(window).size() <= window.environment().longest_url);
-    QVERIFY(QByteArray::fromPercentEncoding(address(window)).endsWith(body.toUtf8()));
-}
-
-void tst_sending::a_mail_beyond_what_the_desktop_takes_is_refused_with_a_message_data()
-{
-    QTest::addColumn<int>("too_long");
-    QTest::newRow("just fits") << 0;
-    QTest::newRow("one byte more") << 1;
-}
-
-void tst_sending::a_mail_beyond_what_the_desktop_takes_is_refused_with_a_message()
-{
-    QFETCH(int, too_long);
-    LineWindow window;
-    quiet(window);
-    const QByteArray head("mailto:?subject=Soup&body=Soup%0D%0A%0D%0A%0D%0A");
-    window.environment().longest_url = 30000;
-    window.open();
-    window.Text1().set_text(QString(30000 - head.size() + too_long, u'x'));
-    MessageScript script;
-    if (too_long > 0)
-        script.expect(QStringLiteral("Tarnwick"),
-                      QStringLiteral("This recipe is too long to be handed to the\ncurrent email application "
-                                     "whole.\n\nYou may open it in your word processing\napplication instead."));
-    run(window, "mnu_tools_email_rcp");
-    QCOMPARE(window.opened.size(), too_long > 0 ? size_t{0} : size_t{1});
-    if (too_long == 0)
-        QCOMPARE(address(window).size(), 30000);
 }
 
 void tst_sending::an_open_row_is_written_and_closed_before_its_list_goes_out()
