@@ -1,6 +1,7 @@
 #include "random/oracle.h"
 
 #include "data/query.h"
+#include "household/recipe_store.h"
 #include "household/status.h"
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
@@ -11,7 +12,10 @@
 #include "window/frmmain.h"
 
 #include <QAction>
+#include <QLineEdit>
 #include <QRegularExpression>
+
+#include <optional>
 
 // What commands that name an item, category, list or recipe read, and when they are enabled.
 namespace tarnwick::random_use {
@@ -41,6 +45,7 @@ private:
     void check_list_entries();
     void check_recipe();
     void check_stock();
+    Shown adding_to_recipe(bool item);
     void check_views();
     void command(const char* name, const Shown& wanted);
     void button(int index, const Shown& wanted);
@@ -183,6 +188,20 @@ void Captions::check_stock()
     command("mnu_edit_stock_to_list", add);
     command("mnu_edit_del_cat", remove);
     command("mnu_edit_rn_cat", rename);
+    if (main_.shared.stock_view)
+        command("mnu_tv_air", adding_to_recipe(key.startsWith(QLatin1String("item"))));
+}
+
+/// What the pop-up of the stock tree says of the open recipe.
+Shown Captions::adding_to_recipe(bool item)
+{
+    RecipePage& page = main_.recipe_page();
+    const auto name
+        = page.has_recipe() ? std::optional(page.title().text()) : recipe_name(db_, main_.shared.cur_recipe);
+    if (!item || !name)
+        return {QStringLiteral("Add to recipe")};
+    return {QStringLiteral("Add item to ") + trim(*name) + QStringLiteral(" recipe"),
+            !main_.shared.list_pane_shown};
 }
 
 void Captions::check_views()

@@ -91,6 +91,7 @@ private slots:
     void checking_a_vanished_line_does_nothing();
     void refreshing_leaves_the_marks();
     void lines_of_an_item_follow_its_status();
+    void a_check_shows_on_every_line_of_its_item();
     void unlinked_and_linked_lines_change_their_kind();
     void type_size_places_the_lines_anew();
     void text_is_readable_on_every_page_colour();
@@ -373,6 +374,23 @@ void tst_recipe_check::lines_of_an_item_follow_its_status()
     QCOMPARE(window.picture("lite", 1), 171);
     QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), get_ttt(window.db(), window.item));
     QCOMPARE(window.control(QStringLiteral("ingred(1)")).toolTip(), QStringLiteral("Non-stock item"));
+}
+
+void tst_recipe_check::a_check_shows_on_every_line_of_its_item()
+{
+    CheckWindow window;
+    window.add_line(window.recipe, QStringLiteral("More salt"), window.item);
+    window.load();
+    for (const bool wanted : {true, false}) {
+        window.click_check(wanted ? 2 : 0);
+        QCOMPARE(window.number("SELECT to_get FROM groc_1"), wanted ? 1 : 0);
+        for (const char* picture : {"lite", "Check1"})
+            QCOMPARE(window.picture(picture, 2), window.picture(picture, 0));
+        QCOMPARE(window.picture("lite", 0), wanted ? 179 : 183);
+        const QString words = get_status(window.db(), window.item);
+        for (const char* line : {"ingred(0)", "ingred(2)"})
+            QVERIFY2(window.control(QLatin1String(line)).toolTip().endsWith(words), line);
+    }
 }
 
 void tst_recipe_check::unlinked_and_linked_lines_change_their_kind()
