@@ -80,7 +80,7 @@ QString set_aside(const QString& path)
 {
     constexpr int most = 1000;
     for (int number = 1; number < most; ++number) {
-        const QString name = path + QStringLiteral(".damaged")
+        QString name = path + QStringLiteral(".damaged")
             + (number == 1 ? QString() : QLatin1Char('-') + QString::number(number));
         if (!QFileInfo(name).isSymLink() && !QFileInfo::exists(name) && QFile::rename(path, name))
             return name;

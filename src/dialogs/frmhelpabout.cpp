@@ -31,7 +31,7 @@ QString libraries()
 
 } // namespace
 
-frmhelpabout::frmhelpabout(QWidget* owner, std::function<bool(const QUrl&)> open_url)
+frmhelpabout::frmhelpabout(QWidget* owner, const std::function<bool(const QUrl&)>& open_url)
     : QDialog(owner)
 {
     setObjectName(QStringLiteral("frmhelpabout"));
