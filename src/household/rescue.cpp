@@ -186,7 +186,7 @@ QString write_rescue(const Rescue& rescue, const QString& database)
                                 {QStringLiteral("typed"), rescue.field->typed}});
     const QByteArray bytes = QJsonDocument(json).toJson();
     const QString beside = QFileInfo(database).absolutePath();
-    const QString first = free_name(beside, beside_name, suffix);
+    QString first = free_name(beside, beside_name, suffix);
     if (write_file(beside, QFileInfo(first).fileName(), bytes))
         return first;
     const QString state = state_folder();
