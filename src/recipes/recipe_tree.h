@@ -42,6 +42,9 @@ public:
     /// Puts a renamed recipe at its place by name; `by_mouse` not before the release of a press on the tree.
     void sort_renamed(Key recipe, bool by_mouse);
 
+    /// Selects a recipe and brings up its page. False, and no change, when the tree does not hold it.
+    bool choose(Key recipe);
+
     /// The node of a recipe; none when the tree does not hold it.
     QTreeWidgetItem* recipe_node(Key recipe) const;
 
@@ -59,6 +62,7 @@ private:
     void select_current();
     QTreeWidgetItem& category_node(const QString& category) const;
     void node_click(QTreeWidgetItem* node);
+    void open(const QTreeWidgetItem& node);
     void mouse_down(QPoint position);
     void mouse_released(Qt::MouseButton button);
     void take_release(Qt::MouseButton button);

@@ -48,10 +48,25 @@ void RecipeTree::node_click(QTreeWidgetItem* node)
         main_.shared.node_dragged = false;
         return;
     }
-    if (!is_recipe(*node))
-        return;
-    main_.shared.cur_recipe = record_key(TreeView::key(node));
-    main_.shared.cur_recipe_name = trim(node->text(0));
+    if (is_recipe(*node))
+        open(*node);
+}
+
+bool RecipeTree::choose(Key recipe)
+{
+    QTreeWidgetItem* node = recipe_node(recipe);
+    if (!node)
+        return false;
+    tree_.select(node);
+    tree_.ensure_visible(node);
+    open(*node);
+    return true;
+}
+
+void RecipeTree::open(const QTreeWidgetItem& node)
+{
+    main_.shared.cur_recipe = record_key(TreeView::key(&node));
+    main_.shared.cur_recipe_name = trim(node.text(0));
     main_.recipe_page().scroll_bar().setValue(0);
     main_.recipe_page().set_recipe(main_.shared.cur_recipe);
     main_.shared.list_pane_shown = false;

@@ -11,6 +11,7 @@
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
+#include "window/find_window.h"
 #include "window/help.h"
 #include "window/output_commands.h"
 #include "window/page_colors.h"
@@ -157,8 +158,10 @@ constexpr MenuRow rows[] = {
     {bar_menu, "", "mnu_tools", "Tools"},
     {check, "mnu_tools", "mnu_tools_listlist", "List manager"},
     {bar_menu, "mnu_tools", "mnu_tools_find", "Find"},
-    {command, "mnu_tools_find", "mnu_tools_find_item", "Stock item(s)"},
-    {command, "mnu_tools_find", "mnu_tools_find_recipe", "Recipe(s)"},
+    {command, "mnu_tools_find", "mnu_tools_find_item", "Stock item(s)",
+     [](frmmain& m) { show_find(m, FindKind::stock); }},
+    {command, "mnu_tools_find", "mnu_tools_find_recipe", "Recipe(s)",
+     [](frmmain& m) { show_find(m, FindKind::recipes); }},
     {bar_menu, "mnu_tools", "mnu_tools_wp", "Word processor"},
     {command, "mnu_tools_wp", "mnu_tools_wp_rcp", "Open recipe in word processor",
      [](frmmain& m) { send_to_rtf(m, true); }},
@@ -222,7 +225,8 @@ constexpr MenuRow rows[] = {
     {command, "mnu_ingred", "mnu_ingred_del", "Delete ingredient", delete_ingredient},
 
     {popup, "", "mnu_more", ""},
-    {command, "mnu_more", "mnu_more_find", "Find"},
+    {command, "mnu_more", "mnu_more_find", "Find",
+     [](frmmain& m) { show_find(m, m.shared.stock_view ? FindKind::stock : FindKind::recipes); }},
     {bar_menu, "mnu_more", "mnu_more_sort", "Sort"},
     {check, "mnu_more_sort", "mnu_more_sort_alpha", "Alphabetically", by_name},
     {check, "mnu_more_sort", "mnu_more_sort_cat", "By category", by_category},

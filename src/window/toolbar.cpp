@@ -332,7 +332,7 @@ QString Toolbar::command_of(ToolButton which) const
     case ToolButton::email:
         return text_of(tag(which) == QLatin1String("list") ? "mnu_tools_email_list" : "mnu_tools_email_rcp");
     case ToolButton::find:
-        return text_of("mnu_tools_find_item");
+        return text_of(main_.shared.stock_view ? "mnu_tools_find_item" : "mnu_tools_find_recipe");
     case ToolButton::folders:
         return text_of("mnu_view_cntrct_all");
     default:
