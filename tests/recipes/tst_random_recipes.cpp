@@ -32,7 +32,7 @@ constexpr Act acts[] = {
     {"click_toolbar", 5, click_toolbar},
     {"click_tab", 4, click_tab},
     {"resize_window", 2, resize_window},
-    {"scroll", 2, scroll},
+    {"scroll", 6, scroll},
 };
 
 } // namespace
