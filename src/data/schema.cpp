@@ -136,8 +136,12 @@ void clean_texts(Connection& connection)
     for (const TextColumn& column : one_line_columns) {
         const std::string name = column.name;
         const std::string table = column.table;
-        Query change(connection, "UPDATE " + table + " SET " + name + " = ? WHERE key_id = ?");
-        Query rows(connection, "SELECT key_id, " + name + " FROM " + table);
+        std::string update = "UPDATE ";
+        update.append(table).append(" SET ").append(name).append(" = ? WHERE key_id = ?");
+        std::string select = "SELECT key_id, ";
+        select.append(name).append(" FROM ").append(table);
+        Query change(connection, update);
+        Query rows(connection, select);
         while (rows.next()) {
             const QString text = rows.text(1);
             const QString line = one_line(text);

@@ -399,7 +399,7 @@ void tst_settings::a_file_that_cannot_be_parsed_is_set_aside_as_it_was_data()
     QTest::newRow("another program's file") << QByteArray("\x7f"
                                                           "ELF\x02\x01\x01\0\0=\0",
                                                           11);
-    QTest::newRow("UTF-16") << QByteArray("\xff\xfe[\0t\0]\0\n\0a\0=\0b\0", 18);
+    QTest::newRow("UTF-16") << QByteArray("\xff\xfe[\0t\0]\0\n\0a\0=\0b\0", 16);
     QTest::newRow("a mark, a comment and what is nothing")
         << QByteArray("\xef\xbb\xbf# comment\n[trnwck]\nnothing\n");
 }
