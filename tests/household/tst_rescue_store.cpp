@@ -142,7 +142,8 @@ void tst_rescue_store::a_full_disk_is_no_rescue_and_leaves_no_half_file()
 void tst_rescue_store::a_garbled_file_is_no_rescue()
 {
     QFile file(folder_->filePath(QStringLiteral("twdata/rescue.json")));
-    for (const QByteArray& bytes : {QByteArray(), QByteArray("{"), QByteArray("[1]"), QByteArray("{\"typed\": 3")}) {
+    for (const QByteArray& bytes :
+         {QByteArray(), QByteArray("{"), QByteArray("[1]"), QByteArray("{\"typed\": 3")}) {
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         file.write(bytes);
         file.close();
