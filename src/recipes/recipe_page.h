@@ -105,6 +105,10 @@ public:
     /// on no list opens the item editor. Throws SQLite::Exception.
     void recipe_chck(int to_state, Key line_key);
 
+    /// Where the page takes the keyboard from outside: the line most recently acted on, without lines the
+    /// instructions; null while it shows nothing.
+    QWidget* keyboard_place() const;
+
     bool editor_open() const; ///< the line editor stands open
 
     /// The boxes of an open line editor lose the focus to the tree: finishes the edit.
