@@ -75,7 +75,6 @@ constexpr auto inks = std::to_array<Ink>({
     {"stroke=\"#2E9B63\"", "stroke=\"#6BCB9A\""},
     {"fill=\"#A6E6EF\"", "fill=\"#2A6F7B\""},
     {"stroke=\"#064A58\"", "stroke=\"#9FE3EE\""},
-    {"stroke=\"#0A6C80\"", "stroke=\"#5CCBDD\""},
     {"stroke=\"#173F78\"", "stroke=\"#A9CBF5\""},
     {"fill=\"#C3CBD5\"", "fill=\"#5A6674\""},
     {"stroke=\"#7E1A15\"", "stroke=\"#F5B5B0\""},

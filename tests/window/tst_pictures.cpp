@@ -146,14 +146,14 @@ double weakest_of_rim(const QImage& image, double scale, const QColor& page)
     return weakest;
 }
 
-/// How many stripes that stand out from the page a line across the hatching meets, with lighter gaps between.
+/// How many stripes that stand out from the page a level line through the hatching meets, with gaps between.
 int stripes_across(const QImage& image, double scale, const QColor& page)
 {
     int stripes = 0;
     bool in_stripe = false;
-    for (double way = -2.6; way <= 2.6; way += 0.05) {
-        const int place = static_cast<int>((8 + way) * scale);
-        const bool stands_out = contrast(image.pixel(place, place), page.rgb()) >= readable_shape;
+    for (double x = 4.8; x <= 11.2; x += 0.05) {
+        const QRgb pixel = image.pixel(static_cast<int>(x * scale), static_cast<int>(7.5 * scale));
+        const bool stands_out = contrast(pixel, page.rgb()) >= readable_shape;
         stripes += stands_out && !in_stripe;
         in_stripe = stands_out;
     }
