@@ -27,13 +27,6 @@ inline constexpr int manager_all_lists = 2; ///< the list manager, with all list
 inline constexpr int manager_one_list = 3; ///< the list manager, with one list chosen
 } // namespace placing_source
 
-/// What the naming dialog makes.
-namespace naming {
-inline constexpr int list = 1;
-inline constexpr int recipe = 2;
-inline constexpr int category = 3;
-} // namespace naming
-
 /// The state that the panes and dialogs of the main window share.
 struct SharedValues {
     bool form_loading = true; ///< the main form's Load runs: views and folders are not stored
@@ -54,13 +47,9 @@ struct SharedValues {
     Key last_groc_key = -1; ///< list row placed or chosen last; -1 none
     Key ingredient_in_work = -1; ///< recipe line that the item editor was opened for
     int editor_mode = edit_mode::new_item;
-    int dialog_kind = naming::list;
     int placing_source = 0; ///< of the namespace `placing_source`; 0 nothing placed yet
-    bool move_stock = true; ///< the move dialog moves a stock item, else a recipe
     bool tree_drag = false; ///< a drag from a tree is under way
     bool node_dragged = false; ///< swallows the node click that ends a drag
-    bool page_busy = false; ///< the recipe page is being rebuilt
-    bool lites_busy = false; ///< lights of the recipe page are being set
     ReportOptions reports;
 };
 

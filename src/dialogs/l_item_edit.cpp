@@ -355,8 +355,7 @@ void l_item_edit::new_category()
     // The access key leaves the focus in the name.
     if (txt_item_->hasFocus() && !name_left())
         return;
-    main_.shared.dialog_kind = naming::category;
-    new_item_rcp dialog(main_, this);
+    new_item_rcp dialog(main_, this, {naming::category});
     dialog.exec();
     if (dialog.made() > 0)
         fill_categories(dialog.made());

@@ -16,10 +16,10 @@
 
 namespace tarnwick {
 
-move_item::move_item(frmmain& main, const QTreeWidgetItem& node)
+move_item::move_item(frmmain& main, MoveRequest request, const QTreeWidgetItem& node)
     : QDialog(&main)
     , main_(main)
-    , key_(record_key(TreeView::key(&node)))
+    , request_(request)
 {
     setObjectName(QStringLiteral("move_item"));
     setModal(true);
@@ -28,7 +28,7 @@ move_item::move_item(frmmain& main, const QTreeWidgetItem& node)
     set_window_title(*this, QStringLiteral("Move ") + node.text(0));
     Label1_->setText(QStringLiteral("Move ") + node.text(0) + QStringLiteral(" from ") + folder.text(0)
                      + QStringLiteral(" category to:"));
-    if (main_.shared.move_stock)
+    if (request_.move_stock)
         fill_stock_categories(folder);
     else
         fill_recipe_categories(folder);
@@ -100,21 +100,20 @@ void move_item::ok()
     if (Combo1_->currentIndex() < 0)
         return;
     const QVariant chosen = Combo1_->currentData();
-    if (main_.shared.move_stock)
-        main_.stock_commands().mv_item(static_cast<Key>(chosen.toInt()), key_);
+    if (request_.move_stock)
+        main_.stock_commands().mv_item(static_cast<Key>(chosen.toInt()), request_.key);
     else
-        main_.recipe_tree().mv_rcp(chosen.toString(), key_);
+        main_.recipe_tree().mv_rcp(chosen.toString(), request_.key);
     accept();
 }
 
 void show_move_item(frmmain& main, bool move_stock)
 {
-    main.shared.move_stock = move_stock;
     const TreeView& tree = move_stock ? main.stock_tree().view() : main.recipe_tree().view();
     const QTreeWidgetItem* node = tree.selected();
     const QString kind = move_stock ? QStringLiteral("item") : QStringLiteral("rcp");
     if (node && node->parent() && TreeView::key(node).startsWith(kind))
-        move_item(main, *node).exec();
+        move_item(main, {move_stock, record_key(TreeView::key(node))}, *node).exec();
 }
 
 } // namespace tarnwick

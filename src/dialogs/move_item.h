@@ -13,11 +13,18 @@ namespace tarnwick {
 
 class frmmain;
 
-/// The dialog that moves the selected stock item or recipe to another category, by `move_stock`.
+/// What the move dialog is opened for.
+struct MoveRequest {
+    bool move_stock = true; ///< a stock item, else a recipe
+    Key key = 0;
+};
+
+/// The dialog that moves a stock item or a recipe to another category.
 class move_item : public QDialog {
     Q_OBJECT
 public:
-    move_item(frmmain& main, const QTreeWidgetItem& node);
+    /// `node` stands for the request's record in the tree.
+    move_item(frmmain& main, MoveRequest request, const QTreeWidgetItem& node);
 
 private:
     void make_controls();
@@ -26,7 +33,7 @@ private:
     void ok();
 
     frmmain& main_;
-    Key key_;
+    MoveRequest request_;
     QLabel* Label1_;
     QComboBox* Combo1_;
     QPushButton* Command1_[2];

@@ -26,10 +26,10 @@ constexpr int text_width = 300;
 
 } // namespace
 
-new_item_rcp::new_item_rcp(frmmain& main, QWidget* owner)
+new_item_rcp::new_item_rcp(frmmain& main, QWidget* owner, NamingRequest request)
     : QDialog(owner)
     , main_(main)
-    , kind_(main.shared.dialog_kind)
+    , kind_(request.dialog_kind)
 {
     setObjectName(QStringLiteral("new_item_rcp"));
     setModal(true);

@@ -13,11 +13,23 @@ namespace tarnwick {
 
 class frmmain;
 
-/// The naming dialog: a new shopping list, a new recipe or a new stock category, by `dialog_kind`.
+/// What the naming dialog makes; the numbers are those of `dialog_kind`.
+namespace naming {
+inline constexpr int list = 1;
+inline constexpr int recipe = 2;
+inline constexpr int category = 3;
+} // namespace naming
+
+/// What the naming dialog is opened for.
+struct NamingRequest {
+    int dialog_kind = naming::list;
+};
+
+/// The naming dialog: a new shopping list, a new recipe or a new stock category.
 class new_item_rcp : public QDialog {
     Q_OBJECT
 public:
-    new_item_rcp(frmmain& main, QWidget* owner);
+    new_item_rcp(frmmain& main, QWidget* owner, NamingRequest request);
 
     /// The key of the record made; 0 when the dialog was cancelled.
     Key made() const { return made_; }

@@ -24,8 +24,7 @@ Lists::Lists(frmmain& main)
 
 void Lists::new_list()
 {
-    main_.shared.dialog_kind = naming::list;
-    new_item_rcp(main_, &main_).exec();
+    new_item_rcp(main_, &main_, {naming::list}).exec();
 }
 
 void Lists::lists_changed(const ListsChange& change)

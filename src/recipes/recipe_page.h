@@ -186,6 +186,7 @@ private:
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
     RecipeText stored_; ///< name and instructions as they were read or written last
+    bool page_busy_ = false; ///< the page is being rebuilt
     int scrolled_ = 0; ///< pixels of the page above the viewport
     bool renamed_ = false; ///< the title was typed in since it was left
     FocusQuestion* question_ = nullptr; ///< for the name that was left empty

@@ -163,8 +163,7 @@ void RecipeTree::close_folders()
 
 void RecipeTree::new_rcp()
 {
-    main_.shared.dialog_kind = naming::recipe;
-    new_item_rcp dialog(main_, &main_);
+    new_item_rcp dialog(main_, &main_, {naming::recipe});
     dialog.exec();
 }
 

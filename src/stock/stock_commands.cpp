@@ -17,8 +17,7 @@ StockCommands::StockCommands(frmmain& main)
 
 void StockCommands::new_cat()
 {
-    main_.shared.dialog_kind = naming::category;
-    new_item_rcp(main_, &main_).exec();
+    new_item_rcp(main_, &main_, {naming::category}).exec();
 }
 
 void StockCommands::tv_del_cat(Key) { }

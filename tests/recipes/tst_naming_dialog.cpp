@@ -69,8 +69,7 @@ void make_icon(TestWindow& window, const QString& name)
 
 Key open_dialog(TestWindow& window, int kind)
 {
-    window.main().shared.dialog_kind = kind;
-    new_item_rcp dialog(window.main(), &window.main());
+    new_item_rcp dialog(window.main(), &window.main(), {kind});
     dialog.exec();
     return dialog.made();
 }

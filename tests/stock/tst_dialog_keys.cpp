@@ -93,7 +93,6 @@ void tst_dialog_keys::enter_on_cancel_makes_nothing_in_the_naming_dialog()
     EditorCase test;
     frmmain& main = test.window.load();
     const QStringList before = table_dump(test.window.db());
-    main.shared.dialog_kind = kind;
     MessageScript messages;
     messages.drive([&](QDialog& dialog) {
         dialog.activateWindow();
@@ -103,7 +102,7 @@ void tst_dialog_keys::enter_on_cancel_makes_nothing_in_the_naming_dialog()
         press_enter(dialog, QStringLiteral("Command1(1)"));
         QVERIFY(!dialog.isVisible());
     });
-    new_item_rcp dialog(main, &main);
+    new_item_rcp dialog(main, &main, {kind});
     QCOMPARE(dialog.exec(), int(QDialog::Rejected));
     QCOMPARE(messages.left(), 0);
     QCOMPARE(table_dump(test.window.db()), before);
