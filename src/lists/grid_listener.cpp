@@ -1,6 +1,6 @@
 #include "lists/grid_listener.h"
 
-#include "app/shared_values.h"
+#include "widgets/shared_values.h"
 #include "household/list_store.h"
 #include "lists/list_pane.h"
 #include "widgets/list_grid.h"

@@ -1,6 +1,6 @@
 #include "window/frmmain.h"
 
-#include "app/frmsplash.h"
+#include "window/frmsplash.h"
 #include "data/runtime_error.h"
 #include "widgets/message_box.h"
 #include "widgets/update_lock.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/environment.h"
+#include "widgets/environment.h"
 #include "data/settings.h"
-#include "app/shared_values.h"
+#include "widgets/shared_values.h"
 #include "data/connection.h"
 
 #include <QMainWindow>
