@@ -23,6 +23,7 @@ class ListMouse;
 class ListPane;
 class Lists;
 class Placing;
+struct Program;
 class RecipePage;
 class RecipeTree;
 class MainRowEditorHost;
@@ -49,6 +50,7 @@ public:
 
     SharedValues shared;
 
+    Program& program() { return *program_; }
     const Environment& environment() const { return environment_; }
     Connection& connection() { return connection_; }
     Household& household() { return *household_; }
@@ -115,6 +117,7 @@ private:
 
     QWidget* area_ = nullptr;
     std::unique_ptr<Household> household_;
+    std::unique_ptr<Program> program_;
     std::unique_ptr<Commands> commands_;
     std::unique_ptr<StatusPanels> status_panels_;
     std::unique_ptr<Toolbar> toolbar_;

@@ -91,7 +91,7 @@ void User::place()
     operation.list = main_.shared.current_list;
     note(begin_line(operation));
     command(QStringLiteral("mnu_tv_ai"));
-    note(QStringLiteral("done %1").arg(main_.shared.last_groc_key));
+    note(QStringLiteral("done %1").arg(main_.household().last_groc_key()));
 }
 
 void User::tick()
