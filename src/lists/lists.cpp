@@ -25,7 +25,7 @@ Lists::Lists(frmmain& main)
 
 void Lists::new_list()
 {
-    new_item_rcp(main_.program(), &main_, {Naming::list}).exec();
+    new_item_rcp(main_.program(), &main_, {NamingKind::list}).exec();
 }
 
 void Lists::lists_changed(const ListsChange& change)

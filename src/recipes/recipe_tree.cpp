@@ -164,7 +164,7 @@ void RecipeTree::close_folders()
 
 void RecipeTree::new_rcp()
 {
-    new_item_rcp(main_.program(), &main_, {Naming::recipe, proposed_category()}).exec();
+    new_item_rcp(main_.program(), &main_, {NamingKind::recipe, proposed_category()}).exec();
 }
 
 int RecipeTree::proposed_category() const

@@ -18,7 +18,7 @@ StockCommands::StockCommands(frmmain& main)
 
 void StockCommands::new_cat()
 {
-    new_item_rcp(main_.program(), &main_, {Naming::category}).exec();
+    new_item_rcp(main_.program(), &main_, {NamingKind::category}).exec();
 }
 
 void StockCommands::tv_del_cat(Key) { }
