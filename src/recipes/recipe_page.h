@@ -26,6 +26,7 @@ class FocusQuestion;
 class PageText;
 struct Rescue;
 class frmmain;
+enum class EditMode;
 enum class LineTip;
 struct ItemChange;
 struct ItemCodes;
@@ -109,6 +110,9 @@ public:
     /// instructions; null while it shows nothing.
     QWidget* keyboard_place() const;
 
+    /// Opens the item editor for a line's stock item; -1 for one that is yet to be made.
+    void edit_item(EditMode mode, Key item, Key line);
+
     bool editor_open() const; ///< the line editor stands open
 
     /// The boxes of an open line editor lose the focus to the tree: finishes the edit.
@@ -190,6 +194,7 @@ private:
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
     RecipeText stored_; ///< name and instructions as they were read or written last
+    bool page_busy_ = false; ///< the page is being rebuilt
     int scrolled_ = 0; ///< pixels of the page above the viewport
     bool renamed_ = false; ///< the title was typed in since it was left
     FocusQuestion* question_ = nullptr; ///< for the name that was left empty
