@@ -49,6 +49,9 @@ public:
     void items_gone(const ItemsGone& gone);
     void category_changed(const CategoryChange& change);
 
+    /// The category of the selected folder, or of the one that the selected item lies in; 0 without one.
+    Key selected_category() const;
+
     /// Whether an item's node is the selected one.
     bool is_selected(Key item) const;
 
