@@ -1,10 +1,12 @@
 #include "lists/clearing.h"
 
 #include "window/frmmain.h"
+#include "dialogs/lst_clr_dlg.h"
 #include "widgets/message_box.h"
 #include "widgets/update_lock.h"
 #include "household/household.h"
 #include "household/status.h"
+#include "lists/lists.h"
 #include "lists/placing.h"
 
 namespace tarnwick {
@@ -12,6 +14,19 @@ namespace tarnwick {
 Clearing::Clearing(frmmain& main)
     : main_(main)
 {
+}
+
+void Clearing::show_dialog()
+{
+    const auto name = list_name_of(main_.connection(), main_.shared.current_list);
+    if (!name) {
+        main_.placing().say_list_gone();
+        return;
+    }
+    lst_clr_dlg dialog(trim(*name), main_.shared.type_size, &main_);
+    QObject::connect(&dialog, &lst_clr_dlg::clear_wanted, &dialog, [this](int mode) { clear_list(mode); });
+    QObject::connect(&dialog, &lst_clr_dlg::delete_wanted, &dialog, [this] { main_.lists().list_del(); });
+    dialog.exec();
 }
 
 void Clearing::clear_list(int mode)

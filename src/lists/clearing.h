@@ -11,6 +11,9 @@ class Clearing {
 public:
     explicit Clearing(frmmain& main);
 
+    /// Opens the clearing dialog on the current list and does what is chosen there.
+    void show_dialog();
+
     /// Clears the current list: 1 unticks its buy-it rows, 2 deletes the unticked, 3 deletes all.
     void clear_list(int mode);
 
