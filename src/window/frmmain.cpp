@@ -1,12 +1,14 @@
 #include "window/frmmain.h"
 
-#include "app/frmsplash.h"
+#include "window/frmsplash.h"
 #include "data/runtime_error.h"
 #include "widgets/message_box.h"
+#include "widgets/program.h"
 #include "widgets/update_lock.h"
 #include "household/household.h"
 #include "lists/clearing.h"
 #include "lists/grid_listener.h"
+#include "widgets/drag.h"
 #include "widgets/header_bar.h"
 #include "widgets/list_grid.h"
 #include "lists/list_mouse.h"
@@ -123,7 +125,12 @@ void frmmain::make_panes()
     auto* left_tabs = make_tabs(QStringLiteral("TabStrip1(0)"), area_);
     auto* right_tabs = make_tabs(QStringLiteral("TabStrip1(1)"), area_);
 
+    drag_ = std::make_unique<Drag>(*this);
     household_ = std::make_unique<Household>(connection_);
+    program_ = std::make_unique<Program>(Program{*this, connection_, *household_, settings_, environment_, shared,
+                                                 [this](const QString& text) { set_status(text); },
+                                                 [this] { l_r_refresh(); },
+                                                 [this](const runtime_error& error) { shut_down(error); }});
     commands_ = std::make_unique<Commands>(*this, *menuBar());
     status_panels_ = std::make_unique<StatusPanels>(*statusBar());
     toolbar_ = std::make_unique<Toolbar>(*this, area_);

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/environment.h"
+#include "widgets/environment.h"
 #include "data/settings.h"
-#include "app/shared_values.h"
+#include "widgets/shared_values.h"
 #include "data/connection.h"
 
 #include <QMainWindow>
@@ -15,6 +15,7 @@ namespace tarnwick {
 
 class Clearing;
 class Commands;
+class Drag;
 class FloatingButtons;
 class GridListener;
 class Household;
@@ -23,6 +24,7 @@ class ListMouse;
 class ListPane;
 class Lists;
 class Placing;
+struct Program;
 class RecipePage;
 class RecipeTree;
 class MainRowEditorHost;
@@ -49,6 +51,7 @@ public:
 
     SharedValues shared;
 
+    Program& program() { return *program_; }
     const Environment& environment() const { return environment_; }
     Connection& connection() { return connection_; }
     Household& household() { return *household_; }
@@ -69,6 +72,7 @@ public:
     Commands& commands() { return *commands_; }
     Toolbar& toolbar() { return *toolbar_; }
     ViewState& view_state() { return *view_state_; }
+    Drag& drag() { return *drag_; } ///< the one drag of the program
     Layout& layout_manager() { return *layout_; }
     StatusPanels& status_panels() { return *status_panels_; }
 
@@ -114,7 +118,9 @@ private:
     Connection connection_;
 
     QWidget* area_ = nullptr;
+    std::unique_ptr<Drag> drag_;
     std::unique_ptr<Household> household_;
+    std::unique_ptr<Program> program_;
     std::unique_ptr<Commands> commands_;
     std::unique_ptr<StatusPanels> status_panels_;
     std::unique_ptr<Toolbar> toolbar_;
