@@ -3,7 +3,7 @@
 #include "shots/print_scenes.h"
 #include "shots/studio.h"
 
-#include "app/frmsplash.h"
+#include "window/frmsplash.h"
 #include "window/frmmain.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
