@@ -29,7 +29,9 @@ class frmmain;
 enum class EditMode;
 enum class LineTip;
 struct ItemChange;
+struct CategoryChange;
 struct ItemCodes;
+struct ItemsGone;
 struct ListsChange;
 
 /// What the page's own procedures hand to each other.
@@ -118,6 +120,8 @@ public:
 
     /// Shows on the lines what an operation did to their stock items, whether the page is on show or not.
     void item_changed(const ItemChange& change);
+    void items_gone(const ItemsGone& gone); ///< their lines become non-stock
+    void category_changed(const CategoryChange& change); ///< the words of its items' lines name it
 
     /// Loads the page again when a list has gone, whose rows its lights depend on.
     void lists_changed(const ListsChange& change);
@@ -179,6 +183,8 @@ private:
     void check_clicked(int index);
     void show_item(const ItemCodes& codes, LineTip tip);
     void follow_links(const ItemCodes& codes, const QString& joint);
+    void follow_name(const ItemCodes& codes);
+    void show_line(int index, Key item, int code, const QString& tool_tip);
 
     frmmain& main_;
     QFrame* frame4_;

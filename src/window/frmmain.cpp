@@ -175,8 +175,11 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
-    connect(household_.get(), &Household::category_changed, this,
-            [this](const MadeRecord& made) { stock_tree_->add_category_node(made.key, made.name); });
+    listen(&Household::items_gone, *grid_listener_, &GridListener::items_gone);
+    listen(&Household::items_gone, *stock_tree_, &StockTree::items_gone);
+    listen(&Household::items_gone, *recipe_page_, &RecipePage::items_gone);
+    listen(&Household::category_changed, *stock_tree_, &StockTree::category_changed);
+    listen(&Household::category_changed, *recipe_page_, &RecipePage::category_changed);
     connect(household_.get(), &Household::recipe_changed, this,
             [this](const MadeRecord& made) { recipe_tree_->recipe_made(made.key, made.name, made.category); });
 }
@@ -364,6 +367,7 @@ void frmmain::shut_down(const runtime_error& error)
 
 void frmmain::closeEvent(QCloseEvent* event)
 {
+    stock_tree_->view().finish_label_edit();
     unload();
     event->accept();
     environment_.end_program(EXIT_SUCCESS);

@@ -109,6 +109,11 @@ void ViewState::connect_panes()
     };
     for (const TreeView* tree : {&main_.stock_tree().view(), &main_.recipe_tree().view()})
         connect(tree, &TreeView::selection_changed, this, &ViewState::refresh_commands);
+    // A command acts on the node under its new name, and no question comes in the middle of it. Exit saves nothing.
+    connect(&main_.commands(), &Commands::ran, this, [this](const QString& command) {
+        if (command != QLatin1String("mnu_list_exit"))
+            main_.stock_tree().view().finish_label_edit();
+    });
     connect(&main_.stock_tree(), &StockTree::menu_wanted, this, pop_up("mnu_tv"));
     connect(&main_.recipe_tree(), &RecipeTree::menu_wanted, this, pop_up("mnu_tv_r"));
     connect(&main_.recipe_page(), &RecipePage::recipe_shown, this, &ViewState::refresh_commands);
