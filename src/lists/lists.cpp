@@ -6,6 +6,9 @@
 #include "widgets/update_lock.h"
 #include "lists/clearing.h"
 #include "widgets/header_bar.h"
+#include "widgets/list_grid.h"
+#include "widgets/row_editor.h"
+#include "household/stock_store.h"
 #include "lists/list_pane.h"
 #include "dialogs/new_item_rcp.h"
 #include "lists/placing.h"
@@ -14,6 +17,8 @@
 
 #include <QAction>
 #include <QCheckBox>
+
+#include <algorithm>
 
 namespace tarnwick {
 
@@ -154,6 +159,27 @@ void Lists::list_deleted(std::optional<Key> first_left)
         hide_column_groups();
     main_.l_r_refresh();
     set_mnu_lists();
+}
+
+void Lists::locate(Key item)
+{
+    SharedValues& shared = main_.shared;
+    if (shared.list_pane_shown)
+        main_.row_editor().lv_edit_off();
+    const auto tied = first_tied_row(main_.connection(), item);
+    if (!tied)
+        return;
+    if (!shared.all_lists_view && tied->list_key != shared.current_list) {
+        shared.current_list = tied->list_key;
+        set_mnu_lists();
+    }
+    ListGrid& grid = main_.list_pane().grid();
+    const int row = grid.rows().find_row(tied->groc_key);
+    if (row < 0)
+        return;
+    grid.set_current(row, grid_column::item);
+    grid.set_top_row(std::max(0, row - grid.rows_in_view() / 2));
+    grid.rows().change_row(row, [](GridRow& located) { located.located = true; });
 }
 
 void Lists::hide_column_groups()

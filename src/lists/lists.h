@@ -28,6 +28,9 @@ public:
     /// A click on entry i of the list menu.
     void choose(int entry);
 
+    /// Brings up the first list row of an item, on its list when another one is on show; its name is marked.
+    void locate(Key item);
+
     /// A list that was made becomes the current one; one that was deleted is followed by the first that remains.
     void lists_changed(const ListsChange& change);
 

@@ -113,6 +113,7 @@ public:
 
     /// The boxes of an open line editor lose the focus to the tree: finishes the edit.
     void finish_line_editor();
+    bool leave_line_editor(); ///< the same; false when none was open
 
     bool shows_item(Key item) const; ///< a line has this stock item
 

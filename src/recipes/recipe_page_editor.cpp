@@ -36,6 +36,14 @@ void RecipePage::finish_line_editor()
     line_editor_->leave();
 }
 
+bool RecipePage::leave_line_editor()
+{
+    const bool was_open = editor_open();
+    if (was_open)
+        finish_line_editor();
+    return was_open;
+}
+
 void RecipePage::close_line_editor()
 {
     line_editor_->close_quietly();

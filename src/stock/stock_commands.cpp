@@ -1,9 +1,8 @@
 #include "stock/stock_commands.h"
 
-#include "window/frmmain.h"
 #include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "dialogs/new_item_rcp.h"
-#include "recipes/recipe_page.h"
 #include "widgets/tree_view.h"
 #include "household/item_store.h"
 #include "dialogs/l_item_edit.h"
@@ -11,14 +10,21 @@
 
 namespace tarnwick {
 
-StockCommands::StockCommands(frmmain& main)
-    : main_(main)
+StockCommands::StockCommands(Program& program, StockTree& tree)
+    : program_(program)
+    , tree_(tree)
 {
+    connect(&tree_, &StockTree::item_deletion_wanted, this, &StockCommands::tv_del_item);
+    connect(&tree_, &StockTree::category_deletion_wanted, this, &StockCommands::tv_del_cat);
+    connect(&tree_.view(), &TreeView::after_label_edit, this,
+            [this](QTreeWidgetItem* node, const QString& text, bool& cancel) {
+                cancel = !after_label_edit(*node, text);
+            });
 }
 
 void StockCommands::new_cat()
 {
-    new_item_rcp(main_.program(), &main_, {Naming::category}).exec();
+    new_item_rcp(program_, &program_.window, {Naming::category}).exec();
 }
 
 void StockCommands::tv_del_cat(Key) { }
@@ -30,26 +36,26 @@ void StockCommands::rename_item() { }
 void StockCommands::new_stock_item()
 {
     EditRequest request;
-    request.category = main_.stock_tree().selected_category();
-    show_item_editor(main_.program(), request);
+    request.category = tree_.selected_category();
+    show_item_editor(program_, request);
 }
 
 void StockCommands::edit_stock_item()
 {
-    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    const QTreeWidgetItem* node = tree_.view().selected();
     if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
         return;
     EditRequest request{EditMode::edit_item, record_key(TreeView::key(node))};
-    request.row = ItemStore(main_.connection()).row_on_list(request.item, main_.shared.current_list);
-    show_item_editor(main_.program(), request);
+    request.row = ItemStore(program_.connection).row_on_list(request.item, program_.shared.current_list);
+    show_item_editor(program_, request);
 }
 
 void StockCommands::item_to_recipe()
 {
-    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    const QTreeWidgetItem* node = tree_.view().selected();
     if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
         return;
-    main_.recipe_page().drag_ingred(record_key(TreeView::key(node)), node->text(0));
+    emit adding_wanted(record_key(TreeView::key(node)), node->text(0));
 }
 
 bool StockCommands::after_label_edit(QTreeWidgetItem&, const QString&)

@@ -2,18 +2,21 @@
 
 #include "data/text.h"
 
+#include <QObject>
 #include <QString>
 
 class QTreeWidgetItem;
 
 namespace tarnwick {
 
-class frmmain;
+class StockTree;
+struct Program;
 
 /// The commands on stock items and categories.
-class StockCommands {
+class StockCommands : public QObject {
+    Q_OBJECT
 public:
-    explicit StockCommands(frmmain& main);
+    StockCommands(Program& program, StockTree& tree);
 
     void new_cat(); ///< asks for the name of a new category
 
@@ -33,8 +36,12 @@ public:
     /// The end of a label edit in the stock tree. False keeps the old text, which is all it does yet.
     bool after_label_edit(QTreeWidgetItem& node, const QString& text);
 
+signals:
+    void adding_wanted(tarnwick::Key item, const QString& name); ///< as a line of the recipe on the page
+
 private:
-    frmmain& main_;
+    Program& program_;
+    StockTree& tree_;
 };
 
 } // namespace tarnwick

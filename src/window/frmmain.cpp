@@ -21,6 +21,7 @@
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
 #include "window/layout.h"
+#include "window/pane_links.h"
 #include "window/rescuer.h"
 #include "window/status_panels.h"
 #include "window/status_words.h"
@@ -139,9 +140,14 @@ void frmmain::make_panes()
     stock_view->setObjectName(QStringLiteral("TreeView1(0)"));
     auto* recipe_view = new TreeView(ImageList::recipe_tree, area_);
     recipe_view->setObjectName(QStringLiteral("TreeView1(1)"));
-    floating_buttons_ = std::make_unique<FloatingButtons>(*this, area_);
-    stock_tree_ = std::make_unique<StockTree>(*this, *stock_view, *floating_buttons_);
-    stock_commands_ = std::make_unique<StockCommands>(*this);
+    stock_tree_ = std::make_unique<StockTree>(*program_, *stock_view, [this] {
+        return recipe_page_->leave_line_editor();
+    });
+    floating_buttons_ = std::make_unique<FloatingButtons>(
+        *program_, *stock_tree_, area_,
+        FloatingButtons::Asks{[this](Key item) { return recipe_page_->shows_item(item); },
+                              [this] { return row_editor_->is_open(); }});
+    stock_commands_ = std::make_unique<StockCommands>(*program_, *stock_tree_);
     recipe_tree_ = std::make_unique<RecipeTree>(*this, *recipe_view);
     recipe_page_ = std::make_unique<RecipePage>(*this, area_);
     list_pane_ = std::make_unique<ListPane>(*this, area_);
@@ -156,6 +162,7 @@ void frmmain::make_panes()
     connect(recipe_page_.get(), &RecipePage::name_typed, recipe_tree_.get(), &RecipeTree::rename);
     connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::refresh_commands);
     connect(recipe_page_.get(), &RecipePage::name_left, recipe_tree_.get(), &RecipeTree::sort_renamed);
+    connect_panes(*this);
     connect_household();
 }
 

@@ -1,0 +1,46 @@
+#include "window/pane_links.h"
+
+#include "lists/list_pane.h"
+#include "lists/lists.h"
+#include "lists/placing.h"
+#include "recipes/recipe_page.h"
+#include "stock/floating_buttons.h"
+#include "stock/stock_commands.h"
+#include "stock/stock_tree.h"
+#include "window/frmmain.h"
+#include "window/view_state.h"
+
+namespace tarnwick {
+namespace {
+
+/// Calls `act` at each signal of `sender`, as long as the window lives.
+template <typename Sender, typename Signal, typename Act>
+void on(frmmain& main, Sender& sender, Signal signal, Act act)
+{
+    QObject::connect(&sender, signal, &main, std::move(act));
+}
+
+void connect_stock(frmmain& main)
+{
+    const auto place = [&main](Key item) { main.placing().stock_to_list(item); };
+    on(main, main.stock_tree(), &StockTree::node_pressed, [&main] { main.list_pane().leave_for_tree(); });
+    on(main, main.stock_tree(), &StockTree::placing_wanted, place);
+    on(main, main.floating_buttons(), &FloatingButtons::placing_wanted, place);
+    on(main, main.floating_buttons(), &FloatingButtons::adding_wanted, [&main] {
+        main.view_state().show_list_pane(false);
+        main.stock_commands().item_to_recipe();
+    });
+    on(main, main.floating_buttons(), &FloatingButtons::locating_wanted,
+       [&main](Key item) { main.lists().locate(item); });
+    on(main, main.stock_commands(), &StockCommands::adding_wanted,
+       [&main](Key item, const QString& name) { main.recipe_page().drag_ingred(item, name); });
+}
+
+} // namespace
+
+void connect_panes(frmmain& main)
+{
+    connect_stock(main);
+}
+
+} // namespace tarnwick
