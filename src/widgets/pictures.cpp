@@ -1,10 +1,13 @@
 #include "widgets/pictures.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QGuiApplication>
 #include <QHash>
 #include <QIconEngine>
 #include <QImage>
 #include <QPainter>
+#include <QPalette>
 #include <QString>
 #include <QSvgRenderer>
 
@@ -30,13 +33,52 @@ constexpr QSize small_size(16, 16);
 constexpr QSize tree_size(32, 16);
 constexpr QSize tool_size(24, 24);
 
+/// What lies around a picture: a page in one of its light colours, or the desktop's own colours.
+enum class Ground { page, window };
+
 /// A drawing: one file, or two 16-pixel files side by side as a check box and its light.
 struct Drawing {
     int number; // resource number or index in an image list
     QSize size; // logical pixels
     const char* file; // fills the picture, or only its left half when there is a light
     const char* light = nullptr;
+    Ground ground = Ground::window;
 };
+
+constexpr Drawing on_page(int number, QSize size, const char* file)
+{
+    return {number, size, file, nullptr, Ground::page};
+}
+
+/// The colours of the drawings and what stands for them on a dark window: outlines turn light, paper turns dark.
+struct Ink {
+    const char* on_light;
+    const char* on_dark;
+};
+
+constexpr auto inks = std::to_array<Ink>({
+    {"stroke=\"#35455A\"", "stroke=\"#D5DEE8\""},
+    {"fill=\"#35455A\"", "fill=\"#D5DEE8\""},
+    {"fill=\"#FFFFFF\"", "fill=\"#343C46\""},
+    {"stroke=\"#FEFEFE\"", "stroke=\"#20262D\""}, // white only on a filled box
+    {"fill=\"#E3EBF4\"", "fill=\"#46525F\""},
+    {"fill=\"#D3DAE2\"", "fill=\"#56626F\""},
+    {"stroke=\"#2C5FA3\"", "stroke=\"#A9CBF5\""},
+    {"fill=\"#2C5FA3\"", "fill=\"#A9CBF5\""},
+    {"fill=\"#6FA3E0\"", "fill=\"#2F5F9E\""},
+    {"fill=\"#B5D2F3\"", "fill=\"#4A7DBE\""},
+    {"stroke=\"#A3302A\"", "stroke=\"#F5B5B0\""},
+    {"fill=\"#A3302A\"", "fill=\"#F5B5B0\""},
+    {"fill=\"#E0665E\"", "fill=\"#A3302A\""},
+    {"fill=\"#F3AFA9\"", "fill=\"#A3302A\""},
+    {"stroke=\"#1D6E45\"", "stroke=\"#9FE0BF\""},
+    {"stroke=\"#2E9B63\"", "stroke=\"#6BCB9A\""},
+    {"fill=\"#A6E6EF\"", "fill=\"#2A6F7B\""},
+    {"stroke=\"#064A58\"", "stroke=\"#9FE3EE\""},
+    {"stroke=\"#173F78\"", "stroke=\"#A9CBF5\""},
+    {"fill=\"#C3CBD5\"", "fill=\"#5A6674\""},
+    {"stroke=\"#7E1A15\"", "stroke=\"#F5B5B0\""},
+});
 
 // The box file has its square at 2..14; one pixel further right it stands where a click on the box
 // of a tree row is looked for.
@@ -48,21 +90,21 @@ constexpr qreal light_offset = 16;
 constexpr int page_colors = 4;
 
 constexpr auto page_pictures = std::to_array<Drawing>({
-    {113, small_size, "check_empty"},
-    {117, small_size, "coupon_empty"},
-    {122, small_size, "check_ticked"},
-    {126, small_size, "coupon_ticked"},
-    {130, small_size, "check_heavy"},
-    {171, small_size, "light_nonstock"},
-    {175, small_size, "light_unlisted"},
-    {179, small_size, "light_active"},
-    {183, small_size, "light_inactive"},
+    on_page(113, small_size, "check_empty"),
+    on_page(117, small_size, "coupon_empty"),
+    on_page(122, small_size, "check_ticked"),
+    on_page(126, small_size, "coupon_ticked"),
+    on_page(130, small_size, "check_heavy"),
+    on_page(171, small_size, "light_nonstock"),
+    on_page(175, small_size, "light_unlisted"),
+    on_page(179, small_size, "light_active"),
+    on_page(183, small_size, "light_inactive"),
 });
 
 constexpr auto resource_pictures = std::to_array<Drawing>({
-    {101, small_size, "edit"},
+    on_page(101, small_size, "edit"),
     {109, {20, 20}, "edit"},
-    {111, small_size, "delete"},
+    on_page(111, small_size, "delete"),
     {134, tree_size, "check_empty", "light_unlisted"},
     {136, tree_size, "check_empty", "light_inactive"},
     {137, tree_size, "check_ticked", "light_active"},
@@ -70,26 +112,26 @@ constexpr auto resource_pictures = std::to_array<Drawing>({
     {147, small_size, "list_add"},
     {148, small_size, "recipe_add"},
     {149, small_size, "list_locate"},
-    {150, {9, 10}, "step_up_9"},
-    {151, {11, 13}, "step_up_10"},
-    {152, {13, 15}, "step_up_12"},
-    {153, {9, 10}, "step_up_pressed_9"},
-    {154, {11, 13}, "step_up_pressed_10"},
-    {155, {13, 15}, "step_up_pressed_12"},
-    {156, {9, 10}, "step_down_9"},
-    {157, {11, 12}, "step_down_10"},
-    {158, {13, 14}, "step_down_12"},
-    {159, {9, 10}, "step_down_pressed_9"},
-    {160, {11, 12}, "step_down_pressed_10"},
-    {161, {13, 14}, "step_down_pressed_12"},
+    on_page(150, {9, 10}, "step_up_9"),
+    on_page(151, {11, 13}, "step_up_10"),
+    on_page(152, {13, 15}, "step_up_12"),
+    on_page(153, {9, 10}, "step_up_pressed_9"),
+    on_page(154, {11, 13}, "step_up_pressed_10"),
+    on_page(155, {13, 15}, "step_up_pressed_12"),
+    on_page(156, {9, 10}, "step_down_9"),
+    on_page(157, {11, 12}, "step_down_10"),
+    on_page(158, {13, 14}, "step_down_12"),
+    on_page(159, {9, 10}, "step_down_pressed_9"),
+    on_page(160, {11, 12}, "step_down_pressed_10"),
+    on_page(161, {13, 14}, "step_down_pressed_12"),
     {162, {4, 18}, "header_grip"},
-    {163, {14, 14}, "calendar"},
-    {164, {200, 5}, "insertion_marker"},
+    on_page(163, {14, 14}, "calendar"),
+    on_page(164, {200, 5}, "insertion_marker"),
     {165, {96, 96}, ":/icon/tarnwick.svg"},
     {166, {64, 64}, ":/icon/tarnwick.svg"},
-    {167, {48, 48}, "empty_list"},
-    {189, {20, 20}, "edit"},
-    {190, {20, 20}, "delete"},
+    on_page(167, {48, 48}, "empty_list"),
+    on_page(189, {20, 20}, "edit"),
+    on_page(190, {20, 20}, "delete"),
 });
 
 constexpr auto recipe_tree_images = std::to_array<Drawing>({
@@ -180,23 +222,38 @@ const Drawing* find_list_image(ImageList list, int index)
     return nullptr;
 }
 
-void draw_file(QPainter& painter, const char* file, const QRectF& target)
+/// Whether the drawing has to stand out from a dark desktop.
+bool on_dark(const Drawing& drawing)
 {
-    const bool is_path = file[0] == ':';
-    QSvgRenderer renderer(is_path ? QString::fromLatin1(file)
-                                  : QStringLiteral(":/pictures/%1.svg").arg(QLatin1String(file)));
-    renderer.render(&painter, target);
+    constexpr int mid_lightness = 128;
+    return drawing.ground == Ground::window
+        && qGray(QGuiApplication::palette().color(QPalette::Window).rgb()) < mid_lightness;
 }
 
-void draw(QPainter& painter, const Drawing& drawing)
+void draw_file(QPainter& painter, const char* file, const QRectF& target, bool dark)
+{
+    const bool is_path = file[0] == ':';
+    QFile drawing(is_path ? QString::fromLatin1(file)
+                          : QStringLiteral(":/pictures/%1.svg").arg(QLatin1String(file)));
+    if (!drawing.open(QIODevice::ReadOnly))
+        return;
+    QByteArray lines = drawing.readAll();
+    if (dark && !is_path) {
+        for (const Ink& ink : inks)
+            lines.replace(ink.on_light, ink.on_dark);
+    }
+    QSvgRenderer(lines).render(&painter, target);
+}
+
+void draw(QPainter& painter, const Drawing& drawing, bool dark)
 {
     if (!drawing.light) {
-        draw_file(painter, drawing.file, QRectF(QPointF(), drawing.size));
+        draw_file(painter, drawing.file, QRectF(QPointF(), drawing.size), dark);
         return;
     }
     if (drawing.file)
-        draw_file(painter, drawing.file, QRectF(QPointF(box_offset, 0), small_size));
-    draw_file(painter, drawing.light, QRectF(QPointF(light_offset, 0), small_size));
+        draw_file(painter, drawing.file, QRectF(QPointF(box_offset, 0), small_size), dark);
+    draw_file(painter, drawing.light, QRectF(QPointF(light_offset, 0), small_size), dark);
 }
 
 /// Pulls every colour to a light grey of its own brightness and lets the ground shine through.
@@ -218,14 +275,15 @@ struct CacheKey {
     QSize device_size;
     qreal scale;
     bool disabled;
+    bool dark;
 
     bool operator==(const CacheKey&) const = default;
 };
 
 size_t qHash(const CacheKey& key, size_t seed = 0)
 {
-    return qHashMulti(seed, key.drawing, key.device_size.width(), key.device_size.height(), key.scale,
-                      key.disabled);
+    return qHashMulti(seed, key.drawing, key.device_size.width(), key.device_size.height(), key.scale, key.disabled,
+                      key.dark);
 }
 
 using PixmapCache = QHash<CacheKey, QPixmap>;
@@ -243,7 +301,7 @@ PixmapCache& pixmap_cache()
 }
 
 /// Renders the drawing as large as it fits into `device_size` pixels, without distorting it.
-QPixmap render(const Drawing& drawing, QSize device_size, qreal scale, bool disabled)
+QPixmap render(const Drawing& drawing, QSize device_size, qreal scale, bool disabled, bool dark)
 {
     register_picture_files();
     const qreal zoom = std::min(qreal(device_size.width()) / drawing.size.width(),
@@ -253,7 +311,7 @@ QPixmap render(const Drawing& drawing, QSize device_size, qreal scale, bool disa
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(zoom, zoom);
-    draw(painter, drawing);
+    draw(painter, drawing, dark);
     painter.end();
     if (disabled)
         grey_out(image);
@@ -264,9 +322,10 @@ QPixmap render(const Drawing& drawing, QSize device_size, qreal scale, bool disa
 
 QPixmap cached(const Drawing& drawing, QSize device_size, qreal scale, bool disabled)
 {
-    QPixmap& pixmap = pixmap_cache()[{&drawing, device_size, scale, disabled}];
+    const bool dark = on_dark(drawing);
+    QPixmap& pixmap = pixmap_cache()[{&drawing, device_size, scale, disabled, dark}];
     if (pixmap.isNull())
-        pixmap = render(drawing, device_size, scale, disabled);
+        pixmap = render(drawing, device_size, scale, disabled, dark);
     return pixmap;
 }
 

@@ -10,7 +10,8 @@ namespace tarnwick {
 enum class ImageList { recipe_tree = 1, tabs = 2, stock_tree = 3, list_manager = 4, toolbar = 5 };
 
 /// The picture with this resource number, drawn for `scale` device pixels to a logical pixel
-/// (devicePixelRatio is set to it). Null for an unknown number or a scale that is not above 0.
+/// (devicePixelRatio is set to it). What lies on the desktop's own colours, not on the page, has light outlines
+/// while the application's window colour is dark. Null for an unknown number or a scale that is not above 0.
 QPixmap picture(int resource_number, qreal scale = 1.0);
 
 /// The picture's size in logical pixels; an invalid size for an unknown number.

@@ -1,8 +1,14 @@
+#include "app/shared_values.h"
 #include "widgets/pictures.h"
 
+#include "support/contrast.h"
+
 #include <QFile>
+#include <QGuiApplication>
 #include <QImageReader>
 #include <QPainter>
+#include <QPalette>
+#include <QScopeGuard>
 #include <QTest>
 
 #include <algorithm>
@@ -119,6 +125,49 @@ QRect drawn_bounds(const QPixmap& pixmap, int left, int right)
     return bounds;
 }
 
+constexpr double readable_shape = 3; ///< contrast that a shape needs
+
+/// The least contrast that a light has against its page on its way round the rim: for each direction from the
+/// middle the pixel of the rim that stands out most counts.
+double weakest_of_rim(const QImage& image, double scale, const QColor& page)
+{
+    constexpr double middle = 8;
+    double weakest = 21;
+    for (int degrees = 0; degrees < 360; degrees += 5) {
+        double best = 1;
+        for (double radius = 3.6; radius < 6.6; radius += 0.1) {
+            const double angle = degrees * M_PI / 180;
+            const int x = static_cast<int>((middle + radius * std::cos(angle)) * scale);
+            const int y = static_cast<int>((middle + radius * std::sin(angle)) * scale);
+            best = std::max(best, contrast(image.pixel(x, y), page.rgb()));
+        }
+        weakest = std::min(weakest, best);
+    }
+    return weakest;
+}
+
+/// How many stripes that stand out from the page a level line through the hatching meets, with gaps between.
+int stripes_across(const QImage& image, double scale, const QColor& page)
+{
+    int stripes = 0;
+    bool in_stripe = false;
+    for (double x = 4.8; x <= 11.2; x += 0.05) {
+        const QRgb pixel = image.pixel(static_cast<int>(x * scale), static_cast<int>(7.5 * scale));
+        const bool stands_out = contrast(pixel, page.rgb()) >= readable_shape;
+        stripes += stands_out && !in_stripe;
+        in_stripe = stands_out;
+    }
+    return stripes;
+}
+
+/// Another window colour for the application, until the end of the test.
+auto with_window_color(const QColor& color)
+{
+    const QPalette before = QGuiApplication::palette();
+    QGuiApplication::setPalette(QPalette(color));
+    return qScopeGuard([before] { QGuiApplication::setPalette(before); });
+}
+
 } // namespace
 
 class tst_pictures : public QObject {
@@ -132,6 +181,14 @@ private slots:
     void unknown_numbers_give_nothing();
     void a_scale_that_is_not_positive_gives_nothing();
     void page_color_variants_leave_the_page_around_them();
+    void lights_stand_out_all_round_on_every_page_data();
+    void lights_stand_out_all_round_on_every_page();
+    void hatching_stands_out_on_every_page_data();
+    void hatching_stands_out_on_every_page();
+    void outlines_follow_the_lightness_of_the_window_data();
+    void outlines_follow_the_lightness_of_the_window();
+    void pictures_of_the_page_stay_on_a_dark_window();
+    void statuses_differ_on_a_dark_window();
     void statuses_differ_without_color_data();
     void statuses_differ_without_color();
     void lights_differ_without_color();
@@ -222,6 +279,102 @@ void tst_pictures::page_color_variants_leave_the_page_around_them()
                 QCOMPARE(qAlpha(image.pixel(0, i)), 0);
                 QCOMPARE(qAlpha(image.pixel(15, i)), 0);
             }
+        }
+    }
+}
+
+void tst_pictures::lights_stand_out_all_round_on_every_page_data()
+{
+    QTest::addColumn<qreal>("scale");
+    for (const char* scale : {"1", "1.25", "1.5", "2"})
+        QTest::newRow(scale) << QByteArray(scale).toDouble();
+}
+
+void tst_pictures::lights_stand_out_all_round_on_every_page()
+{
+    QFETCH(qreal, scale);
+    for (int color = 0; color < 4; ++color) {
+        const QColor page = *page_color_of(color);
+        for (int base : {171, 175, 179, 183}) {
+            const double weakest = weakest_of_rim(on_page(picture(base + color, scale), page), scale, page);
+            QVERIFY2(weakest >= readable_shape,
+                     qPrintable(QStringLiteral("%1 on page %2: %3").arg(base).arg(color).arg(weakest)));
+        }
+        for (int status = 5; status <= 10; ++status) {
+            const QImage whole = on_page(list_image(ImageList::stock_tree, status, scale), page);
+            const int half = static_cast<int>(16 * scale);
+            const double weakest = weakest_of_rim(whole.copy(half, 0, half, whole.height()), scale, page);
+            QVERIFY2(weakest >= readable_shape,
+                     qPrintable(QStringLiteral("status %1 on page %2: %3").arg(status).arg(color).arg(weakest)));
+        }
+    }
+}
+
+void tst_pictures::hatching_stands_out_on_every_page_data()
+{
+    lights_stand_out_all_round_on_every_page_data();
+}
+
+void tst_pictures::hatching_stands_out_on_every_page()
+{
+    QFETCH(qreal, scale);
+    for (int color = 0; color < 4; ++color) {
+        const QColor page = *page_color_of(color);
+        QCOMPARE(stripes_across(on_page(picture(183 + color, scale), page), scale, page), 2);
+    }
+}
+
+void tst_pictures::outlines_follow_the_lightness_of_the_window_data()
+{
+    QTest::addColumn<QColor>("window");
+    QTest::newRow("light") << QColor(239, 239, 239);
+    QTest::newRow("dark") << QColor(42, 46, 50);
+    QTest::newRow("black") << QColor(Qt::black);
+}
+
+void tst_pictures::outlines_follow_the_lightness_of_the_window()
+{
+    QFETCH(QColor, window);
+    const auto back = with_window_color(window);
+    for (const ListImage& image : expected_list_images()) {
+        const QImage shown = on_page(list_image(image.list, image.index), window);
+        int outline = 0;
+        for (int y = 0; y < shown.height(); ++y)
+            for (int x = 0; x < shown.width(); ++x)
+                outline += contrast(shown.pixel(x, y), window.rgb()) >= readable_shape;
+        QVERIFY2(outline >= 24,
+                 qPrintable(QStringLiteral("list %1 image %2: %3 pixels")
+                                .arg(static_cast<int>(image.list))
+                                .arg(image.index)
+                                .arg(outline)));
+    }
+    for (int status = 5; status <= 10; ++status) {
+        const QImage whole = on_page(list_image(ImageList::stock_tree, status), window);
+        QVERIFY(weakest_of_rim(whole.copy(16, 0, 16, 16), 1, window) >= readable_shape);
+        if (status < 10) // the edge of the box, above and at the left of its middle
+            for (const QRect edge : {QRect(8, 1, 1, 3), QRect(2, 8, 3, 1)})
+                QVERIFY(best_contrast(whole, edge, window) >= readable_shape);
+    }
+}
+
+void tst_pictures::pictures_of_the_page_stay_on_a_dark_window()
+{
+    const QImage light = picture(122).toImage();
+    const QImage toolbar = list_image(ImageList::toolbar, 1).toImage();
+    const auto back = with_window_color(QColor(42, 46, 50));
+    QCOMPARE(picture(122).toImage(), light);
+    QVERIFY(list_image(ImageList::toolbar, 1).toImage() != toolbar);
+}
+
+void tst_pictures::statuses_differ_on_a_dark_window()
+{
+    const QColor window(42, 46, 50);
+    const auto back = with_window_color(window);
+    for (int a = 5; a <= 9; ++a) {
+        for (int b = a + 1; b <= 9; ++b) {
+            const int count = grey_differences(on_page(list_image(ImageList::stock_tree, a), window),
+                                               on_page(list_image(ImageList::stock_tree, b), window));
+            QVERIFY2(count >= 20, qPrintable(QStringLiteral("%1 and %2: %3").arg(a).arg(b).arg(count)));
         }
     }
 }
