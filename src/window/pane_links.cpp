@@ -1,5 +1,6 @@
 #include "window/pane_links.h"
 
+#include "lists/list_mouse.h"
 #include "lists/list_pane.h"
 #include "lists/lists.h"
 #include "lists/placing.h"
@@ -7,8 +8,15 @@
 #include "stock/floating_buttons.h"
 #include "stock/stock_commands.h"
 #include "stock/stock_tree.h"
+#include "widgets/list_grid.h"
+#include "window/commands.h"
 #include "window/frmmain.h"
+#include "window/toolbar.h"
 #include "window/view_state.h"
+
+#include <QAction>
+
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -36,11 +44,26 @@ void connect_stock(frmmain& main)
        [&main](Key item, const QString& name) { main.recipe_page().drag_ingred(item, name); });
 }
 
+void connect_lists(frmmain& main)
+{
+    on(main, main.list_pane(), &ListPane::list_loaded, [&main] { main.toolbar().toolbar_fit(); });
+    on(main, main.commands(), &Commands::list_chosen, [&main](int entry) {
+        const QAction& action = main.commands().list_entry(entry);
+        main.lists().choose(trim(Commands::plain_caption(action)), trim(Commands::list_entry_tag(action)));
+    });
+    const auto current_row = [&main] { return main.list_pane().grid().current_row(); };
+    on(main, main.commands(), &Commands::edit_row_wanted,
+       [&main, current_row] { main.list_mouse().edit_row(current_row()); });
+    on(main, main.commands(), &Commands::remove_row_wanted,
+       [&main, current_row] { main.list_mouse().remove_row(current_row()); });
+}
+
 } // namespace
 
 void connect_panes(frmmain& main)
 {
     connect_stock(main);
+    connect_lists(main);
 }
 
 } // namespace tarnwick
