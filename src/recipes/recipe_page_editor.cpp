@@ -1,24 +1,17 @@
 #include "recipes/recipe_page.h"
 
-#include "window/frmmain.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_editor.h"
-#include "window/commands.h"
 
-#include <QAction>
 #include <QShortcut>
 
 namespace tarnwick {
 
 void RecipePage::make_line_editor()
 {
-    line_editor_ = new LineEditor(main_, *this);
-    auto* add = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_I), &main_);
-    connect(add, &QShortcut::activated, this, [this] {
-        const QString command = QStringLiteral("mnu_recipe_add_ingred");
-        if (main_.commands().action(command).isEnabled())
-            main_.commands().run(command);
-    });
+    line_editor_ = new LineEditor(program_, *this);
+    auto* add = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_I), &program_.window);
+    connect(add, &QShortcut::activated, this, &RecipePage::ingredient_wanted);
 }
 
 Ingredients& RecipePage::ingredients()

@@ -97,6 +97,11 @@ void FloatingButtons::hide_all()
         button->hide();
 }
 
+void FloatingButtons::hide_recipe_button()
+{
+    hide(add_to_page);
+}
+
 void FloatingButtons::hide(int index)
 {
     button(index).hide();

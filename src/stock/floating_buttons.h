@@ -34,7 +34,7 @@ public:
 
     QToolButton& button(int index) { return *buttons_.at(static_cast<size_t>(index)); }
     void hide_all();
-    void hide(int index);
+    void hide_recipe_button();
 
     /// Goes when a row was placed on the list on show; a new item that was put on no list gets the recipe button.
     void item_changed(const ItemChange& change);
@@ -55,6 +55,7 @@ signals:
     void locating_wanted(tarnwick::Key item); ///< on the lists
 
 private:
+    void hide(int index);
     void follow_tree();
 
     /// Resting places of the tree's load, by category or by name.

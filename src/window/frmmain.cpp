@@ -149,8 +149,8 @@ void frmmain::make_panes()
         FloatingButtons::Asks{[this](Key item) { return recipe_page_->shows_item(item); },
                               [this] { return row_editor().is_open(); }});
     stock_commands_ = std::make_unique<StockCommands>(*program_, *stock_tree_);
-    recipe_tree_ = std::make_unique<RecipeTree>(*this, *recipe_view);
-    recipe_page_ = std::make_unique<RecipePage>(*this, area_);
+    recipe_page_ = std::make_unique<RecipePage>(*program_, area_);
+    recipe_tree_ = std::make_unique<RecipeTree>(*program_, *recipe_view, *recipe_page_);
     list_pane_ = std::make_unique<ListPane>(
         *program_, area_,
         ListPane::Surroundings{[this] { return layout_->header_row(); }, [this] { return layout_->left_pane(); },
@@ -161,9 +161,6 @@ void frmmain::make_panes()
     list_mouse_ = std::make_unique<ListMouse>(*program_, *list_pane_, *placing_, *clearing_);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
-    connect(recipe_page_.get(), &RecipePage::name_typed, recipe_tree_.get(), &RecipeTree::rename);
-    connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::refresh_commands);
-    connect(recipe_page_.get(), &RecipePage::name_left, recipe_tree_.get(), &RecipeTree::sort_renamed);
     connect_panes(*this);
     connect_household();
 }

@@ -5,12 +5,16 @@
 #include "lists/lists.h"
 #include "lists/placing.h"
 #include "recipes/recipe_page.h"
+#include "recipes/recipe_tree.h"
 #include "stock/floating_buttons.h"
 #include "stock/stock_commands.h"
 #include "stock/stock_tree.h"
 #include "widgets/list_grid.h"
+#include "widgets/row_editor.h"
+#include "widgets/separator.h"
 #include "window/commands.h"
 #include "window/frmmain.h"
+#include "window/layout.h"
 #include "window/toolbar.h"
 #include "window/view_state.h"
 
@@ -58,12 +62,31 @@ void connect_lists(frmmain& main)
        [&main, current_row] { main.list_mouse().remove_row(current_row()); });
 }
 
+void connect_recipes(frmmain& main)
+{
+    RecipePage& page = main.recipe_page();
+    QObject::connect(&page, &RecipePage::name_typed, &main.recipe_tree(), &RecipeTree::rename);
+    QObject::connect(&page, &RecipePage::name_typed, &main.view_state(), &ViewState::refresh_commands);
+    QObject::connect(&page, &RecipePage::name_left, &main.recipe_tree(), &RecipeTree::sort_renamed);
+    on(main, main.recipe_tree(), &RecipeTree::node_pressed, [&main] { main.list_pane().leave_for_tree(); });
+    on(main, page, &RecipePage::name_marked,
+       [&main](const QString& mark) { main.layout_manager().Frame1().setProperty("Tag", mark); });
+    on(main, page, &RecipePage::ingredient_wanted, [&main] {
+        const QString command = QStringLiteral("mnu_recipe_add_ingred");
+        if (main.commands().action(command).isEnabled())
+            main.commands().run(command);
+    });
+    on(main, page, &RecipePage::adding_line, [&main] { main.floating_buttons().hide_recipe_button(); });
+    on(main, page, &RecipePage::editors_closing, [&main] { main.row_editor().hide_line(); });
+}
+
 } // namespace
 
 void connect_panes(frmmain& main)
 {
     connect_stock(main);
     connect_lists(main);
+    connect_recipes(main);
 }
 
 } // namespace tarnwick
