@@ -339,7 +339,7 @@ void l_item_edit::new_category()
     // The access key leaves the focus in the name.
     if (txt_item_->hasFocus() && !name_left())
         return;
-    new_item_rcp dialog(program_, this, {Naming::category});
+    new_item_rcp dialog(program_, this, {NamingKind::category});
     dialog.exec();
     if (dialog.made() > 0)
         fill_categories(dialog.made());

@@ -35,10 +35,10 @@ new_item_rcp::new_item_rcp(Program& program, QWidget* owner, NamingRequest reque
     setModal(true);
     make_controls();
     place_controls();
-    if (request_.dialog_kind == Naming::list)
+    if (request_.dialog_kind == NamingKind::list)
         show_kind(QStringLiteral("New shopping list"), QStringLiteral("Enter a name for your shopping list"),
                   QStringLiteral("list.ico"));
-    else if (request_.dialog_kind == Naming::category)
+    else if (request_.dialog_kind == NamingKind::category)
         show_kind(QStringLiteral("New stock category"), QStringLiteral("Enter a name for your stock category"),
                   QStringLiteral("fldr_1.ico"));
     else
@@ -88,7 +88,7 @@ void new_item_rcp::place_controls()
     rows->addWidget(Label1_[0], 0, 1);
     rows->addWidget(Text1_, 1, 1);
     rows->setRowMinimumHeight(2, 6);
-    if (request_.dialog_kind == Naming::recipe) {
+    if (request_.dialog_kind == NamingKind::recipe) {
         rows->addWidget(Picture1_[1], 3, 0, 2, 1, Qt::AlignTop | Qt::AlignHCenter);
         rows->addWidget(Label1_[1], 3, 1);
         rows->addWidget(Combo1_, 4, 1);
@@ -107,7 +107,7 @@ void new_item_rcp::show_kind(const QString& caption, const QString& prompt, cons
     if (has_icon)
         Picture1_[0]->setPixmap(QIcon(file).pixmap(QSize(icon_size, icon_size), devicePixelRatioF()));
     Picture1_[0]->setVisible(has_icon);
-    const bool recipe = request_.dialog_kind == Naming::recipe;
+    const bool recipe = request_.dialog_kind == NamingKind::recipe;
     if (recipe)
         fill_categories();
     Picture1_[1]->setVisible(recipe);
@@ -146,9 +146,9 @@ void new_item_rcp::ok()
     name = trim(name);
     Text1_->setText(name);
     bool done = false;
-    if (request_.dialog_kind == Naming::list)
+    if (request_.dialog_kind == NamingKind::list)
         done = ok_list(name);
-    else if (request_.dialog_kind == Naming::category)
+    else if (request_.dialog_kind == NamingKind::category)
         done = ok_category(name);
     else
         done = ok_recipe(name);

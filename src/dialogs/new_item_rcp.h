@@ -14,11 +14,11 @@ namespace tarnwick {
 struct Program;
 
 /// What the naming dialog makes; the numbers are those of `dialog_kind`.
-enum class Naming { list = 1, recipe = 2, category = 3 };
+enum class NamingKind { list = 1, recipe = 2, category = 3 };
 
 /// What the naming dialog is opened for.
 struct NamingRequest {
-    Naming dialog_kind = Naming::list;
+    NamingKind dialog_kind = NamingKind::list;
     int recipe_category = 0; ///< index of the category that a new recipe is proposed for
 };
 

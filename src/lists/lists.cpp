@@ -30,7 +30,7 @@ Lists::Lists(Program& program, ListPane& pane, Placing& placing, Clearing& clear
 
 void Lists::new_list()
 {
-    new_item_rcp(program_, &program_.window, {Naming::list}).exec();
+    new_item_rcp(program_, &program_.window, {NamingKind::list}).exec();
 }
 
 void Lists::lists_changed(const ListsChange& change)

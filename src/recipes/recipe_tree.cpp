@@ -165,7 +165,7 @@ void RecipeTree::close_folders()
 
 void RecipeTree::new_rcp()
 {
-    new_item_rcp(program_, &program_.window, {Naming::recipe, proposed_category()}).exec();
+    new_item_rcp(program_, &program_.window, {NamingKind::recipe, proposed_category()}).exec();
 }
 
 int RecipeTree::proposed_category() const

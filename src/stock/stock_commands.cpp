@@ -24,7 +24,7 @@ StockCommands::StockCommands(Program& program, StockTree& tree)
 
 void StockCommands::new_cat()
 {
-    new_item_rcp(program_, &program_.window, {Naming::category}).exec();
+    new_item_rcp(program_, &program_.window, {NamingKind::category}).exec();
 }
 
 void StockCommands::tv_del_cat(Key) { }

@@ -1,3 +1,4 @@
+#include "widgets/program.h"
 #include "data/runtime_error.h"
 #include "lists/placing.h"
 #include "recipes/line_fixture.h"

@@ -1,5 +1,6 @@
 #include "kill/kill_user.h"
 
+#include "household/household.h"
 #include "window/frmmain.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"

@@ -1,3 +1,4 @@
+#include "household/household.h"
 #include "data/query.h"
 #include "data/runtime_error.h"
 #include "widgets/list_grid.h"

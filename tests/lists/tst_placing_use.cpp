@@ -1,3 +1,4 @@
+#include "household/household.h"
 #include "lists/list_menu.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"

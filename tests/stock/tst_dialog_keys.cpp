@@ -81,15 +81,15 @@ void tst_dialog_keys::enter_elsewhere_in_the_item_editor_is_ok()
 
 void tst_dialog_keys::enter_on_cancel_makes_nothing_in_the_naming_dialog_data()
 {
-    QTest::addColumn<Naming>("kind");
-    QTest::newRow("list") << Naming::list;
-    QTest::newRow("recipe") << Naming::recipe;
-    QTest::newRow("category") << Naming::category;
+    QTest::addColumn<NamingKind>("kind");
+    QTest::newRow("list") << NamingKind::list;
+    QTest::newRow("recipe") << NamingKind::recipe;
+    QTest::newRow("category") << NamingKind::category;
 }
 
 void tst_dialog_keys::enter_on_cancel_makes_nothing_in_the_naming_dialog()
 {
-    QFETCH(Naming, kind);
+    QFETCH(NamingKind, kind);
     EditorCase test;
     frmmain& main = test.window.load();
     const QStringList before = table_dump(test.window.db());

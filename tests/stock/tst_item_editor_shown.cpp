@@ -1,3 +1,4 @@
+#include "household/household.h"
 #include "stock/item_editor_fixture.h"
 
 #include "recipes/line_widgets.h"
