@@ -1,5 +1,6 @@
 #include "lists/list_pane.h"
 
+#include "data/settings.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "widgets/update_lock.h"
@@ -156,7 +157,7 @@ void ListPane::set_headers()
 void ListPane::show_column_group(int group)
 {
     program_.settings.write(QLatin1String(settings_app::columns), QStringLiteral("prefs"), group_setting(group),
-                           column_group_shown(group) ? QStringLiteral("1") : QStringLiteral("0"));
+                            column_group_shown(group) ? QStringLiteral("1") : QStringLiteral("0"));
     emit column_groups_changed();
     {
         const UpdateLock lock(*grid_);

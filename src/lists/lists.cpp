@@ -1,5 +1,6 @@
 #include "lists/lists.h"
 
+#include "data/settings.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "widgets/message_box.h"
@@ -53,7 +54,7 @@ void Lists::list_made(Key list)
 {
     program_.shared.current_list = list;
     program_.settings.write(QLatin1String(settings_app::dialogs), QStringLiteral("prefs"), QStringLiteral("alist"),
-                           QString::number(list));
+                            QString::number(list));
     set_mnu_lists();
 }
 

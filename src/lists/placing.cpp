@@ -28,8 +28,8 @@ PlacingAnswer Placing::chck_item(Key item_key, Key list_key)
     const QString text = QStringLiteral("There is already an ") + word + u' ' + trim(listed->item)
         + QStringLiteral("\n stock item on the ") + get_list_name(connection, list_key)
         + QStringLiteral(" list -\n\nDo you want to add another?\n\nChoose YES to add another, NO to Cancel:");
-    const Answer answer
-        = msg_box(&program_.window, text, box::yes_no | box::question | box::second_default, QStringLiteral("Question"));
+    const Answer answer = msg_box(&program_.window, text, box::yes_no | box::question | box::second_default,
+                                  QStringLiteral("Question"));
     return answer == Answer::yes ? PlacingAnswer::go_on : PlacingAnswer::cancelled;
 }
 
@@ -89,7 +89,8 @@ void Placing::place(const Placement& placement)
 
 void Placing::say_list_gone()
 {
-    msg_box(&program_.window, QStringLiteral("This list no longer exists. Choose another one from the Shopping lists menu."),
+    msg_box(&program_.window,
+            QStringLiteral("This list no longer exists. Choose another one from the Shopping lists menu."),
             box::exclamation, QStringLiteral("Shopping list"));
 }
 

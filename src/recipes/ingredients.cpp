@@ -31,8 +31,8 @@ bool Ingredients::begin_line()
         return false;
     if (page_.has_room(QStringLiteral(" ")))
         return true;
-    msg_box(&program_.window, QStringLiteral("This page is full: there is no room\nfor another ingredient"), box::information,
-            QStringLiteral("Recipe page is full"));
+    msg_box(&program_.window, QStringLiteral("This page is full: there is no room\nfor another ingredient"),
+            box::information, QStringLiteral("Recipe page is full"));
     return false;
 }
 
@@ -73,7 +73,8 @@ void Ingredients::drag_ingred(Key item, const QString& name)
     const QString question
         = name + QStringLiteral(" already appears on this recipe\nWould you like to add it again?");
     if (check_exist(item)
-        && msg_box(&program_.window, question, box::yes_no + box::question, QStringLiteral("Item already on recipe"))
+        && msg_box(&program_.window, question, box::yes_no + box::question,
+                   QStringLiteral("Item already on recipe"))
             != Answer::yes)
         return;
     if (const auto stock_name = stock_item_name(program_.connection, item))

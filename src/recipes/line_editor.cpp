@@ -155,7 +155,8 @@ void LineEditor::place()
 {
     if (!open_ || index() < 0)
         return;
-    boxes_->place(line().ingred->geometry(), page_.frame4().width(), program_.shared.type_size, page_.Text1().font());
+    boxes_->place(line().ingred->geometry(), page_.frame4().width(), program_.shared.type_size,
+                  page_.Text1().font());
     picks_->place();
 }
 
@@ -213,8 +214,8 @@ bool LineEditor::refuse_apostrophe()
         return false;
     {
         const QScopedValueRollback asking(busy_, true);
-        msg_box(&program_.window, QStringLiteral("Sorry - you can't put an apostrophe\nin the item name"), box::information,
-                QStringLiteral("Valora info"));
+        msg_box(&program_.window, QStringLiteral("Sorry - you can't put an apostrophe\nin the item name"),
+                box::information, QStringLiteral("Valora info"));
     }
     QString name = boxes_->edit(item).text();
     boxes_->edit(item).setText(strip_apostrophes(name));

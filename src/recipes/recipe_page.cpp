@@ -1,5 +1,6 @@
 #include "recipes/recipe_page.h"
 
+#include "data/settings.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "widgets/message_box.h"

@@ -1,5 +1,6 @@
 #include "recipes/recipe_page.h"
 
+#include "widgets/program.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_editor.h"
 

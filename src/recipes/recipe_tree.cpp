@@ -201,7 +201,8 @@ void RecipeTree::recip_del(Key recipe)
     const auto name = recipe_name(program_.connection, recipe);
     const QString question = QStringLiteral("Are you sure you want to \ndelete the ") + name.value_or(QString())
         + QStringLiteral(" recipe?");
-    if (msg_box(&program_.window, question, box::yes_no | box::exclamation, QStringLiteral("Warning")) != Answer::yes)
+    if (msg_box(&program_.window, question, box::yes_no | box::exclamation, QStringLiteral("Warning"))
+        != Answer::yes)
         return;
     delete_recipe(program_.connection, recipe);
     if (QTreeWidgetItem* node = recipe_node(recipe))

@@ -85,7 +85,7 @@ void RecipeTree::show_status_of_selection()
         program_.set_status(trim(node->text(0)) + QStringLiteral(" recipe"));
     else
         program_.set_status(node->text(0) + QStringLiteral(": ") + QString::number(node->childCount())
-                         + QStringLiteral(" recipes"));
+                            + QStringLiteral(" recipes"));
 }
 
 void RecipeTree::mouse_down(QPoint position)

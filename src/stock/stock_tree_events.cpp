@@ -37,7 +37,7 @@ void StockTree::show_status_of_selection()
         program_.set_status(get_status(program_.connection, record_key(TreeView::key(node))));
     else
         program_.set_status(node->text(0) + QStringLiteral(" category: ") + QString::number(node->childCount())
-                         + QStringLiteral(" stock items"));
+                            + QStringLiteral(" stock items"));
 }
 
 void StockTree::key_down(int key)

@@ -141,9 +141,8 @@ void frmmain::make_panes()
     stock_view->setObjectName(QStringLiteral("TreeView1(0)"));
     auto* recipe_view = new TreeView(ImageList::recipe_tree, area_);
     recipe_view->setObjectName(QStringLiteral("TreeView1(1)"));
-    stock_tree_ = std::make_unique<StockTree>(*program_, *stock_view, [this] {
-        return recipe_page_->leave_line_editor();
-    });
+    stock_tree_
+        = std::make_unique<StockTree>(*program_, *stock_view, [this] { return recipe_page_->leave_line_editor(); });
     floating_buttons_ = std::make_unique<FloatingButtons>(
         *program_, *stock_tree_, area_,
         FloatingButtons::Asks{[this](Key item) { return recipe_page_->shows_item(item); },
@@ -151,10 +150,10 @@ void frmmain::make_panes()
     stock_commands_ = std::make_unique<StockCommands>(*program_, *stock_tree_);
     recipe_page_ = std::make_unique<RecipePage>(*program_, area_);
     recipe_tree_ = std::make_unique<RecipeTree>(*program_, *recipe_view, *recipe_page_);
-    list_pane_ = std::make_unique<ListPane>(
-        *program_, area_,
-        ListPane::Surroundings{[this] { return layout_->header_row(); }, [this] { return layout_->left_pane(); },
-                               [this] { layout_->separator_fix(); }});
+    list_pane_ = std::make_unique<ListPane>(*program_, area_,
+                                            ListPane::Surroundings{[this] { return layout_->header_row(); },
+                                                                   [this] { return layout_->left_pane(); },
+                                                                   [this] { layout_->separator_fix(); }});
     placing_ = std::make_unique<Placing>(*program_, *list_pane_);
     clearing_ = std::make_unique<Clearing>(*program_, *placing_);
     lists_ = std::make_unique<Lists>(*program_, *list_pane_, *placing_, *clearing_);
