@@ -11,7 +11,8 @@
 
 namespace tarnwick {
 
-/// The status codes of a stock item after an operation, as the table of treatments has them.
+/// The status codes of a stock item after an operation, as the table of treatments has them; `code_untouched` where
+/// what is shown stays.
 struct ItemCodes {
     Key item = 0;
     int status = 0; ///< the true code
@@ -44,6 +45,7 @@ struct ItemChange {
     std::vector<Key> gone; ///< `groc_1` keys of rows that were deleted
     std::optional<ItemRecord> record; ///< of the one item
     bool quiet = false; ///< no new row is brought to the user's eye
+    bool opened = true; ///< a new row is opened for editing where its list is on show
 };
 
 } // namespace tarnwick

@@ -1,6 +1,6 @@
 #include "lists/grid_listener.h"
 
-#include "app/shared_values.h"
+#include "widgets/shared_values.h"
 #include "household/list_store.h"
 #include "lists/list_pane.h"
 #include "widgets/list_grid.h"
@@ -27,7 +27,7 @@ void GridListener::item_changed(const ItemChange& change)
     take_away(change);
     for (const WrittenRow& written : change.written) {
         if (written.kind == WrittenRow::Kind::placed && shows_list(written.row.list_key))
-            show_placed(written.row, change.quiet);
+            show_placed(written.row, change);
         else if (written.kind == WrittenRow::Kind::rewritten)
             show_rewritten(written.row);
     }
@@ -38,6 +38,18 @@ void GridListener::item_changed(const ItemChange& change)
         rename(change.items.front().item, change.record->name);
     // Boxes left open over a row would write their old text back with the next key.
     editor_.refresh();
+}
+
+void GridListener::items_gone(const ItemsGone& gone)
+{
+    if (gone.rows.empty())
+        return;
+    editor_.hide_line();
+    if (gone.category)
+        take_away_around_current(gone.rows);
+    else
+        for (const Key row : gone.rows)
+            pane_.remove_row(row);
 }
 
 bool GridListener::shows_list(Key list) const
@@ -72,16 +84,32 @@ void GridListener::take_away_many(const std::vector<Key>& gone)
     pane_.set_headers();
 }
 
-void GridListener::show_placed(const GridRow& row, bool quiet)
+/// The user's place in the list stays: the current row, or the next one that is left.
+void GridListener::take_away_around_current(const std::vector<Key>& gone)
+{
+    const std::vector<GridRow>& rows = pane_.grid().rows().list_rows();
+    const QSet<Key> keys(gone.begin(), gone.end());
+    const auto is_gone = [&keys](const GridRow& row) { return keys.contains(row.groc_key); };
+    if (std::none_of(rows.begin(), rows.end(), is_gone))
+        return;
+    const auto current = rows.begin() + std::max(pane_.grid().current_row(), 0);
+    auto next = std::find_if_not(current, rows.end(), is_gone);
+    if (next == rows.end())
+        next = std::find_if_not(rows.begin(), rows.end(), is_gone);
+    const Key stays = next == rows.end() ? Key(0) : next->groc_key;
+    take_away_many(gone);
+    pane_.set_row(stays);
+}
+
+void GridListener::show_placed(const GridRow& row, const ItemChange& change)
 {
     const bool editor_was_open = editor_.is_open();
-    const bool show = !quiet && shared_.list_pane_shown;
+    const bool show = !change.quiet && shared_.list_pane_shown;
     const int place = pane_.add_row(row, show);
     if (!show)
         return;
     const bool window_enabled = pane_.grid().window()->isEnabled() && !QApplication::activeModalWidget();
-    const bool mark = window_enabled && shared_.placing_source < placing_source::manager_all_lists;
-    if (mark || editor_was_open)
+    if ((window_enabled && change.opened) || editor_was_open)
         editor_.show_l_line();
     else
         pane_.grid().scrollTo(pane_.grid().rows().index(place, grid_column::item));

@@ -1,8 +1,9 @@
 #include "window/frmmain.h"
 
-#include "app/frmsplash.h"
+#include "window/frmsplash.h"
 #include "data/runtime_error.h"
 #include "widgets/message_box.h"
+#include "widgets/program.h"
 #include "widgets/update_lock.h"
 #include "household/household.h"
 #include "lists/clearing.h"
@@ -20,6 +21,7 @@
 #include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
+#include "window/keyboard_round.h"
 #include "window/layout.h"
 #include "window/rescuer.h"
 #include "window/status_panels.h"
@@ -129,6 +131,10 @@ void frmmain::make_panes()
 
     drag_ = std::make_unique<Drag>(*this);
     household_ = std::make_unique<Household>(connection_);
+    program_ = std::make_unique<Program>(Program{*this, connection_, *household_, settings_, environment_, shared,
+                                                 [this](const QString& text) { set_status(text); },
+                                                 [this] { l_r_refresh(); },
+                                                 [this](const runtime_error& error) { shut_down(error); }});
     commands_ = std::make_unique<Commands>(*this, *menuBar());
     status_panels_ = std::make_unique<StatusPanels>(*statusBar());
     toolbar_ = std::make_unique<Toolbar>(*this, area_);
@@ -150,6 +156,7 @@ void frmmain::make_panes()
     list_mouse_ = std::make_unique<ListMouse>(*this);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
+    keyboard_round_ = new KeyboardRound(*this);
     connect(recipe_page_.get(), &RecipePage::name_typed, recipe_tree_.get(), &RecipeTree::rename);
     connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::refresh_commands);
     connect(recipe_page_.get(), &RecipePage::name_left, recipe_tree_.get(), &RecipeTree::sort_renamed);
@@ -173,8 +180,11 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
-    connect(household_.get(), &Household::category_changed, this,
-            [this](const MadeRecord& made) { stock_tree_->add_category_node(made.key, made.name); });
+    listen(&Household::items_gone, *grid_listener_, &GridListener::items_gone);
+    listen(&Household::items_gone, *stock_tree_, &StockTree::items_gone);
+    listen(&Household::items_gone, *recipe_page_, &RecipePage::items_gone);
+    listen(&Household::category_changed, *stock_tree_, &StockTree::category_changed);
+    listen(&Household::category_changed, *recipe_page_, &RecipePage::category_changed);
     connect(household_.get(), &Household::recipe_changed, this,
             [this](const MadeRecord& made) { recipe_tree_->recipe_made(made.key, made.name, made.category); });
 }
@@ -362,6 +372,7 @@ void frmmain::shut_down(const runtime_error& error)
 
 void frmmain::closeEvent(QCloseEvent* event)
 {
+    stock_tree_->view().finish_label_edit();
     unload();
     event->accept();
     environment_.end_program(EXIT_SUCCESS);

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/environment.h"
+#include "widgets/environment.h"
 #include "data/settings.h"
-#include "app/shared_values.h"
+#include "widgets/shared_values.h"
 #include "data/connection.h"
 
 #include <QMainWindow>
@@ -19,11 +19,13 @@ class Drag;
 class FloatingButtons;
 class GridListener;
 class Household;
+class KeyboardRound;
 class Layout;
 class ListMouse;
 class ListPane;
 class Lists;
 class Placing;
+struct Program;
 class RecipePage;
 class RecipeTree;
 class MainRowEditorHost;
@@ -50,6 +52,7 @@ public:
 
     SharedValues shared;
 
+    Program& program() { return *program_; }
     const Environment& environment() const { return environment_; }
     Connection& connection() { return connection_; }
     Household& household() { return *household_; }
@@ -73,6 +76,7 @@ public:
     Drag& drag() { return *drag_; } ///< the one drag of the program
     Layout& layout_manager() { return *layout_; }
     StatusPanels& status_panels() { return *status_panels_; }
+    KeyboardRound& keyboard_round() { return *keyboard_round_; }
 
     /// The tree on show in the left pane.
     TreeView& visible_tree();
@@ -118,6 +122,7 @@ private:
     QWidget* area_ = nullptr;
     std::unique_ptr<Drag> drag_;
     std::unique_ptr<Household> household_;
+    std::unique_ptr<Program> program_;
     std::unique_ptr<Commands> commands_;
     std::unique_ptr<StatusPanels> status_panels_;
     std::unique_ptr<Toolbar> toolbar_;
@@ -137,6 +142,7 @@ private:
     std::unique_ptr<StatusWords> status_words_;
     std::unique_ptr<ViewState> view_state_;
     std::unique_ptr<Layout> layout_;
+    KeyboardRound* keyboard_round_ = nullptr;
     bool appeared_ = false; ///< the window stands on the screen in its size: from here on a resize is the user's
 };
 
