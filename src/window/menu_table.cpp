@@ -4,7 +4,6 @@
 #include "data/keys.h"
 #include "widgets/header_bar.h"
 #include "lists/list_pane.h"
-#include "lists/clearing.h"
 #include "lists/lists.h"
 #include "lists/placing.h"
 #include "recipes/ingredients.h"
@@ -87,7 +86,7 @@ void new_list(frmmain& main)
 void clear_list(frmmain& main)
 {
     if (leave_editors(main))
-        main.clearing().show_dialog();
+        main.lists().clear();
 }
 void delete_list(frmmain& main)
 {
