@@ -75,6 +75,7 @@ void ListPane::lv_load(Key list_key)
     if (grid_->scroll_bar_shown() != bar_was_shown && grid_->rows().rows() > 0)
         grid_->set_current(0, grid_column::desc);
     list_store::mark_active(main_.connection(), list_key);
+    emit list_loaded();
     set_col_widths();
     set_headers();
     main_.shared.list_pane_shown = true;

@@ -72,6 +72,7 @@ public:
     void remove_row(Key groc_key);
 
 signals:
+    void list_loaded(); ///< the grid shows the list in use, read anew
     void column_groups_changed(); ///< another set of column groups is on show
 
 private:
