@@ -57,8 +57,6 @@ struct SharedValues {
     int dialog_kind = naming::list;
     int placing_source = 0; ///< of the namespace `placing_source`; 0 nothing placed yet
     bool move_stock = true; ///< the move dialog moves a stock item, else a recipe
-    bool tree_drag = false; ///< a drag from a tree is under way
-    bool node_dragged = false; ///< swallows the node click that ends a drag
     bool page_busy = false; ///< the recipe page is being rebuilt
     bool lites_busy = false; ///< lights of the recipe page are being set
     ReportOptions reports;

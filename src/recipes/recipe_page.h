@@ -29,6 +29,7 @@ class frmmain;
 enum class LineTip;
 struct ItemChange;
 struct ItemCodes;
+struct LineMove;
 struct ListsChange;
 
 /// What the page's own procedures hand to each other.
@@ -114,6 +115,9 @@ public:
 
     /// Shows on the lines what an operation did to their stock items, whether the page is on show or not.
     void item_changed(const ItemChange& change);
+
+    /// Shows a line of the recipe at its new place.
+    void line_moved(const LineMove& move);
 
     /// Loads the page again when a list has gone, whose rows its lights depend on.
     void lists_changed(const ListsChange& change);

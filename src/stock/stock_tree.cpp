@@ -66,6 +66,9 @@ void StockTree::connect_events()
         connect(tree_.model(), change, &buttons_, &FloatingButtons::hide_all);
     connect(&tree_, &TreeView::mouse_down, this, &StockTree::mouse_down);
     connect(&tree_, &TreeView::mouse_up, this, &StockTree::mouse_up);
+    connect(&tree_, &TreeView::release_spent, this, &StockTree::clear_mouse_down);
+    connect(&tree_, &TreeView::drag_wanted, this,
+            [this](QTreeWidgetItem* node, QPoint global) { start_drag(*node, global); });
     connect(&tree_, &TreeView::key_down, this, &StockTree::key_down);
     connect(&tree_, &TreeView::key_up, this, &StockTree::key_up);
     connect(&tree_, &TreeView::got_focus, &buttons_, &FloatingButtons::hide_all);

@@ -14,6 +14,7 @@ namespace tarnwick {
 class frmmain;
 class FloatingButtons;
 class TreeView;
+struct DragPayload;
 struct CatalogueFolder;
 struct ItemChange;
 
@@ -71,6 +72,7 @@ public:
 
 signals:
     void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
+    void drag_wanted(const DragPayload& payload, QPoint global); ///< a stock item is dragged out of the tree
 
 private:
     void connect_events();
@@ -81,6 +83,7 @@ private:
     void expanded(QTreeWidgetItem* node, bool open);
     void node_click(QTreeWidgetItem* node);
     void mouse_down(Qt::MouseButton button, QPoint position);
+    void start_drag(const QTreeWidgetItem& node, QPoint global);
     void mouse_up(Qt::MouseButton button, QPoint position);
     void key_down(int key);
     void key_up(int key);

@@ -26,10 +26,6 @@ bool is_item(const QTreeWidgetItem& node)
 
 void StockTree::node_click(QTreeWidgetItem* node)
 {
-    if (main_.shared.node_dragged) {
-        main_.shared.node_dragged = false;
-        return;
-    }
     if (is_item(*node))
         main_.shared.item_in_work = record_key(TreeView::key(node));
 }
@@ -88,14 +84,18 @@ void StockTree::mouse_down(Qt::MouseButton, QPoint position)
     tree_mouse_down_ = true;
 }
 
+void StockTree::start_drag(const QTreeWidgetItem& node, QPoint global)
+{
+    if (!tree_mouse_down_ || !is_item(node) || main_.recipe_page().editor_open())
+        return;
+    tree_mouse_down_ = false;
+    emit drag_wanted({DragKind::stock_item, record_key(TreeView::key(&node)), trim(node.text(0))}, global);
+}
+
 void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
 {
     const bool pressed = tree_mouse_down_;
     tree_mouse_down_ = false;
-    if (main_.shared.tree_drag) {
-        main_.shared.tree_drag = false;
-        return;
-    }
     // A press that only finished the recipe's line editor left no place to act on.
     if (!pressed)
         return;

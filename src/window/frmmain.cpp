@@ -20,6 +20,7 @@
 #include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
+#include "window/drags.h"
 #include "window/layout.h"
 #include "window/rescuer.h"
 #include "window/status_panels.h"
@@ -150,6 +151,7 @@ void frmmain::make_panes()
     list_mouse_ = std::make_unique<ListMouse>(*this);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
+    new Drags(*this, {left_tabs, right_tabs, &layout_->Frame1()});
     connect(recipe_page_.get(), &RecipePage::name_typed, recipe_tree_.get(), &RecipeTree::rename);
     connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::refresh_commands);
     connect(recipe_page_.get(), &RecipePage::name_left, recipe_tree_.get(), &RecipeTree::sort_renamed);
@@ -171,6 +173,7 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *floating_buttons_, &FloatingButtons::item_changed);
     listen(&Household::item_changed, *recipe_page_, &RecipePage::item_changed);
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
+    listen(&Household::line_moved, *recipe_page_, &RecipePage::line_moved);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
     connect(household_.get(), &Household::category_changed, this,
