@@ -57,7 +57,6 @@ void StockTree::connect_events()
 {
     connect(&tree_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* node) { expanded(node, true); });
     connect(&tree_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* node) { expanded(node, false); });
-    connect(&tree_, &TreeView::node_click, this, &StockTree::node_click);
     connect(&tree_, &TreeView::selection_changed, this, &StockTree::show_status_of_selection);
     connect(&tree_, &TreeView::selection_changed, &buttons_, &FloatingButtons::follow_selection);
     for (auto moved : {&QTreeWidget::itemExpanded, &QTreeWidget::itemCollapsed})
@@ -246,6 +245,14 @@ bool StockTree::is_selected(Key item) const
 {
     const QTreeWidgetItem* node = tree_.selected();
     return node && node == item_node(item);
+}
+
+Key StockTree::selected_category() const
+{
+    const QTreeWidgetItem* node = tree_.selected();
+    if (node && !TreeView::key(node).startsWith(QLatin1String("cat")))
+        node = node->parent();
+    return node ? record_key(TreeView::key(node)) : Key(0);
 }
 
 void StockTree::add_category_node(Key category, const QString& name)

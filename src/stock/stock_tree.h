@@ -46,6 +46,9 @@ public:
     /// Shows in the tree what an operation did to stock items.
     void item_changed(const ItemChange& change);
 
+    /// The category of the selected folder, or of the one that the selected item lies in; 0 without one.
+    Key selected_category() const;
+
     /// Whether an item's node is the selected one.
     bool is_selected(Key item) const;
 
@@ -81,7 +84,6 @@ private:
     void load_items(bool alpha);
     void open_folders();
     void expanded(QTreeWidgetItem* node, bool open);
-    void node_click(QTreeWidgetItem* node);
     void mouse_down(Qt::MouseButton button, QPoint position);
     void start_drag(const QTreeWidgetItem& node, QPoint global);
     void mouse_up(Qt::MouseButton button, QPoint position);

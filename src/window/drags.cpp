@@ -137,11 +137,8 @@ void Drags::drop_on_page(Key item, const QString& name, bool on_line)
 {
     if (on_line)
         main_.stock_tree().view().take_release_back();
-    if (!has_item(item))
-        return;
-    main_.shared.placing_source = placing_source::tree_to_recipe;
-    main_.shared.item_in_work = item;
-    main_.recipe_page().drag_ingred(item, name);
+    if (has_item(item))
+        main_.recipe_page().drag_ingred(item, name);
 }
 
 } // namespace tarnwick
