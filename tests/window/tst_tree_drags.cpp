@@ -589,7 +589,6 @@ void tst_tree_drags::a_message_box_ends_a_drag()
     QVERIFY(!running);
     w.hand.release();
     QCOMPARE(w.number("SELECT count(*) FROM groc_1"), 0);
-    // The release never came to the tree, and yet the next click is a whole one.
     QTest::mouseClick(w.stock().viewport(), Qt::LeftButton, {}, w.row(w.stock(), item_key(w.pears)));
     QVERIFY(w.main().floating_buttons().button(0).isVisible());
 }
