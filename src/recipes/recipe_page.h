@@ -29,7 +29,9 @@ class frmmain;
 enum class EditMode;
 enum class LineTip;
 struct ItemChange;
+struct CategoryChange;
 struct ItemCodes;
+struct ItemsGone;
 struct LineMove;
 struct ListsChange;
 
@@ -107,6 +109,10 @@ public:
     /// on no list opens the item editor. Throws SQLite::Exception.
     void recipe_chck(int to_state, Key line_key);
 
+    /// Where the page takes the keyboard from outside: the line most recently acted on, without lines the
+    /// instructions; null while it shows nothing.
+    QWidget* keyboard_place() const;
+
     /// Opens the item editor for a line's stock item; -1 for one that is yet to be made.
     void edit_item(EditMode mode, Key item, Key line);
 
@@ -119,6 +125,8 @@ public:
 
     /// Shows on the lines what an operation did to their stock items, whether the page is on show or not.
     void item_changed(const ItemChange& change);
+    void items_gone(const ItemsGone& gone); ///< their lines become non-stock
+    void category_changed(const CategoryChange& change); ///< the words of its items' lines name it
 
     /// Shows a line of the recipe at its new place.
     void line_moved(const LineMove& move);
@@ -183,6 +191,8 @@ private:
     void check_clicked(int index);
     void show_item(const ItemCodes& codes, LineTip tip);
     void follow_links(const ItemCodes& codes, const QString& joint);
+    void follow_name(const ItemCodes& codes);
+    void show_line(int index, Key item, int code, const QString& tool_tip);
 
     frmmain& main_;
     QFrame* frame4_;

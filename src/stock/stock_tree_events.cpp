@@ -25,10 +25,15 @@ bool is_item(const QTreeWidgetItem& node)
 
 } // namespace
 
+bool StockTree::tells_status() const
+{
+    return main_.shared.stock_view && !main_.shared.form_loading;
+}
+
 /// First status panel, while the tree is the one on show.
 void StockTree::show_status_of_selection()
 {
-    if (main_.shared.form_loading || !main_.shared.stock_view)
+    if (!tells_status())
         return;
     const QTreeWidgetItem* node = tree_.selected();
     if (!node)

@@ -22,6 +22,7 @@
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
 #include "window/drags.h"
+#include "window/keyboard_round.h"
 #include "window/layout.h"
 #include "window/rescuer.h"
 #include "window/status_panels.h"
@@ -157,6 +158,7 @@ void frmmain::make_panes()
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
     new Drags(*this, {left_tabs, right_tabs, &layout_->Frame1()});
+    keyboard_round_ = new KeyboardRound(*this);
     connect(recipe_page_.get(), &RecipePage::name_typed, recipe_tree_.get(), &RecipeTree::rename);
     connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::refresh_commands);
     connect(recipe_page_.get(), &RecipePage::name_left, recipe_tree_.get(), &RecipeTree::sort_renamed);
@@ -181,8 +183,11 @@ void frmmain::connect_household()
     listen(&Household::line_moved, *recipe_page_, &RecipePage::line_moved);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
-    connect(household_.get(), &Household::category_changed, this,
-            [this](const MadeRecord& made) { stock_tree_->add_category_node(made.key, made.name); });
+    listen(&Household::items_gone, *grid_listener_, &GridListener::items_gone);
+    listen(&Household::items_gone, *stock_tree_, &StockTree::items_gone);
+    listen(&Household::items_gone, *recipe_page_, &RecipePage::items_gone);
+    listen(&Household::category_changed, *stock_tree_, &StockTree::category_changed);
+    listen(&Household::category_changed, *recipe_page_, &RecipePage::category_changed);
     connect(household_.get(), &Household::recipe_changed, this,
             [this](const MadeRecord& made) { recipe_tree_->recipe_made(made.key, made.name, made.category); });
 }
@@ -370,6 +375,7 @@ void frmmain::shut_down(const runtime_error& error)
 
 void frmmain::closeEvent(QCloseEvent* event)
 {
+    stock_tree_->view().finish_label_edit();
     unload();
     event->accept();
     environment_.end_program(EXIT_SUCCESS);

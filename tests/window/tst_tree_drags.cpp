@@ -112,6 +112,7 @@ private slots:
     void a_second_drop_on_the_grid_asks_and_obeys();
     void a_drop_on_the_grid_without_lists_tells_so();
 
+    void a_stock_item_dropped_on_a_folder_or_on_an_item_in_it_moves_there();
     void a_stock_item_dropped_on_its_own_folder_changes_nothing();
     void a_stock_item_dropped_on_the_empty_part_below_the_last_row_does_nothing();
     void in_the_alphabetic_view_a_drop_on_the_stock_tree_does_nothing();
@@ -301,6 +302,20 @@ void tst_tree_drags::a_drop_on_the_grid_without_lists_tells_so()
     w.hand.drop_on(w.grid(), {20, 20});
     QCOMPARE(script.left(), 0);
     QCOMPARE(w.number("SELECT count(*) FROM groc_1"), 0);
+}
+
+void tst_tree_drags::a_stock_item_dropped_on_a_folder_or_on_an_item_in_it_moves_there()
+{
+    for (const bool on_item : {false, true}) {
+        Home w;
+        w.show();
+        w.hand.press(w.stock(), item_key(w.milk));
+        w.hand.drop_on(*w.stock().viewport(),
+                       w.row(w.stock(), on_item ? item_key(w.pears) : folder_key(w.produce)));
+        QCOMPARE(w.number("SELECT cat FROM items_1 WHERE item = 'Milk'"), w.produce);
+        QCOMPARE(names_in(w.stock().node(folder_key(w.produce))),
+                 QStringList({QStringLiteral("Milk"), QStringLiteral("Pears")}));
+    }
 }
 
 void tst_tree_drags::a_stock_item_dropped_on_its_own_folder_changes_nothing()
