@@ -78,7 +78,8 @@ Drags::Drags(frmmain& main, const QWidgetList& outside)
     StockTree& stock = main_.stock_tree();
     RecipeTree& recipes = main_.recipe_tree();
     connect(&stock, &StockTree::drag_wanted, this, [this, &stock](const DragPayload& payload, QPoint global) {
-        main_.drag().begin(stock.view(), payload, global);
+        if (!main_.recipe_page().editor_open())
+            main_.drag().begin(stock.view(), payload, global);
     });
     connect(&recipes, &RecipeTree::drag_wanted, this, [this, &recipes](const DragPayload& payload, QPoint global) {
         main_.drag().begin(recipes.view(), payload, global);
