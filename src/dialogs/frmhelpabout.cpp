@@ -39,6 +39,7 @@ frmhelpabout::frmhelpabout(QWidget* owner, const std::function<bool(const QUrl&)
     setModal(true);
 
     auto* image = make_text(QStringLiteral("Picture1"), {}, this);
+    image->setAccessibleName(QStringLiteral("Picture of the program"));
     image->setPixmap(QIcon(QStringLiteral(":/icon/tarnwick.svg")).pixmap(icon_size, devicePixelRatioF()));
     auto* name = make_text(QStringLiteral("Label1"),
                            QStringLiteral("Tarnwick %1").arg(QStringLiteral(TARNWICK_VERSION)), this);

@@ -56,7 +56,9 @@ ItemEditGrid::ItemEditGrid(Program& program, QWidget* parent)
     , grid_(new ListGrid(this))
 {
     grid_->setObjectName(QStringLiteral("Listview1"));
+    grid_->setAccessibleName(QStringLiteral("Shopping lists of the item"));
     grid_->set_type_size(type_size());
+    grid_->rows().set_light_name(QStringLiteral("on the list"));
     make_header();
     RowEditorHost& host = *this;
     editor_ = std::make_unique<RowEditor>(*grid_, host, this);

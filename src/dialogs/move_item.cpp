@@ -41,6 +41,7 @@ void move_item::make_controls(int type_size)
     Label1_->setMinimumWidth(label_width);
     Combo1_ = new QComboBox(this);
     Combo1_->setObjectName(QStringLiteral("Combo1"));
+    Combo1_->setAccessibleName(QStringLiteral("Category"));
     Combo1_->setMinimumWidth(combo_width);
     for (int i = 0; i < 2; ++i) {
         Command1_[i] = new QPushButton(i == 0 ? QStringLiteral("OK") : QStringLiteral("CANCEL"), this);

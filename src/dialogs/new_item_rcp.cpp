@@ -52,15 +52,18 @@ void new_item_rcp::make_controls()
 {
     Text1_ = new QLineEdit(this);
     Text1_->setObjectName(QStringLiteral("Text1"));
+    Text1_->setAccessibleName(QStringLiteral("Name"));
     Text1_->setMinimumWidth(text_width);
     keep_one_line(*Text1_);
     Combo1_ = new QComboBox(this);
     Combo1_->setObjectName(QStringLiteral("Combo1"));
+    Combo1_->setAccessibleName(QStringLiteral("Recipe category"));
     for (int i = 0; i < 2; ++i) {
         Label1_[i] = new QLabel(this);
         Label1_[i]->setObjectName(QStringLiteral("Label1(%1)").arg(i));
         Picture1_[i] = new QLabel(this);
         Picture1_[i]->setObjectName(QStringLiteral("Picture1(%1)").arg(i));
+        Picture1_[i]->setAccessibleName(QStringLiteral("Picture"));
         Command1_[i] = new QPushButton(i == 0 ? QStringLiteral("OK") : QStringLiteral("CANCEL"), this);
         Command1_[i]->setObjectName(QStringLiteral("Command1(%1)").arg(i));
     }

@@ -6,6 +6,8 @@
 #include "household/lists_store.h"
 #include "household/recipe_store.h"
 
+#include <algorithm>
+
 namespace tarnwick {
 namespace {
 
@@ -49,6 +51,7 @@ GridRow cells_of(const Placement& placement, const PlacedRow& placed)
 
 Household::Household(Connection& connection)
     : connection_(connection)
+    , removal_(connection)
 {
 }
 
@@ -116,12 +119,48 @@ void Household::announce_mark(Cause cause, const ItemStatus& item, const std::ve
 
 void Household::remove_row(Key groc_key)
 {
-    const auto item = remove_list_row(connection_, groc_key);
+    const auto item = removal_.remove_row(groc_key);
     ItemChange change;
     change.cause = Cause::row_removal;
     if (item)
         change.items.push_back(codes_of(change.cause, *item, false));
     change.gone.push_back(groc_key);
+    emit item_changed(change);
+}
+
+void Household::remove_line(Key line)
+{
+    removal_.remove_line(line);
+}
+
+std::optional<Key> Household::removed_from()
+{
+    switch (removal_.kind()) {
+    case LastRemoval::Kind::row:
+        return Key(0);
+    case LastRemoval::Kind::line:
+        return removal_.recipe();
+    default:
+        return std::nullopt;
+    }
+}
+
+void Household::bring_back()
+{
+    if (const auto place = removal_.bring_back_line())
+        emit line_returned(removal_.recipe(), *place);
+    const auto returned = removal_.bring_back_row();
+    if (!returned)
+        return;
+    const std::vector<GridRow> rows = list_store::read_rows(connection_, returned->list);
+    const auto row = std::find_if(rows.begin(), rows.end(),
+                                  [&](const GridRow& one) { return one.groc_key == returned->groc_key; });
+    ItemChange change;
+    change.cause = Cause::row_removal;
+    change.items.push_back(codes_of(change.cause, returned->item, false));
+    if (row != rows.end())
+        change.written.push_back({WrittenRow::Kind::placed, *row});
+    change.opened = false;
     emit item_changed(change);
 }
 

@@ -2,6 +2,7 @@
 
 #include "household/clearing_store.h"
 #include "household/item_change.h"
+#include "household/last_removal.h"
 #include "household/item_saving.h"
 #include "household/placing_store.h"
 #include "household/stock_keeping.h"
@@ -73,6 +74,17 @@ public:
     /// Deletes a list row with its link and repairs `tie`.
     void remove_row(Key groc_key);
 
+    /// Deletes an ingredient line and moves up those behind it.
+    void remove_line(Key line);
+
+    /// The recipe of the line that `bring_back` would bring back, 0 for a list row; nothing when the last change
+    /// was no removal.
+    std::optional<Key> removed_from();
+
+    /// Puts back what the last removal of a row or a line took, as it was. A row is announced as a removal is, with
+    /// the row written in place of gone. After any other change: nothing.
+    void bring_back();
+
     /// Clears a list in mode 1 to 3. Without rows nothing is written or announced.
     Refusal clear_list(Key list, int mode);
 
@@ -121,6 +133,7 @@ signals:
     void lists_changed(const ListsChange& change);
     void items_gone(const ItemsGone& gone);
     void category_changed(const CategoryChange& change);
+    void line_returned(Key recipe, int place); ///< counted from 0
     void recipe_changed(const MadeRecord& made);
     void line_moved(const LineMove& move);
 
@@ -130,6 +143,7 @@ private:
     void announce_cleared(Key list, const ClearedRows& cleared, int mode);
 
     Connection& connection_;
+    LastRemoval removal_;
     Key last_groc_key_ = -1;
 };
 

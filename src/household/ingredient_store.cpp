@@ -93,6 +93,18 @@ void delete_line(Connection& connection, Key line)
     Query(connection, "DELETE FROM recipe_2 WHERE key_id = ?", line).run();
 }
 
+void restore_line(Connection& connection, const IngredientRow& line)
+{
+    Transaction transaction(connection);
+    const bool linked = line.item_ref > 0 && stock_item_name(connection, line.item_ref);
+    Query(connection,
+          "UPDATE recipe_2 SET item_ref = ?, item = ?, qty = ?, measure = ?, comment = ? WHERE key_id = ?",
+          linked ? line.item_ref : Key(-1), or_blank(line.item), or_blank(line.qty), or_blank(line.measure),
+          or_blank(line.comment), line.key)
+        .run();
+    transaction.commit();
+}
+
 bool item_on_recipe(Connection& connection, Key recipe, Key item)
 {
     return Query(connection, "SELECT item_ref FROM recipe_2 r WHERE item_ref = ? AND r_ref = ?", item, recipe)

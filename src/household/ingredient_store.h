@@ -41,6 +41,9 @@ std::optional<int> move_line(Connection& connection, Key recipe, Key line, Key a
 
 void delete_line(Connection& connection, Key line);
 
+/// Gives a line all its texts and its link back, -1 for a stock item that has gone. A line that has gone: nothing.
+void restore_line(Connection& connection, const IngredientRow& line);
+
 /// Whether a stock item stands on a recipe.
 bool item_on_recipe(Connection& connection, Key recipe, Key item);
 

@@ -171,6 +171,7 @@ void list_list::add_row()
     frame->setFocusPolicy(Qt::StrongFocus);
     auto* image = new QLabel(frame);
     image->setObjectName(numbered("pct_list", rows_.size()));
+    image->setAccessibleName(QStringLiteral("Shopping list"));
     image->setGeometry({picture_place, picture_area});
     auto* label = new NameLabel(frame);
     label->setObjectName(numbered("lbl_list", rows_.size()));

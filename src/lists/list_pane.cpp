@@ -48,6 +48,7 @@ ListPane::ListPane(Program& program, QWidget* parent, Surroundings around)
 {
     header_->setParent(this);
     grid_->setObjectName(QStringLiteral("Listview1"));
+    grid_->setAccessibleName(QStringLiteral("Shopping list"));
     frmCreateList_->setObjectName(QStringLiteral("frmCreateList"));
     frmCreateList_->setFrameShape(QFrame::NoFrame);
     frmCreateList_->setAutoFillBackground(true);

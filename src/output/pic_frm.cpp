@@ -50,6 +50,7 @@ void pic_frm::make_controls()
 {
     Picture1_ = new QLabel(this);
     Picture1_->setObjectName(QStringLiteral("Picture1"));
+    Picture1_->setAccessibleName(QStringLiteral("Sample of the page"));
     frames_ = {new QGroupBox(QStringLiteral("Columns"), this), new QGroupBox(QStringLiteral("Order"), this)};
     make_array(OptionCol_, "OptionCol", {"One column", "Two columns"}, frames_[0]);
     make_array(Option2_, "Option2", {"Alphabetic by item", "Group by category", "Sort by aisle"}, frames_[1]);

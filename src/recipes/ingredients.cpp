@@ -4,6 +4,7 @@
 #include "widgets/shared_values.h"
 #include "widgets/message_box.h"
 #include "data/runtime_error.h"
+#include "household/household.h"
 #include "household/ingredient_store.h"
 #include "recipes/line_editor.h"
 #include "recipes/line_widgets.h"
@@ -154,7 +155,7 @@ void Ingredients::ingred_del(int index)
     PageState& state = page_.state;
     if (state.sel_line > 0 && state.sel_line == page_.recipe_lines().upper_bound())
         --state.sel_line;
-    delete_line(program_.connection, page_.lines()[static_cast<size_t>(index)].key);
+    program_.household.remove_line(page_.lines()[static_cast<size_t>(index)].key);
     const QWidget* focus = program_.window.focusWidget();
     const bool goes_on = editor_.is_part(focus) || qobject_cast<const IngredientText*>(focus);
     editor_.hide_line();

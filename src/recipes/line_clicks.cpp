@@ -15,14 +15,45 @@ LineClicks::LineClicks(Connection& connection, RecipePage& page, LineEditor& edi
     : connection_(connection)
     , page_(page)
     , editor_(editor)
+    , ingredients_(ingredients)
 {
     RecipeLines& lines = page_.recipe_lines();
     connect(&lines, &RecipeLines::mouse_down, this, &LineClicks::mouse_down);
     connect(&lines, &RecipeLines::mouse_up, this, &LineClicks::mouse_up);
-    connect(&lines, &RecipeLines::key_down, this, [&ingredients](int index, int key) {
-        if (key == Qt::Key_Delete)
-            ingredients.ingred_del(index);
-    });
+    connect(&lines, &RecipeLines::key_down, this, &LineClicks::key_down);
+}
+
+void LineClicks::key_down(int index, int key)
+{
+    if (index >= page_.recipe_lines().count())
+        return;
+    const IngredientLine& line = page_.lines()[static_cast<size_t>(index)];
+    switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        page_.go_to_line(key == Qt::Key_Up ? index - 1 : index + 1);
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F2:
+        editor_.leave();
+        if (!editor_.is_open())
+            open_line(index);
+        break;
+    case Qt::Key_Space:
+        if (line.Check1->isEnabled())
+            emit page_.recipe_lines().check_clicked(index);
+        break;
+    case Qt::Key_Menu:
+        page_.state.cur_line = page_.state.sel_line = index;
+        show_menu(index, line.ingred->rect().bottomLeft());
+        break;
+    case Qt::Key_Delete:
+        ingredients_.ingred_del(index);
+        break;
+    default:
+        break;
+    }
 }
 
 void LineClicks::mouse_down(int index, Qt::MouseButton button)

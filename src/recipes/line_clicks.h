@@ -10,7 +10,8 @@ class Ingredients;
 class LineEditor;
 class RecipePage;
 
-/// What mouse and keys do on the ingredient lines themselves: open the editor, ask for the menu, delete.
+/// What mouse and keys do on the ingredient lines themselves: open the editor, ask for the menu, click the box,
+/// delete, go to another line.
 class LineClicks : public QObject {
     Q_OBJECT
 public:
@@ -23,11 +24,13 @@ public:
 private:
     void mouse_down(int index, Qt::MouseButton button);
     void mouse_up(int index, Qt::MouseButton button, QPoint position);
+    void key_down(int index, int key);
     void show_menu(int index, QPoint position);
 
     Connection& connection_;
     RecipePage& page_;
     LineEditor& editor_;
+    Ingredients& ingredients_;
     bool lines_greyed_ = false;
 };
 

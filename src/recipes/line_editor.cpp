@@ -28,6 +28,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <tuple>
 
 namespace tarnwick {
 
@@ -57,6 +58,8 @@ LineEditor::LineEditor(Program& program, RecipePage& page)
     connect(boxes_.get(), &LineBoxes::scratch_clicked, this, &LineEditor::scratch_clicked);
     connect(keys_.get(), &LineKeys::box_wanted, this, &LineEditor::go_to);
     connect(keys_.get(), &LineKeys::edit_ended, this, &LineEditor::end_edit);
+    connect(keys_.get(), &LineKeys::given_up, this, &LineEditor::give_up);
+    connect(&list_, &PickList::given_up, this, &LineEditor::give_up);
     connect(keys_.get(), &LineKeys::row_picked, this, &LineEditor::picked);
     connect(picks_.get(), &LinePicks::out_of_sight, this, &LineEditor::go_to);
     connect(&list_, &PickList::picked, this, &LineEditor::picked);
@@ -86,6 +89,7 @@ void LineEditor::show_r_line(const LineDraft& draft, std::optional<int> index)
     if (open_)
         return;
     draft_ = draft;
+    before_ = draft.stored;
     if (!index) {
         const Key item_ref = draft.edited.item_ref;
         index = page_.new_line(-1, item_ref, QStringLiteral(" "), QString());
@@ -300,6 +304,10 @@ bool LineEditor::eventFilter(QObject* watched, QEvent* event)
         return false;
     case QEvent::KeyPress: {
         const auto* key = static_cast<QKeyEvent*>(event);
+        if (!field && key->key() == Qt::Key_Escape) {
+            give_up();
+            return true;
+        }
         return field
             && keys_->key_in_box(*field, key->key(), key->modifiers(), boxes_->text(item) == draft_.settled.name);
     }
@@ -400,6 +408,26 @@ void LineEditor::leave()
         return;
     left_box(last_box_);
     lf_validate(Qt::OtherFocusReason);
+}
+
+void LineEditor::give_up()
+{
+    if (!open_ || busy_)
+        return;
+    if (draft_.is_new()) {
+        ingredients_->cancel();
+    } else {
+        page_.state.cur_line = std::max(index(), 0);
+        const auto fields = [](const IngredientRow& row) {
+            return std::tie(row.item_ref, row.qty, row.measure, row.item, row.comment);
+        };
+        if (fields(draft_.stored) != fields(before_))
+            restore_line(program_.connection, before_);
+        draft_.stored = before_;
+        hide_line();
+    }
+    if (QWidget* place = page_.keyboard_place())
+        place->setFocus(Qt::OtherFocusReason);
 }
 
 void LineEditor::end_edit()

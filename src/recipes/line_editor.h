@@ -50,6 +50,10 @@ public:
 
     void blacken_lines(); ///< the lines look as without an editor, with fresh tool tips
 
+    /// Closes the editor and takes back what the edit wrote: a new line goes, another has all its fields as they
+    /// were. The keyboard stays on the line.
+    void give_up();
+
     void end_edit(); ///< finishes the edit and gives the focus to the instructions; may ask first
 
     /// What happens when the focus goes elsewhere: the box under work is written, and the editor closes. Without a
@@ -120,6 +124,7 @@ private:
     std::unique_ptr<LineKeys> keys_;
     std::unique_ptr<LineClicks> clicks_;
     LineDraft draft_;
+    IngredientRow before_; ///< the line when the edit began
     int index_ = -1;
     IngredientField last_box_ = IngredientField::qty; ///< the box that has or had the focus last
     bool open_ = false;

@@ -38,6 +38,10 @@ bool LineKeys::key_in_box(IngredientField field, int key, Qt::KeyboardModifiers 
     }
     if (!plain)
         return false;
+    if (key == Qt::Key_Escape) {
+        emit given_up();
+        return true;
+    }
     if (key == Qt::Key_Tab && list_open && (field == item || list_.list_index() >= 0))
         return pick_key_handler(field, key, name_untouched);
     if (key == Qt::Key_Tab || (key == Qt::Key_Right && edit.caret_at_end())

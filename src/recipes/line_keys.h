@@ -26,6 +26,7 @@ public:
 signals:
     void box_wanted(IngredientField field);
     void edit_ended();
+    void given_up(); ///< Escape
     void row_picked(int row);
 
 private:

@@ -1,11 +1,14 @@
 #include "recipes/line_widgets.h"
 
+#include "widgets/key_kinds.h"
 #include "widgets/last_press.h"
 #include "widgets/pictures.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
 
 #include <algorithm>
 #include <utility>
@@ -91,6 +94,13 @@ void IngredientText::paintEvent(QPaintEvent*)
         marks.append(mark);
     }
     layout_.draw(&painter, {}, marks, rect());
+    if (!hasFocus())
+        return;
+    QStyleOptionFocusRect frame;
+    frame.initFrom(this);
+    frame.state |= QStyle::State_KeyboardFocusChange;
+    frame.backgroundColor = palette().color(QPalette::Window);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
 }
 
 void IngredientText::changeEvent(QEvent* event)
@@ -126,8 +136,9 @@ void IngredientText::mouseReleaseEvent(QMouseEvent* event)
 
 void IngredientText::keyPressEvent(QKeyEvent* event)
 {
-    if (!event->isAutoRepeat())
-        emit key_down(event->key());
+    const bool moves = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    if (moves || !event->isAutoRepeat())
+        emit key_down(is_menu_key(*event) ? int(Qt::Key_Menu) : event->key());
 }
 
 PagePicture::PagePicture(QWidget* parent)

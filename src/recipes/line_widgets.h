@@ -36,7 +36,7 @@ signals:
     /// Once for a press: the pointer has left its place, the left button alone down, for more than a click.
     void drag_wanted(QPoint global);
     void mouse_up(Qt::MouseButton button, QPoint position);
-    void key_down(int key); ///< Qt::Key; once for a key that is held down
+    void key_down(int key); ///< Qt::Key, Key_Menu for the menu keys; Up and Down alone repeat
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -9,6 +9,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextLayout>
 #include <QTextCursor>
 #include <QWheelEvent>
 
@@ -224,8 +225,21 @@ void PageText::focusOutEvent(QFocusEvent* event)
         emit left();
 }
 
+bool PageText::leaves_upward(const QKeyEvent& event) const
+{
+    const QTextCursor caret = textCursor();
+    if (event.key() != Qt::Key_Up || (event.modifiers() & ~Qt::KeypadModifier) || caret.blockNumber() > 0)
+        return false;
+    const QTextLine row = caret.block().layout()->lineForTextPosition(caret.positionInBlock());
+    return !row.isValid() || row.lineNumber() == 0;
+}
+
 void PageText::keyPressEvent(QKeyEvent* event)
 {
+    if (leaves_upward(*event)) {
+        emit up_from_top();
+        return;
+    }
     if (isReadOnly()) {
         QPlainTextEdit::keyPressEvent(event);
         return;

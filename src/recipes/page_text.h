@@ -39,6 +39,7 @@ signals:
     void edited(); ///< a key went down, or the user changed the text
     void key_up();
     void left(); ///< the focus goes to another control of the window
+    void up_from_top(); ///< the key Up in the first row
     void caret_moved(); ///< by the user, or to a degree sign
 
 protected:
@@ -62,6 +63,7 @@ private:
     int scrolled_pixels() const;
     void append_degree();
     bool take_back_degree();
+    bool leaves_upward(const QKeyEvent& event) const;
     bool begins_step(const QString& typed) const;
     QString last_characters(int count) const;
 

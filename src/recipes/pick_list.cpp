@@ -3,10 +3,12 @@
 #include "widgets/update_lock.h"
 #include "recipes/page_text.h"
 #include "widgets/last_press.h"
+#include "widgets/tool_tip.h"
 
 #include <QAbstractListModel>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -24,6 +26,21 @@ public:
         endResetModel();
     }
 
+    /// Pixels of the longest name. Only names that could be wider than the longest by count are measured.
+    int widest(const QFontMetrics& metrics) const
+    {
+        const auto longest
+            = std::max_element(rows_.begin(), rows_.end(), [](const StockName& a, const StockName& b) {
+                  return a.name.size() < b.name.size();
+              });
+        int width = longest == rows_.end() ? 0 : metrics.horizontalAdvance(longest->name);
+        const int widest_letter = std::max(1, metrics.horizontalAdvance(u'W'));
+        for (const StockName& row : rows_)
+            if (row.name.size() * widest_letter > width)
+                width = std::max(width, metrics.horizontalAdvance(row.name));
+        return width;
+    }
+
     const StockName* at(int row) const
     {
         return row >= 0 && row < rowCount() ? &rows_[static_cast<size_t>(row)] : nullptr;
@@ -39,6 +56,8 @@ public:
         const StockName* row = at(index.row());
         if (row && role == Qt::DisplayRole)
             return row->name;
+        if (row && role == Qt::ToolTipRole)
+            return plain_tool_tip(row->name);
         if (row && role == Qt::UserRole)
             return int(row->key);
         return {};
@@ -51,6 +70,7 @@ private:
 namespace {
 
 constexpr int most_rows = 10;
+constexpr int text_margins = 8; ///< pixels around the text of a row, both sides
 
 std::vector<StockName> plain_rows(std::initializer_list<QString> texts)
 {
@@ -67,6 +87,7 @@ PickList::PickList(QWidget* parent)
     , rows_(new PickRows(this))
 {
     setObjectName(QStringLiteral("ListIngred"));
+    setAccessibleName(QStringLiteral("Suggestions"));
     setFocusPolicy(Qt::ClickFocus);
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
@@ -158,7 +179,9 @@ void PickList::place(const QRect& box, const QRect& viewport, int least_width)
     const int above = box.top() - viewport.top();
     const bool downward = wanted <= below || below >= above;
     const int height = std::min(wanted, std::max(downward ? below : above, row + frame));
-    const int width = std::min(std::max(box.width(), least_width), viewport.width());
+    const int bar = height < row * count() + frame ? verticalScrollBar()->sizeHint().width() : 0;
+    const int longest = rows_->widest(fontMetrics()) + text_margins + bar + frame;
+    const int width = std::min(std::max({box.width(), least_width, longest}), viewport.width());
     const int left = std::clamp(box.left() - 1, viewport.left(), viewport.right() + 1 - width);
     setGeometry(left, downward ? box.bottom() + 1 : box.top() - height, width, height);
 }
@@ -167,6 +190,10 @@ bool PickList::event(QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Escape) {
+            emit given_up();
+            return true;
+        }
         if (key == Qt::Key_Tab || key == Qt::Key_Return || key == Qt::Key_Enter) {
             if (list_index() >= 0)
                 emit picked(list_index());

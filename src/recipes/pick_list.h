@@ -32,12 +32,14 @@ public:
     int list_index() const; ///< the selected row; -1 none
     void select_row(int row); ///< brings it into view
 
-    /// Stands under its box, above it where there is more room, no wider than the viewport. Both rectangles in
+    /// Stands under its box, above it where there is more room, as wide as its longest name, no wider
+    /// than the viewport. Both rectangles in
     /// the parent's pixels.
     void place(const QRect& box, const QRect& viewport, int least_width);
 
 signals:
     void picked(int row); ///< by click, Tab or Enter
+    void given_up(); ///< Escape
     void left(Qt::FocusReason reason); ///< the focus goes to another control of the window
 
 protected:

@@ -2,8 +2,10 @@
 
 #include "recipes/line_widgets.h"
 #include "recipes/page_geometry.h"
+#include "widgets/drawn_controls.h"
 #include "widgets/tool_tip.h"
 #include "household/status.h"
+#include "household/status_names.h"
 
 #include <algorithm>
 
@@ -43,6 +45,8 @@ RecipeLines::Controls& RecipeLines::controls(int index)
         made.ingred->setObjectName(QStringLiteral("ingred(%1)").arg(i));
         made.lite->setObjectName(QStringLiteral("lite(%1)").arg(i));
         made.Check1->setObjectName(QStringLiteral("Check1(%1)").arg(i));
+        set_drawn_control(*made.lite, DrawnControl::picture);
+        set_drawn_control(*made.Check1, DrawnControl::check_box);
         made.ingred->hide();
         made.lite->hide();
         made.Check1->hide();
@@ -66,6 +70,7 @@ RecipeLines::Controls& RecipeLines::controls(int index)
 void RecipeLines::show_first_empty()
 {
     Controls& first = controls(0);
+    first.Check1->setAccessibleName(QStringLiteral("Buy-it"));
     first.ingred->set_text(QStringLiteral(" "));
     first.ingred->setToolTip({});
     first.ingred->setProperty("Tag", QString());
@@ -146,6 +151,7 @@ void RecipeLines::refresh(int index)
         line.ingred->set_text(line.text);
     line.ingred->setToolTip(plain_tool_tip(line.tool_tip));
     line.ingred->setProperty("Tag", QStringLiteral("%1^%2^").arg(line.other).arg(line.upper) + line.item);
+    line.Check1->setAccessibleName(QStringLiteral("Buy-it, ") + line.text);
     line.lite->setProperty("Tag", QString::number(line.key));
     line.Check1->setProperty("Tag", QString::number(line.item_ref));
 }
@@ -157,6 +163,8 @@ void RecipeLines::set_lites(int index, int code, int color_index)
     const Controls& shown = controls(index);
     const StatusPictures pictures = status_pictures(code);
     shown.lite->set_picture(pictures.light + color_index);
+    shown.lite->setAccessibleName(status_name(code));
+    set_drawn_check(*shown.Check1, pictures.check != picture_base::check_off);
     shown.Check1->set_picture(pictures.check + color_index);
     shown.Check1->setEnabled(pictures.check_enabled);
 }

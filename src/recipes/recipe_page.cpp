@@ -19,6 +19,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScopedValueRollback>
@@ -35,6 +36,7 @@ constexpr int title_left = 20;
 constexpr int title_top = 8;
 constexpr int title_height = 24;
 constexpr int text_left = 14;
+constexpr int caret_room = 6; ///< under the caret's row, or its box would scroll
 constexpr int text_margin = 14; ///< under the instructions
 constexpr int least_text = 16; ///< height of the instructions when the page has no room for them
 constexpr int low_text = 200; ///< twips above the viewport's lower edge
@@ -76,12 +78,16 @@ RecipePage::RecipePage(Program& program, QWidget* parent)
     recipe_lines_->setParent(this);
     question_ = new FocusQuestion(this);
     make_page();
-    connect(scroll_bar_, &QScrollBar::valueChanged, this, &RecipePage::scroll); // before the editor follows
+    connect(scroll_bar_, &QScrollBar::valueChanged, this, [this] { // before the editor follows
+        off_bar_ = 0;
+        scroll();
+    });
     make_line_editor();
     connect(title_, &QLineEdit::textChanged, this, &RecipePage::title_typed);
     connect(text1_, &PageText::edited, this, &RecipePage::text_edited);
     connect(text1_, &PageText::key_up, this, &RecipePage::scroll_bar_refresh);
     connect(text1_, &PageText::caret_moved, this, &RecipePage::show_caret);
+    connect(text1_, &PageText::up_from_top, this, [this] { go_to_line(recipe_lines_->count() - 1); });
     connect(text1_, &PageText::left, this, &RecipePage::edit_updt);
     connect(recipe_lines_, &RecipeLines::check_clicked, this, &RecipePage::check_clicked);
     title_->installEventFilter(this);
@@ -97,14 +103,17 @@ void RecipePage::make_page()
     frame4_->hide();
     frame3_->setObjectName(QStringLiteral("Frame3"));
     scroll_bar_->setObjectName(QStringLiteral("VScroll1"));
+    scroll_bar_->setAccessibleName(QStringLiteral("Scroll the recipe"));
     scroll_bar_->setRange(0, 100);
     scroll_bar_->hide();
     title_->setObjectName(QStringLiteral("title"));
+    title_->setAccessibleName(QStringLiteral("Name of the recipe"));
     title_->setAlignment(Qt::AlignCenter);
     title_->setFrame(false);
     keep_one_line(*title_);
     set_page_key(-1);
     text1_->setObjectName(QStringLiteral("Text1"));
+    text1_->setAccessibleName(QStringLiteral("Instructions"));
     mark_text(false);
     label1_->setObjectName(QStringLiteral("Label1"));
     label1_->hide();
@@ -290,6 +299,11 @@ void RecipePage::tell_name_missing()
 
 bool RecipePage::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == title_ && event->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
+        go_to_line(0);
+        return true;
+    }
     if (watched == title_ && event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (!leaves_control(reason))
@@ -333,11 +347,16 @@ void RecipePage::place_text()
     text1_->verticalScrollBar()->setValue(0);
 }
 
+int RecipePage::scrolled_by_bar(int excess) const
+{
+    return static_cast<int>(std::lround(scroll_bar_->value() / 100.0 * excess));
+}
+
 void RecipePage::scroll()
 {
     const int height = frame4_->height();
     const int excess = std::max(0, content_height() - height);
-    scrolled_ = static_cast<int>(std::lround(scroll_bar_->value() / 100.0 * excess));
+    scrolled_ = std::clamp(scrolled_by_bar(excess) + off_bar_, 0, excess);
     frame3_->setGeometry(0, -scrolled_, frame4_->width(), height + scrolled_);
     place_text();
 }
@@ -411,9 +430,10 @@ void RecipePage::show_stretch(int top, int bottom)
     const int excess = content_height() - height;
     if (excess <= 0 || (top >= scrolled_ && bottom < scrolled_ + height))
         return;
-    const double percent
-        = top < scrolled_ ? std::floor(100.0 * top / excess) : std::ceil(100.0 * (bottom + 1 - height) / excess);
-    scroll_bar_->setValue(static_cast<int>(percent));
+    // A step of the bar is many rows of a long page: it shows the nearest one.
+    const int wanted = std::clamp(top < scrolled_ ? top : bottom + 1 - height, 0, excess);
+    scroll_bar_->setValue(static_cast<int>(std::lround(100.0 * wanted / excess)));
+    off_bar_ = wanted - scrolled_by_bar(excess);
     scroll();
 }
 
@@ -425,7 +445,7 @@ void RecipePage::show_caret()
     scroll_bar_refresh();
     const int caret_top = text1_->y() + text1_->caret_top();
     const int caret_bottom = text1_->y() + text1_->caret_bottom();
-    show_stretch(caret_top, caret_bottom + text_margin);
+    show_stretch(caret_top, caret_bottom + text_margin + caret_room);
     text1_->verticalScrollBar()->setValue(0);
 }
 

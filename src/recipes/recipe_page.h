@@ -113,6 +113,10 @@ public:
     /// instructions; null while it shows nothing.
     QWidget* keyboard_place() const;
 
+    /// Gives the keyboard to a line and brings it into view; before the first to the name, behind the last to the
+    /// instructions.
+    void go_to_line(int index);
+
     /// Opens the item editor for a line's stock item; -1 for one that is yet to be made.
     void edit_item(EditMode mode, Key item, Key line);
 
@@ -131,6 +135,9 @@ public:
 
     /// Shows a line of the recipe at its new place.
     void line_moved(const LineMove& move);
+
+    /// Shows a line that has come back to the recipe on the page, and gives it the keyboard.
+    void line_returned(Key recipe, int place);
 
     /// Loads the page again when a list has gone, whose rows its lights depend on.
     void lists_changed(const ListsChange& change);
@@ -191,6 +198,7 @@ private:
     void show_caret();
     void place_text();
     void scroll();
+    int scrolled_by_bar(int excess) const;
     void scroll_bar_refresh();
     int text_top() const;
     int content_height() const;
@@ -216,6 +224,7 @@ private:
     bool text_edited_ = false;
     RecipeText stored_; ///< name and instructions as they were read or written last
     bool page_busy_ = false; ///< the page is being rebuilt
+    int off_bar_ = 0; ///< pixels that the page was scrolled to beside a whole step of the scroll bar
     int scrolled_ = 0; ///< pixels of the page above the viewport
     bool renamed_ = false; ///< the title was typed in since it was left
     FocusQuestion* question_ = nullptr; ///< for the name that was left empty

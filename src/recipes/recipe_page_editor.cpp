@@ -6,6 +6,8 @@
 #include "recipes/line_widgets.h"
 #include "recipes/page_text.h"
 
+#include <QFrame>
+#include <QLineEdit>
 #include <QShortcut>
 
 #include <algorithm>
@@ -30,6 +32,31 @@ QWidget* RecipePage::keyboard_place() const
     if (count > 0)
         return recipe_lines_->lines()[static_cast<size_t>(std::clamp(state.cur_line, 0, count - 1))].ingred;
     return text1_->isHidden() ? nullptr : text1_;
+}
+
+void RecipePage::go_to_line(int index)
+{
+    const int count = recipe_lines_->count();
+    if (index < 0) {
+        title_->setFocus(Qt::OtherFocusReason);
+        show_stretch(0, title_->geometry().bottom());
+    } else if (index >= count) {
+        text1_->setFocus(Qt::OtherFocusReason);
+    } else {
+        IngredientText* line = recipe_lines_->lines()[static_cast<size_t>(index)].ingred;
+        state.cur_line = index;
+        line->setFocus(Qt::OtherFocusReason);
+        show_stretch(line->geometry().top(), line->geometry().bottom());
+    }
+}
+
+void RecipePage::line_returned(Key recipe, int place)
+{
+    if (recipe != page_key())
+        return;
+    set_recipe(recipe);
+    if (!frame4_->isHidden())
+        go_to_line(place);
 }
 
 bool RecipePage::editor_open() const

@@ -1,6 +1,7 @@
 #include "widgets/grid_model.h"
 
 #include "data/collation.h"
+#include "household/status.h"
 
 #include <QGuiApplication>
 
@@ -12,6 +13,11 @@ namespace {
 
 constexpr int first_type_size = 9;
 const QColor located_color(255, 0, 0);
+
+bool is_box(int column)
+{
+    return column == grid_column::light || column == grid_column::check || column == grid_column::coupon;
+}
 
 /// The order of the load query, so that a row placed later stands where the next load will put it.
 bool stands_before(const GridRow& left, const GridRow& right)
@@ -60,6 +66,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
         return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
     case PictureRole:
         return picture_number(row, column) > 0 ? QVariant(picture_number(row, column)) : QVariant();
+    case Qt::AccessibleTextRole:
+        return spoken(row, column);
+    case Qt::CheckStateRole:
+        return is_box(column) ? QVariant(is_checked(row, column) ? Qt::Checked : Qt::Unchecked) : QVariant();
     case RowDataRole:
         return column == grid_column::light ? QVariant(int(row.groc_key)) : QVariant();
     default:
@@ -69,7 +79,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
 
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const
 {
-    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren : Qt::NoItemFlags;
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const Qt::ItemFlags all = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    return is_box(index.column()) ? all | Qt::ItemIsUserCheckable : all;
 }
 
 QString GridRow::*GridModel::text_field(int column)
@@ -88,6 +101,31 @@ QString GridRow::*GridModel::text_field(int column)
     default:
         return nullptr;
     }
+}
+
+/// What a cell says to a screen reader: its text, or whose box it is.
+QVariant GridModel::spoken(const GridRow& row, int column) const
+{
+    switch (column) {
+    case grid_column::light:
+        return QString(row.item + QStringLiteral(", ")
+                       + (light_name_.isEmpty() ? QStringLiteral("light") : light_name_));
+    case grid_column::check:
+        return QString(row.item + QStringLiteral(", buy-it"));
+    case grid_column::coupon:
+        return QString(row.item + QStringLiteral(", coupon"));
+    default:
+        return text_field(column) ? QVariant(row.*text_field(column)) : QVariant();
+    }
+}
+
+bool GridModel::is_checked(const GridRow& row, int column) const
+{
+    if (column == grid_column::coupon)
+        return row.coupon == picture_base::coupon_on;
+    if (column == grid_column::check)
+        return row.check == picture_base::check_on;
+    return light_name_.isEmpty() ? row.light == picture_base::light_on : row.light != picture_base::light_unlisted;
 }
 
 QVariant GridModel::font(const GridRow& row, int column) const

@@ -48,6 +48,10 @@ public:
     /// The first row of this `groc_1` key; -1 when there is none.
     int find_row(Key groc_key) const;
 
+    /// What column 0 says to a screen reader, checked where its light is not the unlisted one; else whether the
+    /// row is to be bought.
+    void set_light_name(const QString& name) { light_name_ = name; }
+
     void set_type_size(int points);
     void set_color_index(int index);
     void set_text_color(const QColor& color);
@@ -55,6 +59,8 @@ public:
 private:
     static QString GridRow::*text_field(int column);
     QVariant font(const GridRow& row, int column) const;
+    QVariant spoken(const GridRow& row, int column) const;
+    bool is_checked(const GridRow& row, int column) const;
     int picture_number(const GridRow& row, int column) const;
     void repaint_all();
     void sort_rows();
@@ -64,6 +70,7 @@ private:
     QFont plain_font_;
     QFont bold_font_;
     QFont date_font_;
+    QString light_name_; ///< empty in the main window
     int color_index_ = 0;
     QColor text_color_ = Qt::black;
 };

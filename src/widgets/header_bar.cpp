@@ -17,6 +17,7 @@ namespace tarnwick {
 namespace {
 
 constexpr int grip_picture = 162;
+constexpr std::array spoken_heads = {"Item and description", "Quantity", "Coupon and expiry", "Aisle"};
 constexpr int grip_width = 17; ///< the mouse finds the grip in this width, left of the border
 constexpr int grip_beyond = 4; ///< and in this width right of it
 constexpr int box_inset = 23;
@@ -110,6 +111,7 @@ HeaderBar::HeaderBar(ListGrid& grid, QWidget* parent)
     for (int i = 0; i < 4; ++i) {
         headers_[i] = new HeaderCell(parent);
         headers_[i]->setObjectName(numbered("listheader", i));
+        headers_[i]->setAccessibleName(QLatin1String(spoken_heads.at(static_cast<size_t>(i))));
         headers_[i]->setFocusPolicy(Qt::NoFocus);
     }
     const QString captions[] = {QStringLiteral("Buy-it    Item"), QStringLiteral("Description"),

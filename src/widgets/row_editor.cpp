@@ -1,6 +1,7 @@
 #include "widgets/row_editor.h"
 
 #include "widgets/update_lock.h"
+#include "widgets/drawn_controls.h"
 #include "widgets/last_press.h"
 #include "widgets/list_grid.h"
 #include "household/list_store.h"
@@ -223,6 +224,7 @@ void RowEditor::fill_coupon()
     const bool on = host_.coupon_on(row);
     // The cell's own picture carries the page colour.
     const QModelIndex cell = grid_.rows().index(row, grid_column::coupon);
+    set_drawn_check(*controls_->chck_box, on);
     controls_->chck_box->setProperty(tag, on ? QStringLiteral("ON") : QStringLiteral("OFF"));
     controls_->chck_box->set_picture(grid_.rows().data(cell, GridModel::PictureRole).toInt());
     const QString text = grid_.rows().cell_text(row, grid_column::date);

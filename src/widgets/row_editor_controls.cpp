@@ -1,6 +1,7 @@
 #include "widgets/row_editor_controls.h"
 
 #include "household/grid_row.h"
+#include "widgets/drawn_controls.h"
 #include "widgets/one_line_box.h"
 #include "widgets/pictures.h"
 
@@ -58,6 +59,7 @@ PictureButton::PictureButton(const QString& name, QWidget* parent)
     : QAbstractButton(parent)
 {
     setObjectName(name);
+    set_drawn_control(*this, DrawnControl::button);
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::ArrowCursor);
     connect(this, &QAbstractButton::pressed, this, &PictureButton::show_picture);
@@ -132,6 +134,15 @@ MonthView::MonthView(QWidget* parent)
     : QCalendarWidget(parent)
 {
     setObjectName(QStringLiteral("MonthView1"));
+    setAccessibleName(QStringLiteral("Coupon expiry date"));
+    const auto name = [this](const char* part, const QString& text) {
+        if (auto* control = findChild<QWidget*>(QLatin1String(part)))
+            control->setAccessibleName(text);
+    };
+    name("qt_calendar_prevmonth", QStringLiteral("Month before"));
+    name("qt_calendar_nextmonth", QStringLiteral("Next month"));
+    name("qt_calendar_yearedit", QStringLiteral("Year"));
+    name("qt_calendar_calendarview", QStringLiteral("Days of the month"));
     setVerticalHeaderFormat(NoVerticalHeader);
     setContentsMargins(1, 1, 1, 1);
 }
@@ -171,9 +182,11 @@ RowEditor::Controls::Controls(QWidget* parent)
         ground->setAutoFillBackground(true);
     desc->setAccessibleName(QStringLiteral("Description"));
     qty->setAccessibleName(QStringLiteral("Quantity"));
+    cpn_brdr->setAccessibleName(QStringLiteral("Coupon expiry date"));
     date->setAccessibleName(QStringLiteral("Coupon expiry date"));
     aisle->setAccessibleName(QStringLiteral("Aisle"));
     chck_box->setAccessibleName(QStringLiteral("Coupon"));
+    set_drawn_control(*chck_box, DrawnControl::check_box);
     dtp_btn->setAccessibleName(QStringLiteral("Choose the expiry date"));
     for (const auto* buttons : {&qty_btn, &aisle_btn}) {
         (*buttons)[0]->setAccessibleName(QStringLiteral("One more"));

@@ -2,6 +2,7 @@
 
 #include "data/collation.h"
 #include "data/runtime_error.h"
+#include "household/status_names.h"
 #include "widgets/key_kinds.h"
 #include "widgets/second_click.h"
 #include "widgets/tree_delegate.h"
@@ -47,6 +48,10 @@ public:
         case Qt::DisplayRole:
         case Qt::EditRole:
             return text_;
+        case Qt::AccessibleTextRole:
+            return key_.startsWith(QLatin1String("item"))
+                ? QString(text_ + QStringLiteral(", ") + status_name(picture_))
+                : text_;
         case TreeView::KeyRole:
             return key_;
         case TreeView::TagRole:

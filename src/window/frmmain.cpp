@@ -29,6 +29,7 @@
 #include "window/status_words.h"
 #include "window/toolbar.h"
 #include "widgets/tree_view.h"
+#include "window/undo_key.h"
 #include "window/view_state.h"
 #include "stock/floating_buttons.h"
 #include "stock/stock_commands.h"
@@ -138,8 +139,10 @@ void frmmain::make_panes()
     toolbar_ = std::make_unique<Toolbar>(*this, area_);
     auto* stock_view = new TreeView(ImageList::stock_tree, area_);
     stock_view->setObjectName(QStringLiteral("TreeView1(0)"));
+    stock_view->setAccessibleName(QStringLiteral("Stock"));
     auto* recipe_view = new TreeView(ImageList::recipe_tree, area_);
     recipe_view->setObjectName(QStringLiteral("TreeView1(1)"));
+    recipe_view->setAccessibleName(QStringLiteral("Recipes"));
     stock_tree_
         = std::make_unique<StockTree>(*program_, *stock_view, [this] { return recipe_page_->leave_line_editor(); });
     floating_buttons_ = std::make_unique<FloatingButtons>(
@@ -164,6 +167,7 @@ void frmmain::make_panes()
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
     new Drags(*this, {left_tabs, right_tabs, &layout_->Frame1()});
     keyboard_round_ = new KeyboardRound(*this);
+    new UndoKey(*this);
     connect_panes(*this);
     connect_household();
 }
@@ -189,6 +193,7 @@ void frmmain::connect_household()
     listen(&Household::items_gone, *grid_listener_, &GridListener::items_gone);
     listen(&Household::items_gone, *stock_tree_, &StockTree::items_gone);
     listen(&Household::items_gone, *recipe_page_, &RecipePage::items_gone);
+    connect(household_.get(), &Household::line_returned, recipe_page_.get(), &RecipePage::line_returned);
     listen(&Household::category_changed, *stock_tree_, &StockTree::category_changed);
     listen(&Household::category_changed, *recipe_page_, &RecipePage::category_changed);
     connect(household_.get(), &Household::recipe_changed, this,

@@ -40,22 +40,23 @@ struct StandingButton {
     int picture;
     const char* caption;
     const char* tool_tip;
+    const char* spoken = ""; ///< its name to a screen reader, where the caption is not enough
 };
 
 constexpr StandingButton standing[last_button + 1] = {
     {},
-    {1, "New", "Create a new shopping list"},
-    {2, "Clear", "Clear selected list"},
-    {3, "Lists", "List manager"},
+    {1, "New", "Create a new shopping list", "New shopping list"},
+    {2, "Clear", "Clear selected list", "Clear list"},
+    {3, "Lists", "List manager", "List manager"},
     {0, "", ""},
-    {5, "New", "Create new recipe"},
-    {6, "Ingrdnt", "Add ingredient"},
+    {5, "New", "Create new recipe", "New recipe"},
+    {6, "Ingrdnt", "Add ingredient", "Add ingredient"},
     {0, "", ""},
-    {8, "Stock", "Add a new stock item"},
+    {8, "Stock", "Add a new stock item", "New stock item"},
     {0, "", ""},
     {10, "Print", "Print selected list"},
-    {11, "Prev", "Preview list"},
-    {12, "WP", "Open recipe in word processor"},
+    {11, "Prev", "Preview list", "Preview"},
+    {12, "WP", "Open recipe in word processor", "Word processor"},
     {13, "Email", "Send recipe by email"},
     {0, "", ""},
     {15, "Find", "Find a stock item"},
@@ -117,6 +118,7 @@ void Toolbar::make_button(int number)
     made->setFocusPolicy(Qt::NoFocus);
     made->setText(text_of(at_rest(number).caption));
     buttons_.at(static_cast<size_t>(number)) = made;
+    made->setAccessibleName(text_of(at_rest(number).spoken));
     set_picture(which, at_rest(number).picture);
     set_tool_tip(which, text_of(at_rest(number).tool_tip));
     connect(made, &QToolButton::clicked, this, [this, which] { clicked(which); });

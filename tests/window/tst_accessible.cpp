@@ -1,0 +1,311 @@
+#include "household/status_names.h"
+#include "lists/list_pane.h"
+#include "recipes/line_fixture.h"
+#include "stock/stock_tree.h"
+#include "widgets/list_grid.h"
+#include "widgets/row_editor.h"
+
+#include <QAccessible>
+#include <QAbstractScrollArea>
+#include <QSet>
+#include <QToolButton>
+
+using namespace tarnwick;
+
+namespace {
+
+bool needs_name(const QAccessibleInterface& one)
+{
+    switch (one.role()) {
+    case QAccessible::Button:
+    case QAccessible::ButtonMenu:
+    case QAccessible::ButtonDropDown:
+    case QAccessible::CheckBox:
+    case QAccessible::RadioButton:
+    case QAccessible::ComboBox:
+    case QAccessible::EditableText:
+    case QAccessible::Graphic:
+    case QAccessible::List:
+    case QAccessible::MenuItem:
+    case QAccessible::PageTab:
+    case QAccessible::Slider:
+    case QAccessible::SpinBox:
+    case QAccessible::Table:
+    case QAccessible::Tree:
+    case QAccessible::TreeItem:
+        return true;
+    case QAccessible::ScrollBar: {
+        // The bars of a view or a text speak for it.
+        const QObject* bar = one.object();
+        return bar && bar->parent() && !qobject_cast<QAbstractScrollArea*>(bar->parent()->parent());
+    }
+    default:
+        return false;
+    }
+}
+
+void add_nameless(QAccessibleInterface* one, QStringList& found)
+{
+    if (!one || one->state().invisible)
+        return;
+    const bool named = !one->text(QAccessible::Name).trimmed().isEmpty()
+        || !one->text(QAccessible::Description).trimmed().isEmpty();
+    if (needs_name(*one) && !named)
+        found << QStringLiteral("%1 (%2, role %3)")
+                     .arg(one->object() ? one->object()->objectName() : QStringLiteral("a part"),
+                          QString::fromLatin1(one->object() ? one->object()->metaObject()->className() : ""))
+                     .arg(one->role());
+    for (int i = 0; i < one->childCount(); ++i)
+        add_nameless(one->child(i), found);
+}
+
+/// What has a role and no name in any window on the screen, and how many parts were looked at.
+QStringList nameless()
+{
+    QStringList found;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible())
+            add_nameless(QAccessible::queryAccessibleInterface(window), found);
+    return found;
+}
+
+class Window : public LineWindow {
+public:
+    Window()
+    {
+        home = add_list(QStringLiteral("Home"));
+        add_list(QStringLiteral("Party"));
+        const Key dairy = add_category(QStringLiteral("Dairy"), true);
+        for (int status = 5; status <= 9; ++status)
+            items.push_back(add_item(QStringLiteral("Item %1").arg(status), dairy, status));
+        add_row(items[2], home, true);
+        add_row(items[1], home, false);
+        Query(db(), "UPDATE groc_1 SET cpn = 1, created = '2026-05-06' WHERE key_id = 1").run();
+        add_line(recipe, QStringLiteral("Item 7"), items[2]);
+        add_line(recipe, QStringLiteral("Item 6"), items[1]);
+        add_line(recipe, QStringLiteral("Salt"));
+        for (const char* group : {"cpn", "aisle"})
+            set_pref(QLatin1String(group), QStringLiteral("1"));
+        set_pref(QStringLiteral("alist"), QString::number(home));
+        set_pref(QStringLiteral("tv_view"), QStringLiteral("1"));
+        set_pref(QStringLiteral("lv_view"), QStringLiteral("1"));
+    }
+
+    void start()
+    {
+        load();
+        main().activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&main()));
+    }
+    ListGrid& grid() { return main().list_pane().grid(); }
+
+    Key home = 0;
+    std::vector<Key> items;
+};
+
+QAccessibleInterface& access(QWidget& control)
+{
+    return *QAccessible::queryAccessibleInterface(&control);
+}
+
+} // namespace
+
+/// What a screen reader gets to hear.
+class tst_accessible : public QObject {
+    Q_OBJECT
+private slots:
+    void the_walk_finds_what_has_no_name();
+    void every_control_of_the_main_window_has_a_name();
+    void every_control_of_a_dialog_has_a_name_data();
+    void every_control_of_a_dialog_has_a_name();
+    void tree_items_tell_name_and_status();
+    void every_status_has_other_words();
+    void boxes_of_the_grid_are_checked_as_the_row_says();
+    void boxes_and_lights_of_the_page_tell_their_state();
+    void the_coupon_box_of_an_open_row_is_a_check_box();
+    void the_two_new_buttons_differ();
+};
+
+void tst_accessible::the_walk_finds_what_has_no_name()
+{
+    QWidget window;
+    QToolButton button(&window);
+    window.show();
+    QCOMPARE(nameless().size(), 1);
+    button.setToolTip(QStringLiteral("Does it"));
+    QCOMPARE(nameless().join(u'|'), QString());
+}
+
+void tst_accessible::every_control_of_the_main_window_has_a_name()
+{
+    Window w;
+    w.start();
+    QCOMPARE(nameless().join(u'|'), QString());
+    w.grid().setFocus();
+    w.grid().set_current(1, grid_column::item);
+    w.main().row_editor().show_l_line();
+    QVERIFY(w.main().row_editor().is_open());
+    QCOMPARE(nameless().join(u'|'), QString());
+    QTest::mouseClick(&w.control(QStringLiteral("dtp_btn")), Qt::LeftButton);
+    QVERIFY(w.control(QStringLiteral("MonthView1")).isVisible());
+    QCOMPARE(nameless().join(u'|'), QString());
+    w.trigger(QStringLiteral("mnu_view_rcpepages"));
+    w.trigger(QStringLiteral("mnu_view_rcp"));
+    QCOMPARE(nameless().join(u'|'), QString());
+    w.open_line(0);
+    QVERIFY(w.list().isVisible());
+    QCOMPARE(nameless().join(u'|'), QString());
+}
+
+void tst_accessible::every_control_of_a_dialog_has_a_name_data()
+{
+    QTest::addColumn<QString>("command");
+    for (const char* command :
+         {"mnu_list_new", "mnu_recipe_new", "mnu_edit_add_cat", "mnu_list_RenameList", "mnu_list_clear",
+          "mnu_list_prntsetup", "mnu_edit_add_stck", "mnu_tv_edit", "mnu_edit_move", "mnu_tools_find_item",
+          "mnu_tools_find_recipe", "mnu_view_color", "mnu_help_about", "mnu_tools_listlist", "Toolbar1(11)"})
+        QTest::newRow(command) << QString::fromLatin1(command);
+}
+
+void tst_accessible::every_control_of_a_dialog_has_a_name()
+{
+    QFETCH(QString, command);
+    Window w;
+    w.start();
+    w.main().stock_tree().view().select(w.main().stock_tree().item_node(w.items[2]));
+    const auto windows = [] {
+        QSet<QWidget*> shown;
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible())
+                shown.insert(window);
+        return shown;
+    };
+    const QSet<QWidget*> before = windows();
+    const qsizetype controls = w.main().findChildren<QWidget*>().size();
+    QStringList found{QStringLiteral("no dialog came")};
+    {
+        MessageScript script;
+        const bool stays_open = command == QLatin1String("mnu_tools_listlist")
+            || command.startsWith(QLatin1String("mnu_tools_find"));
+        if (!stays_open)
+            script.drive([&](QDialog& dialog) {
+                found = nameless();
+                dialog.reject();
+            });
+        if (command.startsWith(QLatin1String("Toolbar1")))
+            QTest::mouseClick(&w.control(command), Qt::LeftButton);
+        else
+            w.trigger(command);
+        if (stays_open) {
+            QVERIFY(windows() != before || w.main().findChildren<QWidget*>().size() != controls);
+            found = nameless();
+        }
+    }
+    for (QWidget* window : windows())
+        if (window != &w.main())
+            window->close();
+    QCOMPARE(found.join(u'|'), QString());
+}
+
+void tst_accessible::tree_items_tell_name_and_status()
+{
+    Window w;
+    w.start();
+    QAccessibleInterface& tree = access(w.main().stock_tree().view());
+    QStringList heard;
+    for (int i = 0; i < tree.childCount(); ++i)
+        if (tree.child(i)->role() == QAccessible::TreeItem)
+            heard << tree.child(i)->text(QAccessible::Name);
+    QVERIFY2(heard.contains(QStringLiteral("Item 8, buy-it on several lists")), qPrintable(heard.join(u'|')));
+    QVERIFY(heard.contains(QStringLiteral("Item 5, on no list")));
+    QVERIFY(heard.contains(QStringLiteral("Dairy")));
+}
+
+void tst_accessible::every_status_has_other_words()
+{
+    QSet<QString> words;
+    for (int code = 5; code <= 9; ++code)
+        words.insert(status_name(code));
+    QCOMPARE(words.size(), 5);
+    QVERIFY(!words.contains(QString()));
+    QCOMPARE(status_name(4), QString());
+}
+
+void tst_accessible::boxes_of_the_grid_are_checked_as_the_row_says()
+{
+    Window w;
+    w.start();
+    QAccessibleTableInterface* table = access(w.grid()).tableInterface();
+    QVERIFY(table);
+    struct Expected {
+        int row;
+        int column;
+        bool checked;
+        const char* name;
+    };
+    const Expected all[]
+        = {{0, 0, false, "Item 6, light"}, {0, 1, false, "Item 6, buy-it"}, {0, 5, false, "Item 6, coupon"},
+           {1, 0, true, "Item 7, light"},  {1, 1, true, "Item 7, buy-it"},  {1, 5, true, "Item 7, coupon"}};
+    for (const Expected& cell : all) {
+        QAccessibleInterface* heard = table->cellAt(cell.row, cell.column);
+        QVERIFY(heard);
+        QVERIFY(heard->state().checkable);
+        QCOMPARE(bool(heard->state().checked), cell.checked);
+        QCOMPARE(heard->text(QAccessible::Name), QString::fromLatin1(cell.name));
+    }
+    QVERIFY(!table->cellAt(0, 2)->state().checkable);
+    QCOMPARE(table->cellAt(0, 2)->text(QAccessible::Name), QStringLiteral("Item 6"));
+    w.grid().setFocus();
+    w.grid().set_current(0, grid_column::item);
+    QTest::keyClick(&w.grid(), Qt::Key_Space);
+    QVERIFY(table->cellAt(0, 1)->state().checked);
+}
+
+void tst_accessible::boxes_and_lights_of_the_page_tell_their_state()
+{
+    Window w;
+    w.set_pref(QStringLiteral("lv_view"), QStringLiteral("0"));
+    w.start();
+    const bool checked[] = {true, false, false};
+    const char* lights[] = {"buy-it", "on a list, not to buy", "non-stock item"};
+    const char* names[] = {"Buy-it, Item 7", "Buy-it, Item 6", "Buy-it, Salt"};
+    for (int i = 0; i < 3; ++i) {
+        QAccessibleInterface& box = access(*w.line(i).Check1);
+        QCOMPARE(box.role(), QAccessible::CheckBox);
+        QVERIFY(box.state().checkable);
+        QCOMPARE(bool(box.state().checked), checked[i]);
+        QCOMPARE(box.text(QAccessible::Name), QString::fromLatin1(names[i]));
+        QCOMPARE(access(*w.line(i).lite).text(QAccessible::Name), QString::fromLatin1(lights[i]));
+    }
+    QTest::mouseClick(w.line(1).Check1, Qt::LeftButton);
+    QVERIFY(access(*w.line(1).Check1).state().checked);
+    QCOMPARE(access(*w.line(1).lite).text(QAccessible::Name), QStringLiteral("buy-it"));
+}
+
+void tst_accessible::the_coupon_box_of_an_open_row_is_a_check_box()
+{
+    Window w;
+    w.start();
+    w.grid().set_current(1, grid_column::item);
+    w.main().row_editor().show_l_line();
+    QAccessibleInterface& box = access(w.control(QStringLiteral("chck_box")));
+    QCOMPARE(box.role(), QAccessible::CheckBox);
+    QVERIFY(box.state().checked);
+    QVERIFY(box.actionInterface());
+    box.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QVERIFY(!box.state().checked);
+    QCOMPARE(w.number("SELECT cpn FROM groc_1 WHERE key_id = 1"), 0);
+}
+
+void tst_accessible::the_two_new_buttons_differ()
+{
+    Window w;
+    w.start();
+    const QString list = access(w.control(QStringLiteral("Toolbar1(1)"))).text(QAccessible::Name);
+    const QString recipe = access(w.control(QStringLiteral("Toolbar1(5)"))).text(QAccessible::Name);
+    QCOMPARE(list, QStringLiteral("New shopping list"));
+    QCOMPARE(recipe, QStringLiteral("New recipe"));
+}
+
+QTEST_MAIN(tst_accessible)
+#include "tst_accessible.moc"

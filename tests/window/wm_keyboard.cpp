@@ -1,0 +1,176 @@
+#include "data/connection.h"
+#include "data/query.h"
+#include "data/settings.h"
+#include "household/recipe_store.h"
+#include "probe/real_program.h"
+
+#include <QTest>
+
+using namespace tarnwick;
+
+/// The real window by a real keyboard alone.
+class wm_keyboard : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void the_way_round_the_window_and_its_menus();
+    void a_row_is_edited_and_given_back();
+    void a_new_recipe_is_named_and_written();
+    void a_removed_line_comes_back();
+
+private:
+    static void press(const char* keys)
+    {
+        QVERIFY(!RealProgram::xdotool({QStringLiteral("key"), QLatin1String(keys)}).isNull());
+    }
+    static void type(const QString& text)
+    {
+        QVERIFY(
+            !RealProgram::xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("40"), text})
+                 .isNull());
+    }
+    static QString keyboard(QProcess& process) { return RealProgram::ask(process, "focus"); }
+    static bool is_shown(QProcess& process, const QByteArray& widget)
+    {
+        return RealProgram::ask(process, "get " + widget + " visible") == QStringLiteral("true");
+    }
+    std::unique_ptr<QProcess> start(const char* lists_first)
+    {
+        Settings settings(program_.settings());
+        settings.set_reg();
+        settings.set_pref(QStringLiteral("arcp"), QStringLiteral("1"));
+        settings.set_pref(QStringLiteral("alist"), QStringLiteral("1"));
+        settings.set_pref(QStringLiteral("lv_view"), QLatin1String(lists_first));
+        auto process = program_.start_listening();
+        if (!process
+            || !QTest::qWaitFor([&] { return keyboard(*process) == QStringLiteral("TreeView1(0)"); }, 30000))
+            return nullptr;
+        return process;
+    }
+    QString text(const char* sql)
+    {
+        Connection connection;
+        connection.open(program_.database());
+        Query query(connection, sql);
+        return query.next() ? query.text(0) : QString();
+    }
+
+    RealProgram program_;
+};
+
+void wm_keyboard::init()
+{
+    program_.renew();
+    Connection connection;
+    connection.open(program_.database());
+    const Key recipe = insert_recipe(connection, QStringLiteral("Pie"), QStringLiteral("13"));
+    for (const char* sql : {"INSERT INTO list_name (key_id, list_name, active) VALUES (1, 'Home', 1)",
+                            "INSERT INTO items_1 (key_id, item, cat, status, to_get, qty, desc) VALUES (1, "
+                            "'Butter', 0, 7, 1, 0, ' ')",
+                            "INSERT INTO groc_1 (key_id, item, desc, aisle, to_get, qty, cpn, list, item_id)"
+                            " VALUES (1, 'Butter', 'salted', ' ', 1, '2', 0, 0, 0)",
+                            "INSERT INTO tie (key_id, groc_id, item_id, list) VALUES (1, 1, 1, 1)"})
+        Query(connection, sql).run();
+    for (int i = 0; i < 2; ++i)
+        Query(connection,
+              "INSERT INTO recipe_2 (key_id, r_ref, item_ref, item, qty, measure, comment, \"order\")"
+              " VALUES (?, ?, -1, ?, '1', 'cup', ' ', ?)",
+              i + 1, recipe, i == 0 ? QStringLiteral("Salt") : QStringLiteral("Oil"), i)
+            .run();
+}
+
+void wm_keyboard::the_way_round_the_window_and_its_menus()
+{
+    const auto process = start("1");
+    QVERIFY(process);
+    for (const char* next : {"Listview1", "TreeView1(0)"}) {
+        press("F6");
+        QTRY_COMPARE(keyboard(*process), QString::fromLatin1(next));
+    }
+    press("shift+F6");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("Listview1"));
+    const std::pair<const char*, QByteArray> menus[]
+        = {{"alt+s", "mnu_list"},  {"alt+r", "mnu_recipe"}, {"alt+k", "mnu_edit"},
+           {"alt+t", "mnu_tools"}, {"alt+v", "mnu_view"},   {"alt+h", "mnu_help"}};
+    for (const auto& [keys, menu] : menus) {
+        press(keys);
+        QTRY_VERIFY2(is_shown(*process, menu), menu.constData());
+        press("Escape");
+        QTRY_VERIFY(!is_shown(*process, menu));
+        press("Escape");
+        QTRY_COMPARE(keyboard(*process), QStringLiteral("Listview1"));
+    }
+    press("shift+F10");
+    QTRY_VERIFY(is_shown(*process, "mnu_lv"));
+    press("Escape");
+    QTRY_VERIFY(!is_shown(*process, "mnu_lv"));
+    RealProgram::tell(*process, "close");
+    RealProgram::lines_of(*process);
+}
+
+void wm_keyboard::a_row_is_edited_and_given_back()
+{
+    const auto process = start("1");
+    QVERIFY(process);
+    press("F6");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("Listview1"));
+    type(QStringLiteral("5 kg"));
+    QTRY_COMPARE(RealProgram::ask(*process, "get qty_brdr text"), QStringLiteral("5 kg"));
+    press("Return");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("Listview1"));
+    press("F2");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("desc_brdr"));
+    type(QStringLiteral(" and soft"));
+    QTRY_COMPARE(RealProgram::ask(*process, "get desc_brdr text"), QStringLiteral("salted and soft"));
+    press("Escape");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("Listview1"));
+    press("space");
+    RealProgram::tell(*process, "close");
+    RealProgram::lines_of(*process);
+    QCOMPARE(text("SELECT qty || '/' || desc || '/' || to_get FROM groc_1"), QStringLiteral("5 kg/salted/0"));
+}
+
+void wm_keyboard::a_new_recipe_is_named_and_written()
+{
+    const auto process = start("1");
+    QVERIFY(process);
+    press("alt+r");
+    QTRY_VERIFY(is_shown(*process, "mnu_recipe"));
+    type(QStringLiteral("n"));
+    QTRY_VERIFY(is_shown(*process, "new_item_rcp"));
+    QTest::qWait(300);
+    type(QStringLiteral("Stew"));
+    press("Return");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("Text1"));
+    type(QStringLiteral("Simmer"));
+    QTRY_COMPARE(RealProgram::ask(*process, "get Text1 plainText"), QStringLiteral("Simmer"));
+    RealProgram::tell(*process, "close");
+    RealProgram::lines_of(*process);
+    QCOMPARE(text("SELECT r_name || '/' || r_body FROM recipe_1 WHERE key_id = 2"), QStringLiteral("Stew/Simmer"));
+}
+
+void wm_keyboard::a_removed_line_comes_back()
+{
+    const auto process = start("0");
+    QVERIFY(process);
+    press("F6");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("ingred(0)"));
+    press("Down");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("ingred(1)"));
+    press("Delete");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("ingred(0)"));
+    press("ctrl+z");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("ingred(1)"));
+    press("Return");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("ing_flt_txtQty"));
+    type(QStringLiteral("9"));
+    press("Escape");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("ingred(1)"));
+    RealProgram::tell(*process, "close");
+    RealProgram::lines_of(*process);
+    QCOMPARE(text("SELECT group_concat(qty || item) FROM (SELECT * FROM recipe_2 ORDER BY \"order\")"),
+             QStringLiteral("1Salt,1Oil"));
+}
+
+QTEST_GUILESS_MAIN(wm_keyboard)
+#include "wm_keyboard.moc"
