@@ -108,6 +108,10 @@ public:
     /// on no list opens the item editor. Throws SQLite::Exception.
     void recipe_chck(int to_state, Key line_key);
 
+    /// Where the page takes the keyboard from outside: the line most recently acted on, without lines the
+    /// instructions; null while it shows nothing.
+    QWidget* keyboard_place() const;
+
     /// Opens the item editor for a line's stock item; -1 for one that is yet to be made.
     void edit_item(EditMode mode, Key item, Key line);
 

@@ -3,10 +3,14 @@
 #include "window/frmmain.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_editor.h"
+#include "recipes/line_widgets.h"
+#include "recipes/page_text.h"
 #include "window/commands.h"
 
 #include <QAction>
 #include <QShortcut>
+
+#include <algorithm>
 
 namespace tarnwick {
 
@@ -24,6 +28,14 @@ void RecipePage::make_line_editor()
 Ingredients& RecipePage::ingredients()
 {
     return line_editor_->ingredients();
+}
+
+QWidget* RecipePage::keyboard_place() const
+{
+    const int count = recipe_lines_->count();
+    if (count > 0)
+        return recipe_lines_->lines()[static_cast<size_t>(std::clamp(state.cur_line, 0, count - 1))].ingred;
+    return text1_->isHidden() ? nullptr : text1_;
 }
 
 bool RecipePage::editor_open() const

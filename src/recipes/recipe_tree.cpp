@@ -192,6 +192,7 @@ void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& cat
     main_.l_r_refresh();
     main_.recipe_page().set_recipe(recipe);
     main_.recipe_page().Text1().set_border_style(1);
+    main_.recipe_page().Text1().setFocus(Qt::OtherFocusReason);
 }
 
 void RecipeTree::recip_del(Key recipe)

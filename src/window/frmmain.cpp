@@ -21,6 +21,7 @@
 #include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
+#include "window/keyboard_round.h"
 #include "window/layout.h"
 #include "window/rescuer.h"
 #include "window/status_panels.h"
@@ -155,6 +156,7 @@ void frmmain::make_panes()
     list_mouse_ = std::make_unique<ListMouse>(*this);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
+    keyboard_round_ = new KeyboardRound(*this);
     connect(recipe_page_.get(), &RecipePage::name_typed, recipe_tree_.get(), &RecipeTree::rename);
     connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::refresh_commands);
     connect(recipe_page_.get(), &RecipePage::name_left, recipe_tree_.get(), &RecipeTree::sort_renamed);
