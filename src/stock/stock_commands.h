@@ -36,9 +36,11 @@ public:
     /// name or nothing new. A message about it waits for the end of a focus change.
     void after_label_edit(const QTreeWidgetItem& node, const QString& text, Qt::FocusReason left_by);
 
-private:
+    /// Finishes the line that is being edited on the recipe page. False when it cannot be, and the user is told
+    /// why.
     bool leave_recipe_line();
 
+private:
     frmmain& main_;
     StockTidying tidying_;
     FocusQuestion question_;

@@ -17,6 +17,8 @@ void show_move_item(frmmain& main, bool move_stock)
     const QString kind = move_stock ? QStringLiteral("item") : QStringLiteral("rcp");
     if (!node || !node->parent() || !TreeView::key(node).startsWith(kind))
         return;
+    if (move_stock && !main.stock_commands().leave_recipe_line())
+        return;
     const Key record = record_key(TreeView::key(node));
     const QTreeWidgetItem& folder = *node->parent();
     const QString folder_key = TreeView::key(&folder);
