@@ -1,15 +1,16 @@
 #include "lists/list_pane.h"
 
-#include "window/frmmain.h"
+#include "data/settings.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/update_lock.h"
 #include "widgets/column_layout.h"
 #include "widgets/header_bar.h"
 #include "widgets/list_grid.h"
 #include "household/list_store.h"
 #include "widgets/row_editor.h"
-#include "window/layout.h"
+#include "lists/main_row_editor_host.h"
 #include "widgets/pictures.h"
-#include "window/toolbar.h"
 
 #include <QCheckBox>
 #include <QFrame>
@@ -21,6 +22,7 @@
 #include <QTextOption>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -35,8 +37,9 @@ QLatin1String group_setting(int group)
 
 } // namespace
 
-ListPane::ListPane(frmmain& main, QWidget* parent)
-    : main_(main)
+ListPane::ListPane(Program& program, QWidget* parent, Surroundings around)
+    : program_(program)
+    , around_(std::move(around))
     , grid_(new ListGrid(parent))
     , header_(new HeaderBar(*grid_, parent))
     , frmCreateList_(new QFrame(parent))
@@ -62,30 +65,39 @@ ListPane::ListPane(frmmain& main, QWidget* parent)
 
     connect(header_, &HeaderBar::group_toggled, this, &ListPane::show_column_group);
     connect(header_, &HeaderBar::separator_moved, this, &ListPane::set_headers);
+
+    row_editor_host_ = std::make_unique<MainRowEditorHost>(
+        program_, *this,
+        MainRowEditorHost::Buttons{[this](int row) { emit edit_wanted(row); },
+                                   [this](int row) { emit removal_wanted(row); }});
+    row_editor_ = std::make_unique<RowEditor>(*grid_, *row_editor_host_, parent);
+    connect(header_, &HeaderBar::separator_moved, row_editor_.get(), &RowEditor::place_again);
 }
+
+ListPane::~ListPane() = default;
 
 void ListPane::lv_load(Key list_key)
 {
-    main_.connection().reopen();
+    program_.connection.reopen();
     const bool bar_was_shown = grid_->scroll_bar_shown();
-    if (main_.row_editor().is_open())
-        main_.row_editor().lv_edit_off();
-    main_.shared.all_lists_view = list_key < 1;
-    show_rows(list_store::read_rows(main_.connection(), list_key));
+    if (row_editor_->is_open())
+        row_editor_->lv_edit_off();
+    program_.shared.all_lists_view = list_key < 1;
+    show_rows(list_store::read_rows(program_.connection, list_key));
     if (grid_->scroll_bar_shown() != bar_was_shown && grid_->rows().rows() > 0)
         grid_->set_current(0, grid_column::desc);
-    list_store::mark_active(main_.connection(), list_key);
+    list_store::mark_active(program_.connection, list_key);
     set_col_widths();
     set_headers();
-    main_.shared.list_pane_shown = true;
-    main_.l_r_refresh();
-    main_.toolbar().toolbar_fit();
+    program_.shared.list_pane_shown = true;
+    program_.l_r_refresh();
+    emit list_loaded();
 }
 
 void ListPane::show_rows(std::vector<GridRow> rows)
 {
     const UpdateLock lock(*grid_);
-    grid_->set_type_size(main_.shared.type_size);
+    grid_->set_type_size(program_.shared.type_size);
     grid_->rows().set_rows(std::move(rows));
     if (grid_->rows().rows() == 0)
         return;
@@ -95,8 +107,8 @@ void ListPane::show_rows(std::vector<GridRow> rows)
 
 void ListPane::rebuild_array(Key list_key)
 {
-    main_.shared.all_lists_view = list_key < 1;
-    const std::vector<list_store::RowKeys> records = list_store::read_row_keys(main_.connection(), list_key);
+    program_.shared.all_lists_view = list_key < 1;
+    const std::vector<list_store::RowKeys> records = list_store::read_row_keys(program_.connection, list_key);
     if (records.empty())
         return;
     QHash<Key, const list_store::RowKeys*> by_key;
@@ -133,7 +145,7 @@ void ListPane::set_col_widths()
 
 void ListPane::set_headers()
 {
-    QRect row = main_.layout_manager().header_row();
+    QRect row = around_.header_row();
     if (row.height() <= 0)
         row = {grid_->x(), grid_->y() - header_->wanted_height(), grid_->width(), header_->wanted_height()};
     header_->set_headers(row.top(), row.height());
@@ -144,8 +156,8 @@ void ListPane::set_headers()
 
 void ListPane::show_column_group(int group)
 {
-    main_.settings().write(QLatin1String(settings_app::columns), QStringLiteral("prefs"), group_setting(group),
-                           column_group_shown(group) ? QStringLiteral("1") : QStringLiteral("0"));
+    program_.settings.write(QLatin1String(settings_app::columns), QStringLiteral("prefs"), group_setting(group),
+                            column_group_shown(group) ? QStringLiteral("1") : QStringLiteral("0"));
     emit column_groups_changed();
     {
         const UpdateLock lock(*grid_);
@@ -158,8 +170,8 @@ void ListPane::show_column_group(int group)
             set_col_widths();
         set_headers();
     }
-    if (main_.row_editor().is_open())
-        main_.row_editor().place_again();
+    if (row_editor_->is_open())
+        row_editor_->place_again();
 }
 
 /// Where tree and grid are too narrow for the columns the separator of the panes gives way.
@@ -168,11 +180,11 @@ void ListPane::make_room_for_columns()
     constexpr int least_grid_width = 400;
     constexpr int separator_room = 14;
     constexpr int text_width = 115;
-    const QRect tree = main_.layout_manager().left_pane();
+    const QRect tree = around_.left_pane();
     const int left_for_grid = grid_->parentWidget()->width() - 2 * tree.left() - tree.width() - separator_room;
     if (left_for_grid >= least_grid_width)
         return;
-    main_.layout_manager().separator_fix();
+    around_.separator_fix();
     grid_->set_col_width(grid_column::item, text_width);
     grid_->set_col_width(grid_column::desc, text_width);
 }
@@ -185,7 +197,7 @@ bool ListPane::column_group_shown(int group) const
 void ListPane::restore_column_groups()
 {
     for (const int group : {0, 1}) {
-        const QString stored = main_.settings().pref(group_setting(group), QStringLiteral("0"));
+        const QString stored = program_.settings.pref(group_setting(group), QStringLiteral("0"));
         header_->show_box(group).setChecked(val(stored) == 1);
         column_layout::set_group_widths(*grid_, *header_, group);
     }
@@ -202,7 +214,7 @@ void ListPane::set_CreateList(bool show)
                                                     "on the toolbar (notepad icon marked 'New' on the far left) \n"
                                                     " - or choose 'Shopping list/New list' from the menu bar"));
         QFont font = txtCreateList_->font();
-        font.setPointSize(main_.shared.type_size > 0 ? main_.shared.type_size : font.pointSize());
+        font.setPointSize(program_.shared.type_size > 0 ? program_.shared.type_size : font.pointSize());
         txtCreateList_->setFont(font);
         place_notice();
         frmCreateList_->raise();
@@ -230,17 +242,17 @@ bool ListPane::notice_shown() const
 
 void ListPane::set_page_color()
 {
-    if (!main_.shared.page_color)
+    if (!program_.shared.page_color)
         return;
-    grid_->set_page_color(*main_.shared.page_color, main_.shared.color_index);
+    grid_->set_page_color(*program_.shared.page_color, program_.shared.color_index);
     for (QWidget* part : {static_cast<QWidget*>(frmCreateList_), static_cast<QWidget*>(txtCreateList_)})
         part->setPalette(grid_->palette());
 }
 
 void ListPane::set_type_size()
 {
-    grid_->set_type_size(main_.shared.type_size);
-    header_->set_type_size(main_.shared.type_size);
+    grid_->set_type_size(program_.shared.type_size);
+    header_->set_type_size(program_.shared.type_size);
     if (notice_shown())
         set_CreateList(true);
 }
@@ -258,8 +270,8 @@ void ListPane::leave_for_tree()
     if (grid_->current_row() >= 0)
         grid_->set_current(grid_->current_row(), grid_column::item);
     grid_->clearSelection();
-    if (main_.row_editor().is_open())
-        main_.row_editor().lv_edit_off();
+    if (row_editor_->is_open())
+        row_editor_->lv_edit_off();
 }
 
 int ListPane::add_row(GridRow row, bool make_current)
@@ -281,7 +293,7 @@ void ListPane::remove_row(Key groc_key)
     const int column = grid_->current_col();
     grid_->rows().remove_row(index);
     if (grid_->rows().rows() == 0)
-        main_.row_editor().lv_edit_off();
+        row_editor_->lv_edit_off();
     else
         grid_->set_current(std::min(index, grid_->rows().rows() - 1), column);
     follow_scroll_state(bar_was_shown);
@@ -293,8 +305,8 @@ void ListPane::follow_scroll_state(bool was_shown)
         return;
     set_col_widths();
     set_headers();
-    if (main_.row_editor().is_open())
-        main_.row_editor().place_again();
+    if (row_editor_->is_open())
+        row_editor_->place_again();
 }
 
 } // namespace tarnwick

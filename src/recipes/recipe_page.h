@@ -20,18 +20,19 @@ class QWidget;
 
 namespace tarnwick {
 
+struct Program;
 class Ingredients;
 class LineEditor;
 class FocusQuestion;
 class PageText;
 struct Rescue;
-class frmmain;
 enum class EditMode;
 enum class LineTip;
 struct ItemChange;
 struct CategoryChange;
 struct ItemCodes;
 struct ItemsGone;
+struct LineMove;
 struct ListsChange;
 
 /// What the page's own procedures hand to each other.
@@ -44,7 +45,7 @@ struct PageState {
 class RecipePage : public QObject {
     Q_OBJECT
 public:
-    RecipePage(frmmain& main, QWidget* parent);
+    RecipePage(Program& program, QWidget* parent);
     ~RecipePage() override;
 
     QFrame& frame4() { return *frame4_; } ///< the viewport
@@ -65,8 +66,8 @@ public:
     void add_unstored(Rescue& rescue) const;
     bool is_edited() const; ///< name or instructions were edited since they were read or saved
 
-    Key page_key() const; ///< the recipe on the page; -1 none
-    bool has_recipe() const; ///< a recipe is on the page
+    Key page_key() const { return page_key_; } ///< the recipe on the page; -1 none
+    bool has_recipe() const { return page_key_ > 0; } ///< a recipe is on the page
 
     int get_scroll_scale() const; ///< height of the page's content, pixels
 
@@ -118,7 +119,8 @@ public:
     bool editor_open() const; ///< the line editor stands open
 
     /// The boxes of an open line editor lose the focus to the tree: finishes the edit.
-    void finish_line_editor();
+    bool finish_line_editor(); ///< false when it stays open
+    bool leave_line_editor(); ///< the same; false when none was open
 
     bool shows_item(Key item) const; ///< a line has this stock item
 
@@ -126,6 +128,9 @@ public:
     void item_changed(const ItemChange& change);
     void items_gone(const ItemsGone& gone); ///< their lines become non-stock
     void category_changed(const CategoryChange& change); ///< the words of its items' lines name it
+
+    /// Shows a line of the recipe at its new place.
+    void line_moved(const LineMove& move);
 
     /// Loads the page again when a list has gone, whose rows its lights depend on.
     void lists_changed(const ListsChange& change);
@@ -154,6 +159,10 @@ public:
 
 signals:
     void laid_out(); ///< lines and boxes have taken new places
+    void name_marked(const QString& mark); ///< another dirty mark of the name: "edited" or "clean"
+    void ingredient_wanted(); ///< Ctrl+I
+    void adding_line(); ///< a line without a stock item is about to be added
+    void editors_closing(); ///< all floating editors are to go, those of the list as well
     void recipe_shown(); ///< name and instructions of another recipe, or of none, are on the page
     void line_menu_wanted(const QString& item, QPoint place); ///< right click on a line; place on the screen
     void name_typed(tarnwick::Key recipe, const QString& name); ///< the trimmed title, at each change by the user
@@ -168,7 +177,9 @@ private:
     void fill_lines(Key recipe);
     void fill_text(Key recipe);
     bool write_page();
-    void set_marks(const char* mark);
+    void set_page_key(Key recipe);
+    void mark_name(bool edited);
+    void mark_text(bool edited);
     bool title_validated();
     bool name_stands(); ///< the same, and tells when it does not
     void tell_name_missing();
@@ -190,7 +201,7 @@ private:
     void follow_name(const ItemCodes& codes);
     void show_line(int index, Key item, int code, const QString& tool_tip);
 
-    frmmain& main_;
+    Program& program_;
     QFrame* frame4_;
     QFrame* frame3_;
     QScrollBar* scroll_bar_;
@@ -199,6 +210,10 @@ private:
     QLabel* label1_;
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
+    // The Tags of title, Frame1 and instructions mirror these three.
+    Key page_key_ = -1;
+    bool name_edited_ = false;
+    bool text_edited_ = false;
     RecipeText stored_; ///< name and instructions as they were read or written last
     bool page_busy_ = false; ///< the page is being rebuilt
     int scrolled_ = 0; ///< pixels of the page above the viewport

@@ -1,13 +1,11 @@
 #include "recipes/recipe_page.h"
 
-#include "window/frmmain.h"
+#include "widgets/program.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_editor.h"
 #include "recipes/line_widgets.h"
 #include "recipes/page_text.h"
-#include "window/commands.h"
 
-#include <QAction>
 #include <QShortcut>
 
 #include <algorithm>
@@ -16,13 +14,9 @@ namespace tarnwick {
 
 void RecipePage::make_line_editor()
 {
-    line_editor_ = new LineEditor(main_, *this);
-    auto* add = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_I), &main_);
-    connect(add, &QShortcut::activated, this, [this] {
-        const QString command = QStringLiteral("mnu_recipe_add_ingred");
-        if (main_.commands().action(command).isEnabled())
-            main_.commands().run(command);
-    });
+    line_editor_ = new LineEditor(program_, *this);
+    auto* add = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_I), &program_.window);
+    connect(add, &QShortcut::activated, this, &RecipePage::ingredient_wanted);
 }
 
 Ingredients& RecipePage::ingredients()
@@ -43,9 +37,18 @@ bool RecipePage::editor_open() const
     return line_editor_->is_open();
 }
 
-void RecipePage::finish_line_editor()
+bool RecipePage::finish_line_editor()
 {
     line_editor_->leave();
+    return !editor_open();
+}
+
+bool RecipePage::leave_line_editor()
+{
+    const bool was_open = editor_open();
+    if (was_open)
+        finish_line_editor();
+    return was_open;
 }
 
 void RecipePage::close_line_editor()
@@ -55,8 +58,7 @@ void RecipePage::close_line_editor()
 
 bool RecipePage::leave_editors()
 {
-    finish_line_editor();
-    return !editor_open() && name_stands();
+    return finish_line_editor() && name_stands();
 }
 
 void RecipePage::add_ns_ingred()

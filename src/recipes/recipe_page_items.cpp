@@ -1,6 +1,5 @@
 #include "recipes/recipe_page.h"
 
-#include "window/frmmain.h"
 #include "widgets/program.h"
 #include "household/household.h"
 #include "recipes/line_widgets.h"
@@ -69,18 +68,18 @@ void RecipePage::check_clicked(int index)
     set_rcp_item_in_work(line.item);
     state.cur_line = index;
     state.sel_line = index;
-    recipe_chck(wanted_state(lite_status(main_.connection(), line.item_ref)), line.key);
+    recipe_chck(wanted_state(lite_status(program_.connection, line.item_ref)), line.key);
 }
 
 void RecipePage::recipe_chck(int to_state, Key line_key)
 {
-    const auto link = line_link(main_.connection(), line_key);
+    const auto link = line_link(program_.connection, line_key);
     if (!link)
         return;
     if (link->item_ref < 1) {
         if (to_state == buy_state)
             edit_item(EditMode::non_stock_to_stock, -1, line_key);
-    } else if (!main_.household().check_line(link->item_ref, mark_of(to_state))) {
+    } else if (!program_.household.check_line(link->item_ref, mark_of(to_state))) {
         edit_item(EditMode::recipe_item, link->item_ref, line_key);
     }
 }
@@ -89,7 +88,7 @@ void RecipePage::edit_item(EditMode mode, Key item, Key line)
 {
     EditRequest request{mode, item, line};
     request.name = rcp_item_in_work();
-    show_item_editor(main_.program(), request);
+    show_item_editor(program_, request);
 }
 
 bool RecipePage::shows_item(Key item) const
@@ -113,7 +112,7 @@ void RecipePage::item_changed(const ItemChange& change)
 
 void RecipePage::show_item(const ItemCodes& codes, LineTip tip)
 {
-    Connection& connection = main_.connection();
+    Connection& connection = program_.connection;
     const QString text
         = tip == LineTip::words ? get_status(connection, codes.item) : get_ttt(connection, codes.item);
     for (int i = 0; i < recipe_lines_->count(); ++i) {
@@ -130,10 +129,10 @@ void RecipePage::show_item(const ItemCodes& codes, LineTip tip)
 /// the joint and the status; one that was linked and is no more becomes non-stock.
 void RecipePage::follow_links(const ItemCodes& codes, const QString& joint)
 {
-    const QString status = get_status(main_.connection(), codes.item);
+    const QString status = get_status(program_.connection, codes.item);
     for (int i = 0; i < recipe_lines_->count(); ++i) {
         const IngredientLine& line = lines()[static_cast<size_t>(i)];
-        const auto link = line_link(main_.connection(), line.key);
+        const auto link = line_link(program_.connection, line.key);
         if (!link || (link->item_ref != codes.item && line.item_ref != codes.item))
             continue;
         if (link->item_ref == codes.item)
@@ -147,10 +146,10 @@ void RecipePage::follow_links(const ItemCodes& codes, const QString& joint)
 /// joint is kept.
 void RecipePage::follow_name(const ItemCodes& codes)
 {
-    const QString status = get_status(main_.connection(), codes.item);
+    const QString status = get_status(program_.connection, codes.item);
     for (int i = 0; i < recipe_lines_->count(); ++i) {
         const IngredientLine& line = lines()[static_cast<size_t>(i)];
-        const auto link = line_link(main_.connection(), line.key);
+        const auto link = line_link(program_.connection, line.key);
         if (link && link->item_ref == codes.item)
             show_line(i, codes.item, codes.page, QStringLiteral(" - ") + status);
         else if (line.item_ref == codes.item)
@@ -181,11 +180,30 @@ void RecipePage::category_changed(const CategoryChange& change)
         return;
     for (int i = 0; i < recipe_lines_->count(); ++i) {
         IngredientLine& line = lines()[static_cast<size_t>(i)];
-        if (line.item_ref < 1 || category_of(main_.connection(), line.item_ref) != change.category)
+        if (line.item_ref < 1 || category_of(program_.connection, line.item_ref) != change.category)
             continue;
-        line.tool_tip = line.item + QStringLiteral(" - ") + get_status(main_.connection(), line.item_ref);
+        line.tool_tip = line.item + QStringLiteral(" - ") + get_status(program_.connection, line.item_ref);
         refresh_line(i);
     }
+}
+
+void RecipePage::line_moved(const LineMove& move)
+{
+    const int from = recipe_lines_->index_of(move.line);
+    if (move.recipe != page_key() || from < 0 || move.place >= recipe_lines_->count() || move.place == from)
+        return;
+    const bool had_focus = lines()[static_cast<size_t>(from)].ingred->hasFocus();
+    recipe_lines_->move(from, move.place);
+    for (int i = std::min(from, move.place); i <= std::max(from, move.place); ++i) {
+        const IngredientLine& line = lines()[static_cast<size_t>(i)];
+        refresh_line(i);
+        set_lites(i,
+                  line.item.isEmpty() ? status_code::non_stock : lite_status(program_.connection, line.item_ref));
+    }
+    layout_page();
+    // A key that is meant for the line that was moved must not reach the one that took its place.
+    if (had_focus)
+        lines()[static_cast<size_t>(move.place)].ingred->setFocus(Qt::OtherFocusReason);
 }
 
 void RecipePage::lists_changed(const ListsChange& change)

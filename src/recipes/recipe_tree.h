@@ -10,15 +10,17 @@ class QTreeWidgetItem;
 
 namespace tarnwick {
 
-class frmmain;
+struct Program;
+class RecipePage;
 class TreeView;
+struct DragPayload;
 struct RecipeRow;
 
 /// The recipe tree `TreeView1(1)`.
 class RecipeTree : public QObject {
     Q_OBJECT
 public:
-    RecipeTree(frmmain& main, TreeView& tree);
+    RecipeTree(Program& program, TreeView& tree, RecipePage& page);
 
     TreeView& view() { return tree_; }
 
@@ -56,6 +58,8 @@ public:
 
 signals:
     void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
+    void drag_wanted(const DragPayload& payload, QPoint global); ///< a recipe is dragged out of the tree
+    void node_pressed(); ///< the user comes to the tree
 
 private:
     void connect_events();
@@ -69,14 +73,17 @@ private:
     void mouse_down(QPoint position);
     void mouse_released(Qt::MouseButton button);
     void take_release(Qt::MouseButton button);
+    void sort_after_press();
+    void start_drag(const QTreeWidgetItem& node, QPoint global);
     void key_down(int key);
     void expanded(QTreeWidgetItem* node, bool open);
     void show_status_of_selection();
     void show_page(Key recipe);
     void take_off(QTreeWidgetItem* node);
 
-    frmmain& main_;
+    Program& program_;
     TreeView& tree_;
+    RecipePage& page_;
     Key unsorted_ = -1; ///< a renamed recipe that waits for a release; -1 none
     bool tree_mouse_down_ = false;
     QPoint tree_down_;

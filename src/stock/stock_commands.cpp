@@ -1,91 +1,94 @@
 #include "stock/stock_commands.h"
 
-#include "window/frmmain.h"
 #include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "dialogs/new_item_rcp.h"
-#include "recipes/recipe_page.h"
 #include "widgets/tree_view.h"
 #include "household/item_store.h"
 #include "dialogs/l_item_edit.h"
-#include "stock/floating_buttons.h"
 #include "stock/stock_tree.h"
+
+#include <utility>
 
 namespace tarnwick {
 
-StockCommands::StockCommands(frmmain& main)
-    : main_(main)
-    , tidying_(main.connection(), main.household(), main)
+StockCommands::StockCommands(Program& program, StockTree& tree, std::function<bool()> finish_recipe_line)
+    : program_(program)
+    , tree_(tree)
+    , finish_recipe_line_(std::move(finish_recipe_line))
+    , tidying_(program.connection, program.household, program.window)
     , question_(nullptr)
 {
+    connect(&tree_, &StockTree::item_deletion_wanted, this, &StockCommands::tv_del_item);
+    connect(&tree_, &StockTree::category_deletion_wanted, this, &StockCommands::tv_del_cat);
+    connect(&tree_.view(), &TreeView::after_label_edit, this,
+            [this](const QTreeWidgetItem* node, const QString& text, Qt::FocusReason left_by) {
+                if (!program_.shared.ending)
+                    after_label_edit(*node, text, left_by);
+            });
 }
 
 void StockCommands::new_cat()
 {
-    new_item_rcp(main_.program(), &main_, {NamingKind::category}).exec();
-}
-
-bool StockCommands::leave_recipe_line()
-{
-    main_.recipe_page().finish_line_editor();
-    return !main_.recipe_page().editor_open();
+    new_item_rcp(program_, &program_.window, {NamingKind::category}).exec();
 }
 
 void StockCommands::tv_del_cat(Key category)
 {
-    if (!main_.shared.stock_alpha && leave_recipe_line())
+    if (!program_.shared.stock_alpha && finish_recipe_line_())
         tidying_.delete_category(category);
 }
 
 void StockCommands::tv_del_item(Key item)
 {
-    if (leave_recipe_line())
+    if (finish_recipe_line_())
         tidying_.delete_item(item);
 }
 
 void StockCommands::mv_item(Key category, Key item)
 {
-    main_.floating_buttons().hide_all();
-    if (leave_recipe_line())
+    emit item_moving();
+    if (finish_recipe_line_())
         tidying_.move_item(item, category);
 }
 
 void StockCommands::rename_category()
 {
-    TreeView& tree = main_.stock_tree().view();
+    TreeView& tree = tree_.view();
     const QTreeWidgetItem* node = tree.selected();
-    if (node && !node->parent() && TreeView::key(node) != QLatin1String("cat0000") && leave_recipe_line())
+    if (node && !node->parent() && TreeView::key(node) != QLatin1String("cat0000") && finish_recipe_line_())
         tree.start_label_edit();
 }
 
 void StockCommands::rename_item()
 {
-    if (leave_recipe_line())
-        main_.stock_tree().view().start_label_edit();
+    if (finish_recipe_line_())
+        tree_.view().start_label_edit();
 }
 
 void StockCommands::new_stock_item()
 {
     EditRequest request;
-    request.category = main_.stock_tree().selected_category();
-    show_item_editor(main_.program(), request);
+    request.category = tree_.selected_category();
+    show_item_editor(program_, request);
 }
 
 void StockCommands::edit_stock_item()
 {
-    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    const QTreeWidgetItem* node = tree_.view().selected();
     if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
         return;
     EditRequest request{EditMode::edit_item, record_key(TreeView::key(node))};
-    request.row = ItemStore(main_.connection()).row_on_list(request.item, main_.shared.current_list);
-    show_item_editor(main_.program(), request);
+    request.row = ItemStore(program_.connection).row_on_list(request.item, program_.shared.current_list);
+    show_item_editor(program_, request);
 }
 
 void StockCommands::item_to_recipe()
 {
-    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    const QTreeWidgetItem* node = tree_.view().selected();
     if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
         return;
-    main_.recipe_page().drag_ingred(record_key(TreeView::key(node)), node->text(0));
+    emit adding_wanted(record_key(TreeView::key(node)), node->text(0));
 }
 
 void StockCommands::after_label_edit(const QTreeWidgetItem& node, const QString& text, Qt::FocusReason left_by)

@@ -4,18 +4,24 @@
 #include "stock/stock_tidying.h"
 #include "widgets/focus_question.h"
 
+#include <QObject>
 #include <QString>
+
+#include <functional>
 
 class QTreeWidgetItem;
 
 namespace tarnwick {
 
-class frmmain;
+class StockTree;
+struct Program;
 
 /// The commands on stock items and categories.
-class StockCommands {
+class StockCommands : public QObject {
+    Q_OBJECT
 public:
-    explicit StockCommands(frmmain& main);
+    /// `finish_recipe_line` finishes an open edit of an ingredient line; false when it stays open.
+    StockCommands(Program& program, StockTree& tree, std::function<bool()> finish_recipe_line);
 
     void new_cat(); ///< asks for the name of a new category
 
@@ -36,12 +42,14 @@ public:
     /// name or nothing new. A message about it waits for the end of a focus change.
     void after_label_edit(const QTreeWidgetItem& node, const QString& text, Qt::FocusReason left_by);
 
-    /// Finishes the line that is being edited on the recipe page. False when it cannot be, and the user is told
-    /// why.
-    bool leave_recipe_line();
+signals:
+    void item_moving(); ///< an item is about to be moved to another category
+    void adding_wanted(tarnwick::Key item, const QString& name); ///< as a line of the recipe on the page
 
 private:
-    frmmain& main_;
+    Program& program_;
+    StockTree& tree_;
+    std::function<bool()> finish_recipe_line_;
     StockTidying tidying_;
     FocusQuestion question_;
 };

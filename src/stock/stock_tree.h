@@ -5,15 +5,16 @@
 #include <QObject>
 #include <QPoint>
 
+#include <functional>
 #include <vector>
 
 class QTreeWidgetItem;
 
 namespace tarnwick {
 
-class frmmain;
-class FloatingButtons;
+struct Program;
 class TreeView;
+struct DragPayload;
 struct CatalogueFolder;
 struct CategoryChange;
 struct ItemChange;
@@ -23,7 +24,8 @@ struct ItemsGone;
 class StockTree : public QObject {
     Q_OBJECT
 public:
-    StockTree(frmmain& main, TreeView& tree, FloatingButtons& buttons);
+    /// `leave_line_editor` finishes an open edit of an ingredient line; false when none was open.
+    StockTree(Program& program, TreeView& tree, std::function<bool()> leave_line_editor);
 
     TreeView& view() { return tree_; }
 
@@ -78,6 +80,14 @@ public:
 
 signals:
     void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
+    void drag_wanted(const DragPayload& payload, QPoint global); ///< a stock item is dragged out of the tree
+    void loading(bool alpha); ///< the tree is about to be filled, by name or by category
+    void node_pressed(); ///< the user comes to the tree
+    void item_clicked(QTreeWidgetItem* node); ///< a left click on an item, after what its box did
+    void item_left(); ///< an arrow key was released, or a click met no item
+    void placing_wanted(tarnwick::Key item); ///< the box of an item on no list
+    void item_deletion_wanted(tarnwick::Key item);
+    void category_deletion_wanted(tarnwick::Key category);
 
 private:
     void connect_events();
@@ -87,8 +97,8 @@ private:
     void open_folders();
     void expanded(QTreeWidgetItem* node, bool open);
     void show_closed(QTreeWidgetItem& folder); ///< its picture alone
-    void node_click(QTreeWidgetItem* node);
     void mouse_down(Qt::MouseButton button, QPoint position);
+    void start_drag(const QTreeWidgetItem& node, QPoint global);
     void mouse_up(Qt::MouseButton button, QPoint position);
     void key_down(int key);
     void key_up(int key);
@@ -105,9 +115,9 @@ private:
     void activate(Key item);
     void inactivate(Key item);
 
-    frmmain& main_;
+    Program& program_;
     TreeView& tree_;
-    FloatingButtons& buttons_;
+    std::function<bool()> leave_line_editor_;
     bool tree_mouse_down_ = false;
     QPoint tree_down_;
     std::vector<QString> open_at_load_; ///< keys of folders that a load opens once they hold their items

@@ -1,9 +1,9 @@
 #include "stock/stock_tree.h"
 
+#include "widgets/program.h"
 #include "household/household.h"
 #include "household/status.h"
 #include "widgets/tree_view.h"
-#include "window/frmmain.h"
 
 // What the tree shows of operations that rename and take away.
 namespace tarnwick {
@@ -59,11 +59,11 @@ void StockTree::tell_after_deletion()
         return;
     const QTreeWidgetItem* node = tree_.selected();
     if (!node)
-        main_.set_status(QStringLiteral(" "));
+        program_.set_status(QStringLiteral(" "));
     else if (tree_.is_flat())
-        main_.set_status(get_status(main_.connection(), record_key(TreeView::key(node))));
+        program_.set_status(get_status(program_.connection, record_key(TreeView::key(node))));
     else
-        main_.set_status(node->text(0) + QStringLiteral(" category"));
+        program_.set_status(node->text(0) + QStringLiteral(" category"));
 }
 
 } // namespace tarnwick

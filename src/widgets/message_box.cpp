@@ -2,6 +2,7 @@
 
 #include "widgets/one_line_box.h"
 
+#include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -45,7 +46,8 @@ QString readable(const QString& text)
 
 Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& title)
 {
-    QMessageBox message(owner);
+    QWidget* const front = QApplication::activeModalWidget();
+    QMessageBox message(front ? front : owner);
     message.setObjectName(QStringLiteral("message_box"));
     message.setWindowTitle(title);
     message.setTextFormat(Qt::PlainText);

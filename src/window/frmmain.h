@@ -28,7 +28,6 @@ class Placing;
 struct Program;
 class RecipePage;
 class RecipeTree;
-class MainRowEditorHost;
 class RowEditor;
 class runtime_error;
 class StatusPanels;
@@ -69,7 +68,7 @@ public:
     Lists& lists() { return *lists_; }
     Placing& placing() { return *placing_; }
     Clearing& clearing() { return *clearing_; }
-    RowEditor& row_editor() { return *row_editor_; }
+    RowEditor& row_editor();
     Commands& commands() { return *commands_; }
     Toolbar& toolbar() { return *toolbar_; }
     ViewState& view_state() { return *view_state_; }
@@ -136,8 +135,6 @@ private:
     std::unique_ptr<Lists> lists_;
     std::unique_ptr<Placing> placing_;
     std::unique_ptr<Clearing> clearing_;
-    std::unique_ptr<MainRowEditorHost> row_editor_host_;
-    std::unique_ptr<RowEditor> row_editor_;
     std::unique_ptr<GridListener> grid_listener_;
     std::unique_ptr<StatusWords> status_words_;
     std::unique_ptr<ViewState> view_state_;

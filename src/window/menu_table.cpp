@@ -12,6 +12,7 @@
 #include "window/commands.h"
 #include "window/find_window.h"
 #include "window/help.h"
+#include "window/list_manager.h"
 #include "window/move_window.h"
 #include "window/output_commands.h"
 #include "window/page_colors.h"
@@ -83,6 +84,16 @@ void new_list(frmmain& main)
 {
     main.lists().new_list();
 }
+void clear_list(frmmain& main)
+{
+    if (leave_editors(main))
+        main.lists().clear();
+}
+void delete_list(frmmain& main)
+{
+    if (leave_editors(main))
+        main.lists().list_del();
+}
 void new_recipe(frmmain& main)
 {
     main.recipe_tree().new_rcp();
@@ -131,8 +142,8 @@ constexpr MenuRow rows[] = {
     {command, "mnu_list", "mnu_list_Print", "Print", print_list},
     {command, "mnu_list", "mnu_list_prntsetup", "Print setup", [](frmmain& m) { show_print_setup(m); }},
     {separator, "mnu_list", "mnu_list_sep_3", ""},
-    {command, "mnu_list", "mnu_list_clear", "Clear shopping list"},
-    {command, "mnu_list", "mnu_list_del", "Delete shopping list", [](frmmain& m) { m.lists().list_del(); }},
+    {command, "mnu_list", "mnu_list_clear", "Clear shopping list", clear_list},
+    {command, "mnu_list", "mnu_list_del", "Delete shopping list", delete_list},
     {command, "mnu_list", "mnu_list_RenameList", "Rename shopping list",
      [](frmmain& m) { m.lists().rename_list(); }},
     {separator, "mnu_list", "mnu_list_sep_4", ""},
@@ -156,7 +167,7 @@ constexpr MenuRow rows[] = {
     {command, "mnu_edit", "mnu_edit_del_cat", "Delete stock category", delete_category},
 
     {bar_menu, "", "mnu_tools", "Tools"},
-    {check, "mnu_tools", "mnu_tools_listlist", "List manager"},
+    {check, "mnu_tools", "mnu_tools_listlist", "List manager", toggle_list_manager},
     {bar_menu, "mnu_tools", "mnu_tools_find", "Find"},
     {command, "mnu_tools_find", "mnu_tools_find_item", "Stock item(s)",
      [](frmmain& m) { show_find(m, FindKind::stock); }},

@@ -82,6 +82,7 @@ Oracle::Oracle(TestWindow& window)
     GridModel& rows = main_.list_pane().grid().rows();
     connect(&rows, &QAbstractItemModel::modelReset, this, [this] {
         placed_.clear();
+        lit_.clear();
         lagging_.clear();
         order_open_ = false;
     });
@@ -107,6 +108,7 @@ void Oracle::item_changed(const ItemChange& change)
 void Oracle::rows_taken_away()
 {
     placed_ += placed_before_;
+    lit_ += lit_before_;
     lagging_ += lagging_before_;
     order_open_ = order_open_ || order_open_before_;
 }
@@ -115,11 +117,14 @@ void Oracle::note_rows(const ItemChange& change)
 {
     if (change.cause == Cause::clearing)
         rows_taken_away();
+    if (change.cause == Cause::clearing && !change.written.empty())
+        lit_.clear(); // every row of the list is shown unlit
     for (const WrittenRow& written : change.written) {
         const Key key = written.row.groc_key;
-        if (written.kind == WrittenRow::Kind::placed)
+        if (written.kind == WrittenRow::Kind::placed) {
             placed_.insert(key);
-        else if (change.cause == Cause::page_box && key != change.written.front().row.groc_key)
+            lit_.insert(key);
+        } else if (change.cause == Cause::page_box && key != change.written.front().row.groc_key)
             lagging_.insert(key);
         else
             lagging_.remove(key);
@@ -140,6 +145,7 @@ QStringList Oracle::check()
     check_page();
     check_words();
     placed_before_ = placed_;
+    lit_before_ = lit_;
     lagging_before_ = lagging_;
     order_open_before_ = order_open_;
     faults_ += caption_faults(main_, db_);
@@ -212,7 +218,7 @@ void Oracle::check_row(const GridRow& shown, GridRow wanted)
     // Lit by the item until the next load, but light and box alike.
     constexpr int light_on = 179;
     constexpr int box_on = 122;
-    if (placed && (shown.light == light_on) == (shown.check == box_on))
+    if (lit_.contains(wanted.groc_key) && (shown.light == light_on) == (shown.check == box_on))
         list_store::set_to_get(wanted, shown.light == light_on);
     same_number("light", shown.light, wanted.light);
     same_number("box", shown.check, wanted.check);
