@@ -5,6 +5,7 @@
 #include "printing.h"
 #include "processes.h"
 #include "recipes.h"
+#include "tidying.h"
 
 #include "app/application.h"
 
@@ -28,6 +29,7 @@ constexpr std::array parts = {
     Part{"keystroke", measure_keystroke},     Part{"editor", measure_item_editor},
     Part{"recipes", measure_recipe_tree},     Part{"page", measure_recipe_page},
     Part{"item_box", measure_item_keystroke}, Part{"printing", measure_printing},
+    Part{"clearing", measure_clearing},       Part{"category", measure_category_deletion},
 };
 
 } // namespace
