@@ -20,11 +20,6 @@ bool is_item(const QTreeWidgetItem& node)
 
 } // namespace
 
-void StockTree::node_click(QTreeWidgetItem*)
-{
-    program_.shared.node_dragged = false;
-}
-
 bool StockTree::tells_status() const
 {
     return program_.shared.stock_view && !program_.shared.form_loading;
@@ -47,8 +42,14 @@ void StockTree::show_status_of_selection()
 
 void StockTree::key_down(int key)
 {
-    const QTreeWidgetItem* node = tree_.selected();
-    if (key != Qt::Key_Delete || !node)
+    QTreeWidgetItem* node = tree_.selected();
+    if (!node)
+        return;
+    if (key == Qt::Key_Space && is_item(*node))
+        click_box(*node);
+    else if (key == Qt::Key_Menu)
+        emit menu_wanted(tree_.menu_place());
+    if (key != Qt::Key_Delete)
         return;
     const Key record = record_key(TreeView::key(node));
     if (is_item(*node))
@@ -77,14 +78,18 @@ void StockTree::mouse_down(Qt::MouseButton, QPoint position)
     tree_mouse_down_ = true;
 }
 
+void StockTree::start_drag(const QTreeWidgetItem& node, QPoint global)
+{
+    if (!tree_mouse_down_ || !is_item(node))
+        return;
+    tree_mouse_down_ = false;
+    emit drag_wanted({DragKind::stock_item, record_key(TreeView::key(&node)), trim(node.text(0))}, global);
+}
+
 void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
 {
     const bool pressed = tree_mouse_down_;
     tree_mouse_down_ = false;
-    if (program_.shared.tree_drag) {
-        program_.shared.tree_drag = false;
-        return;
-    }
     // A press that only finished the recipe's line editor left no place to act on.
     if (!pressed)
         return;
