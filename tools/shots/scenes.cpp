@@ -1,5 +1,6 @@
 #include "shots/scenes.h"
 
+#include "shots/drag_scenes.h"
 #include "shots/print_scenes.h"
 #include "shots/studio.h"
 
@@ -336,6 +337,7 @@ void play_all(Studio& studio)
             studio.shot(QStringLiteral("list-%1pt-color-%2").arg(points).arg(color));
         }
         empty_program(studio, points);
+        drag_scenes(studio, points);
     }
     print_scenes(studio);
 }
