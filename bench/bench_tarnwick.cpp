@@ -6,6 +6,7 @@
 #include "printing.h"
 #include "processes.h"
 #include "recipes.h"
+#include "tidying.h"
 
 #include "app/application.h"
 
@@ -35,6 +36,8 @@ constexpr std::array parts = {
     Part{"item_box", measure_item_keystroke},
     Part{"printing", measure_printing},
     Part{"drags", measure_drags},
+    Part{"clearing", measure_clearing},
+    Part{"category", measure_category_deletion},
 };
 
 } // namespace
