@@ -59,6 +59,8 @@ PreviewWindow::PreviewWindow(QWidget& owner, const QString& name, int points)
     Frame1_->setObjectName(QStringLiteral("Frame1"));
     HScroll1_->setObjectName(QStringLiteral("HScroll1"));
     VScroll1_->setObjectName(QStringLiteral("VScroll1"));
+    HScroll1_->setAccessibleName(QStringLiteral("Scroll the page sideways"));
+    VScroll1_->setAccessibleName(QStringLiteral("Scroll the page"));
     fill_box_->setObjectName(QStringLiteral("fill_box"));
     fill_box_->setAutoFillBackground(true);
     for (QScrollBar* bar : {HScroll1_, VScroll1_}) {

@@ -12,6 +12,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <array>
 
 namespace tarnwick {
 namespace {

@@ -185,8 +185,8 @@ void tst_accessible::every_control_of_a_dialog_has_a_name()
     QStringList found{QStringLiteral("no dialog came")};
     {
         MessageScript script;
-        const bool stays_open = command == QLatin1String("mnu_tools_listlist")
-            || command.startsWith(QLatin1String("mnu_tools_find"));
+        const bool stays_open
+            = command == QLatin1String("mnu_tools_listlist") || command.startsWith(QLatin1String("mnu_tools_find"));
         if (!stays_open)
             script.drive([&](QDialog& dialog) {
                 found = nameless();
