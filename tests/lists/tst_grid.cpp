@@ -63,7 +63,7 @@ private slots:
     void cell_rectangle_is_in_the_parent();
     void left_press_makes_the_row_current_and_right_does_not();
     void arrows_and_delete_are_told_and_do_not_move();
-    void page_keys_scroll();
+    void page_keys_ask_for_a_row_and_do_not_move();
     void nothing_can_be_typed_into_a_cell();
     void text_columns_share_what_is_left();
     void both_groups_hidden_give_134_pixels_by_ratio();
@@ -364,19 +364,20 @@ void tst_grid::arrows_and_delete_are_told_and_do_not_move()
     QCOMPARE(grid->rows().rows(), 5);
 }
 
-void tst_grid::page_keys_scroll()
+void tst_grid::page_keys_ask_for_a_row_and_do_not_move()
 {
     fill(100);
-    grid->set_current(0, 2);
-    QTest::keyClick(grid, Qt::Key_PageDown);
-    QCOMPARE(grid->top_row(), 10);
-    QTest::keyClick(grid, Qt::Key_End);
-    QCOMPARE(grid->top_row(), 90);
-    QTest::keyClick(grid, Qt::Key_PageUp);
-    QCOMPARE(grid->top_row(), 80);
-    QTest::keyClick(grid, Qt::Key_Home);
-    QCOMPARE(grid->top_row(), 0);
-    QCOMPARE(grid->current_row(), 0);
+    grid->set_current(50, 2);
+    QSignalSpy rows(grid, &ListGrid::row_wanted);
+    const int page = grid->rows_in_view() - 1;
+    for (const auto key : {Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Home, Qt::Key_End})
+        QTest::keyClick(grid, key);
+    QCOMPARE(rows.count(), 4);
+    QCOMPARE(rows[0][0].toInt(), 50 + page);
+    QCOMPARE(rows[1][0].toInt(), 50 - page);
+    QCOMPARE(rows[2][0].toInt(), 0);
+    QCOMPARE(rows[3][0].toInt(), 99);
+    QCOMPARE(grid->current_row(), 50);
 }
 
 void tst_grid::nothing_can_be_typed_into_a_cell()
