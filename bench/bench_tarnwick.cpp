@@ -2,6 +2,7 @@
 // run. Times alone say nothing: the machine is in both sides of a ratio.
 
 #include "loads.h"
+#include "looks.h"
 #include "printing.h"
 #include "processes.h"
 #include "recipes.h"
@@ -23,11 +24,18 @@ struct Part {
 };
 
 constexpr std::array parts = {
-    Part{"processes", measure_processes},     Part{"tree", measure_tree_load},
-    Part{"list", measure_list_load},          Part{"placing", measure_placing},
-    Part{"keystroke", measure_keystroke},     Part{"editor", measure_item_editor},
-    Part{"recipes", measure_recipe_tree},     Part{"page", measure_recipe_page},
-    Part{"item_box", measure_item_keystroke}, Part{"printing", measure_printing},
+    Part{"processes", measure_processes},
+    Part{"tree", measure_tree_load},
+    Part{"list", measure_list_load},
+    Part{"placing", measure_placing},
+    Part{"keystroke", measure_keystroke},
+    Part{"editor", measure_item_editor},
+    Part{"recipes", measure_recipe_tree},
+    Part{"page", measure_recipe_page},
+    Part{"item_box", measure_item_keystroke},
+    Part{"printing", measure_printing},
+    Part{"find", measure_find},
+    Part{"looks", measure_looks},
 };
 
 } // namespace
