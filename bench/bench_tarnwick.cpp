@@ -1,6 +1,7 @@
 // bench_tarnwick [PART]: prints how the program's work compares with the least that it could be, as ratios of one
 // run. Times alone say nothing: the machine is in both sides of a ratio.
 
+#include "drags.h"
 #include "loads.h"
 #include "looks.h"
 #include "printing.h"
@@ -36,6 +37,7 @@ constexpr std::array parts = {
     Part{"printing", measure_printing},
     Part{"find", measure_find},
     Part{"looks", measure_looks},
+    Part{"drags", measure_drags},
 };
 
 } // namespace

@@ -133,7 +133,7 @@ void tst_help_pages::every_command_of_the_menus_is_listed()
         if (row.kind != MenuKind::command && row.kind != MenuKind::check)
             continue;
         ++commands;
-        QVERIFY2(listed.contains(QString::fromUtf8(row.caption)), row.caption);
+        QVERIFY2(listed.contains(QString::fromUtf8(row.caption).remove(u'&')), row.caption);
     }
     QVERIFY(commands > 50);
 }

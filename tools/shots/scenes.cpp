@@ -1,5 +1,6 @@
 #include "shots/scenes.h"
 
+#include "shots/drag_scenes.h"
 #include "shots/print_scenes.h"
 #include "shots/studio.h"
 #include "shots/window_scenes.h"
@@ -339,6 +340,7 @@ void play_all(Studio& studio)
         }
         empty_program(studio, points);
         small_windows(studio, points);
+        drag_scenes(studio, points);
     }
     print_scenes(studio);
     help_pages(studio);
