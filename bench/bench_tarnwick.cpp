@@ -7,6 +7,7 @@
 #include "printing.h"
 #include "processes.h"
 #include "recipes.h"
+#include "tidying.h"
 
 #include "app/application.h"
 
@@ -38,6 +39,8 @@ constexpr std::array parts = {
     Part{"find", measure_find},
     Part{"looks", measure_looks},
     Part{"drags", measure_drags},
+    Part{"clearing", measure_clearing},
+    Part{"category", measure_category_deletion},
 };
 
 } // namespace

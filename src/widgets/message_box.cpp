@@ -62,7 +62,8 @@ Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& ti
         message.setStandardButtons(QMessageBox::Ok);
         break;
     }
-    switch (message.exec()) {
+    const int button = message.exec();
+    switch (button != 0 ? button : message.standardButton(message.escapeButton())) {
     case QMessageBox::Yes:
         return Answer::yes;
     case QMessageBox::No:

@@ -193,8 +193,7 @@ void clearing(Studio& studio, int points)
         studio.with_dialog(
             [&] { studio.command(QStringLiteral("mnu_list_clear")); },
             [&](QDialog& dialog) {
-                QWidget* const choice = studio.visible_child(QStringLiteral("Option1(%1)").arg(option), &dialog);
-                studio.click(choice, {10, choice ? choice->height() / 2 : 0});
+                studio.click(studio.visible_child(QStringLiteral("Option1(%1)").arg(option), &dialog));
                 studio.with_dialog(
                     [&] { studio.click(studio.visible_child(QStringLiteral("Command1(0)"), &dialog)); },
                     [&](QDialog&) {
