@@ -23,7 +23,7 @@ inline constexpr int second_default = 256;
 enum class Answer { ok = 1, cancel = 2, retry = 4, yes = 6, no = 7 };
 
 /// Shows a message and waits. It belongs to the modal window on top, or to `owner` when there is none. Text and
-/// title are plain text, line feeds break lines.
+/// title are plain text, line feeds break lines; of a line beyond 500 characters the start is shown.
 Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& title);
 
 /// Asks for a line of text. Empty when the user cancels.

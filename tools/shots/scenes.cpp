@@ -2,6 +2,7 @@
 
 #include "shots/drag_scenes.h"
 #include "shots/print_scenes.h"
+#include "shots/stock_scenes.h"
 #include "shots/studio.h"
 #include "shots/window_scenes.h"
 
@@ -332,6 +333,7 @@ void play_all(Studio& studio)
         item_editor_modes(studio, points);
         line_editor(studio, points);
         other_recipe_pages(studio, points);
+        stock_scenes(studio, points);
         for (const int color : {0, 1, 2}) {
             studio.start(look(points, color));
             click_cell(studio, 1, grid_column::item);
