@@ -1,5 +1,6 @@
 #include "recipes/recipe_tree.h"
 
+#include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "widgets/message_box.h"
@@ -23,7 +24,7 @@ constexpr int folder_open = 4;
 
 QString recipe_key(Key recipe)
 {
-    return QStringLiteral("rcp") + key_str(recipe);
+    return NodeKey{NodeKind::recipe, recipe}.text();
 }
 
 QString category_key(const QString& category)
@@ -38,11 +39,6 @@ size_t category_index(const QString& category)
     const int number = category.toInt();
     const bool known = number >= 1 && number <= count && recipe_category(number - 1) == category;
     return static_cast<size_t>(known ? number - 1 : count - 1);
-}
-
-bool is_recipe(const QTreeWidgetItem& node)
-{
-    return TreeView::key(&node).startsWith(QLatin1String("rcp"));
 }
 
 } // namespace
@@ -171,9 +167,9 @@ void RecipeTree::new_rcp()
 int RecipeTree::proposed_category() const
 {
     const QTreeWidgetItem* node = program_.shared.stock_view ? nullptr : tree_.selected();
-    if (node && !TreeView::key(node).startsWith(QLatin1String("rcat")))
+    if (node && !NodeKey::of(node).is_recipe_category())
         node = node->parent();
-    return node ? TreeView::key(node).mid(4).toInt() - 1 : 0;
+    return node ? NodeKey::of(node).record - 1 : 0;
 }
 
 void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& category)
@@ -208,8 +204,8 @@ void RecipeTree::recip_del(Key recipe)
     if (QTreeWidgetItem* node = recipe_node(recipe))
         take_off(node);
     const QTreeWidgetItem* next = tree_.selected();
-    const bool left = next && is_recipe(*next);
-    program_.shared.cur_recipe = left ? record_key(TreeView::key(next)) : Key{-1};
+    const bool left = NodeKey::of(next).is_recipe();
+    program_.shared.cur_recipe = left ? NodeKey::of(next).record : Key{-1};
     program_.shared.cur_recipe_name = left ? trim(next->text(0)) : QString();
     show_page(program_.shared.cur_recipe);
 }

@@ -1,5 +1,6 @@
 #include "recipes/recipe_tree.h"
 
+#include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "widgets/message_box.h"
@@ -14,11 +15,6 @@ namespace {
 
 constexpr int folder_closed = 3;
 constexpr int folder_open = 4;
-
-bool is_recipe(const QTreeWidgetItem& node)
-{
-    return TreeView::key(&node).startsWith(QLatin1String("rcp"));
-}
 
 } // namespace
 
@@ -38,7 +34,7 @@ void RecipeTree::connect_events()
 
 void RecipeTree::expanded(QTreeWidgetItem* node, bool open)
 {
-    if (!program_.shared.form_loading && !is_recipe(*node))
+    if (!program_.shared.form_loading && !NodeKey::of(node).is_recipe())
         tree_.set_picture(node, open ? folder_open : folder_closed);
 }
 
@@ -48,7 +44,7 @@ void RecipeTree::node_click(QTreeWidgetItem* node)
         program_.shared.node_dragged = false;
         return;
     }
-    if (is_recipe(*node))
+    if (NodeKey::of(node).is_recipe())
         open(*node);
 }
 
@@ -65,7 +61,7 @@ bool RecipeTree::choose(Key recipe)
 
 void RecipeTree::open(const QTreeWidgetItem& node)
 {
-    program_.shared.cur_recipe = record_key(TreeView::key(&node));
+    program_.shared.cur_recipe = NodeKey::of(&node).record;
     program_.shared.cur_recipe_name = trim(node.text(0));
     page_.scroll_bar().setValue(0);
     page_.set_recipe(program_.shared.cur_recipe);
@@ -81,7 +77,7 @@ void RecipeTree::show_status_of_selection()
     const QTreeWidgetItem* node = tree_.selected();
     if (!node)
         program_.set_status({});
-    else if (is_recipe(*node))
+    else if (NodeKey::of(node).is_recipe())
         program_.set_status(trim(node->text(0)) + QStringLiteral(" recipe"));
     else
         program_.set_status(node->text(0) + QStringLiteral(": ") + QString::number(node->childCount())
@@ -130,11 +126,11 @@ void RecipeTree::mouse_up(Qt::MouseButton button, QTreeWidgetItem*)
 
 void RecipeTree::key_down(int key)
 {
-    const QTreeWidgetItem* node = tree_.selected();
-    if (key != Qt::Key_Delete || !node)
+    const NodeKey node = NodeKey::of(tree_.selected());
+    if (key != Qt::Key_Delete || node.kind == NodeKind::none)
         return;
-    if (is_recipe(*node))
-        recip_del(record_key(TreeView::key(node)));
+    if (node.is_recipe())
+        recip_del(node.record);
     else
         msg_box(&program_.window, QStringLiteral("Cannot delete recipe categories"), box::information,
                 QStringLiteral("Info"));

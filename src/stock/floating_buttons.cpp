@@ -1,5 +1,6 @@
 #include "stock/floating_buttons.h"
 
+#include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "widgets/pictures.h"
@@ -197,7 +198,7 @@ void FloatingButtons::show_recipe_button(QTreeWidgetItem& node, int indent, int 
 {
     hide(add_to_list);
     hide(locate_row);
-    const Key item = record_key(TreeView::key(&node));
+    const Key item = NodeKey::of(&node).record;
     if (indent <= least_indent || !recipe_open() || asks_.page_shows(item)) {
         hide(add_to_page);
         return;
@@ -273,7 +274,7 @@ void FloatingButtons::show_at(int index, const QTreeWidgetItem& node, int indent
 QTreeWidgetItem* FloatingButtons::selected_item() const
 {
     QTreeWidgetItem* node = view().selected();
-    return node && TreeView::key(node).startsWith(QLatin1String("item")) ? node : nullptr;
+    return NodeKey::of(node).is_item() ? node : nullptr;
 }
 
 void FloatingButtons::clicked(int index)
@@ -292,7 +293,7 @@ void FloatingButtons::place_on_list()
     const QTreeWidgetItem* node = selected_item();
     if (!node || !is_unlisted(*node))
         return;
-    emit placing_wanted(record_key(TreeView::key(node)));
+    emit placing_wanted(NodeKey::of(node).record);
     hide_all();
 }
 
@@ -310,7 +311,7 @@ void FloatingButtons::locate()
 {
     hide(locate_row);
     if (const QTreeWidgetItem* node = selected_item())
-        emit locating_wanted(record_key(TreeView::key(node)));
+        emit locating_wanted(NodeKey::of(node).record);
 }
 
 } // namespace tarnwick

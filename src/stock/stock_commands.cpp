@@ -1,5 +1,6 @@
 #include "stock/stock_commands.h"
 
+#include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "dialogs/new_item_rcp.h"
@@ -42,10 +43,10 @@ void StockCommands::new_stock_item()
 
 void StockCommands::edit_stock_item()
 {
-    const QTreeWidgetItem* node = tree_.view().selected();
-    if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
+    const NodeKey key = NodeKey::of(tree_.view().selected());
+    if (!key.is_item())
         return;
-    EditRequest request{EditMode::edit_item, record_key(TreeView::key(node))};
+    EditRequest request{EditMode::edit_item, key.record};
     request.row = ItemStore(program_.connection).row_on_list(request.item, program_.shared.current_list);
     show_item_editor(program_, request);
 }
@@ -53,9 +54,9 @@ void StockCommands::edit_stock_item()
 void StockCommands::item_to_recipe()
 {
     const QTreeWidgetItem* node = tree_.view().selected();
-    if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
-        return;
-    emit adding_wanted(record_key(TreeView::key(node)), node->text(0));
+    const NodeKey key = NodeKey::of(node);
+    if (key.is_item())
+        emit adding_wanted(key.record, node->text(0));
 }
 
 bool StockCommands::after_label_edit(QTreeWidgetItem&, const QString&)

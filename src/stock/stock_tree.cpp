@@ -1,5 +1,6 @@
 #include "stock/stock_tree.h"
 
+#include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "widgets/busy_pointer.h"
@@ -26,11 +27,11 @@ const QColor other_color(255, 0, 0);
 
 QString item_key(Key item)
 {
-    return QStringLiteral("item") + key_str(item);
+    return NodeKey{NodeKind::item, item}.text();
 }
 QString category_key(Key category)
 {
-    return QStringLiteral("cat") + key_str(category);
+    return NodeKey{NodeKind::category, category}.text();
 }
 
 int folder_picture(bool other, bool open)
@@ -60,10 +61,8 @@ void StockTree::connect_events()
     connect(&tree_, &TreeView::mouse_up, this, &StockTree::mouse_up);
     connect(&tree_, &TreeView::key_down, this, &StockTree::key_down);
     connect(&tree_, &TreeView::key_up, this, &StockTree::key_up);
-    connect(&tree_, &TreeView::before_label_edit, this, [](QTreeWidgetItem* node, bool& cancel) {
-        const QString key = TreeView::key(node);
-        cancel = key == QLatin1String("cat0000") || key == QLatin1String("ns");
-    });
+    connect(&tree_, &TreeView::before_label_edit, this,
+            [](QTreeWidgetItem* node, bool& cancel) { cancel = NodeKey::of(node).is_other(); });
 }
 
 void StockTree::tv_load(bool alpha)
@@ -178,11 +177,11 @@ void StockTree::close_folders()
 
 void StockTree::expanded(QTreeWidgetItem* node, bool open)
 {
-    const QString key = TreeView::key(node);
-    if (program_.shared.form_loading || quiet_ || !key.startsWith(QLatin1String("cat")))
+    const NodeKey key = NodeKey::of(node);
+    if (program_.shared.form_loading || quiet_ || !key.is_category())
         return;
-    tree_.set_picture(node, folder_picture(key == QLatin1String("cat0000"), open));
-    store_expand(program_.connection, record_key(key), open);
+    tree_.set_picture(node, folder_picture(key.is_other(), open));
+    store_expand(program_.connection, key.record, open);
 }
 
 QTreeWidgetItem* StockTree::item_node(Key item) const
@@ -233,9 +232,9 @@ bool StockTree::is_selected(Key item) const
 Key StockTree::selected_category() const
 {
     const QTreeWidgetItem* node = tree_.selected();
-    if (node && !TreeView::key(node).startsWith(QLatin1String("cat")))
+    if (node && !NodeKey::of(node).is_category())
         node = node->parent();
-    return node ? record_key(TreeView::key(node)) : Key(0);
+    return NodeKey::of(node).record;
 }
 
 void StockTree::add_category_node(Key category, const QString& name)

@@ -1,5 +1,6 @@
 #include "stock/stock_tree.h"
 
+#include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "household/household.h"
@@ -11,15 +12,6 @@
 #include <cstdlib>
 
 namespace tarnwick {
-namespace {
-
-bool is_item(const QTreeWidgetItem& node)
-{
-    return TreeView::key(&node).startsWith(QLatin1String("item"));
-}
-
-} // namespace
-
 void StockTree::node_click(QTreeWidgetItem*)
 {
     program_.shared.node_dragged = false;
@@ -33,8 +25,8 @@ void StockTree::show_status_of_selection()
     const QTreeWidgetItem* node = tree_.selected();
     if (!node)
         program_.set_status({});
-    else if (is_item(*node))
-        program_.set_status(get_status(program_.connection, record_key(TreeView::key(node))));
+    else if (NodeKey::of(node).is_item())
+        program_.set_status(get_status(program_.connection, NodeKey::of(node).record));
     else
         program_.set_status(node->text(0) + QStringLiteral(" category: ") + QString::number(node->childCount())
                             + QStringLiteral(" stock items"));
@@ -42,14 +34,13 @@ void StockTree::show_status_of_selection()
 
 void StockTree::key_down(int key)
 {
-    const QTreeWidgetItem* node = tree_.selected();
-    if (key != Qt::Key_Delete || !node)
+    const NodeKey node = NodeKey::of(tree_.selected());
+    if (key != Qt::Key_Delete)
         return;
-    const Key record = record_key(TreeView::key(node));
-    if (is_item(*node))
-        emit item_deletion_wanted(record);
-    else
-        emit category_deletion_wanted(record);
+    if (node.is_item())
+        emit item_deletion_wanted(node.record);
+    else if (node.is_category())
+        emit category_deletion_wanted(node.record);
 }
 
 void StockTree::key_up(int key)
@@ -93,7 +84,7 @@ void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
         emit menu_wanted(tree_.viewport()->mapToGlobal(position));
         return;
     }
-    if (!is_item(*node)) {
+    if (!NodeKey::of(node).is_item()) {
         emit item_left();
         return;
     }
@@ -120,7 +111,7 @@ bool StockTree::hits_box(int x) const
 
 bool StockTree::click_box(QTreeWidgetItem& node)
 {
-    const Key item = record_key(TreeView::key(&node));
+    const Key item = NodeKey::of(&node).record;
     switch (TreeView::tag(&node).toInt()) {
     case status_code::unlisted:
         emit placing_wanted(item);

@@ -2,6 +2,7 @@
 
 #include "window/frmmain.h"
 #include "data/keys.h"
+#include "widgets/node_key.h"
 #include "widgets/header_bar.h"
 #include "lists/list_pane.h"
 #include "lists/lists.h"
@@ -25,24 +26,18 @@
 namespace tarnwick {
 namespace {
 
-QString selected_key(TreeView& tree)
-{
-    const QTreeWidgetItem* node = tree.selected();
-    return node ? TreeView::key(node) : QString();
-}
-
 void with_selected_item(frmmain& main, void (*act)(frmmain&, Key))
 {
-    const QString key = selected_key(main.stock_tree().view());
-    if (key.startsWith(QLatin1String("item")))
-        act(main, record_key(key));
+    const NodeKey node = NodeKey::of(main.stock_tree().view().selected());
+    if (node.is_item())
+        act(main, node.record);
 }
 
 void delete_category(frmmain& main)
 {
-    const QString key = selected_key(main.stock_tree().view());
-    if (key.startsWith(QLatin1String("cat")))
-        main.stock_commands().tv_del_cat(record_key(key));
+    const NodeKey node = NodeKey::of(main.stock_tree().view().selected());
+    if (node.is_category())
+        main.stock_commands().tv_del_cat(node.record);
 }
 
 void delete_item(frmmain& main)
@@ -62,9 +57,9 @@ void item_to_recipe(frmmain& main)
 
 void delete_recipe(frmmain& main)
 {
-    const QString key = selected_key(main.recipe_tree().view());
-    if (key.startsWith(QLatin1String("rcp")))
-        main.recipe_tree().recip_del(record_key(key));
+    const NodeKey node = NodeKey::of(main.recipe_tree().view().selected());
+    if (node.is_recipe())
+        main.recipe_tree().recip_del(node.record);
 }
 
 void toggle_columns(frmmain& main, int group)

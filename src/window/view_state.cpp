@@ -1,6 +1,7 @@
 #include "window/view_state.h"
 
 #include "window/frmmain.h"
+#include "widgets/node_key.h"
 #include "widgets/update_lock.h"
 #include "widgets/header_bar.h"
 #include "lists/list_mouse.h"
@@ -44,15 +45,13 @@ CommandInputs::Selection selection_of(const TreeView& tree)
     const QTreeWidgetItem* node = tree.selected();
     if (!node)
         return selection;
-    const QString key = TreeView::key(node);
-    if (key.startsWith(QLatin1String("item")))
+    const NodeKey key = NodeKey::of(node);
+    if (key.is_item())
         selection.kind = Node::item;
-    else if (key.startsWith(QLatin1String("rcp")))
+    else if (key.is_recipe())
         selection.kind = Node::recipe;
-    else if (key == QLatin1String("cat0000"))
-        selection.kind = Node::other;
-    else if (key.startsWith(QLatin1String("cat")))
-        selection.kind = Node::category;
+    else if (key.is_category())
+        selection.kind = key.is_other() ? Node::other : Node::category;
     selection.text = node->text(0);
     selection.has_light = TreeView::picture(node) >= status_code::unlisted;
     return selection;
