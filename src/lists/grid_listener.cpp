@@ -40,6 +40,18 @@ void GridListener::item_changed(const ItemChange& change)
     editor_.refresh();
 }
 
+void GridListener::items_gone(const ItemsGone& gone)
+{
+    if (gone.rows.empty())
+        return;
+    editor_.hide_line();
+    if (gone.category)
+        take_away_around_current(gone.rows);
+    else
+        for (const Key row : gone.rows)
+            pane_.remove_row(row);
+}
+
 bool GridListener::shows_list(Key list) const
 {
     return shared_.all_lists_view || list == shared_.current_list;
@@ -70,6 +82,23 @@ void GridListener::take_away_many(const std::vector<Key>& gone)
         pane_.grid().set_current(0, grid_column::item);
     pane_.set_col_widths();
     pane_.set_headers();
+}
+
+/// The user's place in the list stays: the current row, or the next one that is left.
+void GridListener::take_away_around_current(const std::vector<Key>& gone)
+{
+    const std::vector<GridRow>& rows = pane_.grid().rows().list_rows();
+    const QSet<Key> keys(gone.begin(), gone.end());
+    const auto is_gone = [&keys](const GridRow& row) { return keys.contains(row.groc_key); };
+    if (std::none_of(rows.begin(), rows.end(), is_gone))
+        return;
+    const auto current = rows.begin() + std::max(pane_.grid().current_row(), 0);
+    auto next = std::find_if_not(current, rows.end(), is_gone);
+    if (next == rows.end())
+        next = std::find_if_not(rows.begin(), rows.end(), is_gone);
+    const Key stays = next == rows.end() ? Key(0) : next->groc_key;
+    take_away_many(gone);
+    pane_.set_row(stays);
 }
 
 void GridListener::show_placed(const GridRow& row, const ItemChange& change)

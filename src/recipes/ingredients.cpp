@@ -12,6 +12,8 @@
 
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace tarnwick {
 Ingredients::Ingredients(Program& program, RecipePage& page, LineEditor& editor)
     : program_(program)
@@ -153,11 +155,13 @@ void Ingredients::ingred_del(int index)
     if (state.sel_line > 0 && state.sel_line == page_.recipe_lines().upper_bound())
         --state.sel_line;
     delete_line(program_.connection, page_.lines()[static_cast<size_t>(index)].key);
+    const QWidget* focus = program_.window.focusWidget();
+    const bool goes_on = editor_.is_part(focus) || qobject_cast<const IngredientText*>(focus);
     editor_.hide_line();
-    // With the focus on the line that moves up, a key meant for one line would reach the next.
-    if (QWidget* focus = program_.window.focusWidget(); qobject_cast<IngredientText*>(focus))
-        focus->clearFocus();
     page_.set_recipe(page_.page_key());
+    page_.state.cur_line = std::min(index, page_.recipe_lines().upper_bound());
+    if (QWidget* place = goes_on ? page_.keyboard_place() : nullptr)
+        place->setFocus(Qt::OtherFocusReason);
 }
 
 void Ingredients::cancel()

@@ -270,6 +270,11 @@ void LineEditor::ListIngred_select(int row)
     list_.hide();
 }
 
+QWidget* LineEditor::open_box() const
+{
+    return open_ ? &boxes_->edit(last_box_) : nullptr;
+}
+
 bool LineEditor::is_part(const QWidget* widget) const
 {
     return widget && (boxes_->field_of(widget) || widget == &list_ || boxes_->is_button(widget));

@@ -45,6 +45,9 @@ public:
     /// Closes all floating editors of list and page; what is not written is not saved.
     void hide_line();
 
+    bool is_part(const QWidget* widget) const; ///< one of the boxes, their buttons or the list under them
+    QWidget* open_box() const; ///< the box that had the focus last, while the editor is open; else null
+
     void blacken_lines(); ///< the lines look as without an editor, with fresh tool tips
 
     void end_edit(); ///< finishes the edit and gives the focus to the instructions; may ask first
@@ -81,7 +84,6 @@ private:
     void picked(int row);
 
     // Focus
-    bool is_part(const QWidget* widget) const;
     void go_to(IngredientField field);
     void box_entered(IngredientField field);
     void focus_left(std::optional<IngredientField> field, Qt::FocusReason reason);

@@ -29,7 +29,9 @@ struct Rescue;
 enum class EditMode;
 enum class LineTip;
 struct ItemChange;
+struct CategoryChange;
 struct ItemCodes;
+struct ItemsGone;
 struct ListsChange;
 
 /// What the page's own procedures hand to each other.
@@ -106,6 +108,10 @@ public:
     /// on no list opens the item editor. Throws SQLite::Exception.
     void recipe_chck(int to_state, Key line_key);
 
+    /// Where the page takes the keyboard from outside: the line most recently acted on, without lines the
+    /// instructions; null while it shows nothing.
+    QWidget* keyboard_place() const;
+
     /// Opens the item editor for a line's stock item; -1 for one that is yet to be made.
     void edit_item(EditMode mode, Key item, Key line);
 
@@ -119,6 +125,8 @@ public:
 
     /// Shows on the lines what an operation did to their stock items, whether the page is on show or not.
     void item_changed(const ItemChange& change);
+    void items_gone(const ItemsGone& gone); ///< their lines become non-stock
+    void category_changed(const CategoryChange& change); ///< the words of its items' lines name it
 
     /// Loads the page again when a list has gone, whose rows its lights depend on.
     void lists_changed(const ListsChange& change);
@@ -186,6 +194,8 @@ private:
     void check_clicked(int index);
     void show_item(const ItemCodes& codes, LineTip tip);
     void follow_links(const ItemCodes& codes, const QString& joint);
+    void follow_name(const ItemCodes& codes);
+    void show_line(int index, Key item, int code, const QString& tool_tip);
 
     Program& program_;
     QFrame* frame4_;

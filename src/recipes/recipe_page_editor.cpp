@@ -3,8 +3,12 @@
 #include "widgets/program.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_editor.h"
+#include "recipes/line_widgets.h"
+#include "recipes/page_text.h"
 
 #include <QShortcut>
+
+#include <algorithm>
 
 namespace tarnwick {
 
@@ -18,6 +22,14 @@ void RecipePage::make_line_editor()
 Ingredients& RecipePage::ingredients()
 {
     return line_editor_->ingredients();
+}
+
+QWidget* RecipePage::keyboard_place() const
+{
+    const int count = recipe_lines_->count();
+    if (count > 0)
+        return recipe_lines_->lines()[static_cast<size_t>(std::clamp(state.cur_line, 0, count - 1))].ingred;
+    return text1_->isHidden() ? nullptr : text1_;
 }
 
 bool RecipePage::editor_open() const

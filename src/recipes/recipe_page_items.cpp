@@ -10,6 +10,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QSet>
 
 #include <algorithm>
 
@@ -102,6 +103,8 @@ void RecipePage::item_changed(const ItemChange& change)
     for (const ItemCodes& codes : change.items) {
         if (tip == LineTip::line_and_words)
             follow_links(codes, change.record->linked_by_name ? QStringLiteral(": ") : QStringLiteral(" - "));
+        else if (tip == LineTip::by_name)
+            follow_name(codes);
         else if (shows_item(codes.item))
             show_item(codes, tip);
     }
@@ -128,14 +131,58 @@ void RecipePage::follow_links(const ItemCodes& codes, const QString& joint)
 {
     const QString status = get_status(program_.connection, codes.item);
     for (int i = 0; i < recipe_lines_->count(); ++i) {
-        IngredientLine& line = lines()[static_cast<size_t>(i)];
+        const IngredientLine& line = lines()[static_cast<size_t>(i)];
         const auto link = line_link(program_.connection, line.key);
         if (!link || (link->item_ref != codes.item && line.item_ref != codes.item))
             continue;
-        const bool linked = link->item_ref == codes.item;
-        line.item_ref = linked ? codes.item : Key(-1);
-        line.tool_tip = linked ? link->item + joint + status : QStringLiteral("Non-stock item");
-        set_lites(i, linked ? codes.page : status_code::non_stock);
+        if (link->item_ref == codes.item)
+            show_line(i, codes.item, codes.page, link->item + joint + status);
+        else
+            show_line(i, -1, status_code::non_stock, QStringLiteral("Non-stock item"));
+    }
+}
+
+/// The same after a rename in the tree, with its own words; that those of a line that was found begin with the
+/// joint is kept.
+void RecipePage::follow_name(const ItemCodes& codes)
+{
+    const QString status = get_status(program_.connection, codes.item);
+    for (int i = 0; i < recipe_lines_->count(); ++i) {
+        const IngredientLine& line = lines()[static_cast<size_t>(i)];
+        const auto link = line_link(program_.connection, line.key);
+        if (link && link->item_ref == codes.item)
+            show_line(i, codes.item, codes.page, QStringLiteral(" - ") + status);
+        else if (line.item_ref == codes.item)
+            show_line(i, -1, status_code::non_stock, line.text + QStringLiteral(" :: Not listed"));
+    }
+}
+
+void RecipePage::show_line(int index, Key item, int code, const QString& tool_tip)
+{
+    IngredientLine& line = lines()[static_cast<size_t>(index)];
+    line.item_ref = item;
+    line.tool_tip = tool_tip;
+    set_lites(index, code);
+    refresh_line(index);
+}
+
+void RecipePage::items_gone(const ItemsGone& gone)
+{
+    const QSet<Key> items(gone.items.begin(), gone.items.end());
+    for (int i = 0; i < recipe_lines_->count(); ++i)
+        if (items.contains(lines()[static_cast<size_t>(i)].item_ref))
+            show_line(i, -1, status_code::non_stock, QStringLiteral("Non-stock item"));
+}
+
+void RecipePage::category_changed(const CategoryChange& change)
+{
+    if (change.kind != CategoryChange::Kind::renamed)
+        return;
+    for (int i = 0; i < recipe_lines_->count(); ++i) {
+        IngredientLine& line = lines()[static_cast<size_t>(i)];
+        if (line.item_ref < 1 || category_of(program_.connection, line.item_ref) != change.category)
+            continue;
+        line.tool_tip = line.item + QStringLiteral(" - ") + get_status(program_.connection, line.item_ref);
         refresh_line(i);
     }
 }

@@ -189,6 +189,7 @@ void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& cat
     program_.l_r_refresh();
     page_.set_recipe(recipe);
     page_.Text1().set_border_style(1);
+    page_.Text1().setFocus(Qt::OtherFocusReason);
 }
 
 void RecipeTree::recip_del(Key recipe)

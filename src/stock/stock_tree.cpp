@@ -67,6 +67,7 @@ void StockTree::connect_events()
 
 void StockTree::tv_load(bool alpha)
 {
+    tree_.finish_label_edit();
     const BusyPointer busy;
     const QScopedValueRollback quiet(quiet_, true);
     const bool had_focus = tree_.hasFocus();
@@ -168,7 +169,7 @@ void StockTree::close_folders()
             QTreeWidgetItem* folder = tree_.topLevelItem(i);
             if (folder->isExpanded()) {
                 folder->setExpanded(false);
-                tree_.set_picture(folder, folder_picture(folder == category_node(0), false));
+                show_closed(*folder);
             }
         }
     }
@@ -184,6 +185,11 @@ void StockTree::expanded(QTreeWidgetItem* node, bool open)
     store_expand(program_.connection, key.record, open);
 }
 
+void StockTree::show_closed(QTreeWidgetItem& folder)
+{
+    tree_.set_picture(&folder, folder_picture(&folder == category_node(0), false));
+}
+
 QTreeWidgetItem* StockTree::item_node(Key item) const
 {
     return tree_.node(item_key(item));
@@ -197,7 +203,7 @@ QTreeWidgetItem* StockTree::category_node(Key category) const
 void StockTree::set_item_code(Key item, int code)
 {
     QTreeWidgetItem* node = item_node(item);
-    if (!node)
+    if (!node || code == code_untouched)
         return;
     tree_.set_picture(node, code);
     TreeView::set_tag(node, QString::number(code));
@@ -271,7 +277,7 @@ void StockTree::move_item_node(Key item, Key category)
     QTreeWidgetItem* const left = node->parent();
     tree_.move_node(node, &folder);
     if (left && left->childCount() == 0)
-        tree_.set_picture(left, folder_picture(left == category_node(0), false));
+        show_closed(*left);
     tree_.sort_children(&folder);
     tree_.ensure_visible(node);
     tree_.select(node);

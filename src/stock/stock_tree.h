@@ -15,7 +15,9 @@ namespace tarnwick {
 struct Program;
 class TreeView;
 struct CatalogueFolder;
+struct CategoryChange;
 struct ItemChange;
+struct ItemsGone;
 
 /// The stock tree `TreeView1(0)`: its load, its events and the pictures of its items.
 class StockTree : public QObject {
@@ -40,11 +42,13 @@ public:
     QTreeWidgetItem* item_node(Key item) const;
     QTreeWidgetItem* category_node(Key category) const;
 
-    /// Sets picture and Tag of an item's node to a status code. No node: nothing.
+    /// Sets picture and Tag of an item's node to a status code. No node, or `code_untouched`: nothing.
     void set_item_code(Key item, int code);
 
-    /// Shows in the tree what an operation did to stock items.
+    // Each shows in the tree what an operation did to stock items or a category.
     void item_changed(const ItemChange& change);
+    void items_gone(const ItemsGone& gone);
+    void category_changed(const CategoryChange& change);
 
     /// The category of the selected folder, or of the one that the selected item lies in; 0 without one.
     Key selected_category() const;
@@ -90,12 +94,18 @@ private:
     void load_items(bool alpha);
     void open_folders();
     void expanded(QTreeWidgetItem* node, bool open);
+    void show_closed(QTreeWidgetItem& folder); ///< its picture alone
     void node_click(QTreeWidgetItem* node);
     void mouse_down(Qt::MouseButton button, QPoint position);
     void mouse_up(Qt::MouseButton button, QPoint position);
     void key_down(int key);
     void key_up(int key);
     void show_status_of_selection();
+
+    void remove_item_node(QTreeWidgetItem& node);
+    void select_neighbour(QTreeWidgetItem& node);
+    void tell_after_deletion();
+    bool tells_status() const;
 
     /// The click on an item's check box. False ends the handling of the release.
     bool click_box(QTreeWidgetItem& node);

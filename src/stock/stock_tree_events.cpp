@@ -17,10 +17,15 @@ void StockTree::node_click(QTreeWidgetItem*)
     program_.shared.node_dragged = false;
 }
 
+bool StockTree::tells_status() const
+{
+    return program_.shared.stock_view && !program_.shared.form_loading;
+}
+
 /// First status panel, while the tree is the one on show.
 void StockTree::show_status_of_selection()
 {
-    if (program_.shared.form_loading || !program_.shared.stock_view)
+    if (!tells_status())
         return;
     const QTreeWidgetItem* node = tree_.selected();
     if (!node)

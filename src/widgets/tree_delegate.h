@@ -2,6 +2,7 @@
 
 #include "widgets/pictures.h"
 
+#include <QPointer>
 #include <QStyledItemDelegate>
 
 #include <array>
@@ -15,6 +16,8 @@ class TreeDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
     TreeDelegate(ImageList pictures, TreeView& tree);
+
+    QWidget* editor() const { return editor_; } ///< the label's editor made last; none when it has gone
 
     /// Left edges in pixels from the left of a node's own row rectangle (behind its indentation).
     int picture_left() const;
@@ -30,6 +33,7 @@ public:
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    bool eventFilter(QObject* editor, QEvent* event) override;
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 
@@ -41,6 +45,7 @@ private:
     TreeView& tree_;
     QSize picture_size_;
     mutable std::array<QIcon, 16> icons_;
+    mutable QPointer<QWidget> editor_;
 };
 
 } // namespace tarnwick

@@ -20,6 +20,7 @@
 #include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
+#include "window/keyboard_round.h"
 #include "window/layout.h"
 #include "window/pane_links.h"
 #include "window/rescuer.h"
@@ -147,7 +148,10 @@ void frmmain::make_panes()
         *program_, *stock_tree_, area_,
         FloatingButtons::Asks{[this](Key item) { return recipe_page_->shows_item(item); },
                               [this] { return row_editor().is_open(); }});
-    stock_commands_ = std::make_unique<StockCommands>(*program_, *stock_tree_);
+    stock_commands_ = std::make_unique<StockCommands>(*program_, *stock_tree_, [this] {
+        recipe_page_->finish_line_editor();
+        return !recipe_page_->editor_open();
+    });
     recipe_page_ = std::make_unique<RecipePage>(*program_, area_);
     recipe_tree_ = std::make_unique<RecipeTree>(*program_, *recipe_view, *recipe_page_);
     list_pane_ = std::make_unique<ListPane>(*program_, area_,
@@ -160,6 +164,7 @@ void frmmain::make_panes()
     list_mouse_ = std::make_unique<ListMouse>(*program_, *list_pane_, *placing_, *clearing_);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
+    keyboard_round_ = new KeyboardRound(*this);
     connect_panes(*this);
     connect_household();
 }
@@ -181,8 +186,11 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
-    connect(household_.get(), &Household::category_changed, this,
-            [this](const MadeRecord& made) { stock_tree_->add_category_node(made.key, made.name); });
+    listen(&Household::items_gone, *grid_listener_, &GridListener::items_gone);
+    listen(&Household::items_gone, *stock_tree_, &StockTree::items_gone);
+    listen(&Household::items_gone, *recipe_page_, &RecipePage::items_gone);
+    listen(&Household::category_changed, *stock_tree_, &StockTree::category_changed);
+    listen(&Household::category_changed, *recipe_page_, &RecipePage::category_changed);
     connect(household_.get(), &Household::recipe_changed, this,
             [this](const MadeRecord& made) { recipe_tree_->recipe_made(made.key, made.name, made.category); });
 }
@@ -375,6 +383,7 @@ void frmmain::shut_down(const runtime_error& error)
 
 void frmmain::closeEvent(QCloseEvent* event)
 {
+    stock_tree_->view().finish_label_edit();
     unload();
     event->accept();
     environment_.end_program(EXIT_SUCCESS);

@@ -19,6 +19,7 @@ class Drag;
 class FloatingButtons;
 class GridListener;
 class Household;
+class KeyboardRound;
 class Layout;
 class ListMouse;
 class ListPane;
@@ -74,6 +75,7 @@ public:
     Drag& drag() { return *drag_; } ///< the one drag of the program
     Layout& layout_manager() { return *layout_; }
     StatusPanels& status_panels() { return *status_panels_; }
+    KeyboardRound& keyboard_round() { return *keyboard_round_; }
 
     /// The tree on show in the left pane.
     TreeView& visible_tree();
@@ -137,6 +139,7 @@ private:
     std::unique_ptr<StatusWords> status_words_;
     std::unique_ptr<ViewState> view_state_;
     std::unique_ptr<Layout> layout_;
+    KeyboardRound* keyboard_round_ = nullptr;
     bool appeared_ = false; ///< the window stands on the screen in its size: from here on a resize is the user's
 };
 

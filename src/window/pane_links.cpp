@@ -44,6 +44,7 @@ void connect_stock(frmmain& main)
     });
     on(main, main.floating_buttons(), &FloatingButtons::locating_wanted,
        [&main](Key item) { main.lists().locate(item); });
+    on(main, main.stock_commands(), &StockCommands::item_moving, [&main] { main.floating_buttons().hide_all(); });
     on(main, main.stock_commands(), &StockCommands::adding_wanted,
        [&main](Key item, const QString& name) { main.recipe_page().drag_ingred(item, name); });
 }
