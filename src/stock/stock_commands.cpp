@@ -57,7 +57,7 @@ void StockCommands::rename_category()
 {
     TreeView& tree = tree_.view();
     const QTreeWidgetItem* node = tree.selected();
-    if (node && !node->parent() && TreeView::key(node) != QLatin1String("cat0000") && finish_recipe_line_())
+    if (node && !node->parent() && !NodeKey::of(node).is_other() && finish_recipe_line_())
         tree.start_label_edit();
 }
 
@@ -98,9 +98,8 @@ void StockCommands::after_label_edit(const QTreeWidgetItem& node, const QString&
     const QString name = trim(text);
     if (name.isEmpty() || name == old_name)
         return;
-    const QString key = TreeView::key(&node);
-    const Key record = record_key(key);
-    const bool item = key.startsWith(QLatin1String("item"));
+    const Key record = NodeKey::of(&node).record;
+    const bool item = NodeKey::of(&node).is_item();
     const auto rename = [this, item, record, old_name, name] {
         if (item)
             tidying_.rename_item(record, old_name, name);

@@ -1,5 +1,6 @@
 #include "stock/stock_tree.h"
 
+#include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "household/household.h"
 #include "household/status.h"
@@ -61,7 +62,7 @@ void StockTree::tell_after_deletion()
     if (!node)
         program_.set_status(QStringLiteral(" "));
     else if (tree_.is_flat())
-        program_.set_status(get_status(program_.connection, record_key(TreeView::key(node))));
+        program_.set_status(get_status(program_.connection, NodeKey::of(node).record));
     else
         program_.set_status(node->text(0) + QStringLiteral(" category"));
 }

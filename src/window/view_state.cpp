@@ -186,8 +186,8 @@ void ViewState::refresh_all()
     refresh_commands();
 }
 
-/// A control that got hidden would go on taking the keys, or has lost them by closing. A tree hands them to the tree
-/// in its place, a control of the right pane to what the pane now shows.
+/// A control that got hidden would go on taking the keys, or has lost them by closing. A tree hands them to the
+/// tree in its place, a control of the right pane to what the pane now shows.
 void ViewState::take_keyboard_from_hidden()
 {
     const QWidget* focus = main_.focusWidget();
