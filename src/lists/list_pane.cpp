@@ -14,7 +14,6 @@
 
 #include <QCheckBox>
 #include <QFrame>
-#include <QHash>
 #include <QLabel>
 #include <QTabBar>
 #include <QTextBrowser>
@@ -103,30 +102,6 @@ void ListPane::show_rows(std::vector<GridRow> rows)
         return;
     grid_->set_top_row(0);
     grid_->set_current(0, grid_column::item);
-}
-
-void ListPane::rebuild_array(Key list_key)
-{
-    program_.shared.all_lists_view = list_key < 1;
-    const std::vector<list_store::RowKeys> records = list_store::read_row_keys(program_.connection, list_key);
-    if (records.empty())
-        return;
-    QHash<Key, const list_store::RowKeys*> by_key;
-    by_key.reserve(static_cast<qsizetype>(records.size()));
-    for (const list_store::RowKeys& record : records)
-        by_key.insert(record.groc_key, &record);
-    size_t index = 0;
-    grid_->rows().change_all([&](GridRow& row) {
-        // Rows and records mostly run in step; a row out of step is looked up.
-        const bool in_step = index < records.size() && records[index].groc_key == row.groc_key;
-        const list_store::RowKeys* record = in_step ? &records[index] : by_key.value(row.groc_key);
-        ++index;
-        if (!record)
-            return;
-        row.list_key = record->list_key;
-        row.item_key = record->item_key;
-        row.to_get = record->to_get;
-    });
 }
 
 bool ListPane::set_row(Key groc_key)

@@ -74,13 +74,6 @@ void Lists::set_mnu_lists()
         pane_.lv_load(shared.current_list);
 }
 
-void Lists::no_list()
-{
-    program_.shared.list_pane_shown = true;
-    program_.l_r_refresh();
-    set_mnu_lists();
-}
-
 void Lists::choose(const QString& caption, const QString& tag)
 {
     if (caption == QLatin1String("Create a shopping list")) {

@@ -155,12 +155,6 @@ void StockTree::open_folders()
     open_at_load_.clear();
 }
 
-void StockTree::tv_refresh(Key item)
-{
-    tree_.require_node(item_key(item));
-    set_item_code(item, plain_status(program_.connection, item));
-}
-
 void StockTree::close_folders()
 {
     {

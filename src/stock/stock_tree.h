@@ -31,10 +31,6 @@ public:
     /// Rebuilds the tree: folders with their items, or one flat list when `alpha`.
     void tv_load(bool alpha);
 
-    /// Sets one item's picture and Tag from its list rows: 5, 6 or 7. Throws error 35601 when the tree has no such
-    /// item.
-    void tv_refresh(Key item);
-
     /// Closes every folder and stores that.
     void close_folders();
 

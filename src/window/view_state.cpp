@@ -232,12 +232,6 @@ void ViewState::set_edit_tool_tips(const QString& edit, const QString& remove)
         button->setToolTip(remove);
 }
 
-void ViewState::view_stock()
-{
-    show_tree(true);
-    refresh_commands();
-}
-
 void ViewState::view_rcps()
 {
     show_tree(false);
