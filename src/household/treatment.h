@@ -38,8 +38,9 @@ enum class PanelWords { always, in_stock_view, if_selected };
 /// rename.
 enum class LineTip { words, name_and_words, line_and_words, by_name };
 
-/// Which of the rows whose mark changed the grid shows so, and whether it makes the row current.
-enum class GridMarks { in_place, go_to_row, go_to_first };
+/// Which of the rows whose mark changed the grid shows so, and whether it makes the row current. `whole_list` takes
+/// in the rows of the list that keep their mark, too: those that were placed since the last load may be lit.
+enum class GridMarks { in_place, whole_list, go_to_row, go_to_first };
 
 /// How one cause treats all that shows or stores a status.
 struct Treatment {
@@ -67,7 +68,7 @@ inline constexpr std::array treatments{
     Treatment{Cause::row_removal, RowMark::row_gone, ItemFlag::untouched, Code::computed, Code::computed, false,
               PanelWords::if_selected, Code::computed, LineTip::words, GridMarks::in_place},
     Treatment{Cause::clearing, RowMark::gone_or_cleared, ItemFlag::cleared, Code::computed, Code::computed, false,
-              PanelWords::if_selected, Code::computed, LineTip::words, GridMarks::in_place},
+              PanelWords::if_selected, Code::computed, LineTip::words, GridMarks::whole_list},
     Treatment{Cause::page_box, RowMark::by_page, ItemFlag::untouched, Code::computed, Code::computed, true,
               PanelWords::always, Code::plain, LineTip::words, GridMarks::go_to_first},
     Treatment{Cause::item_editor, RowMark::as_edited, ItemFlag::cleared_if_new, Code::computed, Code::computed,

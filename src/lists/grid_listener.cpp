@@ -7,7 +7,6 @@
 #include "widgets/row_editor.h"
 
 #include <QApplication>
-#include <QHash>
 #include <QSet>
 
 #include <algorithm>
@@ -134,32 +133,28 @@ void GridListener::show_rewritten(const GridRow& row)
 
 void GridListener::show_marks(const ItemChange& change)
 {
-    QHash<Key, bool> marks;
-    Key first = 0;
-    for (const WrittenRow& written : change.written) {
-        if (written.kind != WrittenRow::Kind::marked)
-            continue;
-        if (marks.isEmpty())
-            first = written.row.groc_key;
-        marks.insert(written.row.groc_key, written.row.to_get);
-    }
-    if (marks.isEmpty())
+    const auto first = std::find_if(change.written.begin(), change.written.end(), [](const WrittenRow& written) {
+        return written.kind == WrittenRow::Kind::marked;
+    });
+    if (first == change.written.end())
         return;
+    const GridRow& marked = first->row;
+    const auto mark = [&marked](GridRow& row) { list_store::set_to_get(row, marked.to_get); };
     GridModel& rows = pane_.grid().rows();
     const GridMarks way = treatment_of(change.cause).grid;
-    if (marks.size() > 1 && way == GridMarks::in_place) {
-        rows.change_all([&marks](GridRow& row) {
-            if (const auto mark = marks.constFind(row.groc_key); mark != marks.constEnd())
-                list_store::set_to_get(row, *mark);
+    if (way == GridMarks::whole_list) {
+        rows.change_all([&](GridRow& row) {
+            if (row.list_key == marked.list_key)
+                mark(row);
         });
         return;
     }
-    const int place = rows.find_row(first);
+    const int place = rows.find_row(marked.groc_key);
     if (place < 0)
         return;
     if (way != GridMarks::in_place)
-        pane_.set_row(first);
-    rows.change_row(place, [to_get = marks.value(first)](GridRow& row) { list_store::set_to_get(row, to_get); });
+        pane_.set_row(marked.groc_key);
+    rows.change_row(place, mark);
 }
 
 void GridListener::rename(Key item, const QString& name)

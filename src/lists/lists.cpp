@@ -11,6 +11,7 @@
 #include "widgets/row_editor.h"
 #include "household/stock_store.h"
 #include "lists/list_pane.h"
+#include "dialogs/lst_clr_dlg.h"
 #include "dialogs/new_item_rcp.h"
 #include "lists/placing.h"
 #include "household/status.h"
@@ -116,6 +117,19 @@ void Lists::rename_list()
     strip_apostrophes(name);
     name = trim(name);
     program_.household.rename_list(list, name);
+}
+
+void Lists::clear()
+{
+    const auto name = list_name_of(program_.connection, program_.shared.current_list);
+    if (!name) {
+        placing_.say_list_gone();
+        return;
+    }
+    lst_clr_dlg dialog(trim(*name), program_.shared.type_size, &program_.window);
+    connect(&dialog, &lst_clr_dlg::clear_wanted, this, [this](int mode) { clearing_.clear_list(mode); });
+    connect(&dialog, &lst_clr_dlg::delete_wanted, this, &Lists::list_del);
+    dialog.exec();
 }
 
 void Lists::list_del()

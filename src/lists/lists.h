@@ -19,6 +19,7 @@ public:
     Lists(Program& program, ListPane& pane, Placing& placing, Clearing& clearing);
 
     void new_list(); ///< opens the naming dialog
+    void clear(); ///< opens the clearing dialog on the current list and does what is chosen there
     void list_del(); ///< deletes the current list after asking
     void rename_list(); ///< asks for a new name for the current list
 

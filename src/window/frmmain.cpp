@@ -108,10 +108,7 @@ LockedFile frmmain::locked_file()
             QApplication::restoreOverrideCursor();
     };
     locked.ask_to_wait = [this](const QString& path) {
-        QWidget* front = QApplication::activeModalWidget();
-        return msg_box(front             ? front
-                           : isVisible() ? this
-                                         : nullptr,
+        return msg_box(isVisible() ? this : nullptr,
                        QStringLiteral("Another program is using the database\n(") + path
                            + QStringLiteral(")\n\nClose it there and choose Retry.\n"
                                             "Cancel ends TarnWick."),
