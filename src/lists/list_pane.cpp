@@ -88,8 +88,7 @@ void ListPane::lv_load(Key list_key)
     list_store::mark_active(program_.connection, list_key);
     set_col_widths();
     set_headers();
-    program_.shared.list_pane_shown = true;
-    program_.l_r_refresh();
+    program_.show_list_pane(true);
     emit list_loaded();
 }
 
@@ -217,9 +216,10 @@ bool ListPane::notice_shown() const
 
 void ListPane::set_page_color()
 {
-    if (!program_.shared.page_color)
+    const auto color = program_.shared.page_color();
+    if (!color)
         return;
-    grid_->set_page_color(*program_.shared.page_color, program_.shared.color_index);
+    grid_->set_page_color(*color, program_.shared.color_index);
     for (QWidget* part : {static_cast<QWidget*>(frmCreateList_), static_cast<QWidget*>(txtCreateList_)})
         part->setPalette(grid_->palette());
 }

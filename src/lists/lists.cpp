@@ -80,14 +80,12 @@ void Lists::choose(const QString& caption, const QString& tag)
     if (caption == QLatin1String("Create a shopping list")) {
         new_list();
         const UpdateLock lock(program_.window);
-        program_.shared.list_pane_shown = true;
-        program_.l_r_refresh();
+        program_.show_list_pane(true);
         return;
     }
     const UpdateLock lock(program_.window);
     choose_list(caption, tag);
-    program_.shared.list_pane_shown = true;
-    program_.l_r_refresh();
+    program_.show_list_pane(true);
 }
 
 void Lists::choose_list(const QString& caption, const QString& tag)

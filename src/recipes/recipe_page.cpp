@@ -443,7 +443,7 @@ void RecipePage::show_pane(bool shown)
 void RecipePage::set_page_color()
 {
     QPalette colors = frame4_->palette();
-    const QColor page = program_.shared.page_color.value_or(design_color);
+    const QColor page = program_.shared.page_color().value_or(design_color);
     for (const auto role : {QPalette::Window, QPalette::Base})
         colors.setColor(role, page);
     for (const auto role : {QPalette::WindowText, QPalette::Text})

@@ -175,8 +175,7 @@ int RecipeTree::proposed_category() const
 void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& category)
 {
     page_.edit_updt();
-    program_.shared.cur_recipe = recipe;
-    program_.shared.cur_recipe_name = name;
+    program_.shared.take_recipe(recipe, name);
     program_.shared.stock_view = false;
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &category_node(category);
     QTreeWidgetItem* node = tree_.add_node(folder, recipe_key(recipe), name, recipe_picture, {});
@@ -185,8 +184,7 @@ void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& cat
     tree_.sort_children(folder);
     tree_.select(node);
     tree_.ensure_visible(node);
-    program_.shared.list_pane_shown = false;
-    program_.l_r_refresh();
+    program_.show_list_pane(false);
     page_.set_recipe(recipe);
     page_.Text1().set_border_style(1);
     page_.Text1().setFocus(Qt::OtherFocusReason);
@@ -205,9 +203,10 @@ void RecipeTree::recip_del(Key recipe)
     if (QTreeWidgetItem* node = recipe_node(recipe))
         take_off(node);
     const QTreeWidgetItem* next = tree_.selected();
-    const bool left = NodeKey::of(next).is_recipe();
-    program_.shared.cur_recipe = left ? NodeKey::of(next).record : Key{-1};
-    program_.shared.cur_recipe_name = left ? trim(next->text(0)) : QString();
+    if (NodeKey::of(next).is_recipe())
+        program_.shared.take_recipe(NodeKey::of(next).record, trim(next->text(0)));
+    else
+        program_.shared.take_recipe(-1, {});
     show_page(program_.shared.cur_recipe);
 }
 

@@ -61,12 +61,10 @@ bool RecipeTree::choose(Key recipe)
 
 void RecipeTree::open(const QTreeWidgetItem& node)
 {
-    program_.shared.cur_recipe = NodeKey::of(&node).record;
-    program_.shared.cur_recipe_name = trim(node.text(0));
+    program_.shared.take_recipe(NodeKey::of(&node).record, trim(node.text(0)));
     page_.scroll_bar().setValue(0);
     page_.set_recipe(program_.shared.cur_recipe);
-    program_.shared.list_pane_shown = false;
-    program_.l_r_refresh();
+    program_.show_list_pane(false);
 }
 
 /// First status panel, while the tree is the one on show.

@@ -207,7 +207,6 @@ void frmmain::load()
         splash.show_warnings();
     splash.refresh();
 
-    shared.form_loading = true;
     read_page_color();
     if (settings_.pref(QStringLiteral("load"), QStringLiteral("fail")) == QLatin1String("fail"))
         settings_.set_reg();
@@ -242,7 +241,6 @@ void frmmain::read_page_color()
     };
     shared.reports.size = report("size", "0");
     shared.color_index = to_int16(settings_.pref(QStringLiteral("color"), QStringLiteral("3")));
-    shared.page_color = page_color_of(shared.color_index);
     list_pane_->set_page_color();
     recipe_page_->set_page_color();
 }

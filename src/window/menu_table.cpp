@@ -16,6 +16,7 @@
 #include "window/move_window.h"
 #include "window/output_commands.h"
 #include "window/page_colors.h"
+#include "widgets/program.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
 #include "stock/stock_commands.h"
@@ -66,12 +67,6 @@ void toggle_columns(frmmain& main, int group)
 {
     main.list_pane().header().show_box(group).toggle();
     main.list_pane().show_column_group(group);
-}
-
-void show_tree(frmmain& main, bool stock)
-{
-    main.shared.stock_view = stock;
-    main.l_r_refresh();
 }
 
 void new_list(frmmain& main)
@@ -178,8 +173,8 @@ constexpr MenuRow rows[] = {
      [](frmmain& m) { send_to_email(m, false); }},
 
     {bar_menu, "", "mnu_view", "View"},
-    {check, "mnu_view", "mnu_view_stock", "Stock list", [](frmmain& m) { show_tree(m, true); }},
-    {check, "mnu_view", "mnu_view_rcp", "Recipes list", [](frmmain& m) { show_tree(m, false); }},
+    {check, "mnu_view", "mnu_view_stock", "Stock list", [](frmmain& m) { m.program().show_stock(true); }},
+    {check, "mnu_view", "mnu_view_rcp", "Recipes list", [](frmmain& m) { m.program().show_stock(false); }},
     {separator, "mnu_view", "mnu_view_sep_1", ""},
     {check, "mnu_view", "mnu_view_shoplist", "Shopping list",
      [](frmmain& m) { m.view_state().show_list_pane(true); }},

@@ -2,6 +2,7 @@
 
 #include "window/frmmain.h"
 #include "widgets/node_key.h"
+#include "widgets/program.h"
 #include "widgets/update_lock.h"
 #include "widgets/header_bar.h"
 #include "lists/list_mouse.h"
@@ -271,10 +272,7 @@ void ViewState::left_tab_clicked(int index)
     if (index < 0)
         return;
     main_.row_editor().lv_edit_off();
-    const bool stock = index == 0;
-    main_.shared.stock_view = stock;
-    main_.settings().set_pref(QStringLiteral("tv_view"), stock ? QStringLiteral("1") : QStringLiteral("0"));
-    l_r_refresh();
+    main_.program().show_stock(index == 0); // which stores the choice
 }
 
 void ViewState::right_tab_clicked(int index)

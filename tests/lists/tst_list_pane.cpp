@@ -513,13 +513,12 @@ void tst_list_pane::page_colour_reaches_grid_and_notice()
     frmmain& main = window->main();
     for (int index = 0; index < 4; ++index) {
         main.shared.color_index = index;
-        main.shared.page_color = page_color_of(index);
         pane.set_page_color();
         QCOMPARE(grid().palette().color(QPalette::Base), *page_color_of(index));
         auto* frame = window->find<QFrame>(QStringLiteral("frmCreateList"));
         QCOMPARE(frame->palette().color(QPalette::Window), *page_color_of(index));
     }
-    main.shared.page_color.reset();
+    main.shared.color_index = 4;
     pane.set_page_color();
     QCOMPARE(grid().palette().color(QPalette::Base), *page_color_of(3));
 }

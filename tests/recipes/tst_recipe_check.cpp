@@ -435,7 +435,6 @@ void tst_recipe_check::text_is_readable_on_every_page_colour()
     window.load();
     for (int index = 0; index < 4; ++index) {
         window.main().shared.color_index = index;
-        window.main().shared.page_color = page_color_of(index);
         window.page().set_page_color();
         window.page().set_recipe(window.recipe);
         for (QWidget* box : {static_cast<QWidget*>(&window.title()), static_cast<QWidget*>(&window.Text1())}) {
@@ -453,7 +452,7 @@ void tst_recipe_check::an_unknown_colour_leaves_the_page_readable()
     CheckWindow window;
     window.set_pref(QStringLiteral("color"), QStringLiteral("9"));
     window.load();
-    QVERIFY(!window.main().shared.page_color);
+    QVERIFY(!window.main().shared.page_color());
     const QPalette colors = window.page().frame4().palette();
     QVERIFY(colors.color(QPalette::Window).lightness() > 200);
     QCOMPARE(colors.color(QPalette::WindowText), QColor(Qt::black));
