@@ -6,6 +6,7 @@
 #include "recipes/ingredients.h"
 #include "recipes/line_boxes.h"
 #include "recipes/line_editor.h"
+#include "recipes/line_stock.h"
 #include "recipes/recipe_page.h"
 #include "widgets/busy_pointer.h"
 #include "widgets/program.h"
@@ -35,9 +36,9 @@ void LineButtons::edit_clicked()
     const bool stock = lite_status(program_.connection, link->item_ref) != status_code::non_stock;
     page_.set_rcp_item_in_work(trim(link->item));
     if (stock)
-        page_.edit_item(EditMode::recipe_item, link->item_ref, edited);
+        page_.line_stock().edit_item(EditMode::recipe_item, link->item_ref, edited);
     else
-        page_.edit_item(EditMode::non_stock_to_stock, -1, edited);
+        page_.line_stock().edit_item(EditMode::non_stock_to_stock, -1, edited);
 }
 
 void LineButtons::scratch_clicked()

@@ -8,6 +8,7 @@
 #include "household/item_change.h"
 #include "household/recipe_store.h"
 #include "household/status.h"
+#include "stock/stock_clicks.h"
 #include "stock/stock_tree.h"
 #include "widgets/tool_tip.h"
 
@@ -71,8 +72,8 @@ FloatingButtons::FloatingButtons(Program& program, StockTree& tree, QWidget* par
 void FloatingButtons::follow_tree()
 {
     connect(&tree_, &StockTree::loading, this, &FloatingButtons::rest);
-    connect(&tree_, &StockTree::item_clicked, this, [this](QTreeWidgetItem* node) { show_for(*node); });
-    connect(&tree_, &StockTree::item_left, this, [this] {
+    connect(&tree_.clicks(), &StockClicks::item_clicked, this, [this](QTreeWidgetItem* node) { show_for(*node); });
+    connect(&tree_.clicks(), &StockClicks::item_left, this, [this] {
         hide(add_to_list);
         hide(add_to_page);
     });

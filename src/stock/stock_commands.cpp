@@ -7,6 +7,7 @@
 #include "widgets/tree_view.h"
 #include "household/item_store.h"
 #include "dialogs/l_item_edit.h"
+#include "stock/stock_clicks.h"
 #include "stock/stock_tree.h"
 
 #include <utility>
@@ -20,8 +21,8 @@ StockCommands::StockCommands(Program& program, StockTree& tree, std::function<bo
     , tidying_(program.connection, program.household, program.window)
     , question_(nullptr)
 {
-    connect(&tree_, &StockTree::item_deletion_wanted, this, &StockCommands::tv_del_item);
-    connect(&tree_, &StockTree::category_deletion_wanted, this, &StockCommands::tv_del_cat);
+    connect(&tree_.clicks(), &StockClicks::item_deletion_wanted, this, &StockCommands::tv_del_item);
+    connect(&tree_.clicks(), &StockClicks::category_deletion_wanted, this, &StockCommands::tv_del_cat);
     connect(&tree_.view(), &TreeView::after_label_edit, this,
             [this](const QTreeWidgetItem* node, const QString& text, Qt::FocusReason left_by) {
                 if (!program_.shared.ending)

@@ -8,6 +8,7 @@
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "stock/stock_commands.h"
+#include "stock/stock_clicks.h"
 #include "stock/stock_tree.h"
 #include "widgets/list_grid.h"
 #include "widgets/tree_view.h"
@@ -77,10 +78,11 @@ Drags::Drags(frmmain& main, const QWidgetList& outside)
 {
     StockTree& stock = main_.stock_tree();
     RecipeTree& recipes = main_.recipe_tree();
-    connect(&stock, &StockTree::drag_wanted, this, [this, &stock](const DragPayload& payload, QPoint global) {
-        if (!main_.recipe_page().editor_open())
-            main_.drag().begin(stock.view(), payload, global);
-    });
+    connect(&stock.clicks(), &StockClicks::drag_wanted, this,
+            [this, &stock](const DragPayload& payload, QPoint global) {
+                if (!main_.recipe_page().editor_open())
+                    main_.drag().begin(stock.view(), payload, global);
+            });
     connect(&recipes, &RecipeTree::drag_wanted, this, [this, &recipes](const DragPayload& payload, QPoint global) {
         main_.drag().begin(recipes.view(), payload, global);
     });

@@ -22,6 +22,7 @@
 #include "widgets/window_title.h"
 #include "stock/floating_buttons.h"
 #include "household/status.h"
+#include "stock/stock_clicks.h"
 #include "stock/stock_tree.h"
 
 #include <QEvent>
@@ -115,7 +116,7 @@ void ViewState::connect_panes()
         if (command != QLatin1String("mnu_list_exit"))
             main_.stock_tree().view().finish_label_edit();
     });
-    connect(&main_.stock_tree(), &StockTree::menu_wanted, this, pop_up("mnu_tv"));
+    connect(&main_.stock_tree().clicks(), &StockClicks::menu_wanted, this, pop_up("mnu_tv"));
     connect(&main_.recipe_tree(), &RecipeTree::menu_wanted, this, pop_up("mnu_tv_r"));
     connect(&main_.recipe_page(), &RecipePage::recipe_shown, this, &ViewState::refresh_commands);
     connect(&main_.recipe_page(), &RecipePage::line_menu_wanted, this,
