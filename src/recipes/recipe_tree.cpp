@@ -238,10 +238,10 @@ void RecipeTree::take_off(QTreeWidgetItem* node)
 void RecipeTree::mv_rcp(const QString& category, Key recipe)
 {
     const auto row = recipe_for_move(program_.connection, recipe);
+    if (row && row->cat == category)
+        return;
     program_.shared.cur_recipe = recipe;
     if (row) {
-        if (row->cat == category)
-            return;
         QTreeWidgetItem& target = category_node(category);
         set_recipe_category(program_.connection, recipe, category);
         if (QTreeWidgetItem* node = recipe_node(recipe)) {
@@ -379,8 +379,16 @@ void RecipeTree::mouse_up(Qt::MouseButton button, QTreeWidgetItem*)
 
 void RecipeTree::key_down(int key)
 {
-    const NodeKey node = NodeKey::of(tree_.selected());
-    if (key != Qt::Key_Delete || node.kind == NodeKind::none)
+    const QTreeWidgetItem* selected = tree_.selected();
+    if (!selected)
+        return;
+    const NodeKey node = NodeKey::of(selected);
+    // The arrow keys pass recipes by; Space does what a click on one does.
+    if (key == Qt::Key_Space && node.is_recipe())
+        open(*selected);
+    else if (key == Qt::Key_Menu)
+        emit menu_wanted(tree_.menu_place());
+    if (key != Qt::Key_Delete)
         return;
     if (node.is_recipe())
         recip_del(node.record);

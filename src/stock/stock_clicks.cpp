@@ -34,12 +34,19 @@ StockClicks::StockClicks(Program& program, StockTree& tree, std::function<bool()
 
 void StockClicks::key_down(int key)
 {
-    const NodeKey node = NodeKey::of(tree_.selected());
+    QTreeWidgetItem* selected = tree_.selected();
+    if (!selected)
+        return;
+    const NodeKey node = NodeKey::of(selected);
+    if (key == Qt::Key_Space && node.is_item())
+        click_box(*selected);
+    else if (key == Qt::Key_Menu)
+        emit menu_wanted(tree_.menu_place());
     if (key != Qt::Key_Delete)
         return;
     if (node.is_item())
         emit item_deletion_wanted(node.record);
-    else if (node.is_category())
+    else
         emit category_deletion_wanted(node.record);
 }
 
