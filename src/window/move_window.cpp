@@ -2,6 +2,7 @@
 
 #include "dialogs/move_item.h"
 #include "household/recipe_categories.h"
+#include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "stock/stock_commands.h"
 #include "stock/stock_tree.h"
@@ -17,6 +18,8 @@ void show_move_item(frmmain& main, bool move_stock)
     const QTreeWidgetItem* node = tree.selected();
     const NodeKey key = NodeKey::of(node);
     if (!(move_stock ? key.is_item() : key.is_recipe()) || !node->parent())
+        return;
+    if (move_stock && !main.recipe_page().finish_line_editor())
         return;
     const QTreeWidgetItem* folder = node->parent();
     move_item dialog(main.program(), {move_stock, node->text(0), folder->text(0), NodeKey::of(folder).record});
