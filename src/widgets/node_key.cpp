@@ -27,8 +27,10 @@ NodeKey NodeKey::of(const QTreeWidgetItem* node)
 NodeKey NodeKey::parse(const QString& text)
 {
     for (const Form& form : forms) {
-        if (text.startsWith(form.prefix))
-            return {form.kind, to_int16(text.mid(form.prefix.size()))};
+        if (!text.startsWith(form.prefix))
+            continue;
+        const QString number = text.mid(form.prefix.size());
+        return {form.kind, number.isEmpty() ? Key{-1} : to_int16(number)};
     }
     return {};
 }

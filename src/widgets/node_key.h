@@ -14,7 +14,7 @@ enum class NodeKind { none, item, category, recipe, recipe_category };
 /// The key of a tree node, taken apart.
 struct NodeKey {
     NodeKind kind = NodeKind::none;
-    Key record = 0; ///< key of the record; 1 to 15 for a category of recipes
+    Key record = 0; ///< key of the record, 1 to 15 for a category of recipes; -1 for a key of more than four digits
 
     static NodeKey of(const QTreeWidgetItem* node); ///< kind none without a node
     static NodeKey parse(const QString& text); ///< kind none for a text of another form
