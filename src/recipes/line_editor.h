@@ -17,8 +17,10 @@ struct Program;
 class FocusQuestion;
 class Ingredients;
 class LineBoxes;
+class LineButtons;
 class LineClicks;
 class LineKeys;
+class LineName;
 class LinePicks;
 class PickList;
 class RecipePage;
@@ -81,9 +83,6 @@ private:
 
     // Typing
     void typed(IngredientField field);
-    void name_typed(const QString& name);
-    void show_link(bool while_typing);
-    bool apostrophe_typed() const;
     bool refuse_apostrophe();
     void picked(int row);
 
@@ -93,7 +92,6 @@ private:
     void focus_left(std::optional<IngredientField> field, Qt::FocusReason reason);
     void list_left(Qt::FocusReason reason);
     void left_box(IngredientField field);
-    void settle_name();
     void write();
 
     // Closing
@@ -103,14 +101,8 @@ private:
     bool has_room() const;
     void refuse_length();
     void ask_for_name();
-    void restore_name();
     void lf_finish();
     void hide_controls();
-
-    // Buttons
-    void edit_clicked();
-    void scratch_clicked();
-    bool scratch_key(int key);
 
     IngredientLine& line();
 
@@ -125,6 +117,8 @@ private:
     std::unique_ptr<LineClicks> clicks_;
     LineDraft draft_;
     IngredientRow before_; ///< the line when the edit began
+    std::unique_ptr<LineName> name_;
+    std::unique_ptr<LineButtons> buttons_;
     int index_ = -1;
     IngredientField last_box_ = IngredientField::qty; ///< the box that has or had the focus last
     bool open_ = false;
