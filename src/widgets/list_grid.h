@@ -2,6 +2,7 @@
 
 #include "widgets/grid_model.h"
 
+#include <QColor>
 #include <QPersistentModelIndex>
 #include <QTableView>
 
@@ -91,7 +92,9 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     bool has_first_press(QPoint position) const;
@@ -99,6 +102,7 @@ private:
     void follow_scroll_test();
 
     GridModel* model_;
+    QColor mark_color_; ///< of the current row's bar and frame
     int pressed_row_ = -1;
     int pressed_column_ = -1;
     QPersistentModelIndex pressed_; ///< a cell of the pressed row, wherever the row has gone since; none outside

@@ -1,10 +1,15 @@
 #include "widgets/row_editor_controls.h"
 
 #include "household/grid_row.h"
+#include "widgets/fitted_text.h"
 #include "widgets/one_line_box.h"
 #include "widgets/pictures.h"
+#include "widgets/tool_tip.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
+#include <QToolTip>
 
 #include <limits>
 
@@ -26,9 +31,76 @@ void CellBox::set_page_color(const QColor& color)
 {
     QPalette colors = palette();
     colors.setColor(QPalette::Base, color);
-    colors.setColor(QPalette::Text, color.lightness() < 128 ? Qt::white : Qt::black);
+    const bool is_dark = color.lightness() < 128;
+    colors.setColor(QPalette::Text, is_dark ? Qt::white : Qt::black);
     setPalette(colors);
-    line_ = color.lightness() < 128 ? color.lighter(170) : color.darker(170);
+    line_ = is_dark ? color.lighter(200) : color.darker(200);
+    focus_line_ = is_dark ? QColor(170, 205, 245) : QColor(31, 78, 140);
+}
+
+void CellBox::keep_number_whole()
+{
+    keeps_number_ = true;
+    connect(this, &QLineEdit::textChanged, this, &CellBox::fit_type);
+    fit_type();
+}
+
+/// Where the control itself draws its text.
+QRect CellBox::text_room() const
+{
+    constexpr int own_margin = 2;
+    return rect().marginsRemoved(textMargins()).adjusted(own_margin, 0, -own_margin, 0);
+}
+
+bool CellBox::is_cut() const
+{
+    return fontMetrics().horizontalAdvance(text()) > text_room().width();
+}
+
+void CellBox::fit_type()
+{
+    if (!keeps_number_ || fitting_)
+        return;
+    const QScopedValueRollback fitting(fitting_, true);
+    QFont type = font();
+    type.setStretch(QFont::Unstretched);
+    if (const QFont fitted = fit_text(text(), type, text_room().width()).font; fitted != font())
+        setFont(fitted);
+}
+
+bool CellBox::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+        return QLineEdit::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), is_cut() ? plain_tool_tip(text()) : QString(),
+                       this);
+    return true;
+}
+
+void CellBox::changeEvent(QEvent* event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fit_type();
+}
+
+void CellBox::resizeEvent(QResizeEvent* event)
+{
+    QLineEdit::resizeEvent(event);
+    fit_type();
+}
+
+void CellBox::paint_number()
+{
+    QFont type = font();
+    type.setStretch(QFont::Unstretched);
+    const QRect room = text_room();
+    const FittedText shown = fit_number(text(), type, room.width());
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Base));
+    painter.setFont(shown.font);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
 }
 
 bool CellBox::wholly_marked() const
@@ -48,10 +120,15 @@ bool CellBox::caret_at_end() const
 
 void CellBox::paintEvent(QPaintEvent* event)
 {
-    QLineEdit::paintEvent(event);
+    if (keeps_number_ && !hasFocus() && is_cut())
+        paint_number();
+    else
+        QLineEdit::paintEvent(event);
     QPainter painter(this);
-    painter.setPen(hasFocus() ? palette().color(QPalette::Highlight) : line_);
+    painter.setPen(hasFocus() ? focus_line_ : line_);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    if (hasFocus())
+        painter.drawRect(rect().adjusted(1, 1, -2, -2));
 }
 
 PictureButton::PictureButton(const QString& name, QWidget* parent)
@@ -184,6 +261,8 @@ RowEditor::Controls::Controls(QWidget* parent)
     date->setReadOnly(true);
     for (const Box& box : chain)
         box.edit->setFocusPolicy(Qt::ClickFocus);
+    for (CellBox* box : {qty, date, aisle})
+        box->keep_number_whole();
     for (QWidget* control : all())
         control->hide();
 }

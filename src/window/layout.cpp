@@ -9,12 +9,15 @@
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "widgets/separator.h"
+#include "window/status_panels.h"
 #include "window/toolbar.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
 #include "stock/floating_buttons.h"
 #include "stock/stock_tree.h"
 
+#include <QApplication>
+#include <QMenuBar>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -294,6 +297,17 @@ void Layout::set_own_fonts(int type_size)
     set_points(right_tabs_, points);
     set_points(main_.stock_tree().view(), points);
     set_points(main_.recipe_tree().view(), points);
+    set_command_fonts(std::max(points, QApplication::font().pointSize()));
+}
+
+/// Menus, toolbar and status bar; the desktop's own size is their least.
+void Layout::set_command_fonts(int points)
+{
+    set_points(*main_.menuBar(), points);
+    for (QMenu* menu : main_.findChildren<QMenu*>())
+        set_points(*menu, points);
+    main_.toolbar().set_type_size(points);
+    main_.status_panels().set_type_size(points);
 }
 
 void Layout::font_reset(int type_size)

@@ -58,6 +58,7 @@ private:
     void place_left();
     void place_page();
     void set_own_fonts(int type_size);
+    void set_command_fonts(int points);
     int grid_width(int separator_left) const;
     int fitted(int separator_left) const;
     int bounded(int separator_left) const;
