@@ -7,6 +7,7 @@
 #include "household/household.h"
 #include "lists/clearing.h"
 #include "lists/grid_listener.h"
+#include "widgets/drag.h"
 #include "widgets/header_bar.h"
 #include "widgets/list_grid.h"
 #include "lists/list_mouse.h"
@@ -126,6 +127,7 @@ void frmmain::make_panes()
     auto* left_tabs = make_tabs(QStringLiteral("TabStrip1(0)"), area_);
     auto* right_tabs = make_tabs(QStringLiteral("TabStrip1(1)"), area_);
 
+    drag_ = std::make_unique<Drag>(*this);
     household_ = std::make_unique<Household>(connection_);
     commands_ = std::make_unique<Commands>(*this, *menuBar());
     status_panels_ = std::make_unique<StatusPanels>(*statusBar());

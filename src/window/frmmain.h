@@ -15,6 +15,7 @@ namespace tarnwick {
 
 class Clearing;
 class Commands;
+class Drag;
 class FloatingButtons;
 class GridListener;
 class Household;
@@ -69,6 +70,7 @@ public:
     Commands& commands() { return *commands_; }
     Toolbar& toolbar() { return *toolbar_; }
     ViewState& view_state() { return *view_state_; }
+    Drag& drag() { return *drag_; } ///< the one drag of the program
     Layout& layout_manager() { return *layout_; }
     StatusPanels& status_panels() { return *status_panels_; }
 
@@ -114,6 +116,7 @@ private:
     Connection connection_;
 
     QWidget* area_ = nullptr;
+    std::unique_ptr<Drag> drag_;
     std::unique_ptr<Household> household_;
     std::unique_ptr<Commands> commands_;
     std::unique_ptr<StatusPanels> status_panels_;

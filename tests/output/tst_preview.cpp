@@ -53,6 +53,40 @@ bool has_ink(const QImage& image, QRect box)
     return false;
 }
 
+/// A page of a PDF file from A4 with margins of 10 mm, as large as the page form.
+QImage paper_page(const QString& file, int number)
+{
+    constexpr double dots_per_mm = 2 * page_form::width / 190.0; // the printable width is 190 mm
+    QTemporaryDir folder;
+    const QString target = folder.filePath(QStringLiteral("page"));
+    pdf_tool(QStringLiteral("pdftoppm"),
+             {QStringLiteral("-png"), QStringLiteral("-singlefile"), QStringLiteral("-r"),
+              QString::number(dots_per_mm * 25.4), QStringLiteral("-f"), QString::number(number),
+              QStringLiteral("-l"), QString::number(number), file, target});
+    const QPoint corner(qRound(10 * dots_per_mm), qRound(10 * dots_per_mm));
+    return QImage(target + QStringLiteral(".png"))
+        .copy(QRect(corner, 2 * QSize(page_form::width, page_form::height)))
+        .scaled(page_form::width, page_form::height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+/// The largest difference in lightness, 0 to 255, of two pictures seen through squares of 24 pixels.
+int difference(const QImage& one, const QImage& other)
+{
+    constexpr int square = 24;
+    const auto coarse = [](const QImage& image) {
+        return image.convertToFormat(QImage::Format_RGB32)
+            .scaled(image.width() / square, image.height() / square, Qt::IgnoreAspectRatio,
+                    Qt::SmoothTransformation);
+    };
+    const QImage a = coarse(one);
+    const QImage b = coarse(other);
+    int most = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            most = std::max(most, std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))));
+    return most;
+}
+
 } // namespace
 
 class tst_preview : public QObject {
@@ -68,6 +102,8 @@ private slots:
     void what_the_frame_carries_is_renewed_at_each_page();
     void every_text_of_the_page_has_ink_in_its_box();
     void preview_and_paper_have_the_same_texts();
+    void preview_and_paper_look_the_same_data();
+    void preview_and_paper_look_the_same();
     void print_prints_all_pages_and_closes();
     void close_prints_nothing();
     void the_main_window_is_active_again_after_the_preview();
@@ -265,6 +301,45 @@ void tst_preview::preview_and_paper_have_the_same_texts()
     for (const PdfWord& word : printer.job(0).value(0).words)
         printed.insert(word.text);
     QCOMPARE(printed, previewed);
+}
+
+void tst_preview::preview_and_paper_look_the_same_data()
+{
+    QTest::addColumn<Key>("columns");
+    QTest::addColumn<Key>("sort");
+    for (Key columns = 1; columns <= 2; ++columns)
+        for (Key sort = 0; sort <= 2; ++sort)
+            QTest::addRow("%d columns, sort %d", static_cast<int>(columns), static_cast<int>(sort))
+                << columns << sort;
+}
+
+void tst_preview::preview_and_paper_look_the_same()
+{
+    QFETCH(Key, columns);
+    QFETCH(Key, sort);
+    EditingWindow w;
+    TestPrinter printer(w);
+    w.rows(150);
+    w.open();
+    w.main().shared.reports = {sort, columns, 0, 1};
+    QList<QImage> previewed;
+    preview(w, [&](QDialog& window) {
+        for (;;) {
+            previewed.append(part(window, "Frame1").grab().toImage().scaled(page_form::width, page_form::height));
+            if (!Command1(window, 2).isEnabled())
+                break;
+            click(window, 2);
+        }
+        click(window, 5);
+    });
+    QVERIFY(previewed.size() > 1);
+    QCOMPARE(printer.job(0).size(), previewed.size());
+    const QImage first = paper_page(printer.file(0), 1);
+    QVERIFY2(difference(first, previewed.last()) > 30, "pages that differ are not told apart");
+    for (int page = 0; page < previewed.size(); ++page) {
+        const int differs = difference(paper_page(printer.file(0), page + 1), previewed.at(page));
+        QVERIFY2(differs < 12, qPrintable(QStringLiteral("page %1 differs by %2").arg(page + 1).arg(differs)));
+    }
 }
 
 void tst_preview::print_prints_all_pages_and_closes()

@@ -30,8 +30,8 @@ Prefs first_recipe()
             {QStringLiteral("arcp"), QStringLiteral("1")}};
 }
 
-/// Opens the preview of what the right pane shows, and takes its picture at a size.
-void preview_shot(Studio& studio, const QString& name, QSize size, int page = 1)
+/// Opens the preview of what the right pane shows, at a size.
+void in_preview(Studio& studio, QSize size, const std::function<void(QDialog&)>& look)
 {
     studio.with_dialog(
         [&] {
@@ -40,12 +40,24 @@ void preview_shot(Studio& studio, const QString& name, QSize size, int page = 1)
         [&](QDialog& dialog) {
             dialog.resize(size);
             studio.settle();
-            for (int i = 1; i < page; ++i)
-                studio.click(studio.visible_child(QStringLiteral("Command1(2)"), &dialog));
-            studio.shot(name);
+            look(dialog);
         });
 }
 
+/// Takes a picture of every page of the preview: NAME, NAME-page-2 and so on.
+void preview_shots(Studio& studio, const QString& name)
+{
+    in_preview(studio, whole_page, [&](QDialog& dialog) {
+        studio.shot(name);
+        const int pages = dialog.property("page_count").toInt();
+        for (int page = 2; page <= pages; ++page) {
+            studio.click(studio.visible_child(QStringLiteral("Command1(2)"), &dialog));
+            studio.shot(QStringLiteral("%1-page-%2").arg(name).arg(page));
+        }
+    });
+}
+
+/// Every page of every form that the list's report has, in the preview and on paper.
 void list_pages(Studio& studio)
 {
     studio.start(all_lists());
@@ -54,29 +66,24 @@ void list_pages(Studio& studio)
         for (Key sort = 0; sort <= 2; ++sort)
             for (Key size = 0; size <= 2; ++size) {
                 options = {sort, columns, static_cast<Key>(sort == 0 ? 0 : 1), size};
-                preview_shot(studio, QStringLiteral("preview-%1col-sort%2-size%3").arg(columns).arg(sort).arg(size),
-                             whole_page);
+                const QString form = QStringLiteral("%1col-sort%2-size%3").arg(columns).arg(sort).arg(size);
+                preview_shots(studio, QStringLiteral("preview-") + form);
+                studio.print(QStringLiteral("paper-") + form, QStringLiteral("mnu_list_Print"));
             }
-    options = {1, 2, 0, 1};
-    preview_shot(studio, QStringLiteral("preview-page-2"), whole_page, 2);
-    preview_shot(studio, QStringLiteral("preview-narrow"), {520, 420});
-    for (Key columns = 1; columns <= 2; ++columns) {
-        options = {1, columns, 0, 1};
-        studio.print(QStringLiteral("paper-%1col").arg(columns), QStringLiteral("mnu_list_Print"));
-    }
+    in_preview(studio, {520, 420}, [&](QDialog&) { studio.shot(QStringLiteral("preview-narrow")); });
 }
 
 void recipe_pages(Studio& studio)
 {
     studio.start(first_recipe());
-    preview_shot(studio, QStringLiteral("preview-recipe"), whole_page);
+    preview_shots(studio, QStringLiteral("preview-recipe"));
     studio.print(QStringLiteral("paper-recipe"), QStringLiteral("mnu_recipe_prnt"));
     PageText& body = studio.main().recipe_page().Text1();
     QString text = body.text();
     while (text.size() < 4000)
         text += QStringLiteral("\r\n") + body.text();
     body.set_text(text);
-    preview_shot(studio, QStringLiteral("preview-long-recipe"), whole_page);
+    preview_shots(studio, QStringLiteral("preview-long-recipe"));
     studio.print(QStringLiteral("paper-long-recipe"), QStringLiteral("mnu_recipe_prnt"));
 }
 
