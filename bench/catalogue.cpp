@@ -2,6 +2,7 @@
 
 #include "household_loader.h"
 
+#include "app/desktop_environment.h"
 #include "data/settings.h"
 #include "data/connection.h"
 #include "data/schema.h"

@@ -194,10 +194,8 @@ void measure_item_editor()
         qFatal("no item is on a list");
     const int item = most.number(0);
     most.reset();
-    window->shared.item_in_work = static_cast<Key>(item);
-    window->shared.editor_mode = edit_mode::edit_item;
     const auto open_editor = [&] {
-        l_item_edit editor(window.main());
+        l_item_edit editor(window.main().program(), {EditMode::edit_item, static_cast<Key>(item)});
         editor.show();
         Window::settle();
     };

@@ -1,5 +1,5 @@
 #include "app/application.h"
-#include "app/environment.h"
+#include "app/desktop_environment.h"
 #include "app/instance_lock.h"
 #include "window/frmmain.h"
 #include "widgets/message_box.h"

@@ -1,6 +1,6 @@
 #include "dialogs/frmColor.h"
 
-#include "app/shared_values.h"
+#include "widgets/shared_values.h"
 #include "widgets/busy_pointer.h"
 
 #include <QFrame>

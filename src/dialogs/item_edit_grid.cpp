@@ -1,6 +1,7 @@
 #include "dialogs/item_edit_grid.h"
 
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/column_layout.h"
 #include "widgets/header_bar.h"
 #include "widgets/list_grid.h"
@@ -43,15 +44,15 @@ void set_pictures(GridRow& row, RowState state)
 
 } // namespace
 
-int item_editor_type_size(const frmmain& main)
+int item_editor_type_size(const SharedValues& shared)
 {
-    const int size = main.shared.type_size;
+    const int size = shared.type_size;
     return size == 10 || size == 12 ? size : 9;
 }
 
-ItemEditGrid::ItemEditGrid(frmmain& main, QWidget* parent)
+ItemEditGrid::ItemEditGrid(Program& program, QWidget* parent)
     : QWidget(parent)
-    , main_(main)
+    , program_(program)
     , grid_(new ListGrid(this))
 {
     grid_->setObjectName(QStringLiteral("Listview1"));
@@ -61,9 +62,9 @@ ItemEditGrid::ItemEditGrid(frmmain& main, QWidget* parent)
     RowEditorHost& host = *this;
     editor_ = std::make_unique<RowEditor>(*grid_, host, this);
     editor_->set_type_size(type_size());
-    if (main_.shared.page_color) {
-        grid_->set_page_color(*main_.shared.page_color, main_.shared.color_index);
-        editor_->set_page_color(*main_.shared.page_color);
+    if (program_.shared.page_color) {
+        grid_->set_page_color(*program_.shared.page_color, program_.shared.color_index);
+        editor_->set_page_color(*program_.shared.page_color);
     }
     setFocusProxy(grid_);
     connect(grid_, &ListGrid::mouse_up, this, &ItemEditGrid::mouse_up);
@@ -262,7 +263,7 @@ void ItemEditGrid::mark_changed(int row)
 
 int ItemEditGrid::type_size() const
 {
-    return item_editor_type_size(main_);
+    return item_editor_type_size(program_.shared);
 }
 
 bool ItemEditGrid::column_group_shown(int group) const
@@ -287,7 +288,7 @@ QString ItemEditGrid::set_coupon(int row, bool on)
     mark_changed(row);
     if (!on)
         return blank;
-    const QDate stored = edit.groc_key > 0 ? ItemStore(main_.connection()).expiry(edit.groc_key) : QDate();
+    const QDate stored = edit.groc_key > 0 ? ItemStore(program_.connection).expiry(edit.groc_key) : QDate();
     return date_text(stored.isValid() ? std::max(stored, today()) : today());
 }
 
@@ -298,7 +299,7 @@ void ItemEditGrid::date_chosen(int row, QDate)
 
 QDate ItemEditGrid::today() const
 {
-    return main_.today();
+    return program_.today();
 }
 
 void ItemEditGrid::show_column_group(int group)

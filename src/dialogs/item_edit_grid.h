@@ -12,12 +12,13 @@
 
 namespace tarnwick {
 
-class frmmain;
+struct Program;
+struct SharedValues;
 class HeaderBar;
 class ListGrid;
 
 /// The dialog's type size in points: that of the main window, 9 where this is none of 9, 10 and 12.
-int item_editor_type_size(const frmmain& main);
+int item_editor_type_size(const SharedValues& shared);
 
 /// How an item stands on the list of a grid row, in the dialog's own view.
 enum class RowState { inactive = 0, active = 1, taken_off = 2, not_listed = 3 };
@@ -37,7 +38,7 @@ struct EditRow {
 class ItemEditGrid : public QWidget, private RowEditorHost {
     Q_OBJECT
 public:
-    ItemEditGrid(frmmain& main, QWidget* parent);
+    ItemEditGrid(Program& program, QWidget* parent);
     ~ItemEditGrid() override;
 
     /// Fills the grid with the lists in their order.
@@ -97,7 +98,7 @@ private:
     void set_headers();
     EditRow& edit_row_of(int row) { return list_rows_edit_.at(static_cast<size_t>(row)); }
 
-    frmmain& main_;
+    Program& program_;
     ListGrid* grid_;
     std::unique_ptr<HeaderBar> header_;
     std::unique_ptr<RowEditor> editor_;

@@ -1,17 +1,14 @@
 #include "dialogs/l_item_edit.h"
 
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/message_box.h"
 #include "widgets/one_line_box.h"
 #include "dialogs/new_item_rcp.h"
-#include "recipes/recipe_page.h"
 #include "widgets/pictures.h"
-#include "widgets/tree_view.h"
 #include "widgets/window_title.h"
 #include "dialogs/item_edit_grid.h"
 #include "household/household.h"
-#include "lists/placing.h"
-#include "stock/stock_tree.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -25,6 +22,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -49,19 +47,19 @@ QString no_lists_text()
 
 } // namespace
 
-l_item_edit::l_item_edit(frmmain& main)
-    : QDialog(&main)
-    , main_(main)
-    , store_(main.connection())
-    , mode_(main.shared.editor_mode)
+l_item_edit::l_item_edit(Program& program, EditRequest request)
+    : QDialog(&program.window)
+    , program_(program)
+    , store_(program.connection)
+    , request_(std::move(request))
 {
     setObjectName(QStringLiteral("l_item_edit"));
     setModal(true);
     QFont type = font();
-    type.setPointSize(item_editor_type_size(main_));
+    type.setPointSize(item_editor_type_size(program_.shared));
     setFont(type);
     if (makes_item())
-        main_.shared.item_in_work = -1;
+        request_.item = -1;
     make_controls();
     lay_out();
     const Key category = load_head();
@@ -75,7 +73,7 @@ l_item_edit::~l_item_edit() = default;
 
 bool l_item_edit::makes_item() const
 {
-    return mode_ == edit_mode::new_item || mode_ == edit_mode::non_stock_to_stock;
+    return request_.mode == EditMode::new_item || request_.mode == EditMode::non_stock_to_stock;
 }
 
 QString l_item_edit::entered_name() const
@@ -101,7 +99,7 @@ void l_item_edit::make_controls()
     new_category_->setToolTip(QStringLiteral("New stock category"));
     lite_ = name(new QLabel(this), "lite");
     lbl_active_ = name(new QLabel(this), "lblActive");
-    grid_ = name(new ItemEditGrid(main_, this), "grid_area");
+    grid_ = name(new ItemEditGrid(program_, this), "grid_area");
     lbl_note_ = name(new QLabel(QStringLiteral("*Appears on a same list more than once"), this), "lblNote");
     ok_ = name(new QPushButton(QStringLiteral("OK"), this), "Command1(0)");
     cancel_ = name(new QPushButton(QStringLiteral("CANCEL"), this), "Command1(1)");
@@ -159,44 +157,31 @@ void l_item_edit::lay_out()
 /// Fills in the name, and returns the category to select.
 Key l_item_edit::load_head()
 {
-    SharedValues& shared = main_.shared;
     std::optional<EditedItem> item;
-    if (mode_ == edit_mode::recipe_item)
-        item = store_.item_of_line(shared.ingredient_in_work);
+    if (request_.mode == EditMode::recipe_item)
+        item = store_.item_of_line(request_.line);
     if (item)
-        shared.item_in_work = item->key;
+        request_.item = item->key;
     else if (!makes_item())
-        item = store_.item(shared.item_in_work);
+        item = store_.item(request_.item);
 
-    QString name = item ? item->name : mode_ == edit_mode::place_item ? QStringLiteral(" ") : QString();
-    if (mode_ == edit_mode::non_stock_to_stock)
-        name = main_.recipe_page().rcp_item_in_work();
-    if (mode_ == edit_mode::add_to_recipe || (mode_ == edit_mode::non_stock_to_stock && name.isEmpty()))
-        name = store_.line_name(shared.ingredient_in_work).value_or(name);
+    QString name = item ? item->name : request_.mode == EditMode::place_item ? QStringLiteral(" ") : QString();
+    if (request_.mode == EditMode::non_stock_to_stock)
+        name = request_.name;
+    if (request_.mode == EditMode::add_to_recipe
+        || (request_.mode == EditMode::non_stock_to_stock && name.isEmpty()))
+        name = store_.line_name(request_.line).value_or(name);
     txt_item_->setText(name);
     txt_item_->setProperty(tag, name);
     txt_item_->setCursorPosition(0);
-    if (mode_ == edit_mode::new_item)
-        return proposed_category();
+    if (request_.mode == EditMode::new_item)
+        return request_.category;
     return item ? item->category : Key(0);
-}
-
-/// The folder selected in the stock tree, or the one that the selected item lies in.
-Key l_item_edit::proposed_category() const
-{
-    constexpr int last_folder_picture = 4;
-    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
-    if (!node)
-        return 0;
-    const int number = TreeView::picture(node);
-    if (number < 1 || number > last_folder_picture)
-        node = node->parent();
-    return node ? record_key(TreeView::key(node)) : Key(0);
 }
 
 void l_item_edit::load_lists()
 {
-    const std::vector<ListOfItem> lists = store_.lists_of(main_.shared.item_in_work);
+    const std::vector<ListOfItem> lists = store_.lists_of(request_.item);
     lbl_note_->hide();
     if (lists.empty()) {
         grid_->hide();
@@ -215,9 +200,9 @@ void l_item_edit::load_lists()
     }
     grid_->load(lists);
     lbl_note_->setVisible(grid_->has_repeats());
-    grid_->select(mode_ == edit_mode::edit_item ? main_.shared.last_groc_key : Key(-1));
-    if (mode_ == edit_mode::place_item && main_.shared.placing_source != placing_source::manager_all_lists)
-        grid_->pre_mark(main_.shared.current_list);
+    grid_->select(request_.mode == EditMode::edit_item ? request_.row : Key(-1));
+    if (request_.mode == EditMode::place_item)
+        grid_->pre_mark(request_.list);
 }
 
 void l_item_edit::fill_categories(Key selected)
@@ -258,15 +243,14 @@ void l_item_edit::lite_updt(bool at_load)
 
 void l_item_edit::caption_updt(const QString& name)
 {
-    switch (mode_) {
-    case edit_mode::new_item:
-        main_.shared.item_in_work = -1;
+    switch (request_.mode) {
+    case EditMode::new_item:
         setWindowTitle(QStringLiteral("Adding New Item to Stock"));
         break;
-    case edit_mode::place_item:
+    case EditMode::place_item:
         set_window_title(*this, QStringLiteral("Adding ") + name);
         break;
-    case edit_mode::non_stock_to_stock:
+    case EditMode::non_stock_to_stock:
         set_window_title(*this, QStringLiteral("Adding ") + name + QStringLiteral(" to stock"));
         break;
     default:
@@ -313,11 +297,11 @@ bool l_item_edit::name_accepted()
         QTimer::singleShot(0, txt_item_, [this] { txt_item_->setFocus(Qt::OtherFocusReason); });
         return false;
     }
-    if (name.isEmpty() || !store_.name_in_use(name, makes_item() ? Key(-1) : main_.shared.item_in_work))
+    if (name.isEmpty() || !store_.name_in_use(name, makes_item() ? Key(-1) : request_.item))
         return true;
     QString text = QStringLiteral("Stock item ") + name
         + QStringLiteral(" already exists -\nYou can't create two stock\nitems with the same name");
-    if (mode_ == edit_mode::non_stock_to_stock)
+    if (request_.mode == EditMode::non_stock_to_stock)
         text += QStringLiteral("\nTIP: To change the name of an\n       ingredient to '") + name
             + QStringLiteral("' hit CANCEL\n       then edit the ingredient directly.");
     msg_box(this, text, box::information, QStringLiteral("Duplicate stock item name"));
@@ -355,8 +339,7 @@ void l_item_edit::new_category()
     // The access key leaves the focus in the name.
     if (txt_item_->hasFocus() && !name_left())
         return;
-    main_.shared.dialog_kind = naming::category;
-    new_item_rcp dialog(main_, this);
+    new_item_rcp dialog(program_, this, {NamingKind::category});
     dialog.exec();
     if (dialog.made() > 0)
         fill_categories(dialog.made());
@@ -367,7 +350,7 @@ void l_item_edit::ok()
     grid_->lv_edit_off();
     if (makes_item() ? !new_item_accepted() : !name_left())
         return;
-    if (!makes_item() && !store_.item(main_.shared.item_in_work)) {
+    if (!makes_item() && !store_.item(request_.item)) {
         msg_box(this, QStringLiteral("Stock item not found"), box::ok, QStringLiteral("Warning"));
         return;
     }
@@ -379,21 +362,20 @@ void l_item_edit::ok()
 /// An error in the placing of a row ends as any placing does; the dialog closes.
 void l_item_edit::save()
 {
-    SharedValues& shared = main_.shared;
     ItemEdit edit;
-    edit.item = shared.item_in_work;
-    edit.line = mode_ > edit_mode::edit_item ? shared.ingredient_in_work : Key(-1);
+    edit.item = request_.item;
+    edit.line = request_.mode > EditMode::edit_item ? request_.line : Key(-1);
     edit.name = entered_name();
     edit.renamed = !makes_item() && edit.name != old_name();
-    edit.link_namesakes = mode_ == edit_mode::new_item;
+    edit.link_namesakes = request_.mode == EditMode::new_item;
     edit.category = to_int16(combo_->currentData().toDouble());
-    edit.today = main_.today();
-    edit.quiet = mode_ != edit_mode::place_item;
+    edit.today = program_.today();
+    edit.quiet = request_.mode != EditMode::place_item;
     edit.rows = grid_->row_edits();
     try {
-        shared.item_in_work = main_.household().save_item(edit);
+        request_.item = program_.household.save_item(edit);
     } catch (const placing_error& error) {
-        main_.placing().end_after_error(error);
+        program_.end_after_error(error);
     }
 }
 
@@ -401,13 +383,15 @@ void l_item_edit::reject()
 {
     leaving_ = true;
     QDialog::reject();
-    if (main_.recipe_page().editor_open())
-        main_.findChild<QWidget*>(QStringLiteral("ing_flt_txtDesc"))->setFocus(Qt::OtherFocusReason);
+    // The edit of an ingredient line goes on where it stood.
+    auto* line_box = program_.window.findChild<QWidget*>(QStringLiteral("ing_flt_txtDesc"));
+    if (line_box && line_box->isVisible())
+        line_box->setFocus(Qt::OtherFocusReason);
 }
 
-void show_item_editor(frmmain& main)
+void show_item_editor(Program& program, EditRequest request)
 {
-    l_item_edit(main).exec();
+    l_item_edit(program, std::move(request)).exec();
 }
 
 } // namespace tarnwick

@@ -12,15 +12,39 @@ class QPushButton;
 
 namespace tarnwick {
 
-class frmmain;
+struct Program;
 class ItemEditGrid;
 
-/// The stock item editor. Its input stands in the shared values: mode, item, recipe line and list row.
+/// What the item editor is opened for; the numbers are those of `editor_mode`.
+enum class EditMode {
+    new_item = 0,
+    place_item = 1,
+    edit_item = 2,
+    recipe_item = 3,
+    add_to_recipe = 4,
+    non_stock_to_stock = 5
+};
+
+/// What the item editor is to work on.
+struct EditRequest {
+    EditMode mode = EditMode::new_item;
+    Key item = -1; ///< stock item; -1 one that OK makes
+    Key line = -1; ///< recipe line that it is opened for; -1 none
+    Key row = -1; ///< `groc_1` key of the list row that is made current; -1 none
+    QString name{}; ///< of the recipe line's item, for a new one
+    Key category = 0; ///< proposed for a new item
+    Key list = 0; ///< list whose row is marked to be placed; 0 none
+};
+
+/// The stock item editor.
 class l_item_edit : public QDialog {
     Q_OBJECT
 public:
-    explicit l_item_edit(frmmain& main);
+    l_item_edit(Program& program, EditRequest request);
     ~l_item_edit() override;
+
+    /// As it was opened, with the item found for a recipe line and, after OK, the item that was made.
+    const EditRequest& request() const { return request_; }
 
     void reject() override; ///< CANCEL: nothing is written
 
@@ -33,7 +57,6 @@ private:
     void lay_out();
     void load_lists();
     Key load_head();
-    Key proposed_category() const;
     void fill_categories(Key selected);
     void lite_updt(bool at_load);
     void caption_updt(const QString& name);
@@ -51,9 +74,9 @@ private:
     void ok();
     void save();
 
-    frmmain& main_;
+    Program& program_;
     ItemStore store_;
-    int mode_;
+    EditRequest request_;
     QLineEdit* txt_item_ = nullptr;
     QComboBox* combo_ = nullptr;
     QPushButton* new_category_ = nullptr;
@@ -66,7 +89,7 @@ private:
     bool leaving_ = false;
 };
 
-/// Opens the editor and waits, with the shared values as they are set.
-void show_item_editor(frmmain& main);
+/// Opens the editor and waits.
+void show_item_editor(Program& program, EditRequest request);
 
 } // namespace tarnwick

@@ -1,13 +1,10 @@
 #include "dialogs/move_item.h"
 
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "household/recipe_categories.h"
-#include "recipes/recipe_tree.h"
-#include "widgets/tree_view.h"
 #include "widgets/window_title.h"
-#include "stock/stock_commands.h"
 #include "household/stock_store.h"
-#include "stock/stock_tree.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -16,27 +13,24 @@
 
 namespace tarnwick {
 
-move_item::move_item(frmmain& main, const QTreeWidgetItem& node)
-    : QDialog(&main)
-    , main_(main)
-    , key_(record_key(TreeView::key(&node)))
+move_item::move_item(const Program& program, const MoveRequest& request)
+    : QDialog(&program.window)
 {
     setObjectName(QStringLiteral("move_item"));
     setModal(true);
-    make_controls();
-    const QTreeWidgetItem& folder = *node.parent();
-    set_window_title(*this, QStringLiteral("Move ") + node.text(0));
-    Label1_->setText(QStringLiteral("Move ") + node.text(0) + QStringLiteral(" from ") + folder.text(0)
+    make_controls(program.shared.type_size);
+    set_window_title(*this, QStringLiteral("Move ") + request.name);
+    Label1_->setText(QStringLiteral("Move ") + request.name + QStringLiteral(" from ") + request.category_name
                      + QStringLiteral(" category to:"));
-    if (main_.shared.move_stock)
-        fill_stock_categories(folder);
+    if (request.move_stock)
+        fill_stock_categories(program.connection, request.category);
     else
-        fill_recipe_categories(folder);
+        fill_recipe_categories(request.category);
     Combo1_->setCurrentIndex(-1);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-void move_item::make_controls()
+void move_item::make_controls(int type_size)
 {
     constexpr int combo_width = 280;
     constexpr int label_width = 340;
@@ -69,14 +63,13 @@ void move_item::make_controls()
     rows->addWidget(Command1_[1], 2, 2);
 
     QFont dialog_font = font();
-    dialog_font.setPointSize(main_.shared.type_size == 9 ? 9 : 10);
+    dialog_font.setPointSize(type_size == 9 ? 9 : 10);
     setFont(dialog_font);
 }
 
-void move_item::fill_stock_categories(const QTreeWidgetItem& folder)
+void move_item::fill_stock_categories(Connection& connection, Key own)
 {
-    const Key own = record_key(TreeView::key(&folder));
-    for (const CatalogueFolder& category : read_categories(main_.connection())) {
+    for (const CatalogueFolder& category : read_categories(connection)) {
         if (category.key == own)
             continue;
         if (category.key == 0)
@@ -86,12 +79,12 @@ void move_item::fill_stock_categories(const QTreeWidgetItem& folder)
     }
 }
 
-void move_item::fill_recipe_categories(const QTreeWidgetItem& folder)
+void move_item::fill_recipe_categories(Key own)
 {
     const auto& captions = recipe_categories();
     for (int i = 0; i < captions.size(); ++i) {
-        if (!TreeView::key(&folder).endsWith(recipe_category(i)))
-            Combo1_->addItem(captions[i], recipe_category(i));
+        if (i + 1 != own)
+            Combo1_->addItem(captions[i], i + 1);
     }
 }
 
@@ -99,22 +92,8 @@ void move_item::ok()
 {
     if (Combo1_->currentIndex() < 0)
         return;
-    const QVariant chosen = Combo1_->currentData();
-    if (main_.shared.move_stock)
-        main_.stock_commands().mv_item(static_cast<Key>(chosen.toInt()), key_);
-    else
-        main_.recipe_tree().mv_rcp(chosen.toString(), key_);
+    chosen_ = static_cast<Key>(Combo1_->currentData().toInt());
     accept();
-}
-
-void show_move_item(frmmain& main, bool move_stock)
-{
-    main.shared.move_stock = move_stock;
-    const TreeView& tree = move_stock ? main.stock_tree().view() : main.recipe_tree().view();
-    const QTreeWidgetItem* node = tree.selected();
-    const QString kind = move_stock ? QStringLiteral("item") : QStringLiteral("rcp");
-    if (node && node->parent() && TreeView::key(node).startsWith(kind))
-        move_item(main, *node).exec();
 }
 
 } // namespace tarnwick

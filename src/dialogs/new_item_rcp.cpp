@@ -1,14 +1,14 @@
 #include "dialogs/new_item_rcp.h"
 
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/message_box.h"
 #include "household/household.h"
 #include "widgets/one_line_box.h"
 #include "household/lists_store.h"
 #include "household/recipe_categories.h"
-#include "recipes/recipe_tree.h"
-#include "widgets/tree_view.h"
 #include "household/category_store.h"
+#include "widgets/pictures.h"
 
 #include <QComboBox>
 #include <QFile>
@@ -26,19 +26,19 @@ constexpr int text_width = 300;
 
 } // namespace
 
-new_item_rcp::new_item_rcp(frmmain& main, QWidget* owner)
+new_item_rcp::new_item_rcp(Program& program, QWidget* owner, NamingRequest request)
     : QDialog(owner)
-    , main_(main)
-    , kind_(main.shared.dialog_kind)
+    , program_(program)
+    , request_(request)
 {
     setObjectName(QStringLiteral("new_item_rcp"));
     setModal(true);
     make_controls();
     place_controls();
-    if (kind_ == naming::list)
+    if (request_.dialog_kind == NamingKind::list)
         show_kind(QStringLiteral("New shopping list"), QStringLiteral("Enter a name for your shopping list"),
                   QStringLiteral("list.ico"));
-    else if (kind_ == naming::category)
+    else if (request_.dialog_kind == NamingKind::category)
         show_kind(QStringLiteral("New stock category"), QStringLiteral("Enter a name for your stock category"),
                   QStringLiteral("fldr_1.ico"));
     else
@@ -88,7 +88,7 @@ void new_item_rcp::place_controls()
     rows->addWidget(Label1_[0], 0, 1);
     rows->addWidget(Text1_, 1, 1);
     rows->setRowMinimumHeight(2, 6);
-    if (kind_ == naming::recipe) {
+    if (request_.dialog_kind == NamingKind::recipe) {
         rows->addWidget(Picture1_[1], 3, 0, 2, 1, Qt::AlignTop | Qt::AlignHCenter);
         rows->addWidget(Label1_[1], 3, 1);
         rows->addWidget(Combo1_, 4, 1);
@@ -102,12 +102,12 @@ void new_item_rcp::show_kind(const QString& caption, const QString& prompt, cons
 {
     setWindowTitle(caption);
     Label1_[0]->setText(prompt);
-    const QString file = main_.environment().icon_file(icon);
+    const QString file = program_.environment.icon_file(icon);
     const bool has_icon = QFile::exists(file);
     if (has_icon)
         Picture1_[0]->setPixmap(QIcon(file).pixmap(QSize(icon_size, icon_size), devicePixelRatioF()));
     Picture1_[0]->setVisible(has_icon);
-    const bool recipe = kind_ == naming::recipe;
+    const bool recipe = request_.dialog_kind == NamingKind::recipe;
     if (recipe)
         fill_categories();
     Picture1_[1]->setVisible(recipe);
@@ -122,20 +122,12 @@ void new_item_rcp::fill_categories()
     constexpr int folder_picture = 3;
     Picture1_[1]->setPixmap(list_image(ImageList::recipe_tree, folder_picture, devicePixelRatioF()));
 
-    int index = 0;
-    const QTreeWidgetItem* node = main_.recipe_tree().view().selected();
-    if (!main_.shared.stock_view && node) {
-        if (!TreeView::key(node).startsWith(QLatin1String("rcat")))
-            node = node->parent();
-        if (node)
-            index = TreeView::key(node).mid(4).toInt() - 1;
-    }
-    Combo1_->setCurrentIndex(index);
+    Combo1_->setCurrentIndex(request_.recipe_category);
 }
 
 void new_item_rcp::set_type_size()
 {
-    const int size = main_.shared.type_size == 9 ? 9 : 10;
+    const int size = program_.shared.type_size == 9 ? 9 : 10;
     for (QWidget* control : {static_cast<QWidget*>(Label1_[0]), static_cast<QWidget*>(Label1_[1]),
                              static_cast<QWidget*>(Combo1_), static_cast<QWidget*>(Command1_[0]),
                              static_cast<QWidget*>(Command1_[1]), static_cast<QWidget*>(Text1_)}) {
@@ -154,9 +146,9 @@ void new_item_rcp::ok()
     name = trim(name);
     Text1_->setText(name);
     bool done = false;
-    if (kind_ == naming::list)
+    if (request_.dialog_kind == NamingKind::list)
         done = ok_list(name);
-    else if (kind_ == naming::category)
+    else if (request_.dialog_kind == NamingKind::category)
         done = ok_category(name);
     else
         done = ok_recipe(name);
@@ -166,14 +158,14 @@ void new_item_rcp::ok()
 
 bool new_item_rcp::ok_list(const QString& name)
 {
-    if (list_name_taken(main_.connection(), name)) {
+    if (list_name_taken(program_.connection, name)) {
         msg_box(this,
                 QStringLiteral("There is already a list named \n") + name
                     + QStringLiteral(":\nPlease provide a different name\nfor your new list - or CANCEL"),
                 box::information, QStringLiteral("Valora info"));
         return false;
     }
-    made_ = main_.household().make_list(name, main_.today());
+    made_ = program_.household.make_list(name, program_.today());
     return true;
 }
 
@@ -182,18 +174,18 @@ bool new_item_rcp::ok_recipe(const QString& name)
     if (name.isEmpty())
         return false;
     const QString category = recipe_category(Combo1_->currentIndex());
-    made_ = main_.household().make_recipe(name, category);
+    made_ = program_.household.make_recipe(name, category);
     return true;
 }
 
 bool new_item_rcp::ok_category(const QString& name)
 {
-    if (category_name_taken(main_.connection(), name)) {
+    if (category_name_taken(program_.connection, name)) {
         msg_box(this, QStringLiteral("There is already a stock \ncategory named ") + name, box::ok,
                 QStringLiteral("Stock category"));
         return false;
     }
-    made_ = main_.household().make_category(name);
+    made_ = program_.household.make_category(name);
     return true;
 }
 

@@ -11,13 +11,22 @@ class QPushButton;
 
 namespace tarnwick {
 
-class frmmain;
+struct Program;
 
-/// The naming dialog: a new shopping list, a new recipe or a new stock category, by `dialog_kind`.
+/// What the naming dialog makes; the numbers are those of `dialog_kind`.
+enum class NamingKind { list = 1, recipe = 2, category = 3 };
+
+/// What the naming dialog is opened for.
+struct NamingRequest {
+    NamingKind dialog_kind = NamingKind::list;
+    int recipe_category = 0; ///< index of the category that a new recipe is proposed for
+};
+
+/// The naming dialog: a new shopping list, a new recipe or a new stock category.
 class new_item_rcp : public QDialog {
     Q_OBJECT
 public:
-    new_item_rcp(frmmain& main, QWidget* owner);
+    new_item_rcp(Program& program, QWidget* owner, NamingRequest request);
 
     /// The key of the record made; 0 when the dialog was cancelled.
     Key made() const { return made_; }
@@ -33,8 +42,8 @@ private:
     bool ok_recipe(const QString& name);
     bool ok_category(const QString& name);
 
-    frmmain& main_;
-    int kind_;
+    Program& program_;
+    NamingRequest request_;
     Key made_ = 0;
     QLineEdit* Text1_;
     QComboBox* Combo1_;

@@ -69,6 +69,7 @@ Refusal Household::place(const Placement& placement)
     change.items.push_back(codes_of(change.cause, {placement.item_key, placed->status}, placement.to_get));
     change.written.push_back({WrittenRow::Kind::placed, cells_of(placement, *placed)});
     change.quiet = placement.quiet;
+    change.opened = placement.opened;
     emit item_changed(change);
     return Refusal::none;
 }

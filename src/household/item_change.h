@@ -44,6 +44,7 @@ struct ItemChange {
     std::vector<Key> gone; ///< `groc_1` keys of rows that were deleted
     std::optional<ItemRecord> record; ///< of the one item
     bool quiet = false; ///< no new row is brought to the user's eye
+    bool opened = true; ///< a new row is opened for editing where its list is on show
 };
 
 } // namespace tarnwick

@@ -22,6 +22,7 @@ struct Placement {
     QString aisle = QStringLiteral(" ");
     Key item_key = 0;
     bool quiet = false; ///< neither the row nor the tree's status is brought to the user's eye
+    bool opened = true; ///< the row is opened for editing where its list is on show
 };
 
 /// A list row just made.

@@ -1,6 +1,6 @@
 #include "lists/grid_listener.h"
 
-#include "app/shared_values.h"
+#include "widgets/shared_values.h"
 #include "household/list_store.h"
 #include "lists/list_pane.h"
 #include "widgets/list_grid.h"
@@ -27,7 +27,7 @@ void GridListener::item_changed(const ItemChange& change)
     take_away(change);
     for (const WrittenRow& written : change.written) {
         if (written.kind == WrittenRow::Kind::placed && shows_list(written.row.list_key))
-            show_placed(written.row, change.quiet);
+            show_placed(written.row, change);
         else if (written.kind == WrittenRow::Kind::rewritten)
             show_rewritten(written.row);
     }
@@ -72,16 +72,15 @@ void GridListener::take_away_many(const std::vector<Key>& gone)
     pane_.set_headers();
 }
 
-void GridListener::show_placed(const GridRow& row, bool quiet)
+void GridListener::show_placed(const GridRow& row, const ItemChange& change)
 {
     const bool editor_was_open = editor_.is_open();
-    const bool show = !quiet && shared_.list_pane_shown;
+    const bool show = !change.quiet && shared_.list_pane_shown;
     const int place = pane_.add_row(row, show);
     if (!show)
         return;
     const bool window_enabled = pane_.grid().window()->isEnabled() && !QApplication::activeModalWidget();
-    const bool mark = window_enabled && shared_.placing_source < placing_source::manager_all_lists;
-    if (mark || editor_was_open)
+    if ((window_enabled && change.opened) || editor_was_open)
         editor_.show_l_line();
     else
         pane_.grid().scrollTo(pane_.grid().rows().index(place, grid_column::item));

@@ -21,7 +21,7 @@ public:
 private:
     void take_away(const ItemChange& change);
     void take_away_many(const std::vector<Key>& gone);
-    void show_placed(const GridRow& row, bool quiet);
+    void show_placed(const GridRow& row, const ItemChange& change);
     void show_rewritten(const GridRow& row);
     void show_marks(const ItemChange& change);
     void rename(Key item, const QString& name);

@@ -1,6 +1,7 @@
 #include "lists/list_mouse.h"
 
 #include "window/frmmain.h"
+#include "widgets/program.h"
 #include "widgets/update_lock.h"
 #include "lists/clearing.h"
 #include "widgets/header_bar.h"
@@ -37,7 +38,6 @@ void ListMouse::mouse_down(Qt::MouseButton button)
     grid().set_current(row, grid_column::item);
     main_.row_editor().lv_edit_off();
     main_.row_editor().mark_row(row);
-    main_.shared.item_in_work = grid().rows().row(row).item_key;
 }
 
 void ListMouse::mouse_up(Qt::MouseButton button, QPoint position)
@@ -104,19 +104,16 @@ void ListMouse::edit_row(int row)
     if (row < 0)
         return;
     const GridRow& chosen = grid().rows().row(row);
-    main_.shared.item_in_work = chosen.item_key;
-    main_.shared.last_groc_key = chosen.groc_key;
-    main_.shared.editor_mode = edit_mode::edit_item;
-    show_item_editor(main_);
+    EditRequest request{EditMode::edit_item, chosen.item_key};
+    request.row = chosen.groc_key;
+    show_item_editor(main_.program(), request);
 }
 
 void ListMouse::remove_row(int row)
 {
     if (row < 0)
         return;
-    const Key key = grid().rows().row(row).groc_key;
-    main_.shared.last_groc_key = key;
-    main_.clearing().groc_del(key);
+    main_.clearing().groc_del(grid().rows().row(row).groc_key);
 }
 
 } // namespace tarnwick

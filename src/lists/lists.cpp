@@ -1,6 +1,7 @@
 #include "lists/lists.h"
 
 #include "window/frmmain.h"
+#include "widgets/program.h"
 #include "widgets/message_box.h"
 #include "widgets/update_lock.h"
 #include "lists/clearing.h"
@@ -24,8 +25,7 @@ Lists::Lists(frmmain& main)
 
 void Lists::new_list()
 {
-    main_.shared.dialog_kind = naming::list;
-    new_item_rcp(main_, &main_).exec();
+    new_item_rcp(main_.program(), &main_, {NamingKind::list}).exec();
 }
 
 void Lists::lists_changed(const ListsChange& change)

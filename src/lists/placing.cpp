@@ -2,6 +2,7 @@
 
 #include "window/frmmain.h"
 #include "widgets/message_box.h"
+#include "widgets/program.h"
 #include "data/runtime_error.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
@@ -33,7 +34,7 @@ PlacingAnswer Placing::chck_item(Key item_key, Key list_key)
 
 void Placing::stock_to_list(Key item_key)
 {
-    SharedValues& shared = main_.shared;
+    const SharedValues& shared = main_.shared;
     if (shared.current_list > 0 && main_.household().refusal_of(shared.current_list) != Refusal::none) {
         say_list_gone();
         return;
@@ -49,10 +50,9 @@ void Placing::stock_to_list(Key item_key)
         return;
     }
     if (shared.all_lists_view) {
-        shared.item_in_work = item_key;
-        shared.last_groc_key = -1;
-        shared.editor_mode = edit_mode::place_item;
-        show_item_editor(main_);
+        EditRequest request{EditMode::place_item, item_key};
+        request.list = shared.current_list;
+        show_item_editor(main_.program(), request);
         return;
     }
     Placement placement;
@@ -68,16 +68,8 @@ void Placing::add_item(const Placement& placement)
     try {
         place(placement);
     } catch (...) {
-        end_after_error(current_error());
+        main_.program().end_after_error(current_error());
     }
-}
-
-bool Placing::end_after_error(const runtime_error& error)
-{
-    if (error.is(runtime_error::subscript))
-        return true;
-    main_.shut_down(error);
-    return false;
 }
 
 void Placing::place(const Placement& placement)
@@ -90,7 +82,6 @@ void Placing::place(const Placement& placement)
         msg_box(&main_, QStringLiteral("Stock item not found"), box::ok, QStringLiteral("Warning"));
         break;
     case Refusal::none:
-        main_.shared.last_groc_key = main_.household().last_groc_key();
         break;
     }
 }

@@ -5,7 +5,6 @@
 namespace tarnwick {
 
 class frmmain;
-class runtime_error;
 
 /// Whether a placing goes on after the question about a second row.
 enum class PlacingAnswer { go_on, cancelled };
@@ -23,10 +22,6 @@ public:
 
     /// Places an item. Error 9 ends it silently; any other ends the program after a message.
     void add_item(const Placement& placement);
-
-    /// What an error in a placing leads to, once nothing is held open: as `add_item`. True when the
-    /// program goes on.
-    bool end_after_error(const runtime_error& error);
 
     /// Flips the buy-it mark of a grid row.
     void toggle_buy_it(int row);

@@ -574,12 +574,11 @@ void LineEditor::edit_clicked()
     if (open_ || !link)
         return;
     const bool stock = lite_status(main_.connection(), link->item_ref) != status_code::non_stock;
-    main_.shared.editor_mode = stock ? edit_mode::recipe_item : edit_mode::non_stock_to_stock;
-    main_.shared.item_in_work = stock ? link->item_ref : Key(-1);
-    main_.shared.ingredient_in_work = edited;
-    main_.shared.last_groc_key = -1;
     page_.set_rcp_item_in_work(trim(link->item));
-    show_item_editor(main_);
+    if (stock)
+        page_.edit_item(EditMode::recipe_item, link->item_ref, edited);
+    else
+        page_.edit_item(EditMode::non_stock_to_stock, -1, edited);
 }
 
 void LineEditor::scratch_clicked()

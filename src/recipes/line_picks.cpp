@@ -1,6 +1,6 @@
 #include "recipes/line_picks.h"
 
-#include "app/shared_values.h"
+#include "widgets/shared_values.h"
 #include "recipes/line_boxes.h"
 #include "recipes/page_text.h"
 #include "recipes/pick_list.h"

@@ -130,7 +130,7 @@ void RecipePage::set_recipe(Key recipe)
         write_page();
     tell_name_left(false);
     const UpdateLock lock(*frame4_);
-    const QScopedValueRollback<bool> busy(main_.shared.page_busy, true);
+    const QScopedValueRollback<bool> busy(page_busy_, true);
     recipe_lines_->clear();
     set_lites(0, status_code::non_stock);
     title_->setVisible(recipe >= 0);
@@ -225,7 +225,7 @@ bool RecipePage::write_page()
 
 void RecipePage::title_typed()
 {
-    if (main_.shared.page_busy)
+    if (page_busy_)
         return;
     set_tag(main_.layout_manager().Frame1(), edited);
     renamed_ = true;
@@ -241,7 +241,7 @@ void RecipePage::tell_name_left(bool by_mouse)
 
 void RecipePage::text_edited()
 {
-    if (!main_.shared.page_busy)
+    if (!page_busy_)
         set_tag(*text1_, edited);
 }
 
@@ -393,7 +393,6 @@ void RecipePage::drop_last_line()
 
 void RecipePage::set_lites(int index, int code)
 {
-    const QScopedValueRollback<bool> busy(main_.shared.lites_busy, true);
     recipe_lines_->set_lites(index, code, color_index());
 }
 
@@ -417,7 +416,7 @@ void RecipePage::show_stretch(int top, int bottom)
 // The page scrolls after the caret, so that the text never moves inside its box.
 void RecipePage::show_caret()
 {
-    if (main_.shared.page_busy)
+    if (page_busy_)
         return;
     scroll_bar_refresh();
     const int caret_top = text1_->y() + text1_->caret_top();

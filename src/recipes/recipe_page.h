@@ -26,6 +26,7 @@ class FocusQuestion;
 class PageText;
 struct Rescue;
 class frmmain;
+enum class EditMode;
 enum class LineTip;
 struct ItemChange;
 struct ItemCodes;
@@ -104,6 +105,9 @@ public:
     /// State 1 marks the line's stock item to buy on all lists, 0 clears it, others only refresh. An item that is
     /// on no list opens the item editor. Throws SQLite::Exception.
     void recipe_chck(int to_state, Key line_key);
+
+    /// Opens the item editor for a line's stock item; -1 for one that is yet to be made.
+    void edit_item(EditMode mode, Key item, Key line);
 
     bool editor_open() const; ///< the line editor stands open
 
@@ -186,6 +190,7 @@ private:
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
     RecipeText stored_; ///< name and instructions as they were read or written last
+    bool page_busy_ = false; ///< the page is being rebuilt
     int scrolled_ = 0; ///< pixels of the page above the viewport
     bool renamed_ = false; ///< the title was typed in since it was left
     FocusQuestion* question_ = nullptr; ///< for the name that was left empty

@@ -1,6 +1,7 @@
 #include "recipes/recipe_page.h"
 
 #include "window/frmmain.h"
+#include "widgets/program.h"
 #include "household/household.h"
 #include "recipes/line_widgets.h"
 #include "recipes/page_text.h"
@@ -67,38 +68,27 @@ void RecipePage::check_clicked(int index)
     set_rcp_item_in_work(line.item);
     state.cur_line = index;
     state.sel_line = index;
-    main_.shared.item_in_work = line.item_ref;
-    main_.shared.ingredient_in_work = line.key;
-    const auto link = line_link(main_.connection(), line.key);
-    if (!link)
-        return;
-    main_.shared.editor_mode = lite_status(main_.connection(), link->item_ref) == status_code::non_stock
-        ? edit_mode::non_stock_to_stock
-        : edit_mode::recipe_item;
     recipe_chck(wanted_state(lite_status(main_.connection(), line.item_ref)), line.key);
 }
 
 void RecipePage::recipe_chck(int to_state, Key line_key)
 {
-    if (state.cur_line >= recipe_lines_->count())
-        return;
-    main_.shared.item_in_work = lines()[static_cast<size_t>(state.cur_line)].item_ref;
     const auto link = line_link(main_.connection(), line_key);
     if (!link)
         return;
     if (link->item_ref < 1) {
-        if (to_state == buy_state) {
-            main_.shared.last_groc_key = -1;
-            show_item_editor(main_);
-        }
-    } else if (const auto row = main_.household().check_line(link->item_ref, mark_of(to_state))) {
-        main_.shared.last_groc_key = *row;
-    } else {
-        main_.shared.last_groc_key = -1;
-        main_.shared.item_in_work = link->item_ref;
-        main_.shared.editor_mode = edit_mode::recipe_item;
-        show_item_editor(main_);
+        if (to_state == buy_state)
+            edit_item(EditMode::non_stock_to_stock, -1, line_key);
+    } else if (!main_.household().check_line(link->item_ref, mark_of(to_state))) {
+        edit_item(EditMode::recipe_item, link->item_ref, line_key);
     }
+}
+
+void RecipePage::edit_item(EditMode mode, Key item, Key line)
+{
+    EditRequest request{mode, item, line};
+    request.name = rcp_item_in_work();
+    show_item_editor(main_.program(), request);
 }
 
 bool RecipePage::shows_item(Key item) const

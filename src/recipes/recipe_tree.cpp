@@ -1,6 +1,7 @@
 #include "recipes/recipe_tree.h"
 
 #include "window/frmmain.h"
+#include "widgets/program.h"
 #include "widgets/message_box.h"
 #include "dialogs/new_item_rcp.h"
 #include "recipes/page_text.h"
@@ -163,9 +164,15 @@ void RecipeTree::close_folders()
 
 void RecipeTree::new_rcp()
 {
-    main_.shared.dialog_kind = naming::recipe;
-    new_item_rcp dialog(main_, &main_);
-    dialog.exec();
+    new_item_rcp(main_.program(), &main_, {NamingKind::recipe, proposed_category()}).exec();
+}
+
+int RecipeTree::proposed_category() const
+{
+    const QTreeWidgetItem* node = main_.shared.stock_view ? nullptr : tree_.selected();
+    if (node && !TreeView::key(node).startsWith(QLatin1String("rcat")))
+        node = node->parent();
+    return node ? TreeView::key(node).mid(4).toInt() - 1 : 0;
 }
 
 void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& category)

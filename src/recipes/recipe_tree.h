@@ -28,6 +28,9 @@ public:
     void close_folders(); ///< closes every folder; nothing is stored
     void new_rcp();
 
+    /// Index of the category that a new recipe is proposed for: the selected one, or that of the selected recipe.
+    int proposed_category() const;
+
     /// Takes up a recipe that was just made, and shows its page. `category` has two digits.
     void recipe_made(Key recipe, const QString& name, const QString& category);
 

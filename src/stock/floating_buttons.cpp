@@ -264,7 +264,6 @@ void FloatingButtons::place_on_list()
     if (!node || !is_unlisted(*node))
         return;
     main_.placing().stock_to_list(record_key(TreeView::key(node)));
-    main_.shared.editor_mode = edit_mode::place_item;
     hide_all();
 }
 

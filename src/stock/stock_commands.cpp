@@ -1,6 +1,7 @@
 #include "stock/stock_commands.h"
 
 #include "window/frmmain.h"
+#include "widgets/program.h"
 #include "dialogs/new_item_rcp.h"
 #include "recipes/recipe_page.h"
 #include "widgets/tree_view.h"
@@ -17,8 +18,7 @@ StockCommands::StockCommands(frmmain& main)
 
 void StockCommands::new_cat()
 {
-    main_.shared.dialog_kind = naming::category;
-    new_item_rcp(main_, &main_).exec();
+    new_item_rcp(main_.program(), &main_, {NamingKind::category}).exec();
 }
 
 void StockCommands::tv_del_cat(Key) { }
@@ -29,10 +29,9 @@ void StockCommands::rename_item() { }
 
 void StockCommands::new_stock_item()
 {
-    main_.shared.editor_mode = edit_mode::new_item;
-    main_.shared.item_in_work = -1;
-    main_.shared.last_groc_key = -1;
-    show_item_editor(main_);
+    EditRequest request;
+    request.category = main_.stock_tree().selected_category();
+    show_item_editor(main_.program(), request);
 }
 
 void StockCommands::edit_stock_item()
@@ -40,11 +39,9 @@ void StockCommands::edit_stock_item()
     const QTreeWidgetItem* node = main_.stock_tree().view().selected();
     if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
         return;
-    SharedValues& shared = main_.shared;
-    shared.item_in_work = record_key(TreeView::key(node));
-    shared.last_groc_key = ItemStore(main_.connection()).row_on_list(shared.item_in_work, shared.current_list);
-    shared.editor_mode = edit_mode::edit_item;
-    show_item_editor(main_);
+    EditRequest request{EditMode::edit_item, record_key(TreeView::key(node))};
+    request.row = ItemStore(main_.connection()).row_on_list(request.item, main_.shared.current_list);
+    show_item_editor(main_.program(), request);
 }
 
 void StockCommands::item_to_recipe()
@@ -52,9 +49,7 @@ void StockCommands::item_to_recipe()
     const QTreeWidgetItem* node = main_.stock_tree().view().selected();
     if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
         return;
-    main_.shared.placing_source = placing_source::tree_to_recipe;
-    main_.shared.item_in_work = record_key(TreeView::key(node));
-    main_.recipe_page().drag_ingred(main_.shared.item_in_work, node->text(0));
+    main_.recipe_page().drag_ingred(record_key(TreeView::key(node)), node->text(0));
 }
 
 bool StockCommands::after_label_edit(QTreeWidgetItem&, const QString&)

@@ -245,6 +245,14 @@ bool StockTree::is_selected(Key item) const
     return node && node == item_node(item);
 }
 
+Key StockTree::selected_category() const
+{
+    const QTreeWidgetItem* node = tree_.selected();
+    if (node && !TreeView::key(node).startsWith(QLatin1String("cat")))
+        node = node->parent();
+    return node ? record_key(TreeView::key(node)) : Key(0);
+}
+
 void StockTree::add_category_node(Key category, const QString& name)
 {
     if (main_.shared.stock_alpha)

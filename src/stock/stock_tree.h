@@ -45,6 +45,9 @@ public:
     /// Shows in the tree what an operation did to stock items.
     void item_changed(const ItemChange& change);
 
+    /// The category of the selected folder, or of the one that the selected item lies in; 0 without one.
+    Key selected_category() const;
+
     /// Whether an item's node is the selected one.
     bool is_selected(Key item) const;
 

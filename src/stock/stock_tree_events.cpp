@@ -1,6 +1,7 @@
 #include "stock/stock_tree.h"
 
 #include "window/frmmain.h"
+#include "widgets/program.h"
 #include "lists/list_pane.h"
 #include "household/household.h"
 #include "lists/placing.h"
@@ -24,14 +25,9 @@ bool is_item(const QTreeWidgetItem& node)
 
 } // namespace
 
-void StockTree::node_click(QTreeWidgetItem* node)
+void StockTree::node_click(QTreeWidgetItem*)
 {
-    if (main_.shared.node_dragged) {
-        main_.shared.node_dragged = false;
-        return;
-    }
-    if (is_item(*node))
-        main_.shared.item_in_work = record_key(TreeView::key(node));
+    main_.shared.node_dragged = false;
 }
 
 /// First status panel, while the tree is the one on show.
@@ -74,15 +70,11 @@ void StockTree::mouse_down(Qt::MouseButton, QPoint position)
 {
     if (QTreeWidgetItem* node = tree_.hit_test(position)) {
         main_.list_pane().leave_for_tree();
-        const Key record = record_key(TreeView::key(node));
         if (main_.recipe_page().editor_open()) {
             main_.recipe_page().finish_line_editor();
-            main_.shared.item_in_work = record;
             return;
         }
         tree_.select(node);
-        if (is_item(*node))
-            main_.shared.item_in_work = record;
     }
     tree_down_ = position;
     tree_mouse_down_ = true;
@@ -106,8 +98,6 @@ void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
         return;
     }
     tree_.select(node);
-    if (is_item(*node))
-        main_.shared.item_in_work = record_key(TreeView::key(node));
     if (button != Qt::LeftButton) {
         emit menu_wanted(tree_.viewport()->mapToGlobal(position));
         return;
@@ -162,10 +152,7 @@ void StockTree::activate(Key item)
     if (rows.empty())
         return;
     if (rows.size() > 1) {
-        main_.shared.item_in_work = item;
-        main_.shared.last_groc_key = 0;
-        main_.shared.editor_mode = edit_mode::edit_item;
-        show_item_editor(main_);
+        show_item_editor(main_.program(), {EditMode::edit_item, item});
         return;
     }
     main_.household().tick_in_tree(item, rows.front(), true);

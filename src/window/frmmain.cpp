@@ -1,8 +1,9 @@
 #include "window/frmmain.h"
 
-#include "app/frmsplash.h"
+#include "window/frmsplash.h"
 #include "data/runtime_error.h"
 #include "widgets/message_box.h"
+#include "widgets/program.h"
 #include "widgets/update_lock.h"
 #include "household/household.h"
 #include "lists/clearing.h"
@@ -129,6 +130,10 @@ void frmmain::make_panes()
 
     drag_ = std::make_unique<Drag>(*this);
     household_ = std::make_unique<Household>(connection_);
+    program_ = std::make_unique<Program>(Program{*this, connection_, *household_, settings_, environment_, shared,
+                                                 [this](const QString& text) { set_status(text); },
+                                                 [this] { l_r_refresh(); },
+                                                 [this](const runtime_error& error) { shut_down(error); }});
     commands_ = std::make_unique<Commands>(*this, *menuBar());
     status_panels_ = std::make_unique<StatusPanels>(*statusBar());
     toolbar_ = std::make_unique<Toolbar>(*this, area_);

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/environment.h"
+#include "widgets/environment.h"
 #include "data/settings.h"
-#include "app/shared_values.h"
+#include "widgets/shared_values.h"
 #include "data/connection.h"
 
 #include <QMainWindow>
@@ -24,6 +24,7 @@ class ListMouse;
 class ListPane;
 class Lists;
 class Placing;
+struct Program;
 class RecipePage;
 class RecipeTree;
 class MainRowEditorHost;
@@ -50,6 +51,7 @@ public:
 
     SharedValues shared;
 
+    Program& program() { return *program_; }
     const Environment& environment() const { return environment_; }
     Connection& connection() { return connection_; }
     Household& household() { return *household_; }
@@ -118,6 +120,7 @@ private:
     QWidget* area_ = nullptr;
     std::unique_ptr<Drag> drag_;
     std::unique_ptr<Household> household_;
+    std::unique_ptr<Program> program_;
     std::unique_ptr<Commands> commands_;
     std::unique_ptr<StatusPanels> status_panels_;
     std::unique_ptr<Toolbar> toolbar_;

@@ -1,6 +1,6 @@
 #include "window/status_words.h"
 
-#include "app/shared_values.h"
+#include "widgets/shared_values.h"
 #include "household/status.h"
 #include "window/status_panels.h"
 

@@ -1,3 +1,4 @@
+#include "widgets/program.h"
 #include "data/runtime_error.h"
 #include "lists/placing.h"
 #include "recipes/line_fixture.h"
@@ -110,7 +111,7 @@ void tst_traps::an_error_in_a_placing_ends_the_program_but_for_a_subscript()
         MessageScript script;
         if (ends)
             expect_shut_down(script);
-        const bool goes_on = main.placing().end_after_error(runtime_error(number, QStringLiteral("planted")));
+        const bool goes_on = main.program().end_after_error(runtime_error(number, QStringLiteral("planted")));
         QCOMPARE(goes_on, !ends);
     }
     QCOMPARE(window.ends, ends ? 1 : 0);
@@ -258,7 +259,7 @@ void tst_traps::a_resize_behind_the_last_message_stores_nothing()
             main.resize(900, 650);
             QCOMPARE(main.width(), 900);
         });
-        main.placing().end_after_error(runtime_error(runtime_error::overflow, QStringLiteral("planted")));
+        main.program().end_after_error(runtime_error(runtime_error::overflow, QStringLiteral("planted")));
     }
     QCOMPARE(window.ends, 1);
     QCOMPARE(window.pref(QStringLiteral("fwidth")), width);
@@ -272,8 +273,8 @@ void tst_traps::one_failure_gives_one_message()
     const runtime_error error(runtime_error::overflow, QStringLiteral("planted"));
     {
         MessageScript script;
-        expect_shut_down(script, [&](QDialog&) { main.placing().end_after_error(error); });
-        main.placing().end_after_error(error);
+        expect_shut_down(script, [&](QDialog&) { main.program().end_after_error(error); });
+        main.program().end_after_error(error);
     }
     QCOMPARE(window.ends, 1);
 }

@@ -78,10 +78,7 @@ public:
             hands.click_cell(0, grid_column::check);
             hands.press_ok();
         });
-        main().shared.item_in_work = milk;
-        main().shared.last_groc_key = row;
-        main().shared.editor_mode = edit_mode::edit_item;
-        show_item_editor(main());
+        show_item_editor(main().program(), {EditMode::edit_item, milk, -1, row});
         QCOMPARE(script.left(), 0);
     }
 

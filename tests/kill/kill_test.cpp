@@ -4,6 +4,7 @@
 #include "kill/kill_model.h"
 #include "kill/kill_user.h"
 
+#include "app/desktop_environment.h"
 #include "window/frmmain.h"
 #include "data/query.h"
 #include "data/schema.h"

@@ -1,5 +1,6 @@
 #include "kill/kill_user.h"
 
+#include "household/household.h"
 #include "window/frmmain.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
@@ -91,7 +92,7 @@ void User::place()
     operation.list = main_.shared.current_list;
     note(begin_line(operation));
     command(QStringLiteral("mnu_tv_ai"));
-    note(QStringLiteral("done %1").arg(main_.shared.last_groc_key));
+    note(QStringLiteral("done %1").arg(main_.household().last_groc_key()));
 }
 
 void User::tick()

@@ -63,14 +63,12 @@ void tst_list_clicks::a_right_press_below_the_rows_marks_nothing_and_pops_up_the
     w().open();
     w().open_row(1);
     w().editor().lv_edit_off();
-    w().main().shared.item_in_work = 0;
     w().main().set_status(QStringLiteral("before"));
     const QPoint below = w().middle_of(5, grid_column::item);
     QTest::mousePress(w().grid().viewport(), Qt::RightButton, {}, below);
     QCOMPARE(w().grid().current_row(), 1);
     for (const GridRow& row : w().grid().rows().list_rows())
         QVERIFY(!row.bold);
-    QCOMPARE(w().main().shared.item_in_work, Key(0));
     QVERIFY(!row_menu().isVisible());
     QTest::mouseRelease(w().grid().viewport(), Qt::RightButton, {}, below);
     QVERIFY(row_menu().isVisible());

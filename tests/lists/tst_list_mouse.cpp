@@ -1,5 +1,6 @@
 #include "lists/editing_window.h"
 #include "window/commands.h"
+#include "support/edit_request.h"
 #include "support/message_script.h"
 
 #include <QAction>
@@ -309,13 +310,11 @@ void tst_list_mouse::the_right_press_marks_the_row_and_closes_the_editor()
     w().rows(3);
     w().open();
     w().open_row(0);
-    w().main().shared.item_in_work = 0;
     QTest::mousePress(w().grid().viewport(), Qt::RightButton, {}, w().middle_of(2, grid_column::desc));
     QVERIFY(!w().editor().is_open());
     QCOMPARE(w().grid().current_row(), 2);
     QVERIFY(w().grid().rows().row(2).bold);
     QVERIFY(!w().grid().rows().row(0).bold);
-    QCOMPARE(w().main().shared.item_in_work, w().grid().rows().row(2).item_key);
     QVERIFY(!row_menu().isVisible());
     QTest::mouseRelease(w().grid().viewport(), Qt::RightButton, {}, w().middle_of(2, grid_column::desc));
     QVERIFY(row_menu().isVisible());
@@ -366,7 +365,6 @@ void tst_list_mouse::the_row_menu_removes_its_row_without_a_question()
     QCOMPARE(w().grid().rows().rows(), 2);
     QCOMPARE(w().number("SELECT count(*) FROM groc_1 WHERE key_id = 2"), 0);
     QCOMPARE(w().number("SELECT count(*) FROM tie"), 2);
-    QCOMPARE(w().main().shared.last_groc_key, Key(2));
 }
 
 void tst_list_mouse::the_row_menu_opens_the_item_editor()
@@ -376,9 +374,9 @@ void tst_list_mouse::the_row_menu_opens_the_item_editor()
     MessageScript script;
     script.drive([this](QDialog& dialog) {
         QCOMPARE(dialog.objectName(), QStringLiteral("l_item_edit"));
-        QCOMPARE(w().main().shared.last_groc_key, w().grid().rows().row(1).groc_key);
-        QCOMPARE(w().main().shared.item_in_work, w().grid().rows().row(1).item_key);
-        QCOMPARE(w().main().shared.editor_mode, 2);
+        QCOMPARE(request_of(dialog).row, w().grid().rows().row(1).groc_key);
+        QCOMPARE(request_of(dialog).item, w().grid().rows().row(1).item_key);
+        QCOMPARE(request_of(dialog).mode, EditMode::edit_item);
         dialog.reject();
     });
     w().click_cell(1, grid_column::desc, Qt::RightButton);
@@ -402,7 +400,6 @@ void tst_list_mouse::delete_removes_the_current_row_without_a_question()
     QTest::keyClick(&w().grid(), Qt::Key_Delete);
     QCOMPARE(w().grid().rows().rows(), 2);
     QCOMPARE(w().number("SELECT count(*) FROM groc_1 WHERE key_id = 2"), 0);
-    QCOMPARE(w().main().shared.last_groc_key, Key(2));
     QVERIFY(!w().editor().is_open());
 }
 
@@ -502,7 +499,6 @@ void tst_list_mouse::the_cross_removes_its_row()
     w().press("imgScratch");
     QCOMPARE(w().grid().rows().rows(), 2);
     QCOMPARE(w().number("SELECT count(*) FROM groc_1 WHERE key_id = 2"), 0);
-    QCOMPARE(w().main().shared.last_groc_key, Key(2));
     QVERIFY(!w().editor().is_open());
     QVERIFY(!w().shown("frmEditDel"));
 }
@@ -514,8 +510,8 @@ void tst_list_mouse::the_pencil_opens_the_item_editor_and_shows_its_changes()
     w().open_row(1);
     MessageScript script;
     script.drive([this](QDialog& dialog) {
-        QCOMPARE(w().main().shared.last_groc_key, Key(2));
-        QCOMPARE(w().main().shared.editor_mode, 2);
+        QCOMPARE(request_of(dialog).row, Key(2));
+        QCOMPARE(request_of(dialog).mode, EditMode::edit_item);
         w().grid().rows().set_cell_text(1, grid_column::desc, QStringLiteral("changed there"));
         dialog.reject();
     });

@@ -1,3 +1,4 @@
+#include "household/household.h"
 #include "data/query.h"
 #include "data/runtime_error.h"
 #include "widgets/list_grid.h"
@@ -185,13 +186,13 @@ void tst_placing::failure_in_the_middle_leaves_nothing_and_ends_the_program()
     frmmain& main = home.load();
     home.refuse(operation.constData(), table.constData());
     const QStringList before = table_dump(home.db());
-    const Key last = main.shared.last_groc_key;
+    const Key last = main.household().last_groc_key();
     MessageScript script;
     script.expect(QStringLiteral("TarnWick"), shut_down);
     main.placing().stock_to_list(home.milk);
     QCOMPARE(table_dump(home.db()), before);
     QCOMPARE(home.rows().rows(), 0);
-    QCOMPARE(main.shared.last_groc_key, last);
+    QCOMPARE(main.household().last_groc_key(), last);
     QCOMPARE(home.ends, 1);
 }
 
@@ -220,7 +221,7 @@ void tst_placing::placed_row_is_filled_and_current()
     main.placing().add_item(placement);
     QCOMPARE(home.rows().rows(), 3);
     const GridRow& row = home.rows().row(1);
-    QCOMPARE(int(row.groc_key), int(main.shared.last_groc_key));
+    QCOMPARE(int(row.groc_key), int(main.household().last_groc_key()));
     QCOMPARE(int(row.list_key), int(home.weekly));
     QCOMPARE(int(row.item_key), int(home.milk));
     QVERIFY(row.to_get);
@@ -256,7 +257,7 @@ void tst_placing::new_row_is_marked_by_the_row_editor_unless_quiet()
     for (const Key item : {home.milk, bread}) {
         main.placing().stock_to_list(item);
         QVERIFY(editor.is_open());
-        const int row = home.rows().find_row(main.shared.last_groc_key);
+        const int row = home.rows().find_row(main.household().last_groc_key());
         QCOMPARE(editor.edit_row(), row);
         QCOMPARE(home.rows().row(row).item_key, item);
         QVERIFY(home.rows().row(row).bold);
@@ -320,11 +321,11 @@ void tst_placing::same_item_twice_gives_two_rows_and_set_row_finds_by_key()
     HomeWithLists home;
     frmmain& main = home.load();
     main.placing().stock_to_list(home.milk);
-    const Key first = main.shared.last_groc_key;
+    const Key first = main.household().last_groc_key();
     MessageScript script;
     expect_second_placing(script, QStringLiteral("active"), QStringLiteral("Milk"), Answer::yes);
     main.placing().stock_to_list(home.milk);
-    const Key second = main.shared.last_groc_key;
+    const Key second = main.household().last_groc_key();
     QVERIFY(first != second);
     QCOMPARE(home.rows().rows(), 2);
     QCOMPARE(home.cell(0, grid_column::item), home.cell(1, grid_column::item));

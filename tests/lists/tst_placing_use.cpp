@@ -1,3 +1,4 @@
+#include "household/household.h"
 #include "lists/list_menu.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
@@ -6,6 +7,7 @@
 #include "widgets/tree_view.h"
 #include "stock/item_editor_fixture.h"
 #include "stock/stock_tree.h"
+#include "support/edit_request.h"
 #include "support/table_dump.h"
 
 #include <QMessageBox>
@@ -101,7 +103,7 @@ void tst_placing_use::after_a_rename_in_the_item_editor_placed_rows_stand_as_a_l
 
     for (const Key item : {corn, yeast}) {
         stock.place(item);
-        const int row = stock.rows().find_row(stock.main().shared.last_groc_key);
+        const int row = stock.rows().find_row(stock.main().household().last_groc_key());
         QCOMPARE(stock.rows().row(row).item_key, item);
         QCOMPARE(grid.current_row(), row);
         QCOMPARE(stock.main().row_editor().edit_row(), row);
@@ -178,13 +180,12 @@ void tst_placing_use::in_the_all_lists_view_an_item_on_a_list_is_placed_without_
     stock.set_pref(QStringLiteral("alist"), QStringLiteral("0"));
     stock.open();
     QVERIFY(stock.main().shared.all_lists_view);
-    stock.main().shared.last_groc_key = 1;
     MessageScript script;
     script.drive([&](QDialog& dialog) {
         QCOMPARE(dialog.objectName(), QStringLiteral("l_item_edit"));
-        QCOMPARE(stock.main().shared.editor_mode, 1);
-        QCOMPARE(stock.main().shared.item_in_work, milk);
-        QCOMPARE(stock.main().shared.last_groc_key, Key(-1));
+        QCOMPARE(request_of(dialog).mode, EditMode::place_item);
+        QCOMPARE(request_of(dialog).item, milk);
+        QCOMPARE(request_of(dialog).row, Key(-1));
         dialog.reject();
     });
     stock.place(milk);

@@ -128,7 +128,7 @@ public:
     void select_item(Key item)
     {
         click_item(item);
-        QCOMPARE(main().shared.item_in_work, item);
+        QCOMPARE(main().stock_tree().view().selected(), main().stock_tree().item_node(item));
     }
 };
 

@@ -1,3 +1,4 @@
+#include "support/edit_request.h"
 #include "recipes/line_fixture.h"
 
 #include "household/status.h"
@@ -302,9 +303,10 @@ void tst_line_editor::imgedit_opens_the_stock_item()
         MessageScript script;
         script.drive([&](QDialog& dialog) {
             QCOMPARE(dialog.windowTitle(), QStringLiteral("Editing Milk"));
-            QCOMPARE(w.main().shared.editor_mode, 3);
-            QCOMPARE(w.main().shared.ingredient_in_work, key);
-            QCOMPARE(w.main().shared.item_in_work, milk);
+            const EditRequest& request = request_of(dialog);
+            QCOMPARE(request.mode, EditMode::recipe_item);
+            QCOMPARE(request.line, key);
+            QCOMPARE(request.item, milk);
             QVERIFY(!w.editor().is_open());
             dialog.reject();
         });

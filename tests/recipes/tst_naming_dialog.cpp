@@ -67,10 +67,10 @@ void make_icon(TestWindow& window, const QString& name)
     QVERIFY(image.save(window.environment().icon_file(name), "PNG"));
 }
 
-Key open_dialog(TestWindow& window, int kind)
+Key open_dialog(TestWindow& window, NamingKind kind)
 {
-    window.main().shared.dialog_kind = kind;
-    new_item_rcp dialog(window.main(), &window.main());
+    frmmain& main = window.main();
+    new_item_rcp dialog(main.program(), &main, {kind, main.recipe_tree().proposed_category()});
     dialog.exec();
     return dialog.made();
 }
@@ -104,20 +104,20 @@ private slots:
 
 void tst_naming_dialog::each_kind_has_its_captions_data()
 {
-    QTest::addColumn<int>("kind");
+    QTest::addColumn<NamingKind>("kind");
     QTest::addColumn<QString>("caption");
     QTest::addColumn<QString>("prompt");
-    QTest::newRow("list") << naming::list << QStringLiteral("New shopping list")
+    QTest::newRow("list") << NamingKind::list << QStringLiteral("New shopping list")
                           << QStringLiteral("Enter a name for your shopping list");
-    QTest::newRow("recipe") << naming::recipe << QStringLiteral("New recipe")
+    QTest::newRow("recipe") << NamingKind::recipe << QStringLiteral("New recipe")
                             << QStringLiteral("Enter a name for your recipe");
-    QTest::newRow("category") << naming::category << QStringLiteral("New stock category")
+    QTest::newRow("category") << NamingKind::category << QStringLiteral("New stock category")
                               << QStringLiteral("Enter a name for your stock category");
 }
 
 void tst_naming_dialog::each_kind_has_its_captions()
 {
-    QFETCH(int, kind);
+    QFETCH(NamingKind, kind);
     QFETCH(QString, caption);
     QFETCH(QString, prompt);
     TestWindow window;
@@ -131,7 +131,7 @@ void tst_naming_dialog::each_kind_has_its_captions()
         QCOMPARE(dialog.label[1]->text(), QStringLiteral("Select a recipe category:"));
         QCOMPARE(dialog.command[0]->text(), QStringLiteral("OK"));
         QCOMPARE(dialog.command[1]->text(), QStringLiteral("CANCEL"));
-        const bool recipe = kind == naming::recipe;
+        const bool recipe = kind == NamingKind::recipe;
         QCOMPARE(dialog.combo->isVisible(), recipe);
         QCOMPARE(dialog.label[1]->isVisible(), recipe);
         QCOMPARE(dialog.picture[1]->isVisible(), recipe);
@@ -153,16 +153,16 @@ void tst_naming_dialog::each_kind_has_its_captions()
 
 void tst_naming_dialog::icon_shows_only_when_its_file_exists_data()
 {
-    QTest::addColumn<int>("kind");
+    QTest::addColumn<NamingKind>("kind");
     QTest::addColumn<QString>("file");
-    QTest::newRow("list") << naming::list << QStringLiteral("list.ico");
-    QTest::newRow("recipe") << naming::recipe << QStringLiteral("recipe.ico");
-    QTest::newRow("category") << naming::category << QStringLiteral("fldr_1.ico");
+    QTest::newRow("list") << NamingKind::list << QStringLiteral("list.ico");
+    QTest::newRow("recipe") << NamingKind::recipe << QStringLiteral("recipe.ico");
+    QTest::newRow("category") << NamingKind::category << QStringLiteral("fldr_1.ico");
 }
 
 void tst_naming_dialog::icon_shows_only_when_its_file_exists()
 {
-    QFETCH(int, kind);
+    QFETCH(NamingKind, kind);
     QFETCH(QString, file);
     TestWindow window;
     window.load();
@@ -198,7 +198,7 @@ void tst_naming_dialog::ok_stays_disabled_while_the_box_holds_only_blanks()
         QVERIFY(!dialog.command[0]->isEnabled());
         form.reject();
     });
-    QCOMPARE(int(open_dialog(window, naming::category)), 0);
+    QCOMPARE(int(open_dialog(window, NamingKind::category)), 0);
     QCOMPARE(window.number("SELECT count(*) FROM cat"), 1);
 }
 
@@ -213,14 +213,14 @@ void tst_naming_dialog::enter_is_ok_and_escape_is_cancel()
         QTest::keyClick(dialog.text, Qt::Key_Escape);
         QVERIFY(!form.isVisible());
     });
-    QCOMPARE(int(open_dialog(window, naming::category)), 0);
+    QCOMPARE(int(open_dialog(window, NamingKind::category)), 0);
     script.drive([](QDialog& form) {
         Naming dialog(form);
         dialog.type(QStringLiteral("Bakery"));
         QTest::keyClick(dialog.text, Qt::Key_Return);
         QVERIFY(!form.isVisible());
     });
-    QVERIFY(open_dialog(window, naming::category) > 0);
+    QVERIFY(open_dialog(window, NamingKind::category) > 0);
     QCOMPARE(window.text("SELECT cat_desc FROM cat WHERE key_id > 0"), QStringLiteral("Bakery"));
 }
 
@@ -229,7 +229,7 @@ void tst_naming_dialog::cancel_changes_nothing()
     TestWindow window;
     window.load();
     const QStringList before = table_dump(window.db());
-    for (const int kind : {naming::list, naming::category}) {
+    for (const NamingKind kind : {NamingKind::list, NamingKind::category}) {
         MessageScript script;
         script.drive([](QDialog& form) {
             Naming dialog(form);
@@ -267,7 +267,7 @@ void tst_naming_dialog::type_size_is_9_or_10()
             QCOMPARE(control->font().pointSize(), dialog_size);
         form.reject();
     });
-    open_dialog(window, naming::recipe);
+    open_dialog(window, NamingKind::recipe);
 }
 
 void tst_naming_dialog::recipe_categories_stand_in_their_order()
@@ -286,7 +286,7 @@ void tst_naming_dialog::recipe_categories_stand_in_their_order()
         QCOMPARE(dialog.combo->currentIndex(), 0);
         form.reject();
     });
-    open_dialog(window, naming::recipe);
+    open_dialog(window, NamingKind::recipe);
 }
 
 void tst_naming_dialog::category_of_the_selected_recipe_is_proposed()
@@ -309,7 +309,7 @@ void tst_naming_dialog::category_of_the_selected_recipe_is_proposed()
             index = Naming(form).combo->currentIndex();
             form.reject();
         });
-        open_dialog(window, naming::recipe);
+        open_dialog(window, NamingKind::recipe);
         return index;
     };
     QCOMPARE(proposed(soups, false), 10);
@@ -327,7 +327,7 @@ void tst_naming_dialog::made_holds_the_key_and_the_record_is_complete()
         dialog.type(QStringLiteral("  Camping  "));
         dialog.ok();
     });
-    const Key key = open_dialog(window, naming::list);
+    const Key key = open_dialog(window, NamingKind::list);
     QCOMPARE(int(key), 1);
     QCOMPARE(window.text("SELECT key_id || list_name || active || modified FROM list_name"),
              QStringLiteral("1Camping12026-03-14"));
@@ -403,7 +403,7 @@ void tst_naming_dialog::category_name_that_differs_only_in_case_is_taken()
         QVERIFY(form.isVisible());
         dialog.cancel();
     });
-    QCOMPARE(int(open_dialog(window, naming::category)), 0);
+    QCOMPARE(int(open_dialog(window, NamingKind::category)), 0);
     QCOMPARE(window.number("SELECT count(*) FROM cat"), 2);
 }
 
@@ -427,7 +427,7 @@ void tst_naming_dialog::category_name_loses_its_apostrophes()
         dialog.type(QStringLiteral("Baker's 'best"));
         dialog.ok();
     });
-    open_dialog(window, naming::category);
+    open_dialog(window, NamingKind::category);
     QCOMPARE(window.text("SELECT cat_desc FROM cat WHERE key_id = 1"), QStringLiteral("Bakers best"));
 }
 
@@ -445,7 +445,7 @@ void tst_naming_dialog::unusual_names_are_stored_as_typed()
     QFETCH(QString, name);
     TestWindow window;
     window.load();
-    for (const int kind : {naming::list, naming::category}) {
+    for (const NamingKind kind : {NamingKind::list, NamingKind::category}) {
         MessageScript script;
         script.drive([&name](QDialog& form) {
             Naming dialog(form);

@@ -5,6 +5,7 @@
 #include "lists/list_pane.h"
 #include "recipes/page_geometry.h"
 #include "household/status.h"
+#include "support/edit_request.h"
 #include "support/table_dump.h"
 
 #include <QDialog>
@@ -129,7 +130,6 @@ void tst_recipe_check::check_pictures_follow_the_status()
     QCOMPARE(window.picture("lite", 0), lite);
     window.page().set_lites(0, 7);
     QVERIFY(window.control(QStringLiteral("Check1(0)")).isEnabled());
-    QVERIFY(!window.main().shared.lites_busy);
 }
 
 void tst_recipe_check::a_check_box_acts_on_a_whole_left_click_alone()
@@ -205,7 +205,6 @@ void tst_recipe_check::a_check_changes_the_row_of_the_list_on_show()
     QVERIFY(rows.row(0).to_get);
     QCOMPARE(rows.row(0).light, 179);
     QCOMPARE(rows.row(0).check, 122);
-    QCOMPARE(window.main().shared.last_groc_key, window.row);
 }
 
 void tst_recipe_check::a_check_leaves_the_grid_when_the_first_row_is_on_another_list()
@@ -223,7 +222,6 @@ void tst_recipe_check::a_check_leaves_the_grid_when_the_first_row_is_on_another_
     QCOMPARE(window.rows().row(0).to_get, before.to_get);
     QCOMPARE(window.rows().row(0).light, before.light);
     QCOMPARE(window.rows().row(0).check, before.check);
-    QCOMPARE(window.main().shared.last_groc_key, window.row);
 }
 
 void tst_recipe_check::a_check_changes_the_first_row_of_all_lists_on_show()
@@ -299,10 +297,11 @@ void tst_recipe_check::checking_a_stock_line_on_no_list_opens_the_editor()
     MessageScript script;
     script.drive([&](QDialog& dialog) {
         QCOMPARE(dialog.objectName(), QStringLiteral("l_item_edit"));
-        QCOMPARE(window.main().shared.editor_mode, edit_mode::recipe_item);
-        QCOMPARE(window.main().shared.item_in_work, window.item);
-        QCOMPARE(window.main().shared.last_groc_key, Key{-1});
-        QCOMPARE(window.main().shared.ingredient_in_work, window.line);
+        const EditRequest& request = request_of(dialog);
+        QCOMPARE(request.mode, EditMode::recipe_item);
+        QCOMPARE(request.item, window.item);
+        QCOMPARE(request.row, Key{-1});
+        QCOMPARE(request.line, window.line);
         dialog.reject();
     });
     window.click_check(0);
@@ -318,9 +317,11 @@ void tst_recipe_check::checking_a_non_stock_line_opens_the_editor_in_its_adding_
     MessageScript script;
     script.drive([&](QDialog& dialog) {
         QCOMPARE(dialog.objectName(), QStringLiteral("l_item_edit"));
-        QCOMPARE(window.main().shared.editor_mode, edit_mode::non_stock_to_stock);
+        const EditRequest& request = request_of(dialog);
+        QCOMPARE(request.mode, EditMode::non_stock_to_stock);
+        QCOMPARE(request.name, QStringLiteral("Spring water"));
         QCOMPARE(window.page().rcp_item_in_work(), QStringLiteral("Spring water"));
-        QCOMPARE(window.main().shared.ingredient_in_work, window.plain);
+        QCOMPARE(request.line, window.plain);
         dialog.reject();
     });
     window.click_check(1);
@@ -336,7 +337,6 @@ void tst_recipe_check::clearing_a_non_stock_line_does_nothing()
     const MessageScript no_dialog;
     window.page().recipe_chck(0, window.plain);
     QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 0);
-    QCOMPARE(window.main().shared.item_in_work, Key{-1});
 }
 
 void tst_recipe_check::checking_a_vanished_line_does_nothing()

@@ -1,7 +1,7 @@
 #include "recipes/recipe_fixture.h"
 
 #include "data/runtime_error.h"
-#include "dialogs/move_item.h"
+#include "window/move_window.h"
 #include "support/error_number.h"
 #include "support/table_dump.h"
 

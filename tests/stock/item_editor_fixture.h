@@ -7,6 +7,7 @@
 #include "widgets/tree_view.h"
 #include "dialogs/l_item_edit.h"
 #include "stock/stock_tree.h"
+#include "support/edit_request.h"
 #include "support/message_script.h"
 #include "support/test_window.h"
 
@@ -18,6 +19,7 @@
 #include <QTest>
 
 #include <functional>
+#include <optional>
 
 namespace tarnwick {
 
@@ -84,6 +86,8 @@ public:
         QVERIFY(!box->isVisible());
     }
 
+    const EditRequest& request() { return request_of(dialog); }
+
     void press_ok() { QTest::mouseClick(&ok(), Qt::LeftButton); }
     void press_cancel() { QTest::mouseClick(&cancel(), Qt::LeftButton); }
 
@@ -123,11 +127,9 @@ public:
     /// Opens the dialog and lets the hands work on it; a dialog that they leave open is cancelled.
     void open(int mode, Key item, const std::function<void(EditorHands&)>& work, Key line = -1, Key groc_key = -1)
     {
-        SharedValues& shared = window.main().shared;
-        shared.editor_mode = mode;
-        shared.item_in_work = item;
-        shared.ingredient_in_work = line;
-        shared.last_groc_key = groc_key;
+        EditRequest request{static_cast<EditMode>(mode), item, line, groc_key};
+        request.category = window.main().stock_tree().selected_category();
+        request.list = marked_list.value_or(window.main().shared.current_list);
         MessageScript messages;
         bool came = false;
         messages.drive([&](QDialog& dialog) {
@@ -139,7 +141,7 @@ public:
             if (dialog.isVisible())
                 dialog.reject();
         });
-        show_item_editor(window.main());
+        show_item_editor(window.main().program(), request);
         QVERIFY(came);
     }
 
@@ -161,6 +163,7 @@ public:
     }
 
     TestWindow window;
+    std::optional<Key> marked_list; ///< where a placing is proposed; the current list when not set
     Key dairy = 0;
     Key bakery = 0;
     Key milk = 0;

@@ -1,4 +1,4 @@
-#include "dialogs/move_item.h"
+#include "window/move_window.h"
 #include "dialogs/new_item_rcp.h"
 #include "recipes/recipe_tree.h"
 #include "stock/item_editor_fixture.h"
@@ -81,19 +81,18 @@ void tst_dialog_keys::enter_elsewhere_in_the_item_editor_is_ok()
 
 void tst_dialog_keys::enter_on_cancel_makes_nothing_in_the_naming_dialog_data()
 {
-    QTest::addColumn<int>("kind");
-    QTest::newRow("list") << naming::list;
-    QTest::newRow("recipe") << naming::recipe;
-    QTest::newRow("category") << naming::category;
+    QTest::addColumn<NamingKind>("kind");
+    QTest::newRow("list") << NamingKind::list;
+    QTest::newRow("recipe") << NamingKind::recipe;
+    QTest::newRow("category") << NamingKind::category;
 }
 
 void tst_dialog_keys::enter_on_cancel_makes_nothing_in_the_naming_dialog()
 {
-    QFETCH(int, kind);
+    QFETCH(NamingKind, kind);
     EditorCase test;
     frmmain& main = test.window.load();
     const QStringList before = table_dump(test.window.db());
-    main.shared.dialog_kind = kind;
     MessageScript messages;
     messages.drive([&](QDialog& dialog) {
         dialog.activateWindow();
@@ -103,7 +102,7 @@ void tst_dialog_keys::enter_on_cancel_makes_nothing_in_the_naming_dialog()
         press_enter(dialog, QStringLiteral("Command1(1)"));
         QVERIFY(!dialog.isVisible());
     });
-    new_item_rcp dialog(main, &main);
+    new_item_rcp dialog(main.program(), &main, {kind});
     QCOMPARE(dialog.exec(), int(QDialog::Rejected));
     QCOMPARE(messages.left(), 0);
     QCOMPARE(table_dump(test.window.db()), before);

@@ -1,6 +1,6 @@
 #include "stock/item_editor_fixture.h"
 
-#include "dialogs/move_item.h"
+#include "window/move_window.h"
 #include "window/commands.h"
 #include "household/status.h"
 
@@ -63,8 +63,12 @@ void tst_item_editor::captions()
     const Key line = test.add_line(QStringLiteral("Milk, warm"), test.milk);
     test.window.load();
     test.open(
-        mode, test.milk, [&](EditorHands& hands) { QCOMPARE(hands.dialog.windowTitle(), caption); }, line);
-    QCOMPARE(int(test.window.main().shared.item_in_work), mode == 0 || mode == 5 ? -1 : int(test.milk));
+        mode, test.milk,
+        [&](EditorHands& hands) {
+            QCOMPARE(hands.dialog.windowTitle(), caption);
+            QCOMPARE(int(hands.request().item), mode == 0 || mode == 5 ? -1 : int(test.milk));
+        },
+        line);
 }
 
 void tst_item_editor::titles_show_a_name_letter_by_letter()
@@ -183,7 +187,7 @@ void tst_item_editor::placing_from_all_lists_of_the_manager_pre_marks_nothing()
     test.add_lists();
     test.window.load();
     test.window.main().shared.current_list = test.market;
-    test.window.main().shared.placing_source = 2;
+    test.marked_list = 0;
     test.open(1, test.milk,
               [&](EditorHands& hands) { QCOMPARE(hands.row(1).light, picture_base::light_unlisted); });
 }
@@ -443,7 +447,7 @@ void tst_item_editor::recipe_modes_take_the_name_of_the_line()
         [&](EditorHands& hands) {
             QCOMPARE(hands.name().text(), QStringLiteral("Milk"));
             QCOMPARE(hands.category().currentText(), QStringLiteral("Dairy"));
-            QCOMPARE(test.window.main().shared.item_in_work, test.milk);
+            QCOMPARE(hands.request().item, test.milk);
         },
         line);
     test.open(
@@ -474,11 +478,11 @@ void tst_item_editor::new_stock_item_command_opens_mode_0()
     MessageScript messages;
     messages.drive([](QDialog& dialog) {
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Adding New Item to Stock"));
+        QCOMPARE(request_of(dialog).mode, EditMode::new_item);
+        QCOMPARE(int(request_of(dialog).item), -1);
         dialog.reject();
     });
     command.trigger();
-    QCOMPARE(main.shared.editor_mode, int(edit_mode::new_item));
-    QCOMPARE(int(main.shared.item_in_work), -1);
 }
 
 void tst_item_editor::edit_command_hands_over_the_row_of_the_current_list()
@@ -499,13 +503,13 @@ void tst_item_editor::edit_command_hands_over_the_row_of_the_current_list()
     for (const Key list : {test.market, test.party}) {
         main.shared.current_list = list;
         MessageScript messages;
-        messages.drive([](QDialog& dialog) {
+        messages.drive([&](QDialog& dialog) {
             QCOMPARE(dialog.windowTitle(), QStringLiteral("Editing Milk"));
+            QCOMPARE(int(request_of(dialog).row), list == test.market ? int(row) : -1);
+            QCOMPARE(request_of(dialog).item, test.milk);
             dialog.reject();
         });
         command.trigger();
-        QCOMPARE(int(main.shared.last_groc_key), list == test.market ? int(row) : -1);
-        QCOMPARE(main.shared.item_in_work, test.milk);
     }
 }
 

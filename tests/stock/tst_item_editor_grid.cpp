@@ -87,7 +87,7 @@ void tst_item_editor_grid::open(EditorCase& test, const std::function<void(RowHa
         test.window.add_row(test.milk, list, true, QStringLiteral("cold"), QStringLiteral("2"),
                             QStringLiteral("9"));
     test.window.load();
-    test.open(edit_mode::edit_item, test.milk, [&](EditorHands& hands) {
+    test.open(int(EditMode::edit_item), test.milk, [&](EditorHands& hands) {
         RowHands row_hands(hands);
         QCOMPARE(row_hands.grid().rows().rows(), 3);
         work(row_hands);

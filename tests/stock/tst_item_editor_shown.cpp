@@ -1,3 +1,4 @@
+#include "household/household.h"
 #include "stock/item_editor_fixture.h"
 
 #include "recipes/line_widgets.h"
@@ -178,9 +179,9 @@ void tst_item_editor_shown::new_item_that_could_not_be_placed_is_handed_to_nobod
                               QStringLiteral("TarnWick has encountered an error\nand must shut down"));
         hands.press_ok();
         QCOMPARE(hands.messages.left(), 0);
+        QCOMPARE(int(hands.request().item), -1);
     });
-    QCOMPARE(int(main.shared.item_in_work), -1);
-    QCOMPARE(int(main.shared.last_groc_key), -1);
+    QCOMPARE(int(main.household().last_groc_key()), -1);
     QCOMPARE(test.count("SELECT count(*) FROM items_1"), 2);
     QCOMPARE(test.count("SELECT count(*) FROM groc_1"), 0);
     QVERIFY(!main.stock_tree().item_node(3));

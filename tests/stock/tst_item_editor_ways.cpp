@@ -80,14 +80,14 @@ void tst_item_editor_ways::commands_open_the_editor_of_a_new_item()
     EditorCase test;
     test.add_lists();
     frmmain& main = test.window.load();
-    main.shared.editor_mode = -1;
-    main.shared.item_in_work = test.milk;
     MessageScript messages;
     messages.drive([](QDialog& dialog) {
         dialog.reject();
         QCOMPARE(dialog.objectName(), QStringLiteral("l_item_edit"));
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Adding New Item to Stock"));
         QCOMPARE(dialog.findChild<QLineEdit*>(QStringLiteral("txt_item"))->text(), QString());
+        QCOMPARE(request_of(dialog).mode, EditMode::new_item);
+        QCOMPARE(int(request_of(dialog).item), -1);
     });
     if (command.isEmpty()) {
         QWidget& button = main.toolbar().button(ToolButton::stock);
@@ -97,8 +97,6 @@ void tst_item_editor_ways::commands_open_the_editor_of_a_new_item()
         trigger(test.window, qPrintable(command));
     }
     QCOMPARE(messages.left(), 0);
-    QCOMPARE(main.shared.editor_mode, int(edit_mode::new_item));
-    QCOMPARE(int(main.shared.item_in_work), -1);
 }
 
 void tst_item_editor_ways::new_item_has_no_list_marked_whichever_list_is_shown_data()
@@ -139,10 +137,10 @@ void tst_item_editor_ways::check_of_a_non_stock_line_hands_its_name_over()
         QCOMPARE(name->text(), QStringLiteral("Spring water"));
         QCOMPARE(name->property("Tag").toString(), QStringLiteral("Spring water"));
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Adding Spring water to stock"));
+        QCOMPARE(request_of(dialog).mode, EditMode::non_stock_to_stock);
     });
     QTest::mouseClick(test.line().Check1, Qt::LeftButton);
     QCOMPARE(messages.left(), 0);
-    QCOMPARE(test.window.main().shared.editor_mode, int(edit_mode::non_stock_to_stock));
 }
 
 void tst_item_editor_ways::cancel_gives_the_focus_to_the_open_line_editor()

@@ -4,6 +4,7 @@
 #include "household/status.h"
 #include "household/recipe_store.h"
 #include "stock/stock_tree_fixture.h"
+#include "support/edit_request.h"
 #include "support/message_script.h"
 
 #include <QDialog>
@@ -184,9 +185,9 @@ void tst_stock_tree_use::box_of_an_item_inactive_on_two_lists_opens_the_editor()
     MessageScript script;
     script.drive([this](QDialog& dialog) {
         QCOMPARE(dialog.objectName(), QStringLiteral("l_item_edit"));
-        QCOMPARE(shared().item_in_work, milk_);
-        QCOMPARE(shared().last_groc_key, Key(0));
-        QCOMPARE(shared().editor_mode, int(edit_mode::edit_item));
+        QCOMPARE(request_of(dialog).item, milk_);
+        QCOMPARE(request_of(dialog).row, Key(-1));
+        QCOMPARE(request_of(dialog).mode, EditMode::edit_item);
         dialog.reject();
     });
     click(node(milk_), box_in_folder);
@@ -341,7 +342,6 @@ void tst_stock_tree_use::add_button_places_the_item_and_keeps_the_focus()
     QTest::mouseClick(&button(0), Qt::LeftButton);
     QCOMPARE(number("SELECT item_id FROM tie"), int(milk_));
     QVERIFY(!button(0).isVisible() && !button(1).isVisible() && !button(2).isVisible());
-    QCOMPARE(shared().editor_mode, int(edit_mode::place_item));
     QVERIFY(tree().hasFocus());
 }
 

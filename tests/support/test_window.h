@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/environment.h"
+#include "widgets/environment.h"
 #include "window/frmmain.h"
 
 #include <QTemporaryDir>

@@ -109,7 +109,7 @@ void tst_one_line_box::a_name_pasted_into_the_item_editor_is_one_line()
     EditorCase c;
     c.add_lists();
     c.window.load();
-    c.open(edit_mode::edit_item, c.milk, [](EditorHands& hands) {
+    c.open(int(EditMode::edit_item), c.milk, [](EditorHands& hands) {
         paste_into(hands.name());
         QCOMPARE(hands.name().text(), kept);
         hands.press_ok();

@@ -313,7 +313,6 @@ void tst_selection::locate_is_about_its_own_node()
     load();
     click(node(milk_));
     QVERIFY(button(2).isVisible());
-    shared().item_in_work = butter_; // as an operation on another item leaves it
     QTest::mouseClick(&button(2), Qt::LeftButton);
     const GridModel& rows = window_->main().list_pane().grid().rows();
     for (int i = 0; i < rows.rows(); ++i)

@@ -217,18 +217,17 @@ void item_editor_modes(Studio& studio, int points)
         studio.fault(QStringLiteral("the recipe has no line"));
         return;
     }
-    for (int mode = edit_mode::new_item; mode <= edit_mode::non_stock_to_stock; ++mode) {
-        const bool non_stock = mode == edit_mode::non_stock_to_stock;
+    for (int number = int(EditMode::new_item); number <= int(EditMode::non_stock_to_stock); ++number) {
+        const auto mode = static_cast<EditMode>(number);
+        const bool non_stock = mode == EditMode::non_stock_to_stock;
         const IngredientLine& line = non_stock ? lines.back() : lines.front();
-        SharedValues& shared = studio.main().shared;
-        shared.editor_mode = mode;
-        shared.item_in_work = line.item_ref;
-        shared.ingredient_in_work = line.key;
-        shared.last_groc_key = -1;
-        studio.main().recipe_page().set_rcp_item_in_work(line.item);
+        EditRequest request{mode, line.item_ref, line.key};
+        request.name = line.item;
+        request.category = studio.main().stock_tree().selected_category();
+        request.list = studio.main().shared.current_list;
         studio.with_dialog(
-            [&] { show_item_editor(studio.main()); },
-            [&](QDialog&) { studio.shot(QStringLiteral("item-editor-mode-%1-%2pt").arg(mode).arg(points)); });
+            [&] { show_item_editor(studio.main().program(), request); },
+            [&](QDialog&) { studio.shot(QStringLiteral("item-editor-mode-%1-%2pt").arg(number).arg(points)); });
     }
 }
 

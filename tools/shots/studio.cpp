@@ -1,5 +1,6 @@
 #include "shots/studio.h"
 
+#include "app/desktop_environment.h"
 #include "window/frmmain.h"
 #include "data/schema.h"
 #include "widgets/tree_view.h"

@@ -1,4 +1,4 @@
-#include "app/shared_values.h"
+#include "widgets/shared_values.h"
 
 #include <array>
 

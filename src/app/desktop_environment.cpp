@@ -1,4 +1,4 @@
-#include "app/environment.h"
+#include "app/desktop_environment.h"
 
 #include "data/settings.h"
 

@@ -30,7 +30,4 @@ struct Environment {
     QString icon_file(const QString& name) const { return program_folder + QStringLiteral("/ico/") + name; }
 };
 
-/// The real environment of the running process.
-Environment desktop_environment();
-
 } // namespace tarnwick

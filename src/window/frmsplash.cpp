@@ -1,4 +1,4 @@
-#include "app/frmsplash.h"
+#include "window/frmsplash.h"
 
 #include "widgets/pictures.h"
 
