@@ -3,6 +3,7 @@
 #include "widgets/update_lock.h"
 #include "widgets/column_layout.h"
 #include "widgets/fitted_text.h"
+#include "widgets/frame_lines.h"
 #include "widgets/list_grid.h"
 #include "widgets/pictures.h"
 
@@ -37,8 +38,7 @@ protected:
     {
         QPainter painter(this);
         painter.fillRect(rect(), palette().color(QPalette::Button));
-        painter.setPen(palette().color(QPalette::Mid));
-        painter.drawLine(0, height() - 1, width(), height() - 1);
+        draw_lower_line(painter, rect(), palette().color(QPalette::Mid));
         painter.setPen(palette().color(QPalette::Midlight));
         painter.drawLine(width() - 1, 3, width() - 1, height() - 4);
     }

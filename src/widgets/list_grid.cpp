@@ -1,6 +1,8 @@
 #include "widgets/list_grid.h"
 
+#include "widgets/contrast.h"
 #include "widgets/fitted_text.h"
+#include "widgets/frame_lines.h"
 #include "widgets/last_press.h"
 #include "widgets/pictures.h"
 #include "widgets/tool_tip.h"
@@ -100,12 +102,6 @@ bool is_own_drag(const QDropEvent& event)
     return event.source() || std::any_of(formats.begin(), formats.end(), [](const QString& format) {
                return format.startsWith(QLatin1String(own_drag_format));
            });
-}
-
-QColor blend(const QColor& base, const QColor& tint, double share)
-{
-    const auto mix = [share](int a, int b) { return qRound(a + (b - a) * share); };
-    return {mix(base.red(), tint.red()), mix(base.green(), tint.green()), mix(base.blue(), tint.blue())};
 }
 
 } // namespace
@@ -287,10 +283,8 @@ void ListGrid::paintEvent(QPaintEvent* event)
     QPainter painter(viewport());
     if (marked)
         painter.fillRect(QRect(row.topLeft(), QSize(bar_width, row.height())), mark_color_);
-    if (!hasFocus())
-        return;
-    painter.setPen(mark_color_);
-    painter.drawRect((marked ? row : all).adjusted(0, 0, -1, -1));
+    if (hasFocus())
+        draw_frame(painter, marked ? row : all, mark_color_);
 }
 
 /// The bar stands exactly when the scroll test says so, because the column widths go by that test.

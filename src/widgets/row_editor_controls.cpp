@@ -2,6 +2,7 @@
 
 #include "household/grid_row.h"
 #include "widgets/fitted_text.h"
+#include "widgets/frame_lines.h"
 #include "widgets/one_line_box.h"
 #include "widgets/pictures.h"
 #include "widgets/tool_tip.h"
@@ -9,6 +10,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QTextCharFormat>
 #include <QToolTip>
 
 #include <limits>
@@ -125,10 +127,9 @@ void CellBox::paintEvent(QPaintEvent* event)
     else
         QLineEdit::paintEvent(event);
     QPainter painter(this);
-    painter.setPen(hasFocus() ? focus_line_ : line_);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    draw_frame(painter, rect(), hasFocus() ? focus_line_ : line_);
     if (hasFocus())
-        painter.drawRect(rect().adjusted(1, 1, -2, -2));
+        draw_frame(painter, rect().adjusted(1, 1, -1, -1), focus_line_);
 }
 
 PictureButton::PictureButton(const QString& name, QWidget* parent)
@@ -211,14 +212,26 @@ MonthView::MonthView(QWidget* parent)
     setObjectName(QStringLiteral("MonthView1"));
     setVerticalHeaderFormat(NoVerticalHeader);
     setContentsMargins(1, 1, 1, 1);
+    // The head in the colours of the days: month and year are written in the text colour of a highlight.
+    if (auto* head = findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar"))) {
+        QPalette colors = palette();
+        colors.setColor(QPalette::Highlight, colors.color(QPalette::Base));
+        colors.setColor(QPalette::HighlightedText, colors.color(QPalette::Text));
+        head->setPalette(colors);
+    }
+    constexpr int mid_lightness = 128;
+    const bool is_dark = palette().color(QPalette::Base).lightness() < mid_lightness;
+    QTextCharFormat weekend;
+    weekend.setForeground(is_dark ? QColor(245, 160, 150) : QColor(176, 32, 24));
+    setWeekdayTextFormat(Qt::Saturday, weekend);
+    setWeekdayTextFormat(Qt::Sunday, weekend);
 }
 
 void MonthView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
-    painter.setPen(palette().color(QPalette::Shadow));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    draw_frame(painter, rect(), palette().color(QPalette::Dark));
 }
 
 RowEditor::Controls::Controls(QWidget* parent)

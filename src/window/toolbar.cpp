@@ -240,8 +240,9 @@ void Toolbar::restore_standing_state()
         show_button(which, true);
 }
 
-/// The largest captions up to the type size with which the fixed buttons and "More..." stand in the window.
-void Toolbar::fit_type()
+/// The largest captions up to the type size with which the fixed buttons and "More..." stand in the window. Whether
+/// they are smaller than the type size.
+bool Toolbar::fit_type()
 {
     for (int points = std::max(type_size_, least_caption_points);; --points) {
         QFont font = bar_->font();
@@ -250,16 +251,16 @@ void Toolbar::fit_type()
             bar_->setFont(font);
         place_buttons();
         if (points == least_caption_points || least_width() <= main_.width())
-            return;
+            return points < type_size_;
     }
 }
 
 void Toolbar::toolbar_fit()
 {
     restore_standing_state();
-    fit_type();
-    const bool sort_fits = fits(ToolButton::sort);
-    if (fits(ToolButton::size)) {
+    const bool too_narrow = fit_type();
+    const bool sort_fits = !too_narrow && fits(ToolButton::sort);
+    if (!too_narrow && fits(ToolButton::size)) {
         set_folder_button();
     } else {
         show_button(ToolButton::size, false);
@@ -270,7 +271,7 @@ void Toolbar::toolbar_fit()
         set_enabled(ToolButton::folders, true);
         place_buttons();
     }
-    if (!fits(ToolButton::folders)) {
+    if (too_narrow || !fits(ToolButton::folders)) {
         for (const char* name : {"mnu_more_sort", "mnu_more_sort_alpha", "mnu_more_sort_cat"})
             main_.commands().set_visible(text_of(name), true);
         show_button(ToolButton::sort, false);

@@ -84,7 +84,7 @@ private:
     void pop_up_more(ToolButton which);
     void restore_standing_state();
     void place_buttons();
-    void fit_type();
+    bool fit_type();
     bool fits(ToolButton which) const;
     void show_button(ToolButton which, bool shown);
     void set_picture(ToolButton which, int picture);
