@@ -79,6 +79,7 @@ private:
     void make_room_for_columns();
     void follow_scroll_state(bool was_shown);
     void place_notice();
+    void show_hint(Key list_key);
 
     frmmain& main_;
     ListGrid* grid_;

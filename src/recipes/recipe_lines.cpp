@@ -13,6 +13,8 @@ namespace {
 constexpr int check_left = 14;
 constexpr int lite_left = 34;
 constexpr int ingred_left = 58;
+constexpr int picture_side = 16;
+constexpr int off_middle = 1; ///< pixels, at most, from the middle of the text; half ones are rounded
 constexpr int controls_width = 80; ///< of the page's width, not for the text
 
 int text_width(int page_width)
@@ -181,9 +183,10 @@ void RecipeLines::place_line(int index, int width, int type_size)
     line.ingred->set_pitch(row_pitch(type_size), height - more_rows);
     line.ingred->setGeometry(ingred_left, top, width, height);
 
-    // Lights and lines have slightly different steps; far down a page a light would leave its line.
+    // Lights and lines have slightly different steps; a light keeps to the middle of its line's first row.
+    const int middle = top + (height - more_rows - picture_side) / 2;
     const auto beside_line = [&](int twips) {
-        return std::clamp(to_pixels(twips) + surplus_, top - 3, top + line_pitch(type_size) - 13);
+        return std::clamp(to_pixels(twips) + surplus_, middle - off_middle, middle + off_middle);
     };
     line.lite->move(lite_left, beside_line(lite_top(index, wrap_extra_, type_size)));
     line.Check1->move(check_left, beside_line(check_top(index, wrap_extra_, type_size)));

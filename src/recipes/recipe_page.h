@@ -174,6 +174,8 @@ private:
     void scroll();
     void scroll_bar_refresh();
     int text_top() const;
+    int text_width() const;
+    void place_hint();
     int content_height() const;
     int color_index() const;
     void check_clicked(int index);
@@ -187,6 +189,7 @@ private:
     QLineEdit* title_;
     PageText* text1_;
     QLabel* label1_;
+    QLabel* hint_; ///< on a recipe without ingredients
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
     RecipeText stored_; ///< name and instructions as they were read or written last

@@ -42,7 +42,14 @@ FittedText fit_text(const QString& text, const QFont& font, int width)
         return {text, *fitting, false};
     QFont narrow = font;
     narrow.setStretch(narrowest_type);
-    return {QFontMetrics(narrow).elidedText(text, Qt::ElideRight, width), narrow, true};
+    const QFontMetrics metrics(narrow);
+    QString shown = metrics.elidedText(text, Qt::ElideRight, width);
+    if (!shown.startsWith(text.front())) { // no room for more than the sign of the cut: rather a letter or two
+        shown = text;
+        while (!shown.isEmpty() && metrics.horizontalAdvance(shown) > width)
+            shown.chop(1);
+    }
+    return {shown, narrow, true};
 }
 
 FittedText fit_number(const QString& text, const QFont& font, int width)

@@ -49,6 +49,7 @@ public:
     int find_row(Key groc_key) const;
 
     void set_type_size(int points);
+    const QFont& plain_font() const { return plain_font_; } ///< of all cells but bold names and dates
     void set_color_index(int index);
     void set_text_color(const QColor& color);
 

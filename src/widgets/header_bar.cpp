@@ -2,7 +2,7 @@
 
 #include "widgets/update_lock.h"
 #include "widgets/column_layout.h"
-#include "widgets/fitted_text.h"
+#include "widgets/fitted_label.h"
 #include "widgets/frame_lines.h"
 #include "widgets/list_grid.h"
 #include "widgets/pictures.h"
@@ -26,7 +26,7 @@ constexpr int tick_size = 12;
 constexpr int tick_margin = 2;
 constexpr int text_margin = 3;
 constexpr int first_type_size = 9;
-constexpr int grip_room = 5; ///< what a caption leaves to the grip at its right
+constexpr int grip_room = 6; ///< what a caption leaves to the grip at its right
 
 /// A flat cell of the bar. It is a button that does nothing, so it shows no press.
 class HeaderCell : public QPushButton {
@@ -41,22 +41,6 @@ protected:
         draw_lower_line(painter, rect(), palette().color(QPalette::Mid));
         painter.setPen(palette().color(QPalette::Midlight));
         painter.drawLine(width() - 1, 3, width() - 1, height() - 4);
-    }
-};
-
-/// A caption of one type size with all the others, narrower where its column is.
-class HeaderCaption : public QLabel {
-public:
-    using QLabel::QLabel;
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        const FittedText shown = fit_text(text(), font(), width());
-        QPainter painter(this);
-        painter.setFont(shown.font);
-        painter.setPen(palette().color(QPalette::ButtonText));
-        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
     }
 };
 
@@ -133,7 +117,7 @@ HeaderBar::HeaderBar(ListGrid& grid, QWidget* parent)
     const QString captions[] = {QStringLiteral("Buy-it    Item"), QStringLiteral("Description"),
                                 QStringLiteral("Qty"), QStringLiteral("Cpn  Expry"), QStringLiteral("Asl")};
     for (int i = 0; i < 5; ++i) {
-        labels_[i] = new HeaderCaption(parent);
+        labels_[i] = new FittedLabel(parent);
         labels_[i]->setObjectName(numbered("listheader_lbl", i));
         labels_[i]->setTextFormat(Qt::PlainText);
         labels_[i]->setText(captions[i]);

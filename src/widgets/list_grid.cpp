@@ -272,6 +272,24 @@ int ListGrid::row_at(int y) const
     return row < model_->rows() ? row : -1;
 }
 
+void ListGrid::set_empty_hint(const QString& hint)
+{
+    empty_hint_ = hint;
+    viewport()->update();
+}
+
+void ListGrid::paint_hint(QPainter& painter)
+{
+    constexpr int margin = 24;
+    constexpr double softer = 0.3;
+    const QPalette colors = palette();
+    const QRect all = viewport()->rect();
+    painter.setFont(model_->plain_font());
+    painter.setPen(blend(colors.color(QPalette::Text), colors.color(QPalette::Base), softer));
+    painter.drawText(all.adjusted(margin, margin, -margin, 0), Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
+                     empty_hint_);
+}
+
 /// The current row has a bar at its left end; while the keyboard is in the grid the whole row is framed, or the
 /// grid where no row is current.
 void ListGrid::paintEvent(QPaintEvent* event)
@@ -281,6 +299,8 @@ void ListGrid::paintEvent(QPaintEvent* event)
     const QRect all = viewport()->rect();
     const QRect row(0, first_row_top() + current_row() * row_height(), all.width(), row_height());
     QPainter painter(viewport());
+    if (model_->rows() == 0)
+        paint_hint(painter);
     if (marked)
         painter.fillRect(QRect(row.topLeft(), QSize(bar_width, row.height())), mark_color_);
     if (hasFocus())

@@ -50,6 +50,9 @@ public:
     /// Page colour of cells and empty area, with readable text on it, and the pictures' colour index.
     void set_page_color(const QColor& color, int color_index);
 
+    /// A sentence for a grid without rows; empty for none.
+    void set_empty_hint(const QString& hint);
+
     /// Whether the rows exceed the height: rows > height / row height - 0.2.
     bool scroll_bar_shown() const;
 
@@ -98,10 +101,12 @@ protected:
 
 private:
     bool has_first_press(QPoint position) const;
+    void paint_hint(QPainter& painter);
     int first_row_top() const; ///< pixels from the viewport's top, negative when scrolled
     void follow_scroll_test();
 
     GridModel* model_;
+    QString empty_hint_;
     QColor mark_color_; ///< of the current row's bar and frame
     int pressed_row_ = -1;
     int pressed_column_ = -1;

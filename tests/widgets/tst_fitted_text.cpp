@@ -26,6 +26,7 @@ class tst_fitted_text : public QObject {
 private slots:
     void a_text_with_room_stays_as_it_is();
     void a_text_with_too_little_room_gets_narrower_type_before_it_is_cut();
+    void a_place_too_narrow_for_the_sign_of_a_cut_shows_letters();
     void what_is_shown_never_exceeds_its_room_data();
     void what_is_shown_never_exceeds_its_room();
     void a_number_is_shown_whole_or_not_at_all_data();
@@ -61,6 +62,16 @@ void tst_fitted_text::a_text_with_too_little_room_gets_narrower_type_before_it_i
     QVERIFY(cut.cut);
     QVERIFY(cut.text.startsWith(QStringLiteral("500")));
     QVERIFY(cut.text.size() < text.size());
+}
+
+void tst_fitted_text::a_place_too_narrow_for_the_sign_of_a_cut_shows_letters()
+{
+    QFont narrow = type_of(12);
+    narrow.setStretch(75);
+    const FittedText shown
+        = fit_number(QStringLiteral("Produce"), type_of(12), width_of(QStringLiteral("Pr"), narrow));
+    QCOMPARE(shown.text, QStringLiteral("Pr"));
+    QVERIFY(shown.cut);
 }
 
 void tst_fitted_text::what_is_shown_never_exceeds_its_room_data()
