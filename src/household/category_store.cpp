@@ -2,12 +2,14 @@
 
 #include "data/keys.h"
 #include "data/query.h"
+#include "household/literal_pattern.h"
 
 namespace tarnwick {
 
 bool category_name_taken(Connection& connection, const QString& name)
 {
-    return Query(connection, "SELECT key_id FROM cat WHERE cat.cat_desc LIKE ?", name).next();
+    return Query(connection, "SELECT key_id FROM cat WHERE cat.cat_desc LIKE ? ESCAPE '\\'", literal_pattern(name))
+        .next();
 }
 
 Key insert_category(Connection& connection, const QString& name)

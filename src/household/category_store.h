@@ -9,7 +9,7 @@
 
 namespace tarnwick {
 
-/// Whether a category has a name that matches this one, case-blind and with `%` and `_` as patterns.
+/// Whether a category has this very name, in any case.
 bool category_name_taken(Connection& connection, const QString& name);
 
 /// Makes a closed category. Returns its key. Throws error 6 when the keys are used up.

@@ -159,6 +159,62 @@ Key Household::save_item(const ItemEdit& edit)
     return change.items.front().item;
 }
 
+Refusal Household::delete_item(Key item)
+{
+    const auto gone = delete_item_record(connection_, item);
+    if (!gone)
+        return Refusal::no_item;
+    emit items_gone(*gone);
+    return Refusal::none;
+}
+
+Refusal Household::rename_item(Key item, const QString& name)
+{
+    if (!rename_item_record(connection_, item, name))
+        return Refusal::no_item;
+    announce_record(Cause::item_rename, item, [](ItemRecord& record) { record.renamed = true; });
+    return Refusal::none;
+}
+
+Moved Household::move_item(Key item, Key category)
+{
+    const Moved moved = move_item_record(connection_, item, category);
+    if (moved == Moved::yes)
+        announce_record(Cause::item_move, item, [category](ItemRecord& record) {
+            record.category = category;
+            record.moved = true;
+        });
+    return moved;
+}
+
+/// Announces what an operation did to a stock item's record and to none of its rows; `tell` says what it was.
+void Household::announce_record(Cause cause, Key item, const std::function<void(ItemRecord&)>& tell)
+{
+    ItemChange change;
+    change.cause = cause;
+    change.items.push_back(codes_of(cause, {item, lite_status(connection_, item)}, false));
+    change.record.emplace();
+    change.record->name = trim(get_ingred_name(connection_, item));
+    tell(*change.record);
+    emit item_changed(change);
+}
+
+bool Household::delete_category(Key category)
+{
+    const auto gone = delete_category_record(connection_, category);
+    if (gone)
+        emit items_gone(*gone);
+    return gone.has_value();
+}
+
+bool Household::rename_category(Key category, const QString& name)
+{
+    if (!rename_category_record(connection_, category, name))
+        return false;
+    emit category_changed({CategoryChange::Kind::renamed, category, trim(one_line(name))});
+    return true;
+}
+
 Refusal Household::delete_list(Key list)
 {
     if (refusal_of(list) == Refusal::no_list)
@@ -185,7 +241,7 @@ Key Household::make_list(const QString& name, QDate today)
 Key Household::make_category(const QString& name)
 {
     const Key category = insert_category(connection_, name);
-    emit category_changed({category, name, {}});
+    emit category_changed({CategoryChange::Kind::made, category, name});
     return category;
 }
 

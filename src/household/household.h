@@ -4,9 +4,12 @@
 #include "household/item_change.h"
 #include "household/item_saving.h"
 #include "household/placing_store.h"
+#include "household/stock_keeping.h"
 #include "household/stock_store.h"
 
 #include <QObject>
+
+#include <functional>
 
 namespace tarnwick {
 
@@ -22,7 +25,15 @@ struct ListsChange {
     std::optional<Key> first_left; ///< after a deletion the first list that remains
 };
 
-/// A category or a recipe that was made; `category` is a recipe's, two digits.
+/// What became of a category of stock that is there.
+struct CategoryChange {
+    enum class Kind { made, renamed };
+    Kind kind = Kind::made;
+    Key category = 0;
+    QString name;
+};
+
+/// A recipe that was made, in a category of two digits.
 struct MadeRecord {
     Key key = 0;
     QString name;
@@ -61,6 +72,22 @@ public:
     /// The item editor's OK. Returns the item's key. Throws placing_error as well.
     Key save_item(const ItemEdit& edit);
 
+    /// Deletes a stock item with its list rows; its recipe lines become non-stock lines of the same text.
+    Refusal delete_item(Key item);
+
+    /// The tree's rename: gives an item and its list rows another name. Its recipe lines lose their link, and
+    /// non-stock lines of the new name are linked to it.
+    Refusal rename_item(Key item, const QString& name);
+
+    /// Moves an item to a category. To the one where it is: nothing.
+    Moved move_item(Key item, Key category);
+
+    /// Deletes a category with all its items, as `delete_item` does each. False for OTHER and no such category.
+    bool delete_category(Key category);
+
+    /// Gives a category another name. False as above.
+    bool rename_category(Key category, const QString& name);
+
     /// Deletes a list with all its rows.
     Refusal delete_list(Key list);
 
@@ -81,11 +108,13 @@ public:
 signals:
     void item_changed(const ItemChange& change);
     void lists_changed(const ListsChange& change);
-    void category_changed(const MadeRecord& made);
+    void items_gone(const ItemsGone& gone);
+    void category_changed(const CategoryChange& change);
     void recipe_changed(const MadeRecord& made);
 
 private:
     void announce_mark(Cause cause, const ItemStatus& item, const std::vector<TiedRow>& rows, bool to_get);
+    void announce_record(Cause cause, Key item, const std::function<void(ItemRecord&)>& tell);
     void announce_cleared(Key list, const ClearedRows& cleared, int mode);
 
     Connection& connection_;

@@ -11,7 +11,8 @@
 
 namespace tarnwick {
 
-/// The status codes of a stock item after an operation, as the table of treatments has them.
+/// The status codes of a stock item after an operation, as the table of treatments has them; `code_untouched` where
+/// what is shown stays.
 struct ItemCodes {
     Key item = 0;
     int status = 0; ///< the true code

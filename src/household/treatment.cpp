@@ -10,7 +10,7 @@ constexpr bool causes_are_in_order()
     for (size_t i = 0; i < treatments.size(); ++i)
         if (treatments[i].cause != static_cast<Cause>(i))
             return false;
-    return treatments.back().cause == Cause::item_editor;
+    return treatments.back().cause == Cause::item_move;
 }
 static_assert(causes_are_in_order());
 

@@ -9,26 +9,38 @@
 namespace tarnwick {
 
 /// What changed the status of a stock item.
-enum class Cause { placing, grid_box, tree_box, row_removal, clearing, page_box, item_editor };
+enum class Cause {
+    placing,
+    grid_box,
+    tree_box,
+    row_removal,
+    clearing,
+    page_box,
+    item_editor,
+    item_rename, ///< in place in the tree
+    item_move
+};
 
 /// What becomes of `groc_1.to_get`.
-enum class RowMark { given, flipped, row_gone, gone_or_cleared, by_page, as_edited };
+enum class RowMark { given, flipped, row_gone, gone_or_cleared, by_page, as_edited, untouched };
 
 /// What becomes of `items_1.to_get`, the flag of the item's last placing.
 enum class ItemFlag { given, untouched, cleared, cleared_if_new };
 
-/// A status code: computed from all list rows, or plain 7 and 6 for a mark set and cleared, whatever stands
-/// on other lists.
-enum class Code { computed, plain };
+/// A status code: computed from all list rows, plain 7 and 6 for a mark set and cleared, whatever stands on other
+/// lists, or the one that was there.
+enum class Code { computed, plain, untouched };
 
 /// When the first status panel tells the item's status, beside the case that its node is the selected one.
 enum class PanelWords { always, in_stock_view, if_selected };
 
-/// The tool tip that the item's lines on the recipe page get.
-enum class LineTip { words, name_and_words, line_and_words };
+/// The tool tip that the item's lines on the recipe page get; `by_name` one each for lines found and lost by a
+/// rename.
+enum class LineTip { words, name_and_words, line_and_words, by_name };
 
-/// Which of the rows whose mark changed the grid shows so, and whether it makes the row current.
-enum class GridMarks { in_place, go_to_row, go_to_first };
+/// Which of the rows whose mark changed the grid shows so, and whether it makes the row current. `whole_list` takes
+/// in the rows of the list that keep their mark, too: those that were placed since the last load may be lit.
+enum class GridMarks { in_place, whole_list, go_to_row, go_to_first };
 
 /// How one cause treats all that shows or stores a status.
 struct Treatment {
@@ -56,17 +68,23 @@ inline constexpr std::array treatments{
     Treatment{Cause::row_removal, RowMark::row_gone, ItemFlag::untouched, Code::computed, Code::computed, false,
               PanelWords::if_selected, Code::computed, LineTip::words, GridMarks::in_place},
     Treatment{Cause::clearing, RowMark::gone_or_cleared, ItemFlag::cleared, Code::computed, Code::computed, false,
-              PanelWords::if_selected, Code::computed, LineTip::words, GridMarks::in_place},
+              PanelWords::if_selected, Code::computed, LineTip::words, GridMarks::whole_list},
     Treatment{Cause::page_box, RowMark::by_page, ItemFlag::untouched, Code::computed, Code::computed, true,
               PanelWords::always, Code::plain, LineTip::words, GridMarks::go_to_first},
     Treatment{Cause::item_editor, RowMark::as_edited, ItemFlag::cleared_if_new, Code::computed, Code::computed,
               false, PanelWords::always, Code::computed, LineTip::line_and_words, GridMarks::in_place},
+    Treatment{Cause::item_rename, RowMark::untouched, ItemFlag::untouched, Code::untouched, Code::untouched, false,
+              PanelWords::if_selected, Code::computed, LineTip::by_name, GridMarks::in_place},
+    Treatment{Cause::item_move, RowMark::untouched, ItemFlag::untouched, Code::untouched, Code::computed, true,
+              PanelWords::always, Code::untouched, LineTip::name_and_words, GridMarks::in_place},
 };
 
 constexpr const Treatment& treatment_of(Cause cause)
 {
     return treatments[static_cast<size_t>(cause)];
 }
+
+inline constexpr int code_untouched = 0;
 
 /// The plain code of a row's mark.
 constexpr int plain_code(bool to_get)
@@ -77,6 +95,8 @@ constexpr int plain_code(bool to_get)
 /// A code as a column of the table has it. `computed` is the item's true code, `to_get` the mark just written.
 constexpr int code_of(Code kind, int computed, bool to_get)
 {
+    if (kind == Code::untouched)
+        return code_untouched;
     return kind == Code::plain ? plain_code(to_get) : computed;
 }
 

@@ -1,6 +1,7 @@
 #include "lists/clearing.h"
 
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/message_box.h"
 #include "widgets/update_lock.h"
 #include "household/household.h"
@@ -9,24 +10,25 @@
 
 namespace tarnwick {
 
-Clearing::Clearing(frmmain& main)
-    : main_(main)
+Clearing::Clearing(Program& program, Placing& placing)
+    : program_(program)
+    , placing_(placing)
 {
 }
 
 void Clearing::clear_list(int mode)
 {
-    const Key list = main_.shared.current_list;
-    if (main_.household().refusal_of(list) == Refusal::no_list) {
-        main_.placing().say_list_gone();
+    const Key list = program_.shared.current_list;
+    if (program_.household.refusal_of(list) == Refusal::no_list) {
+        placing_.say_list_gone();
         return;
     }
-    if (!has_rows_to_clear(main_.connection(), list, mode)) {
+    if (!has_rows_to_clear(program_.connection, list, mode)) {
         say_no_rows(mode);
         return;
     }
-    const UpdateLock lock(main_);
-    main_.household().clear_list(list, mode);
+    const UpdateLock lock(program_.window);
+    program_.household.clear_list(list, mode);
 }
 
 void Clearing::say_no_rows(int mode)
@@ -38,13 +40,13 @@ void Clearing::say_no_rows(int mode)
         text = QStringLiteral("No items in the ");
     else
         text = QStringLiteral("No unchecked items in the ");
-    text += get_list_name(main_.connection(), main_.shared.current_list) + QStringLiteral(" list");
-    msg_box(&main_, text, box::information, QStringLiteral("list info"));
+    text += get_list_name(program_.connection, program_.shared.current_list) + QStringLiteral(" list");
+    msg_box(&program_.window, text, box::information, QStringLiteral("list info"));
 }
 
 void Clearing::groc_del(Key groc_key)
 {
-    main_.household().remove_row(groc_key);
+    program_.household.remove_row(groc_key);
 }
 
 } // namespace tarnwick

@@ -4,12 +4,13 @@
 
 namespace tarnwick {
 
-class frmmain;
+class Placing;
+struct Program;
 
 /// Clears lists and removes rows: asks, and has the household do it.
 class Clearing {
 public:
-    explicit Clearing(frmmain& main);
+    Clearing(Program& program, Placing& placing);
 
     /// Clears the current list: 1 unticks its buy-it rows, 2 deletes the unticked, 3 deletes all.
     void clear_list(int mode);
@@ -21,7 +22,8 @@ public:
     void say_no_rows(int mode);
 
 private:
-    frmmain& main_;
+    Program& program_;
+    Placing& placing_;
 };
 
 } // namespace tarnwick

@@ -7,7 +7,6 @@
 #include "widgets/row_editor.h"
 
 #include <QApplication>
-#include <QHash>
 #include <QSet>
 
 #include <algorithm>
@@ -40,6 +39,18 @@ void GridListener::item_changed(const ItemChange& change)
     editor_.refresh();
 }
 
+void GridListener::items_gone(const ItemsGone& gone)
+{
+    if (gone.rows.empty())
+        return;
+    editor_.hide_line();
+    if (gone.category)
+        take_away_around_current(gone.rows);
+    else
+        for (const Key row : gone.rows)
+            pane_.remove_row(row);
+}
+
 bool GridListener::shows_list(Key list) const
 {
     return shared_.all_lists_view || list == shared_.current_list;
@@ -70,6 +81,23 @@ void GridListener::take_away_many(const std::vector<Key>& gone)
         pane_.grid().set_current(0, grid_column::item);
     pane_.set_col_widths();
     pane_.set_headers();
+}
+
+/// The user's place in the list stays: the current row, or the next one that is left.
+void GridListener::take_away_around_current(const std::vector<Key>& gone)
+{
+    const std::vector<GridRow>& rows = pane_.grid().rows().list_rows();
+    const QSet<Key> keys(gone.begin(), gone.end());
+    const auto is_gone = [&keys](const GridRow& row) { return keys.contains(row.groc_key); };
+    if (std::none_of(rows.begin(), rows.end(), is_gone))
+        return;
+    const auto current = rows.begin() + std::max(pane_.grid().current_row(), 0);
+    auto next = std::find_if_not(current, rows.end(), is_gone);
+    if (next == rows.end())
+        next = std::find_if_not(rows.begin(), rows.end(), is_gone);
+    const Key stays = next == rows.end() ? Key(0) : next->groc_key;
+    take_away_many(gone);
+    pane_.set_row(stays);
 }
 
 void GridListener::show_placed(const GridRow& row, const ItemChange& change)
@@ -105,32 +133,28 @@ void GridListener::show_rewritten(const GridRow& row)
 
 void GridListener::show_marks(const ItemChange& change)
 {
-    QHash<Key, bool> marks;
-    Key first = 0;
-    for (const WrittenRow& written : change.written) {
-        if (written.kind != WrittenRow::Kind::marked)
-            continue;
-        if (marks.isEmpty())
-            first = written.row.groc_key;
-        marks.insert(written.row.groc_key, written.row.to_get);
-    }
-    if (marks.isEmpty())
+    const auto first = std::find_if(change.written.begin(), change.written.end(), [](const WrittenRow& written) {
+        return written.kind == WrittenRow::Kind::marked;
+    });
+    if (first == change.written.end())
         return;
+    const GridRow& marked = first->row;
+    const auto mark = [&marked](GridRow& row) { list_store::set_to_get(row, marked.to_get); };
     GridModel& rows = pane_.grid().rows();
     const GridMarks way = treatment_of(change.cause).grid;
-    if (marks.size() > 1 && way == GridMarks::in_place) {
-        rows.change_all([&marks](GridRow& row) {
-            if (const auto mark = marks.constFind(row.groc_key); mark != marks.constEnd())
-                list_store::set_to_get(row, *mark);
+    if (way == GridMarks::whole_list) {
+        rows.change_all([&](GridRow& row) {
+            if (row.list_key == marked.list_key)
+                mark(row);
         });
         return;
     }
-    const int place = rows.find_row(first);
+    const int place = rows.find_row(marked.groc_key);
     if (place < 0)
         return;
     if (way != GridMarks::in_place)
-        pane_.set_row(first);
-    rows.change_row(place, [to_get = marks.value(first)](GridRow& row) { list_store::set_to_get(row, to_get); });
+        pane_.set_row(marked.groc_key);
+    rows.change_row(place, mark);
 }
 
 void GridListener::rename(Key item, const QString& name)

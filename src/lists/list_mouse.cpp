@@ -1,33 +1,33 @@
 #include "lists/list_mouse.h"
 
-#include "window/frmmain.h"
 #include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/update_lock.h"
 #include "lists/clearing.h"
-#include "widgets/header_bar.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
 #include "lists/placing.h"
 #include "widgets/row_editor.h"
-#include "window/commands.h"
 #include "dialogs/l_item_edit.h"
 
 namespace tarnwick {
 
-ListMouse::ListMouse(frmmain& main)
-    : main_(main)
+ListMouse::ListMouse(Program& program, ListPane& pane, Placing& placing, Clearing& clearing)
+    : program_(program)
+    , pane_(pane)
+    , placing_(placing)
+    , clearing_(clearing)
 {
     connect(&grid(), &ListGrid::mouse_down, this, &ListMouse::mouse_down);
     connect(&grid(), &ListGrid::mouse_up, this, &ListMouse::mouse_up);
     connect(&grid(), &ListGrid::key_down, this, &ListMouse::lv1_keyhandler);
-    connect(&main_.commands(), &Commands::edit_row_wanted, this, [this] { edit_row(grid().current_row()); });
-    connect(&main_.commands(), &Commands::remove_row_wanted, this, [this] { remove_row(grid().current_row()); });
-    connect(&main_.list_pane().header(), &HeaderBar::separator_moved, &main_.row_editor(), &RowEditor::place_again);
+    connect(&pane_, &ListPane::edit_wanted, this, &ListMouse::edit_row);
+    connect(&pane_, &ListPane::removal_wanted, this, &ListMouse::remove_row);
 }
 
 ListGrid& ListMouse::grid()
 {
-    return main_.list_pane().grid();
+    return pane_.grid();
 }
 
 void ListMouse::mouse_down(Qt::MouseButton button)
@@ -36,8 +36,8 @@ void ListMouse::mouse_down(Qt::MouseButton button)
     if (row < 0 || button != Qt::RightButton)
         return;
     grid().set_current(row, grid_column::item);
-    main_.row_editor().lv_edit_off();
-    main_.row_editor().mark_row(row);
+    pane_.row_editor().lv_edit_off();
+    pane_.row_editor().mark_row(row);
 }
 
 void ListMouse::mouse_up(Qt::MouseButton button, QPoint position)
@@ -46,12 +46,12 @@ void ListMouse::mouse_up(Qt::MouseButton button, QPoint position)
         return;
     if (button == Qt::RightButton) {
         if (grid().row_at(position.y()) >= 0)
-            main_.placing().show_row_status(grid().current_row());
+            placing_.show_row_status(grid().current_row());
         emit menu_wanted(grid().viewport()->mapToGlobal(position));
         return;
     }
     if (grid().row_at(position.y()) < 0 || grid().pressed_row() < 0) {
-        main_.row_editor().lv_edit_off();
+        pane_.row_editor().lv_edit_off();
         return;
     }
     int width = 0;
@@ -64,16 +64,16 @@ void ListMouse::mouse_up(Qt::MouseButton button, QPoint position)
 
 void ListMouse::row_clicked(Qt::MouseButton button)
 {
-    const UpdateLock lock(main_);
+    const UpdateLock lock(program_.window);
     const int row = grid().current_row();
     const int column = grid().current_col();
     const bool left = button == Qt::LeftButton;
-    RowEditor& editor = main_.row_editor();
+    RowEditor& editor = pane_.row_editor();
     if (left && column == grid_column::coupon)
         editor.switch_coupon(row, trim(grid().rows().row(row).date).isEmpty());
-    main_.placing().show_row_status(row);
+    placing_.show_row_status(row);
     if (left && column == grid_column::check)
-        main_.placing().toggle_buy_it(row);
+        placing_.toggle_buy_it(row);
     if (left && column >= grid_column::item)
         editor.show_l_line();
     grid().set_current(row, grid_column::item);
@@ -82,7 +82,7 @@ void ListMouse::row_clicked(Qt::MouseButton button)
 void ListMouse::lv1_keyhandler(int key)
 {
     const int row = grid().current_row();
-    if (row < 0 || !main_.shared.list_pane_shown)
+    if (row < 0 || !program_.shared.list_pane_shown)
         return;
     if (key == key_code::remove)
         remove_row(row);
@@ -95,8 +95,8 @@ void ListMouse::lv1_keyhandler(int key)
 void ListMouse::move_to(int row)
 {
     grid().set_current(row, grid_column::item);
-    main_.placing().show_row_status(row);
-    main_.row_editor().show_l_line();
+    placing_.show_row_status(row);
+    pane_.row_editor().show_l_line();
 }
 
 void ListMouse::edit_row(int row)
@@ -106,14 +106,14 @@ void ListMouse::edit_row(int row)
     const GridRow& chosen = grid().rows().row(row);
     EditRequest request{EditMode::edit_item, chosen.item_key};
     request.row = chosen.groc_key;
-    show_item_editor(main_.program(), request);
+    show_item_editor(program_, request);
 }
 
 void ListMouse::remove_row(int row)
 {
     if (row < 0)
         return;
-    main_.clearing().groc_del(grid().rows().row(row).groc_key);
+    clearing_.groc_del(grid().rows().row(row).groc_key);
 }
 
 } // namespace tarnwick

@@ -5,23 +5,25 @@
 
 namespace tarnwick {
 
-class frmmain;
+struct Program;
+class Clearing;
 class ListGrid;
-class RowEditor;
+class ListPane;
+class Placing;
 
 /// Mouse and keys of the main window's grid, and what its row menu and the buttons at a row's end do.
 class ListMouse : public QObject {
     Q_OBJECT
 public:
-    explicit ListMouse(frmmain& main);
+    ListMouse(Program& program, ListPane& pane, Placing& placing, Clearing& clearing);
 
     /// Key handling of the grid: Delete, up and down (`key_code`); other keys pass.
     void lv1_keyhandler(int key);
 
-    /// Opens the item editor for a grid row.
+    /// Opens the item editor for a grid row; below 0 nothing.
     void edit_row(int row);
 
-    /// Removes a grid row from its list, without a question.
+    /// Removes a grid row from its list, without a question; below 0 nothing.
     void remove_row(int row);
 
 signals:
@@ -34,7 +36,10 @@ private:
     void move_to(int row);
     ListGrid& grid();
 
-    frmmain& main_;
+    Program& program_;
+    ListPane& pane_;
+    Placing& placing_;
+    Clearing& clearing_;
 };
 
 } // namespace tarnwick

@@ -1,6 +1,8 @@
 #include "lists/list_pane.h"
 
-#include "window/frmmain.h"
+#include "data/settings.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/update_lock.h"
 #include "widgets/column_layout.h"
 #include "widgets/fitted_text.h"
@@ -9,9 +11,8 @@
 #include "household/list_store.h"
 #include "household/status.h"
 #include "widgets/row_editor.h"
-#include "window/layout.h"
+#include "lists/main_row_editor_host.h"
 #include "widgets/pictures.h"
-#include "window/toolbar.h"
 
 #include <QCheckBox>
 #include <QFrame>
@@ -23,6 +24,7 @@
 #include <QTextOption>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -37,8 +39,9 @@ QLatin1String group_setting(int group)
 
 } // namespace
 
-ListPane::ListPane(frmmain& main, QWidget* parent)
-    : main_(main)
+ListPane::ListPane(Program& program, QWidget* parent, Surroundings around)
+    : program_(program)
+    , around_(std::move(around))
     , grid_(new ListGrid(parent))
     , header_(new HeaderBar(*grid_, parent))
     , frmCreateList_(new QFrame(parent))
@@ -64,25 +67,34 @@ ListPane::ListPane(frmmain& main, QWidget* parent)
 
     connect(header_, &HeaderBar::group_toggled, this, &ListPane::show_column_group);
     connect(header_, &HeaderBar::separator_moved, this, &ListPane::set_headers);
+
+    row_editor_host_ = std::make_unique<MainRowEditorHost>(
+        program_, *this,
+        MainRowEditorHost::Buttons{[this](int row) { emit edit_wanted(row); },
+                                   [this](int row) { emit removal_wanted(row); }});
+    row_editor_ = std::make_unique<RowEditor>(*grid_, *row_editor_host_, parent);
+    connect(header_, &HeaderBar::separator_moved, row_editor_.get(), &RowEditor::place_again);
 }
+
+ListPane::~ListPane() = default;
 
 void ListPane::lv_load(Key list_key)
 {
-    main_.connection().reopen();
+    program_.connection.reopen();
     const bool bar_was_shown = grid_->scroll_bar_shown();
-    if (main_.row_editor().is_open())
-        main_.row_editor().lv_edit_off();
-    main_.shared.all_lists_view = list_key < 1;
-    show_rows(list_store::read_rows(main_.connection(), list_key));
+    if (row_editor_->is_open())
+        row_editor_->lv_edit_off();
+    program_.shared.all_lists_view = list_key < 1;
+    show_rows(list_store::read_rows(program_.connection, list_key));
     if (grid_->scroll_bar_shown() != bar_was_shown && grid_->rows().rows() > 0)
         grid_->set_current(0, grid_column::desc);
-    list_store::mark_active(main_.connection(), list_key);
+    list_store::mark_active(program_.connection, list_key);
     show_hint(list_key);
     set_col_widths();
     set_headers();
-    main_.shared.list_pane_shown = true;
-    main_.l_r_refresh();
-    main_.toolbar().toolbar_fit();
+    program_.shared.list_pane_shown = true;
+    program_.l_r_refresh();
+    emit list_loaded();
 }
 
 /// What an empty list says. A key without a record takes no items.
@@ -91,7 +103,7 @@ void ListPane::show_hint(Key list_key)
     if (list_key < 1)
         grid_->set_empty_hint(
             QStringLiteral("The lists are empty: click an item's box in the stock tree to put it on one."));
-    else if (list_name_of(main_.connection(), list_key))
+    else if (list_name_of(program_.connection, list_key))
         grid_->set_empty_hint(
             QStringLiteral("This list is empty: click an item's box in the stock tree to put it here."));
     else
@@ -101,7 +113,7 @@ void ListPane::show_hint(Key list_key)
 void ListPane::show_rows(std::vector<GridRow> rows)
 {
     const UpdateLock lock(*grid_);
-    grid_->set_type_size(main_.shared.type_size);
+    grid_->set_type_size(program_.shared.type_size);
     grid_->rows().set_rows(std::move(rows));
     if (grid_->rows().rows() == 0)
         return;
@@ -111,8 +123,8 @@ void ListPane::show_rows(std::vector<GridRow> rows)
 
 void ListPane::rebuild_array(Key list_key)
 {
-    main_.shared.all_lists_view = list_key < 1;
-    const std::vector<list_store::RowKeys> records = list_store::read_row_keys(main_.connection(), list_key);
+    program_.shared.all_lists_view = list_key < 1;
+    const std::vector<list_store::RowKeys> records = list_store::read_row_keys(program_.connection, list_key);
     if (records.empty())
         return;
     QHash<Key, const list_store::RowKeys*> by_key;
@@ -149,7 +161,7 @@ void ListPane::set_col_widths()
 
 void ListPane::set_headers()
 {
-    QRect row = main_.layout_manager().header_row();
+    QRect row = around_.header_row();
     if (row.height() <= 0)
         row = {grid_->x(), grid_->y() - header_->wanted_height(), grid_->width(), header_->wanted_height()};
     header_->set_headers(row.top(), row.height());
@@ -160,8 +172,8 @@ void ListPane::set_headers()
 
 void ListPane::show_column_group(int group)
 {
-    main_.settings().write(QLatin1String(settings_app::columns), QStringLiteral("prefs"), group_setting(group),
-                           column_group_shown(group) ? QStringLiteral("1") : QStringLiteral("0"));
+    program_.settings.write(QLatin1String(settings_app::columns), QStringLiteral("prefs"), group_setting(group),
+                            column_group_shown(group) ? QStringLiteral("1") : QStringLiteral("0"));
     emit column_groups_changed();
     {
         const UpdateLock lock(*grid_);
@@ -174,8 +186,8 @@ void ListPane::show_column_group(int group)
             set_col_widths();
         set_headers();
     }
-    if (main_.row_editor().is_open())
-        main_.row_editor().place_again();
+    if (row_editor_->is_open())
+        row_editor_->place_again();
 }
 
 /// Where tree and grid are too narrow for the columns the separator of the panes gives way.
@@ -184,11 +196,11 @@ void ListPane::make_room_for_columns()
     constexpr int least_grid_width = 400;
     constexpr int separator_room = 14;
     constexpr int text_width = 115;
-    const QRect tree = main_.layout_manager().left_pane();
+    const QRect tree = around_.left_pane();
     const int left_for_grid = grid_->parentWidget()->width() - 2 * tree.left() - tree.width() - separator_room;
     if (left_for_grid >= least_grid_width)
         return;
-    main_.layout_manager().separator_fix();
+    around_.separator_fix();
     grid_->set_col_width(grid_column::item, text_width);
     grid_->set_col_width(grid_column::desc, text_width);
 }
@@ -201,7 +213,7 @@ bool ListPane::column_group_shown(int group) const
 void ListPane::restore_column_groups()
 {
     for (const int group : {0, 1}) {
-        const QString stored = main_.settings().pref(group_setting(group), QStringLiteral("0"));
+        const QString stored = program_.settings.pref(group_setting(group), QStringLiteral("0"));
         header_->show_box(group).setChecked(val(stored) == 1);
         column_layout::set_group_widths(*grid_, *header_, group);
     }
@@ -219,7 +231,7 @@ void ListPane::set_CreateList(bool show)
                                                     " - or choose 'Shopping list/New list' from the menu bar"));
         QFont font = txtCreateList_->font();
         font.setStretch(QFont::Unstretched);
-        font.setPointSize(main_.shared.type_size > 0 ? main_.shared.type_size : font.pointSize());
+        font.setPointSize(program_.shared.type_size > 0 ? program_.shared.type_size : font.pointSize());
         txtCreateList_->setFont(font);
         place_notice();
         grid_->set_empty_hint({});
@@ -259,17 +271,17 @@ bool ListPane::notice_shown() const
 
 void ListPane::set_page_color()
 {
-    if (!main_.shared.page_color)
+    if (!program_.shared.page_color)
         return;
-    grid_->set_page_color(*main_.shared.page_color, main_.shared.color_index);
+    grid_->set_page_color(*program_.shared.page_color, program_.shared.color_index);
     for (QWidget* part : {static_cast<QWidget*>(frmCreateList_), static_cast<QWidget*>(txtCreateList_)})
         part->setPalette(grid_->palette());
 }
 
 void ListPane::set_type_size()
 {
-    grid_->set_type_size(main_.shared.type_size);
-    header_->set_type_size(main_.shared.type_size);
+    grid_->set_type_size(program_.shared.type_size);
+    header_->set_type_size(program_.shared.type_size);
     if (notice_shown())
         set_CreateList(true);
 }
@@ -287,8 +299,8 @@ void ListPane::leave_for_tree()
     if (grid_->current_row() >= 0)
         grid_->set_current(grid_->current_row(), grid_column::item);
     grid_->clearSelection();
-    if (main_.row_editor().is_open())
-        main_.row_editor().lv_edit_off();
+    if (row_editor_->is_open())
+        row_editor_->lv_edit_off();
 }
 
 int ListPane::add_row(GridRow row, bool make_current)
@@ -310,7 +322,7 @@ void ListPane::remove_row(Key groc_key)
     const int column = grid_->current_col();
     grid_->rows().remove_row(index);
     if (grid_->rows().rows() == 0)
-        main_.row_editor().lv_edit_off();
+        row_editor_->lv_edit_off();
     else
         grid_->set_current(std::min(index, grid_->rows().rows() - 1), column);
     follow_scroll_state(bar_was_shown);
@@ -322,8 +334,8 @@ void ListPane::follow_scroll_state(bool was_shown)
         return;
     set_col_widths();
     set_headers();
-    if (main_.row_editor().is_open())
-        main_.row_editor().place_again();
+    if (row_editor_->is_open())
+        row_editor_->place_again();
 }
 
 } // namespace tarnwick

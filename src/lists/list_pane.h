@@ -4,7 +4,10 @@
 #include "household/grid_row.h"
 
 #include <QObject>
+#include <QRect>
 
+#include <functional>
+#include <memory>
 #include <vector>
 
 class QFrame;
@@ -14,18 +17,29 @@ class QWidget;
 
 namespace tarnwick {
 
-class frmmain;
+struct Program;
 class HeaderBar;
 class ListGrid;
+class MainRowEditorHost;
+class RowEditor;
 
 /// The right pane's list: the grid `Listview1`, the header bar over it and the notice of the empty state.
 class ListPane : public QObject {
     Q_OBJECT
 public:
-    ListPane(frmmain& main, QWidget* parent);
+    /// What the window around the pane tells it.
+    struct Surroundings {
+        std::function<QRect()> header_row; ///< where the heads belong; empty before the first layout
+        std::function<QRect()> left_pane;
+        std::function<void()> separator_fix; ///< moves the panes' separator as far as columns need it
+    };
+
+    ListPane(Program& program, QWidget* parent, Surroundings around);
+    ~ListPane() override;
 
     ListGrid& grid() { return *grid_; }
     HeaderBar& header() { return *header_; }
+    RowEditor& row_editor() { return *row_editor_; }
 
     /// Loads the grid with a list; below 1 with all lists together. Marks the list active.
     void lv_load(Key list_key);
@@ -73,6 +87,9 @@ public:
 
 signals:
     void column_groups_changed(); ///< another set of column groups is on show
+    void list_loaded();
+    void edit_wanted(int row); ///< the pencil at a row's end
+    void removal_wanted(int row); ///< the cross at a row's end
 
 private:
     void show_rows(std::vector<GridRow> rows);
@@ -81,12 +98,15 @@ private:
     void place_notice();
     void show_hint(Key list_key);
 
-    frmmain& main_;
+    Program& program_;
+    Surroundings around_;
     ListGrid* grid_;
     HeaderBar* header_;
     QFrame* frmCreateList_;
     QLabel* notice_picture_;
     QTextBrowser* txtCreateList_;
+    std::unique_ptr<MainRowEditorHost> row_editor_host_;
+    std::unique_ptr<RowEditor> row_editor_;
 };
 
 } // namespace tarnwick

@@ -1,31 +1,38 @@
 #include "lists/lists.h"
 
-#include "window/frmmain.h"
+#include "data/settings.h"
 #include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/message_box.h"
 #include "widgets/update_lock.h"
 #include "lists/clearing.h"
 #include "widgets/header_bar.h"
+#include "widgets/list_grid.h"
+#include "widgets/row_editor.h"
+#include "household/stock_store.h"
 #include "lists/list_pane.h"
+#include "dialogs/lst_clr_dlg.h"
 #include "dialogs/new_item_rcp.h"
 #include "lists/placing.h"
-#include "window/commands.h"
 #include "household/status.h"
 
-#include <QAction>
 #include <QCheckBox>
+
+#include <algorithm>
 
 namespace tarnwick {
 
-Lists::Lists(frmmain& main)
-    : main_(main)
+Lists::Lists(Program& program, ListPane& pane, Placing& placing, Clearing& clearing)
+    : program_(program)
+    , pane_(pane)
+    , placing_(placing)
+    , clearing_(clearing)
 {
-    connect(&main_.commands(), &Commands::list_chosen, this, &Lists::choose);
 }
 
 void Lists::new_list()
 {
-    new_item_rcp(main_.program(), &main_, {NamingKind::list}).exec();
+    new_item_rcp(program_, &program_.window, {NamingKind::list}).exec();
 }
 
 void Lists::lists_changed(const ListsChange& change)
@@ -36,7 +43,7 @@ void Lists::lists_changed(const ListsChange& change)
         break;
     case ListsChange::Kind::renamed:
         emit list_renamed(change.list, change.name);
-        main_.l_r_refresh();
+        program_.l_r_refresh();
         break;
     case ListsChange::Kind::deleted:
         list_deleted(change.first_left);
@@ -46,16 +53,16 @@ void Lists::lists_changed(const ListsChange& change)
 
 void Lists::list_made(Key list)
 {
-    main_.shared.current_list = list;
-    main_.settings().write(QLatin1String(settings_app::dialogs), QStringLiteral("prefs"), QStringLiteral("alist"),
-                           QString::number(list));
+    program_.shared.current_list = list;
+    program_.settings.write(QLatin1String(settings_app::dialogs), QStringLiteral("prefs"), QStringLiteral("alist"),
+                            QString::number(list));
     set_mnu_lists();
 }
 
 void Lists::set_mnu_lists()
 {
-    SharedValues& shared = main_.shared;
-    const std::vector<ShoppingList> all = shopping_lists(main_.connection());
+    SharedValues& shared = program_.shared;
+    const std::vector<ShoppingList> all = shopping_lists(program_.connection);
     if (all.empty()) {
         shared.current_list = -1;
         shared.all_lists_view = false;
@@ -63,54 +70,52 @@ void Lists::set_mnu_lists()
         shared.current_list = 0; // the stored choice may be older than the lists
     }
     emit lists_read(all);
-    main_.list_pane().set_CreateList(all.empty() && shared.list_pane_shown);
+    pane_.set_CreateList(all.empty() && shared.list_pane_shown);
     if (!all.empty())
-        main_.list_pane().lv_load(shared.current_list);
+        pane_.lv_load(shared.current_list);
 }
 
 void Lists::no_list()
 {
-    main_.shared.list_pane_shown = true;
-    main_.l_r_refresh();
+    program_.shared.list_pane_shown = true;
+    program_.l_r_refresh();
     set_mnu_lists();
 }
 
-void Lists::choose(int entry)
+void Lists::choose(const QString& caption, const QString& tag)
 {
-    const QAction& action = main_.commands().list_entry(entry);
-    const QString caption = trim(Commands::plain_caption(action));
     if (caption == QLatin1String("Create a shopping list")) {
         new_list();
-        const UpdateLock lock(main_);
-        main_.shared.list_pane_shown = true;
-        main_.l_r_refresh();
+        const UpdateLock lock(program_.window);
+        program_.shared.list_pane_shown = true;
+        program_.l_r_refresh();
         return;
     }
-    const UpdateLock lock(main_);
-    choose_list(caption, trim(Commands::list_entry_tag(action)));
-    main_.shared.list_pane_shown = true;
-    main_.l_r_refresh();
+    const UpdateLock lock(program_.window);
+    choose_list(caption, tag);
+    program_.shared.list_pane_shown = true;
+    program_.l_r_refresh();
 }
 
 void Lists::choose_list(const QString& caption, const QString& tag)
 {
-    SharedValues& shared = main_.shared;
+    SharedValues& shared = program_.shared;
     const bool all = caption == QLatin1String("All");
     shared.all_lists_view = all;
     shared.current_list = all ? Key{0} : to_int16(tag);
-    main_.settings().set_pref(QStringLiteral("s_all"), all ? QStringLiteral("1") : QStringLiteral("0"));
-    main_.settings().set_pref(QStringLiteral("alist"), QString::number(shared.current_list));
-    main_.list_pane().lv_load(shared.current_list);
+    program_.settings.set_pref(QStringLiteral("s_all"), all ? QStringLiteral("1") : QStringLiteral("0"));
+    program_.settings.set_pref(QStringLiteral("alist"), QString::number(shared.current_list));
+    pane_.lv_load(shared.current_list);
 }
 
 void Lists::rename_list()
 {
-    Connection& connection = main_.connection();
-    const Key list = main_.shared.current_list;
+    Connection& connection = program_.connection;
+    const Key list = program_.shared.current_list;
     const auto old_name = list_name_of(connection, list);
     if (!old_name)
         return;
-    QString name = input_box(&main_,
+    QString name = input_box(&program_.window,
                              QStringLiteral("Enter a new name for the ") + *old_name
                                  + QStringLiteral(" list\n- or choose CANCEL\n\nNew name:"),
                              QStringLiteral("Tarnwick"), *old_name);
@@ -118,15 +123,28 @@ void Lists::rename_list()
         return;
     strip_apostrophes(name);
     name = trim(name);
-    main_.household().rename_list(list, name);
+    program_.household.rename_list(list, name);
+}
+
+void Lists::clear()
+{
+    const auto name = list_name_of(program_.connection, program_.shared.current_list);
+    if (!name) {
+        placing_.say_list_gone();
+        return;
+    }
+    lst_clr_dlg dialog(trim(*name), program_.shared.type_size, &program_.window);
+    connect(&dialog, &lst_clr_dlg::clear_wanted, this, [this](int mode) { clearing_.clear_list(mode); });
+    connect(&dialog, &lst_clr_dlg::delete_wanted, this, &Lists::list_del);
+    dialog.exec();
 }
 
 void Lists::list_del()
 {
-    Connection& connection = main_.connection();
-    const Key list = main_.shared.current_list;
-    if (main_.household().refusal_of(list) == Refusal::no_list) {
-        main_.placing().say_list_gone();
+    Connection& connection = program_.connection;
+    const Key list = program_.shared.current_list;
+    if (program_.household.refusal_of(list) == Refusal::no_list) {
+        placing_.say_list_gone();
         return;
     }
     const QString name = get_list_name(connection, list);
@@ -135,35 +153,56 @@ void Lists::list_del()
         ? QStringLiteral("Are you sure you want to \ndelete the ") + name + QStringLiteral(" list?")
         : QStringLiteral("The ") + name + QStringLiteral(" list has ") + QString::number(rows)
             + QStringLiteral(" items on it\nAre you sure you want to delete it?");
-    if (msg_box(&main_, text, box::yes_no | box::exclamation, QStringLiteral("Warning")) != Answer::yes)
+    if (msg_box(&program_.window, text, box::yes_no | box::exclamation, QStringLiteral("Warning")) != Answer::yes)
         return;
     // Links alone, their rows gone, are nothing that a clearing could delete.
     if (rows > 0 && !has_rows_to_clear(connection, list, clear_mode::delete_all))
-        main_.clearing().say_no_rows(clear_mode::delete_all);
+        clearing_.say_no_rows(clear_mode::delete_all);
 
-    const UpdateLock lock(main_);
-    main_.household().delete_list(list);
+    const UpdateLock lock(program_.window);
+    program_.household.delete_list(list);
 }
 
 void Lists::list_deleted(std::optional<Key> first_left)
 {
-    main_.shared.current_list = first_left.value_or(Key{-1});
+    program_.shared.current_list = first_left.value_or(Key{-1});
     // The setting takes "1" and not the key of the list that follows: kept as it is.
-    main_.settings().set_pref(QStringLiteral("alist"), first_left ? QStringLiteral("1") : QStringLiteral("-1"));
+    program_.settings.set_pref(QStringLiteral("alist"), first_left ? QStringLiteral("1") : QStringLiteral("-1"));
     if (!first_left)
         hide_column_groups();
-    main_.l_r_refresh();
+    program_.l_r_refresh();
     set_mnu_lists();
+}
+
+void Lists::locate(Key item)
+{
+    SharedValues& shared = program_.shared;
+    if (shared.list_pane_shown)
+        pane_.row_editor().lv_edit_off();
+    const auto tied = first_tied_row(program_.connection, item);
+    if (!tied)
+        return;
+    if (!shared.all_lists_view && tied->list_key != shared.current_list) {
+        shared.current_list = tied->list_key;
+        set_mnu_lists();
+    }
+    ListGrid& grid = pane_.grid();
+    const int row = grid.rows().find_row(tied->groc_key);
+    if (row < 0)
+        return;
+    grid.set_current(row, grid_column::item);
+    grid.set_top_row(std::max(0, row - grid.rows_in_view() / 2));
+    grid.rows().change_row(row, [](GridRow& located) { located.located = true; });
 }
 
 void Lists::hide_column_groups()
 {
     for (const int group : {0, 1}) {
-        QCheckBox& box = main_.list_pane().header().show_box(group);
+        QCheckBox& box = pane_.header().show_box(group);
         if (!box.isChecked())
             continue;
         box.setChecked(false);
-        main_.list_pane().show_column_group(group);
+        pane_.show_column_group(group);
     }
 }
 

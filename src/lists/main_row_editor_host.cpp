@@ -1,11 +1,13 @@
 #include "lists/main_row_editor_host.h"
 
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/list_grid.h"
-#include "lists/list_mouse.h"
 #include "lists/list_pane.h"
 #include "household/row_store.h"
 #include "household/status.h"
+
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -24,28 +26,30 @@ RowField field_of(int column)
 
 } // namespace
 
-MainRowEditorHost::MainRowEditorHost(frmmain& main)
-    : main_(main)
+MainRowEditorHost::MainRowEditorHost(Program& program, ListPane& pane, Buttons buttons)
+    : program_(program)
+    , pane_(pane)
+    , buttons_(std::move(buttons))
 {
 }
 
 const GridRow& MainRowEditorHost::row_at(int row) const
 {
-    return main_.list_pane().grid().rows().row(row);
+    return pane_.grid().rows().row(row);
 }
 
 int MainRowEditorHost::type_size() const
 {
-    return main_.shared.type_size;
+    return program_.shared.type_size;
 }
 bool MainRowEditorHost::column_group_shown(int group) const
 {
-    return main_.list_pane().column_group_shown(group);
+    return pane_.column_group_shown(group);
 }
 
 void MainRowEditorHost::text_edited(int row, int column, const QString& text)
 {
-    write_row_field(main_.connection(), row_at(row).groc_key, field_of(column), text);
+    write_row_field(program_.connection, row_at(row).groc_key, field_of(column), text);
 }
 
 bool MainRowEditorHost::coupon_on(int row) const
@@ -56,7 +60,7 @@ bool MainRowEditorHost::coupon_on(int row) const
 QString MainRowEditorHost::set_coupon(int row, bool on)
 {
     const GridRow& switched = row_at(row);
-    const std::optional<QDate> date = write_row_coupon(main_.connection(), switched.groc_key, on, today());
+    const std::optional<QDate> date = write_row_coupon(program_.connection, switched.groc_key, on, today());
     if (!date)
         return switched.date;
     return or_blank(date->toString(screen_date_format));
@@ -64,16 +68,7 @@ QString MainRowEditorHost::set_coupon(int row, bool on)
 
 void MainRowEditorHost::date_chosen(int row, QDate date)
 {
-    write_row_expiry(main_.connection(), row_at(row).groc_key, date);
-}
-
-void MainRowEditorHost::edit_row(int row)
-{
-    main_.list_mouse().edit_row(row);
-}
-void MainRowEditorHost::remove_row(int row)
-{
-    main_.list_mouse().remove_row(row);
+    write_row_expiry(program_.connection, row_at(row).groc_key, date);
 }
 
 QString MainRowEditorHost::edit_tool_tip(int row) const
@@ -84,13 +79,13 @@ QString MainRowEditorHost::edit_tool_tip(int row) const
 QString MainRowEditorHost::remove_tool_tip(int row) const
 {
     const GridRow& removed = row_at(row);
-    const QString list = list_name_of(main_.connection(), removed.list_key).value_or(QString());
+    const QString list = list_name_of(program_.connection, removed.list_key).value_or(QString());
     return QStringLiteral("Delete '") + removed.item + QStringLiteral("' from ") + list + QStringLiteral(" list");
 }
 
 QDate MainRowEditorHost::today() const
 {
-    return main_.today();
+    return program_.today();
 }
 
 } // namespace tarnwick

@@ -1,8 +1,8 @@
 #include "lists/placing.h"
 
-#include "window/frmmain.h"
 #include "widgets/message_box.h"
 #include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "data/runtime_error.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
@@ -12,14 +12,15 @@
 
 namespace tarnwick {
 
-Placing::Placing(frmmain& main)
-    : main_(main)
+Placing::Placing(Program& program, ListPane& pane)
+    : program_(program)
+    , pane_(pane)
 {
 }
 
 PlacingAnswer Placing::chck_item(Key item_key, Key list_key)
 {
-    Connection& connection = main_.connection();
+    Connection& connection = program_.connection;
     const auto listed = item_on_list(connection, item_key, list_key);
     if (!listed)
         return PlacingAnswer::go_on;
@@ -27,22 +28,22 @@ PlacingAnswer Placing::chck_item(Key item_key, Key list_key)
     const QString text = QStringLiteral("There is already an ") + word + u' ' + trim(listed->item)
         + QStringLiteral("\n stock item on the ") + get_list_name(connection, list_key)
         + QStringLiteral(" list -\n\nDo you want to add another?\n\nChoose YES to add another, NO to Cancel:");
-    const Answer answer
-        = msg_box(&main_, text, box::yes_no | box::question | box::second_default, QStringLiteral("Question"));
+    const Answer answer = msg_box(&program_.window, text, box::yes_no | box::question | box::second_default,
+                                  QStringLiteral("Question"));
     return answer == Answer::yes ? PlacingAnswer::go_on : PlacingAnswer::cancelled;
 }
 
 void Placing::stock_to_list(Key item_key)
 {
-    const SharedValues& shared = main_.shared;
-    if (shared.current_list > 0 && main_.household().refusal_of(shared.current_list) != Refusal::none) {
+    const SharedValues& shared = program_.shared;
+    if (shared.current_list > 0 && program_.household.refusal_of(shared.current_list) != Refusal::none) {
         say_list_gone();
         return;
     }
     if (chck_item(item_key, shared.current_list) == PlacingAnswer::cancelled)
         return;
     if (shared.current_list < 0) {
-        msg_box(&main_,
+        msg_box(&program_.window,
                 QStringLiteral("There are no lists to add to -\nTo create a new list click the\n"
                                "New list button on the toolbar\n(notepad icon marked 'New') or go to\n"
                                "Shopping List/New on the menu bar"),
@@ -52,14 +53,14 @@ void Placing::stock_to_list(Key item_key)
     if (shared.all_lists_view) {
         EditRequest request{EditMode::place_item, item_key};
         request.list = shared.current_list;
-        show_item_editor(main_.program(), request);
+        show_item_editor(program_, request);
         return;
     }
     Placement placement;
     placement.list_key = shared.current_list;
     placement.item_key = item_key;
-    placement.created = main_.today();
-    placement.modified = main_.today();
+    placement.created = program_.today();
+    placement.modified = program_.today();
     add_item(placement);
 }
 
@@ -68,18 +69,18 @@ void Placing::add_item(const Placement& placement)
     try {
         place(placement);
     } catch (...) {
-        main_.program().end_after_error(current_error());
+        program_.end_after_error(current_error());
     }
 }
 
 void Placing::place(const Placement& placement)
 {
-    switch (main_.household().place(placement)) {
+    switch (program_.household.place(placement)) {
     case Refusal::no_list:
         say_list_gone();
         break;
     case Refusal::no_item:
-        msg_box(&main_, QStringLiteral("Stock item not found"), box::ok, QStringLiteral("Warning"));
+        msg_box(&program_.window, QStringLiteral("Stock item not found"), box::ok, QStringLiteral("Warning"));
         break;
     case Refusal::none:
         break;
@@ -88,22 +89,23 @@ void Placing::place(const Placement& placement)
 
 void Placing::say_list_gone()
 {
-    msg_box(&main_, QStringLiteral("This list no longer exists. Choose another one from the Shopping lists menu."),
+    msg_box(&program_.window,
+            QStringLiteral("This list no longer exists. Choose another one from the Shopping lists menu."),
             box::exclamation, QStringLiteral("Shopping list"));
 }
 
 void Placing::toggle_buy_it(int row)
 {
-    const GridRow& ticked = main_.list_pane().grid().rows().row(row);
-    const Key list = main_.shared.all_lists_view ? ticked.list_key : main_.shared.current_list;
-    main_.household().tick(ticked.groc_key, list, !ticked.to_get);
+    const GridRow& ticked = pane_.grid().rows().row(row);
+    const Key list = program_.shared.all_lists_view ? ticked.list_key : program_.shared.current_list;
+    program_.household.tick(ticked.groc_key, list, !ticked.to_get);
 }
 
 void Placing::show_row_status(int row)
 {
-    Connection& connection = main_.connection();
-    if (const auto item = item_of_row(connection, main_.list_pane().grid().rows().row(row).groc_key))
-        main_.set_status(get_status(connection, *item));
+    Connection& connection = program_.connection;
+    if (const auto item = item_of_row(connection, pane_.grid().rows().row(row).groc_key))
+        program_.set_status(get_status(connection, *item));
 }
 
 } // namespace tarnwick

@@ -4,7 +4,8 @@
 
 namespace tarnwick {
 
-class frmmain;
+class ListPane;
+struct Program;
 
 /// Whether a placing goes on after the question about a second row.
 enum class PlacingAnswer { go_on, cancelled };
@@ -12,7 +13,7 @@ enum class PlacingAnswer { go_on, cancelled };
 /// Puts stock items on lists and ticks their rows: asks, and has the household do it.
 class Placing {
 public:
-    explicit Placing(frmmain& main);
+    Placing(Program& program, ListPane& pane);
 
     /// Asks before a second placing of an item on a list; goes on without a word otherwise.
     PlacingAnswer chck_item(Key item_key, Key list_key);
@@ -35,7 +36,8 @@ public:
 private:
     void place(const Placement& placement);
 
-    frmmain& main_;
+    Program& program_;
+    ListPane& pane_;
 };
 
 } // namespace tarnwick

@@ -1,6 +1,6 @@
 #include "output/anti_vrs.h"
 
-#include "output/dialog_font.h"
+#include "widgets/dialog_font.h"
 
 #include <QCheckBox>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #include "output/list_to_get.h"
 
-#include "output/dialog_font.h"
+#include "widgets/dialog_font.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

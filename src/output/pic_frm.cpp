@@ -1,7 +1,7 @@
 #include "output/pic_frm.h"
 
 #include "data/settings.h"
-#include "output/dialog_font.h"
+#include "widgets/dialog_font.h"
 #include "output/sample_page.h"
 
 #include <QCheckBox>

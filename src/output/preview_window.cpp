@@ -1,6 +1,6 @@
 #include "output/preview_window.h"
 
-#include "output/dialog_font.h"
+#include "widgets/dialog_font.h"
 #include "output/page_sheet.h"
 
 #include <QGuiApplication>

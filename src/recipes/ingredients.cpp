@@ -1,26 +1,22 @@
 #include "recipes/ingredients.h"
 
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/message_box.h"
 #include "data/runtime_error.h"
 #include "household/ingredient_store.h"
 #include "recipes/line_editor.h"
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
-#include "stock/floating_buttons.h"
 #include "household/status.h"
 
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace tarnwick {
-namespace {
-
-constexpr int recipe_button = 1; ///< `flt_btn` that adds to the recipe
-
-} // namespace
-
-Ingredients::Ingredients(frmmain& main, RecipePage& page, LineEditor& editor)
-    : main_(main)
+Ingredients::Ingredients(Program& program, RecipePage& page, LineEditor& editor)
+    : program_(program)
     , page_(page)
     , editor_(editor)
 {
@@ -29,7 +25,7 @@ Ingredients::Ingredients(frmmain& main, RecipePage& page, LineEditor& editor)
 // False when there is no page for a new line, or the line under the editor is not finished yet.
 bool Ingredients::begin_line()
 {
-    if (!page_.has_recipe() || main_.shared.list_pane_shown)
+    if (!page_.has_recipe() || program_.shared.list_pane_shown)
         return false;
     if (editor_.is_open())
         editor_.end_edit();
@@ -37,8 +33,8 @@ bool Ingredients::begin_line()
         return false;
     if (page_.has_room(QStringLiteral(" ")))
         return true;
-    msg_box(&main_, QStringLiteral("This page is full: there is no room\nfor another ingredient"), box::information,
-            QStringLiteral("Recipe page is full"));
+    msg_box(&program_.window, QStringLiteral("This page is full: there is no room\nfor another ingredient"),
+            box::information, QStringLiteral("Recipe page is full"));
     return false;
 }
 
@@ -68,7 +64,7 @@ void Ingredients::add_ns_ingred()
     if (!begin_line())
         return;
     page_.scroll_bar().setValue(0);
-    main_.floating_buttons().hide(recipe_button);
+    emit page_.adding_line();
     open(LineDraft::added(page_.page_key(), new_place()));
 }
 
@@ -79,22 +75,23 @@ void Ingredients::drag_ingred(Key item, const QString& name)
     const QString question
         = name + QStringLiteral(" already appears on this recipe\nWould you like to add it again?");
     if (check_exist(item)
-        && msg_box(&main_, question, box::yes_no + box::question, QStringLiteral("Item already on recipe"))
+        && msg_box(&program_.window, question, box::yes_no + box::question,
+                   QStringLiteral("Item already on recipe"))
             != Answer::yes)
         return;
-    if (const auto stock_name = stock_item_name(main_.connection(), item))
+    if (const auto stock_name = stock_item_name(program_.connection, item))
         open(LineDraft::added_item(page_.page_key(), new_place(), {*stock_name, item}));
 }
 
 bool Ingredients::check_exist(Key item) const
 {
-    return item_on_recipe(main_.connection(), page_.page_key(), item);
+    return item_on_recipe(program_.connection, page_.page_key(), item);
 }
 
 bool Ingredients::add_ingred(const LineDraft& draft)
 {
     if (draft.edited.item.isEmpty()) {
-        msg_box(&main_, QStringLiteral("Please provide a name for \nyour non-stock item"), box::ok,
+        msg_box(&program_.window, QStringLiteral("Please provide a name for \nyour non-stock item"), box::ok,
                 QStringLiteral("Please provide"));
         return false;
     }
@@ -108,8 +105,8 @@ bool Ingredients::add_ingred(const LineDraft& draft)
 
 void Ingredients::insert(const LineDraft& draft)
 {
-    Transaction transaction(main_.connection());
-    if (const auto inserted = save_line(main_.connection(), draft)) {
+    Transaction transaction(program_.connection);
+    if (const auto inserted = save_line(program_.connection, draft)) {
         show_inserted(*inserted);
         transaction.commit();
     } else {
@@ -127,10 +124,10 @@ void Ingredients::show_inserted(const IngredientRow& row)
     line.item_ref = row.item_ref;
     line.item = row.item;
     line.text = row.display_text();
-    line.tool_tip = get_ttt(main_.connection(), row.item_ref);
+    line.tool_tip = get_ttt(program_.connection, row.item_ref);
     line.count_capitals();
     page_.refresh_line(index);
-    page_.set_lites(index, lite_status(main_.connection(), row.item_ref));
+    page_.set_lites(index, lite_status(program_.connection, row.item_ref));
     page_.layout_page();
     page_.state.cur_line = index;
 }
@@ -139,14 +136,14 @@ void Ingredients::show_inserted(const IngredientRow& row)
 void Ingredients::ingred_updt(int index, const LineDraft& draft)
 {
     // The stock item may have gone, or got another name, while the line was open.
-    const IngredientRow row = read_line(main_.connection(), draft.stored.key).value_or(draft.edited);
+    const IngredientRow row = read_line(program_.connection, draft.stored.key).value_or(draft.edited);
     IngredientLine& line = page_.lines().at(static_cast<size_t>(index));
     line.text = row.display_text();
     line.item_ref = row.item_ref;
     if (row.item != draft.opened.name)
-        line.item = stock_item_name(main_.connection(), line.item_ref).value_or(row.item);
+        line.item = stock_item_name(program_.connection, line.item_ref).value_or(row.item);
     page_.refresh_line(index);
-    page_.set_lites(index, lite_status(main_.connection(), line.item_ref));
+    page_.set_lites(index, lite_status(program_.connection, line.item_ref));
     page_.layout_page();
 }
 
@@ -157,12 +154,14 @@ void Ingredients::ingred_del(int index)
     PageState& state = page_.state;
     if (state.sel_line > 0 && state.sel_line == page_.recipe_lines().upper_bound())
         --state.sel_line;
-    delete_line(main_.connection(), page_.lines()[static_cast<size_t>(index)].key);
+    delete_line(program_.connection, page_.lines()[static_cast<size_t>(index)].key);
+    const QWidget* focus = program_.window.focusWidget();
+    const bool goes_on = editor_.is_part(focus) || qobject_cast<const IngredientText*>(focus);
     editor_.hide_line();
-    // With the focus on the line that moves up, a key meant for one line would reach the next.
-    if (QWidget* focus = main_.focusWidget(); qobject_cast<IngredientText*>(focus))
-        focus->clearFocus();
     page_.set_recipe(page_.page_key());
+    page_.state.cur_line = std::min(index, page_.recipe_lines().upper_bound());
+    if (QWidget* place = goes_on ? page_.keyboard_place() : nullptr)
+        place->setFocus(Qt::OtherFocusReason);
 }
 
 void Ingredients::cancel()
@@ -185,7 +184,7 @@ void Ingredients::drop_new_line()
 void Ingredients::end_after_error(const runtime_error& error)
 {
     if (!error.is(runtime_error::type_mismatch))
-        main_.shut_down(error);
+        program_.shut_down(error);
     editor_.hide_line();
     drop_new_line();
 }

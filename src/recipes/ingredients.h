@@ -7,15 +7,15 @@
 
 namespace tarnwick {
 
+struct Program;
 class LineEditor;
 class RecipePage;
-class frmmain;
 class runtime_error;
 
 /// The operations that add, change and delete ingredient lines.
 class Ingredients {
 public:
-    Ingredients(frmmain& main, RecipePage& page, LineEditor& editor);
+    Ingredients(Program& program, RecipePage& page, LineEditor& editor);
 
     void add_ns_ingred(); ///< opens the line editor on a new empty line
 
@@ -49,7 +49,7 @@ private:
     void show_inserted(const IngredientRow& row);
     void drop_new_line();
 
-    frmmain& main_;
+    Program& program_;
     RecipePage& page_;
     LineEditor& editor_;
 };

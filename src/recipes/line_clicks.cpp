@@ -1,6 +1,5 @@
 #include "recipes/line_clicks.h"
 
-#include "window/frmmain.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_editor.h"
 #include "recipes/line_widgets.h"
@@ -12,8 +11,8 @@
 
 namespace tarnwick {
 
-LineClicks::LineClicks(frmmain& main, RecipePage& page, LineEditor& editor, Ingredients& ingredients)
-    : main_(main)
+LineClicks::LineClicks(Connection& connection, RecipePage& page, LineEditor& editor, Ingredients& ingredients)
+    : connection_(connection)
     , page_(page)
     , editor_(editor)
 {
@@ -65,7 +64,7 @@ void LineClicks::open_line(int index)
 {
     const IngredientLine& opened = page_.lines()[static_cast<size_t>(index)];
     page_.state.sel_line = page_.state.cur_line = index;
-    const auto stored = read_line(main_.connection(), opened.key);
+    const auto stored = read_line(connection_, opened.key);
     if (!stored)
         return;
     opened.ingred->set_selected(true);

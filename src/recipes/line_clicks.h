@@ -5,16 +5,16 @@
 
 namespace tarnwick {
 
+class Connection;
 class Ingredients;
 class LineEditor;
 class RecipePage;
-class frmmain;
 
 /// What mouse and keys do on the ingredient lines themselves: open the editor, ask for the menu, delete.
 class LineClicks : public QObject {
     Q_OBJECT
 public:
-    LineClicks(frmmain& main, RecipePage& page, LineEditor& editor, Ingredients& ingredients);
+    LineClicks(Connection& connection, RecipePage& page, LineEditor& editor, Ingredients& ingredients);
 
     bool lines_greyed() const { return lines_greyed_; } ///< a press on a greyed line is under way
 
@@ -25,7 +25,7 @@ private:
     void mouse_up(int index, Qt::MouseButton button, QPoint position);
     void show_menu(int index, QPoint position);
 
-    frmmain& main_;
+    Connection& connection_;
     RecipePage& page_;
     LineEditor& editor_;
     bool lines_greyed_ = false;

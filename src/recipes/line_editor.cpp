@@ -1,6 +1,7 @@
 #include "recipes/line_editor.h"
 
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "dialogs/l_item_edit.h"
 #include "household/status.h"
 #include "recipes/ingredients.h"
@@ -15,7 +16,6 @@
 #include "widgets/busy_pointer.h"
 #include "widgets/focus_question.h"
 #include "widgets/message_box.h"
-#include "widgets/row_editor.h"
 #include "widgets/row_editor_controls.h"
 #include "widgets/tool_tip.h"
 #include "widgets/tree_view.h"
@@ -40,17 +40,17 @@ constexpr int room_for_list = 160; ///< pixels kept free under a line that is op
 
 } // namespace
 
-LineEditor::LineEditor(frmmain& main, RecipePage& page)
+LineEditor::LineEditor(Program& program, RecipePage& page)
     : QObject(&page)
-    , main_(main)
+    , program_(program)
     , page_(page)
-    , ingredients_(std::make_unique<Ingredients>(main, page, *this))
+    , ingredients_(std::make_unique<Ingredients>(program, page, *this))
     , boxes_(std::make_unique<LineBoxes>(page.frame3(), *this))
     , question_(new FocusQuestion(this))
-    , picks_(std::make_unique<LinePicks>(main.connection(), main.shared, page, *boxes_))
+    , picks_(std::make_unique<LinePicks>(program.connection, program.shared, page, *boxes_))
     , list_(picks_->list())
     , keys_(std::make_unique<LineKeys>(*boxes_, list_))
-    , clicks_(std::make_unique<LineClicks>(main, page, *this, *ingredients_))
+    , clicks_(std::make_unique<LineClicks>(program.connection, page, *this, *ingredients_))
 {
     connect(boxes_.get(), &LineBoxes::typed, this, &LineEditor::typed);
     connect(boxes_.get(), &LineBoxes::edit_clicked, this, &LineEditor::edit_clicked);
@@ -89,7 +89,7 @@ void LineEditor::show_r_line(const LineDraft& draft, std::optional<int> index)
     if (!index) {
         const Key item_ref = draft.edited.item_ref;
         index = page_.new_line(-1, item_ref, QStringLiteral(" "), QString());
-        page_.set_lites(*index, lite_status(main_.connection(), item_ref));
+        page_.set_lites(*index, lite_status(program_.connection, item_ref));
     }
     index_ = *index;
     page_.state.sel_line = page_.state.cur_line = index_;
@@ -113,7 +113,7 @@ void LineEditor::fill_boxes()
     }
     last_box_ = qty;
     const bool is_new = draft_.is_new();
-    const bool stock = lite_status(main_.connection(), draft_.stored.item_ref) != status_code::non_stock;
+    const bool stock = lite_status(program_.connection, draft_.stored.item_ref) != status_code::non_stock;
     QAbstractButton& pencil = boxes_->imgedit();
     pencil.setToolTip(
         plain_tool_tip(QStringLiteral("Edit stock item") + (stock ? u' ' + draft_.stored.item : QString())));
@@ -146,7 +146,7 @@ void LineEditor::blacken_lines()
 {
     page_.recipe_lines().set_text_color(Qt::black);
     for (IngredientLine& shown : page_.lines()) {
-        shown.tool_tip = get_ttt(main_.connection(), shown.item_ref);
+        shown.tool_tip = get_ttt(program_.connection, shown.item_ref);
         shown.ingred->setToolTip(plain_tool_tip(shown.tool_tip));
     }
 }
@@ -155,7 +155,8 @@ void LineEditor::place()
 {
     if (!open_ || index() < 0)
         return;
-    boxes_->place(line().ingred->geometry(), page_.frame4().width(), main_.shared.type_size, page_.Text1().font());
+    boxes_->place(line().ingred->geometry(), page_.frame4().width(), program_.shared.type_size,
+                  page_.Text1().font());
     picks_->place();
 }
 
@@ -172,7 +173,7 @@ void LineEditor::typed(IngredientField field)
 
 void LineEditor::name_typed(const QString& name)
 {
-    Connection& connection = main_.connection();
+    Connection& connection = program_.connection;
     if (!boxes_->edit(item).hasFocus()) {
         draft_.set_text(item, name, stock_item_named(connection, name));
         show_link(true);
@@ -194,7 +195,7 @@ void LineEditor::show_link(bool while_typing)
     IngredientLine& shown = line();
     shown.item_ref = draft_.edited.item_ref;
     shown.Check1->setProperty(tag, QString::number(shown.item_ref));
-    const int code = lite_status(main_.connection(), shown.item_ref);
+    const int code = lite_status(program_.connection, shown.item_ref);
     if (!while_typing || code != status_code::buy_it_plus)
         page_.set_lites(index_, code);
 }
@@ -213,8 +214,8 @@ bool LineEditor::refuse_apostrophe()
         return false;
     {
         const QScopedValueRollback asking(busy_, true);
-        msg_box(&main_, QStringLiteral("Sorry - you can't put an apostrophe\nin the item name"), box::information,
-                QStringLiteral("Valora info"));
+        msg_box(&program_.window, QStringLiteral("Sorry - you can't put an apostrophe\nin the item name"),
+                box::information, QStringLiteral("Valora info"));
     }
     QString name = boxes_->edit(item).text();
     boxes_->edit(item).setText(strip_apostrophes(name));
@@ -262,11 +263,16 @@ void LineEditor::ListIngred_select(int row)
             boxes_->imgScratch().setProperty(tag, QStringLiteral("edit"));
         write();
         show_link(false);
-        line().ingred->setToolTip(plain_tool_tip(get_status(main_.connection(), chosen)));
+        line().ingred->setToolTip(plain_tool_tip(get_status(program_.connection, chosen)));
         list_.set_content(PickList::Content::chosen);
     }
     go_to(comment);
     list_.hide();
+}
+
+QWidget* LineEditor::open_box() const
+{
+    return open_ ? &boxes_->edit(last_box_) : nullptr;
 }
 
 bool LineEditor::is_part(const QWidget* widget) const
@@ -378,14 +384,14 @@ void LineEditor::settle_name()
     show_link(false);
     const Key stock = draft_.edited.item_ref;
     if (another)
-        line().ingred->setToolTip(plain_tool_tip(stock > 0 ? get_status(main_.connection(), stock)
+        line().ingred->setToolTip(plain_tool_tip(stock > 0 ? get_status(program_.connection, stock)
                                                            : u'\'' + name + QStringLiteral("': Non-stock item")));
 }
 
 void LineEditor::write()
 {
     if (!draft_.is_new() && draft_.is_changed())
-        draft_.stored_as(save_line(main_.connection(), draft_));
+        draft_.stored_as(save_line(program_.connection, draft_));
 }
 
 void LineEditor::leave()
@@ -415,7 +421,7 @@ void LineEditor::close_quietly()
     if (apostrophe_typed()) {
         QString name = boxes_->edit(item).text();
         strip_apostrophes(name);
-        draft_.set_text(item, name, stock_item_named(main_.connection(), name));
+        draft_.set_text(item, name, stock_item_named(program_.connection, name));
         boxes_->show_text(item, draft_.edited.item);
     }
     left_box(last_box_);
@@ -469,7 +475,7 @@ void LineEditor::refuse_length()
 {
     {
         const QScopedValueRollback asking(busy_, true);
-        msg_box(&main_, QStringLiteral("This page is full: there is no room\nfor so long an ingredient"),
+        msg_box(&program_.window, QStringLiteral("This page is full: there is no room\nfor so long an ingredient"),
                 box::information, QStringLiteral("Recipe page is full"));
     }
     go_to(item);
@@ -485,7 +491,7 @@ void LineEditor::ask_for_name()
     Answer answer = Answer::ok;
     {
         const QScopedValueRollback asking(busy_, true);
-        answer = msg_box(&main_, text, box::information + (may_cancel ? box::ok_cancel : box::ok),
+        answer = msg_box(&program_.window, text, box::information + (may_cancel ? box::ok_cancel : box::ok),
                          QStringLiteral("Ingredient name missing"));
     }
     if (may_cancel && answer == Answer::cancel) {
@@ -508,7 +514,7 @@ void LineEditor::lf_finish()
 {
     if (!open_)
         return;
-    const UpdateLock lock(main_);
+    const UpdateLock lock(program_.window);
     const int finished = index();
     hide_controls();
     if (draft_.is_new()) {
@@ -545,10 +551,10 @@ void LineEditor::hide_controls()
 
 void LineEditor::hide_line()
 {
-    main_.row_editor().hide_line();
+    emit page_.editors_closing();
     if (!open_)
         return;
-    const UpdateLock lock(main_);
+    const UpdateLock lock(program_.window);
     const int hidden = index();
     hide_controls();
     open_ = false;
@@ -565,15 +571,15 @@ void LineEditor::hide_line()
 
 void LineEditor::edit_clicked()
 {
-    if (index() < 0 || main_.shared.list_pane_shown)
+    if (index() < 0 || program_.shared.list_pane_shown)
         return;
     page_.state.cur_line = index_;
     end_edit();
     const Key edited = draft_.stored.key;
-    const auto link = line_link(main_.connection(), edited);
+    const auto link = line_link(program_.connection, edited);
     if (open_ || !link)
         return;
-    const bool stock = lite_status(main_.connection(), link->item_ref) != status_code::non_stock;
+    const bool stock = lite_status(program_.connection, link->item_ref) != status_code::non_stock;
     page_.set_rcp_item_in_work(trim(link->item));
     if (stock)
         page_.edit_item(EditMode::recipe_item, link->item_ref, edited);

@@ -13,6 +13,7 @@ class QWidget;
 
 namespace tarnwick {
 
+struct Program;
 class FocusQuestion;
 class Ingredients;
 class LineBoxes;
@@ -22,7 +23,6 @@ class LinePicks;
 class PickList;
 class RecipePage;
 struct IngredientLine;
-class frmmain;
 
 /// The edit of one ingredient line, from its opening to its end: what is typed goes into a draft, the draft into
 /// the file when a box is left, and the questions come when the focus has left the editor.
@@ -31,7 +31,7 @@ class LineEditor : public QObject {
 public:
     static constexpr QColor grey{164, 164, 164}; ///< the lines while one is edited
 
-    LineEditor(frmmain& main, RecipePage& page);
+    LineEditor(Program& program, RecipePage& page);
     ~LineEditor() override;
 
     bool is_open() const { return open_; }
@@ -44,6 +44,9 @@ public:
 
     /// Closes all floating editors of list and page; what is not written is not saved.
     void hide_line();
+
+    bool is_part(const QWidget* widget) const; ///< one of the boxes, their buttons or the list under them
+    QWidget* open_box() const; ///< the box that had the focus last, while the editor is open; else null
 
     void blacken_lines(); ///< the lines look as without an editor, with fresh tool tips
 
@@ -81,7 +84,6 @@ private:
     void picked(int row);
 
     // Focus
-    bool is_part(const QWidget* widget) const;
     void go_to(IngredientField field);
     void box_entered(IngredientField field);
     void focus_left(std::optional<IngredientField> field, Qt::FocusReason reason);
@@ -108,7 +110,7 @@ private:
 
     IngredientLine& line();
 
-    frmmain& main_;
+    Program& program_;
     RecipePage& page_;
     std::unique_ptr<Ingredients> ingredients_;
     std::unique_ptr<LineBoxes> boxes_;

@@ -201,6 +201,7 @@ void PageText::empty_help_text()
         return;
     const QScopedValueRollback<bool> setting(setting_, true);
     clear();
+    setPlaceholderText(help_text()); // the keyboard may come before the user has read it
 }
 
 void PageText::focusInEvent(QFocusEvent* event)

@@ -5,6 +5,8 @@
 #include "widgets/tool_tip.h"
 #include "household/status.h"
 
+#include <QFontMetrics>
+
 #include <algorithm>
 
 namespace tarnwick {
@@ -184,7 +186,9 @@ void RecipeLines::place_line(int index, int width, int type_size)
     line.ingred->setGeometry(ingred_left, top, width, height);
 
     // Lights and lines have slightly different steps; a light keeps to the middle of its line's first row.
-    const int middle = top + (height - more_rows - picture_side) / 2;
+    const QFontMetrics metrics = line.ingred->fontMetrics();
+    const int text_top = top + (height - more_rows - metrics.height()) / 2;
+    const int middle = text_top + metrics.ascent() - metrics.xHeight() / 2 - picture_side / 2;
     const auto beside_line = [&](int twips) {
         return std::clamp(to_pixels(twips) + surplus_, middle - off_middle, middle + off_middle);
     };

@@ -1,6 +1,8 @@
 #include "recipes/recipe_page.h"
 
-#include "window/frmmain.h"
+#include "data/settings.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/message_box.h"
 #include "widgets/one_line_box.h"
 #include "widgets/update_lock.h"
@@ -12,7 +14,6 @@
 #include "household/recipe_store.h"
 #include "household/rescue.h"
 #include "recipes/line_editor.h"
-#include "window/layout.h"
 #include "widgets/tree_view.h"
 #include "household/status.h"
 
@@ -44,14 +45,13 @@ constexpr int text_gap = 8; ///< least distance of the instructions from the las
 constexpr QColor design_color(240, 240, 240);
 constexpr QColor hint_color(80, 80, 80);
 
-const QString clean = QStringLiteral("clean");
-const QString edited = QStringLiteral("edited");
 const QString no_lines_hint = QStringLiteral("Drag a stock item here, or click Ingrdnt, to add an ingredient.");
 const QString no_recipe_hint = QStringLiteral("No recipe is open. Choose one in the tree, or click New.");
 
-QString tag_of(const QWidget& control)
+/// The Tag of what holds a dirty mark.
+QString mark(bool edited)
 {
-    return control.property("Tag").toString();
+    return edited ? QStringLiteral("edited") : QStringLiteral("clean");
 }
 
 void set_tag(QWidget& control, const QString& tag)
@@ -66,8 +66,8 @@ int usable_points(int type_size)
 
 } // namespace
 
-RecipePage::RecipePage(frmmain& main, QWidget* parent)
-    : main_(main)
+RecipePage::RecipePage(Program& program, QWidget* parent)
+    : program_(program)
     , frame4_(new QFrame(parent))
     , frame3_(new QFrame(frame4_))
     , scroll_bar_(new QScrollBar(Qt::Vertical, parent))
@@ -107,9 +107,9 @@ void RecipePage::make_page()
     title_->setAlignment(Qt::AlignCenter);
     title_->setFrame(false);
     keep_one_line(*title_);
-    set_tag(*title_, QStringLiteral("-1"));
+    set_page_key(-1);
     text1_->setObjectName(QStringLiteral("Text1"));
-    set_tag(*text1_, clean);
+    mark_text(false);
     label1_->setObjectName(QStringLiteral("Label1"));
     label1_->hide();
     hint_->setObjectName(QStringLiteral("empty_hint"));
@@ -121,14 +121,10 @@ void RecipePage::make_page()
     set_type_size();
 }
 
-Key RecipePage::page_key() const
+void RecipePage::set_page_key(Key recipe)
 {
-    return to_int16(trim(tag_of(*title_)));
-}
-
-bool RecipePage::has_recipe() const
-{
-    return page_key() > 0;
+    page_key_ = recipe;
+    set_tag(*title_, QString::number(recipe));
 }
 
 void RecipePage::set_recipe(Key recipe)
@@ -151,13 +147,13 @@ void RecipePage::set_recipe(Key recipe)
     text1_->set_border_style(text1_->is_help_text() ? 1 : 0);
     layout_page();
     recipe_lines_->show_lines();
-    main_.settings().set_pref(QStringLiteral("arcp"), QString::number(recipe));
+    program_.settings.set_pref(QStringLiteral("arcp"), QString::number(recipe));
     state.cur_line = 0;
 }
 
 void RecipePage::fill_lines(Key recipe)
 {
-    Connection& connection = main_.connection();
+    Connection& connection = program_.connection;
     for (const IngredientRow& row : load_lines(connection, recipe)) {
         IngredientLine& line = recipe_lines_->append(row.key, row.item_ref, row.display_text(), row.item);
         const bool named = !row.item.isEmpty();
@@ -170,13 +166,14 @@ void RecipePage::fill_lines(Key recipe)
 
 void RecipePage::fill_text(Key recipe)
 {
-    const auto text = read_recipe(main_.connection(), recipe);
+    const auto text = read_recipe(program_.connection, recipe);
     stored_ = text.value_or(RecipeText());
-    set_tag(*title_, text ? QString::number(recipe) : QStringLiteral("-1"));
+    set_page_key(text ? recipe : Key(-1));
     title_->setText(text ? text->name : QString());
     title_->setCursorPosition(0);
     text1_->set_text(text ? text->body : QString());
-    set_marks("clean");
+    mark_name(false);
+    mark_text(false);
     emit recipe_shown();
 }
 
@@ -189,20 +186,26 @@ void RecipePage::close_or_open()
 
 bool RecipePage::is_edited() const
 {
-    return tag_of(*text1_) == edited || tag_of(main_.layout_manager().Frame1()) == edited;
+    return name_edited_ || text_edited_;
 }
 
-void RecipePage::set_marks(const char* mark)
+void RecipePage::mark_name(bool edited)
 {
-    set_tag(*text1_, QLatin1String(mark));
-    set_tag(main_.layout_manager().Frame1(), QLatin1String(mark));
+    name_edited_ = edited;
+    emit name_marked(mark(edited));
+}
+
+void RecipePage::mark_text(bool edited)
+{
+    text_edited_ = edited;
+    set_tag(*text1_, mark(edited));
 }
 
 void RecipePage::edit_updt()
 {
     if (!is_edited())
         return;
-    main_.shared.cur_recipe = page_key();
+    program_.shared.cur_recipe = page_key();
     write_page();
 }
 
@@ -225,10 +228,11 @@ void RecipePage::add_unstored(Rescue& rescue) const
 
 bool RecipePage::write_page()
 {
-    if (!save_recipe(main_.connection(), page_key(), title_->text(), text1_->text()))
+    if (!save_recipe(program_.connection, page_key(), title_->text(), text1_->text()))
         return false;
     stored_ = {trim(title_->text()), trim(text1_->text())};
-    set_marks("clean");
+    mark_name(false);
+    mark_text(false);
     return true;
 }
 
@@ -236,10 +240,10 @@ void RecipePage::title_typed()
 {
     if (page_busy_)
         return;
-    set_tag(main_.layout_manager().Frame1(), edited);
+    mark_name(true);
     renamed_ = true;
-    main_.shared.cur_recipe_name = trim(title_->text());
-    emit name_typed(page_key(), main_.shared.cur_recipe_name);
+    program_.shared.cur_recipe_name = trim(title_->text());
+    emit name_typed(page_key(), program_.shared.cur_recipe_name);
 }
 
 void RecipePage::tell_name_left(bool by_mouse)
@@ -251,17 +255,17 @@ void RecipePage::tell_name_left(bool by_mouse)
 void RecipePage::text_edited()
 {
     if (!page_busy_)
-        set_tag(*text1_, edited);
+        mark_text(true);
 }
 
 // False after the hint, or with the focus back in a title that may not be left.
 bool RecipePage::takes_lines()
 {
     if (!has_recipe()) {
-        main_.set_status(no_recipe_hint);
+        program_.set_status(no_recipe_hint);
         return false;
     }
-    return main_.focusWidget() != title_ || name_stands();
+    return program_.window.focusWidget() != title_ || name_stands();
 }
 
 // True when the name may stand. One that is missing is replaced before the message, since the window saves the page
@@ -288,7 +292,7 @@ bool RecipePage::name_stands()
 
 void RecipePage::tell_name_missing()
 {
-    msg_box(&main_, QStringLiteral("Recipe must have a name\n(Cannot leave it blank)"), box::ok,
+    msg_box(&program_.window, QStringLiteral("Recipe must have a name\n(Cannot leave it blank)"), box::ok,
             QStringLiteral("Recipe name"));
     title_->setFocus();
 }
@@ -318,7 +322,7 @@ void RecipePage::layout_page()
     title_->setTextMargins(0, 0, std::max(0, width - 2 * text_left - text_width()), 0);
     text1_->resize(text_width(), text1_->height());
     place_hint();
-    recipe_lines_->place(width, main_.shared.type_size);
+    recipe_lines_->place(width, program_.shared.type_size);
     scroll();
     scroll_bar_refresh();
     emit laid_out();
@@ -337,7 +341,7 @@ void RecipePage::place_hint()
     hint_->setVisible(wanted);
     if (!wanted)
         return;
-    const int type_size = main_.shared.type_size;
+    const int type_size = program_.shared.type_size;
     hint_->setFont(text1_->font());
     hint_->setGeometry(text_left + hint_indent,
                        page_geometry::to_pixels(page_geometry::ingred_top(0, 0, type_size)),
@@ -347,7 +351,7 @@ void RecipePage::place_hint()
 int RecipePage::text_top() const
 {
     const int estimated = page_geometry::to_pixels(
-        page_geometry::text_top(recipe_lines_->count(), recipe_lines_->wrap_extra(), main_.shared.type_size));
+        page_geometry::text_top(recipe_lines_->count(), recipe_lines_->wrap_extra(), program_.shared.type_size));
     return std::max(estimated + recipe_lines_->surplus(), recipe_lines_->bottom() + text_gap);
 }
 
@@ -376,7 +380,7 @@ void RecipePage::scroll_bar_refresh()
     const int height = frame4_->height();
     const int excess = content_height() - height;
     const bool longer = excess > 0;
-    scroll_bar_->setVisible(longer && !main_.shared.list_pane_shown);
+    scroll_bar_->setVisible(longer && !program_.shared.list_pane_shown);
     scroll_bar_->setEnabled(longer);
     if (scrolled_ > std::max(0, excess)) {
         // The text got shorter than what the page was scrolled by.
@@ -393,7 +397,7 @@ void RecipePage::scroll_bar_refresh()
 int RecipePage::get_scroll_scale() const
 {
     return page_geometry::scroll_scale(recipe_lines_->upper_bound(), text1_->length(), text1_->line_ends(),
-                                       page_geometry::px_x(text1_->width()), main_.shared.type_size);
+                                       page_geometry::px_x(text1_->width()), program_.shared.type_size);
 }
 
 // The estimate counts a row of text lower than any font draws it: the page ends where its text ends.
@@ -404,7 +408,7 @@ int RecipePage::content_height() const
 
 bool RecipePage::has_room(const QString& text) const
 {
-    return recipe_lines_->has_room(text, frame4_->width(), main_.shared.type_size);
+    return recipe_lines_->has_room(text, frame4_->width(), program_.shared.type_size);
 }
 
 int RecipePage::new_line(Key key, Key item_ref, const QString& text, const QString& item)
@@ -431,7 +435,7 @@ void RecipePage::set_lites(int index, int code)
 
 int RecipePage::color_index() const
 {
-    return std::clamp(main_.shared.color_index, 0, 3);
+    return std::clamp(program_.shared.color_index, 0, 3);
 }
 
 void RecipePage::show_stretch(int top, int bottom)
@@ -472,7 +476,7 @@ void RecipePage::show_pane(bool shown)
 void RecipePage::set_page_color()
 {
     QPalette colors = frame4_->palette();
-    const QColor page = main_.shared.page_color.value_or(design_color);
+    const QColor page = program_.shared.page_color.value_or(design_color);
     for (const auto role : {QPalette::Window, QPalette::Base})
         colors.setColor(role, page);
     for (const auto role : {QPalette::WindowText, QPalette::Text})
@@ -484,7 +488,7 @@ void RecipePage::set_page_color()
 void RecipePage::set_type_size()
 {
     QFont font = QApplication::font();
-    font.setPointSize(usable_points(main_.shared.type_size));
+    font.setPointSize(usable_points(program_.shared.type_size));
     recipe_lines_->set_fonts(font);
     text1_->setFont(font);
     font.setBold(true);

@@ -20,16 +20,18 @@ class QWidget;
 
 namespace tarnwick {
 
+struct Program;
 class Ingredients;
 class LineEditor;
 class FocusQuestion;
 class PageText;
 struct Rescue;
-class frmmain;
 enum class EditMode;
 enum class LineTip;
 struct ItemChange;
+struct CategoryChange;
 struct ItemCodes;
+struct ItemsGone;
 struct ListsChange;
 
 /// What the page's own procedures hand to each other.
@@ -42,7 +44,7 @@ struct PageState {
 class RecipePage : public QObject {
     Q_OBJECT
 public:
-    RecipePage(frmmain& main, QWidget* parent);
+    RecipePage(Program& program, QWidget* parent);
     ~RecipePage() override;
 
     QFrame& frame4() { return *frame4_; } ///< the viewport
@@ -63,8 +65,8 @@ public:
     void add_unstored(Rescue& rescue) const;
     bool is_edited() const; ///< name or instructions were edited since they were read or saved
 
-    Key page_key() const; ///< the recipe on the page; -1 none
-    bool has_recipe() const; ///< a recipe is on the page
+    Key page_key() const { return page_key_; } ///< the recipe on the page; -1 none
+    bool has_recipe() const { return page_key_ > 0; } ///< a recipe is on the page
 
     int get_scroll_scale() const; ///< height of the page's content, pixels
 
@@ -106,6 +108,10 @@ public:
     /// on no list opens the item editor. Throws SQLite::Exception.
     void recipe_chck(int to_state, Key line_key);
 
+    /// Where the page takes the keyboard from outside: the line most recently acted on, without lines the
+    /// instructions; null while it shows nothing.
+    QWidget* keyboard_place() const;
+
     /// Opens the item editor for a line's stock item; -1 for one that is yet to be made.
     void edit_item(EditMode mode, Key item, Key line);
 
@@ -113,11 +119,14 @@ public:
 
     /// The boxes of an open line editor lose the focus to the tree: finishes the edit.
     void finish_line_editor();
+    bool leave_line_editor(); ///< the same; false when none was open
 
     bool shows_item(Key item) const; ///< a line has this stock item
 
     /// Shows on the lines what an operation did to their stock items, whether the page is on show or not.
     void item_changed(const ItemChange& change);
+    void items_gone(const ItemsGone& gone); ///< their lines become non-stock
+    void category_changed(const CategoryChange& change); ///< the words of its items' lines name it
 
     /// Loads the page again when a list has gone, whose rows its lights depend on.
     void lists_changed(const ListsChange& change);
@@ -146,6 +155,10 @@ public:
 
 signals:
     void laid_out(); ///< lines and boxes have taken new places
+    void name_marked(const QString& mark); ///< another dirty mark of the name: "edited" or "clean"
+    void ingredient_wanted(); ///< Ctrl+I
+    void adding_line(); ///< a line without a stock item is about to be added
+    void editors_closing(); ///< all floating editors are to go, those of the list as well
     void recipe_shown(); ///< name and instructions of another recipe, or of none, are on the page
     void line_menu_wanted(const QString& item, QPoint place); ///< right click on a line; place on the screen
     void name_typed(tarnwick::Key recipe, const QString& name); ///< the trimmed title, at each change by the user
@@ -160,7 +173,9 @@ private:
     void fill_lines(Key recipe);
     void fill_text(Key recipe);
     bool write_page();
-    void set_marks(const char* mark);
+    void set_page_key(Key recipe);
+    void mark_name(bool edited);
+    void mark_text(bool edited);
     bool title_validated();
     bool name_stands(); ///< the same, and tells when it does not
     void tell_name_missing();
@@ -181,8 +196,10 @@ private:
     void check_clicked(int index);
     void show_item(const ItemCodes& codes, LineTip tip);
     void follow_links(const ItemCodes& codes, const QString& joint);
+    void follow_name(const ItemCodes& codes);
+    void show_line(int index, Key item, int code, const QString& tool_tip);
 
-    frmmain& main_;
+    Program& program_;
     QFrame* frame4_;
     QFrame* frame3_;
     QScrollBar* scroll_bar_;
@@ -192,6 +209,10 @@ private:
     QLabel* hint_; ///< on a recipe without ingredients
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
+    // The Tags of title, Frame1 and instructions mirror these three.
+    Key page_key_ = -1;
+    bool name_edited_ = false;
+    bool text_edited_ = false;
     RecipeText stored_; ///< name and instructions as they were read or written last
     bool page_busy_ = false; ///< the page is being rebuilt
     int scrolled_ = 0; ///< pixels of the page above the viewport

@@ -1,29 +1,35 @@
 #include "recipes/recipe_page.h"
 
-#include "window/frmmain.h"
+#include "widgets/program.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_editor.h"
-#include "window/commands.h"
+#include "recipes/line_widgets.h"
+#include "recipes/page_text.h"
 
-#include <QAction>
 #include <QShortcut>
+
+#include <algorithm>
 
 namespace tarnwick {
 
 void RecipePage::make_line_editor()
 {
-    line_editor_ = new LineEditor(main_, *this);
-    auto* add = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_I), &main_);
-    connect(add, &QShortcut::activated, this, [this] {
-        const QString command = QStringLiteral("mnu_recipe_add_ingred");
-        if (main_.commands().action(command).isEnabled())
-            main_.commands().run(command);
-    });
+    line_editor_ = new LineEditor(program_, *this);
+    auto* add = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_I), &program_.window);
+    connect(add, &QShortcut::activated, this, &RecipePage::ingredient_wanted);
 }
 
 Ingredients& RecipePage::ingredients()
 {
     return line_editor_->ingredients();
+}
+
+QWidget* RecipePage::keyboard_place() const
+{
+    const int count = recipe_lines_->count();
+    if (count > 0)
+        return recipe_lines_->lines()[static_cast<size_t>(std::clamp(state.cur_line, 0, count - 1))].ingred;
+    return text1_->isHidden() ? nullptr : text1_;
 }
 
 bool RecipePage::editor_open() const
@@ -34,6 +40,14 @@ bool RecipePage::editor_open() const
 void RecipePage::finish_line_editor()
 {
     line_editor_->leave();
+}
+
+bool RecipePage::leave_line_editor()
+{
+    const bool was_open = editor_open();
+    if (was_open)
+        finish_line_editor();
+    return was_open;
 }
 
 void RecipePage::close_line_editor()

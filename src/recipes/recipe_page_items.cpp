@@ -1,6 +1,5 @@
 #include "recipes/recipe_page.h"
 
-#include "window/frmmain.h"
 #include "widgets/program.h"
 #include "household/household.h"
 #include "recipes/line_widgets.h"
@@ -11,6 +10,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QSet>
 
 #include <algorithm>
 
@@ -68,18 +68,18 @@ void RecipePage::check_clicked(int index)
     set_rcp_item_in_work(line.item);
     state.cur_line = index;
     state.sel_line = index;
-    recipe_chck(wanted_state(lite_status(main_.connection(), line.item_ref)), line.key);
+    recipe_chck(wanted_state(lite_status(program_.connection, line.item_ref)), line.key);
 }
 
 void RecipePage::recipe_chck(int to_state, Key line_key)
 {
-    const auto link = line_link(main_.connection(), line_key);
+    const auto link = line_link(program_.connection, line_key);
     if (!link)
         return;
     if (link->item_ref < 1) {
         if (to_state == buy_state)
             edit_item(EditMode::non_stock_to_stock, -1, line_key);
-    } else if (!main_.household().check_line(link->item_ref, mark_of(to_state))) {
+    } else if (!program_.household.check_line(link->item_ref, mark_of(to_state))) {
         edit_item(EditMode::recipe_item, link->item_ref, line_key);
     }
 }
@@ -88,7 +88,7 @@ void RecipePage::edit_item(EditMode mode, Key item, Key line)
 {
     EditRequest request{mode, item, line};
     request.name = rcp_item_in_work();
-    show_item_editor(main_.program(), request);
+    show_item_editor(program_, request);
 }
 
 bool RecipePage::shows_item(Key item) const
@@ -103,6 +103,8 @@ void RecipePage::item_changed(const ItemChange& change)
     for (const ItemCodes& codes : change.items) {
         if (tip == LineTip::line_and_words)
             follow_links(codes, change.record->linked_by_name ? QStringLiteral(": ") : QStringLiteral(" - "));
+        else if (tip == LineTip::by_name)
+            follow_name(codes);
         else if (shows_item(codes.item))
             show_item(codes, tip);
     }
@@ -110,7 +112,7 @@ void RecipePage::item_changed(const ItemChange& change)
 
 void RecipePage::show_item(const ItemCodes& codes, LineTip tip)
 {
-    Connection& connection = main_.connection();
+    Connection& connection = program_.connection;
     const QString text
         = tip == LineTip::words ? get_status(connection, codes.item) : get_ttt(connection, codes.item);
     for (int i = 0; i < recipe_lines_->count(); ++i) {
@@ -127,16 +129,60 @@ void RecipePage::show_item(const ItemCodes& codes, LineTip tip)
 /// the joint and the status; one that was linked and is no more becomes non-stock.
 void RecipePage::follow_links(const ItemCodes& codes, const QString& joint)
 {
-    const QString status = get_status(main_.connection(), codes.item);
+    const QString status = get_status(program_.connection, codes.item);
     for (int i = 0; i < recipe_lines_->count(); ++i) {
-        IngredientLine& line = lines()[static_cast<size_t>(i)];
-        const auto link = line_link(main_.connection(), line.key);
+        const IngredientLine& line = lines()[static_cast<size_t>(i)];
+        const auto link = line_link(program_.connection, line.key);
         if (!link || (link->item_ref != codes.item && line.item_ref != codes.item))
             continue;
-        const bool linked = link->item_ref == codes.item;
-        line.item_ref = linked ? codes.item : Key(-1);
-        line.tool_tip = linked ? link->item + joint + status : QStringLiteral("Non-stock item");
-        set_lites(i, linked ? codes.page : status_code::non_stock);
+        if (link->item_ref == codes.item)
+            show_line(i, codes.item, codes.page, link->item + joint + status);
+        else
+            show_line(i, -1, status_code::non_stock, QStringLiteral("Non-stock item"));
+    }
+}
+
+/// The same after a rename in the tree, with its own words; that those of a line that was found begin with the
+/// joint is kept.
+void RecipePage::follow_name(const ItemCodes& codes)
+{
+    const QString status = get_status(program_.connection, codes.item);
+    for (int i = 0; i < recipe_lines_->count(); ++i) {
+        const IngredientLine& line = lines()[static_cast<size_t>(i)];
+        const auto link = line_link(program_.connection, line.key);
+        if (link && link->item_ref == codes.item)
+            show_line(i, codes.item, codes.page, QStringLiteral(" - ") + status);
+        else if (line.item_ref == codes.item)
+            show_line(i, -1, status_code::non_stock, line.text + QStringLiteral(" :: Not listed"));
+    }
+}
+
+void RecipePage::show_line(int index, Key item, int code, const QString& tool_tip)
+{
+    IngredientLine& line = lines()[static_cast<size_t>(index)];
+    line.item_ref = item;
+    line.tool_tip = tool_tip;
+    set_lites(index, code);
+    refresh_line(index);
+}
+
+void RecipePage::items_gone(const ItemsGone& gone)
+{
+    const QSet<Key> items(gone.items.begin(), gone.items.end());
+    for (int i = 0; i < recipe_lines_->count(); ++i)
+        if (items.contains(lines()[static_cast<size_t>(i)].item_ref))
+            show_line(i, -1, status_code::non_stock, QStringLiteral("Non-stock item"));
+}
+
+void RecipePage::category_changed(const CategoryChange& change)
+{
+    if (change.kind != CategoryChange::Kind::renamed)
+        return;
+    for (int i = 0; i < recipe_lines_->count(); ++i) {
+        IngredientLine& line = lines()[static_cast<size_t>(i)];
+        if (line.item_ref < 1 || category_of(program_.connection, line.item_ref) != change.category)
+            continue;
+        line.tool_tip = line.item + QStringLiteral(" - ") + get_status(program_.connection, line.item_ref);
         refresh_line(i);
     }
 }

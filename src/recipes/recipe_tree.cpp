@@ -1,7 +1,7 @@
 #include "recipes/recipe_tree.h"
 
-#include "window/frmmain.h"
 #include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/message_box.h"
 #include "dialogs/new_item_rcp.h"
 #include "recipes/page_text.h"
@@ -47,9 +47,10 @@ bool is_recipe(const QTreeWidgetItem& node)
 
 } // namespace
 
-RecipeTree::RecipeTree(frmmain& main, TreeView& tree)
-    : main_(main)
+RecipeTree::RecipeTree(Program& program, TreeView& tree, RecipePage& page)
+    : program_(program)
     , tree_(tree)
+    , page_(page)
 {
     connect_events();
 }
@@ -78,7 +79,7 @@ void RecipeTree::recip_load(bool alpha)
 void RecipeTree::load_flat()
 {
     QList<QTreeWidgetItem*> nodes;
-    const auto rows = read_recipes(main_.connection());
+    const auto rows = read_recipes(program_.connection);
     tree_.reserve_nodes(static_cast<int>(rows.size()));
     try {
         for (const RecipeRow& row : rows)
@@ -95,7 +96,7 @@ void RecipeTree::load_flat()
 void RecipeTree::load_folders()
 {
     const auto& captions = recipe_categories();
-    const auto rows = read_recipes(main_.connection());
+    const auto rows = read_recipes(program_.connection);
     tree_.reserve_nodes(static_cast<int>(rows.size() + captions.size()));
     QList<QTreeWidgetItem*> folders;
     for (int i = 0; i < captions.size(); ++i)
@@ -122,7 +123,7 @@ QTreeWidgetItem* RecipeTree::make_recipe_node(const RecipeRow& row)
 
 void RecipeTree::select_current()
 {
-    QTreeWidgetItem* node = main_.shared.cur_recipe > 0 ? recipe_node(main_.shared.cur_recipe) : nullptr;
+    QTreeWidgetItem* node = program_.shared.cur_recipe > 0 ? recipe_node(program_.shared.cur_recipe) : nullptr;
     if (!node)
         return;
     if (QTreeWidgetItem* folder = node->parent()) {
@@ -164,12 +165,12 @@ void RecipeTree::close_folders()
 
 void RecipeTree::new_rcp()
 {
-    new_item_rcp(main_.program(), &main_, {NamingKind::recipe, proposed_category()}).exec();
+    new_item_rcp(program_, &program_.window, {NamingKind::recipe, proposed_category()}).exec();
 }
 
 int RecipeTree::proposed_category() const
 {
-    const QTreeWidgetItem* node = main_.shared.stock_view ? nullptr : tree_.selected();
+    const QTreeWidgetItem* node = program_.shared.stock_view ? nullptr : tree_.selected();
     if (node && !TreeView::key(node).startsWith(QLatin1String("rcat")))
         node = node->parent();
     return node ? TreeView::key(node).mid(4).toInt() - 1 : 0;
@@ -177,10 +178,10 @@ int RecipeTree::proposed_category() const
 
 void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& category)
 {
-    main_.recipe_page().edit_updt();
-    main_.shared.cur_recipe = recipe;
-    main_.shared.cur_recipe_name = name;
-    main_.shared.stock_view = false;
+    page_.edit_updt();
+    program_.shared.cur_recipe = recipe;
+    program_.shared.cur_recipe_name = name;
+    program_.shared.stock_view = false;
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &category_node(category);
     QTreeWidgetItem* node = tree_.add_node(folder, recipe_key(recipe), name, recipe_picture, {});
     if (folder)
@@ -188,35 +189,37 @@ void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& cat
     tree_.sort_children(folder);
     tree_.select(node);
     tree_.ensure_visible(node);
-    main_.shared.list_pane_shown = false;
-    main_.l_r_refresh();
-    main_.recipe_page().set_recipe(recipe);
-    main_.recipe_page().Text1().set_border_style(1);
+    program_.shared.list_pane_shown = false;
+    program_.l_r_refresh();
+    page_.set_recipe(recipe);
+    page_.Text1().set_border_style(1);
+    page_.Text1().setFocus(Qt::OtherFocusReason);
 }
 
 void RecipeTree::recip_del(Key recipe)
 {
-    main_.recipe_page().edit_updt();
-    const auto name = recipe_name(main_.connection(), recipe);
+    page_.edit_updt();
+    const auto name = recipe_name(program_.connection, recipe);
     const QString question = QStringLiteral("Are you sure you want to \ndelete the ") + name.value_or(QString())
         + QStringLiteral(" recipe?");
-    if (msg_box(&main_, question, box::yes_no | box::exclamation, QStringLiteral("Warning")) != Answer::yes)
+    if (msg_box(&program_.window, question, box::yes_no | box::exclamation, QStringLiteral("Warning"))
+        != Answer::yes)
         return;
-    delete_recipe(main_.connection(), recipe);
+    delete_recipe(program_.connection, recipe);
     if (QTreeWidgetItem* node = recipe_node(recipe))
         take_off(node);
     const QTreeWidgetItem* next = tree_.selected();
     const bool left = next && is_recipe(*next);
-    main_.shared.cur_recipe = left ? record_key(TreeView::key(next)) : Key{-1};
-    main_.shared.cur_recipe_name = left ? trim(next->text(0)) : QString();
-    show_page(main_.shared.cur_recipe);
+    program_.shared.cur_recipe = left ? record_key(TreeView::key(next)) : Key{-1};
+    program_.shared.cur_recipe_name = left ? trim(next->text(0)) : QString();
+    show_page(program_.shared.cur_recipe);
 }
 
 // The page comes first: the commands that act on it depend on whether it has a recipe.
 void RecipeTree::show_page(Key recipe)
 {
-    main_.recipe_page().set_recipe(recipe);
-    main_.l_r_refresh();
+    page_.set_recipe(recipe);
+    program_.l_r_refresh();
 }
 
 // The neighbour above takes the selection, then the one below, then the folder.
@@ -236,13 +239,13 @@ void RecipeTree::take_off(QTreeWidgetItem* node)
 
 void RecipeTree::mv_rcp(const QString& category, Key recipe)
 {
-    const auto row = recipe_for_move(main_.connection(), recipe);
-    main_.shared.cur_recipe = recipe;
+    const auto row = recipe_for_move(program_.connection, recipe);
+    program_.shared.cur_recipe = recipe;
     if (row) {
         if (row->cat == category)
             return;
         QTreeWidgetItem& target = category_node(category);
-        set_recipe_category(main_.connection(), recipe, category);
+        set_recipe_category(program_.connection, recipe, category);
         if (QTreeWidgetItem* node = recipe_node(recipe)) {
             QTreeWidgetItem* folder = node->parent();
             tree_.remove_node(node);
@@ -253,9 +256,9 @@ void RecipeTree::mv_rcp(const QString& category, Key recipe)
         tree_.sort_children(&target);
         tree_.select(node);
         tree_.ensure_visible(node);
-        main_.shared.cur_recipe_name = row->name;
+        program_.shared.cur_recipe_name = row->name;
     }
-    main_.shared.tree_drag = false;
+    program_.shared.tree_drag = false;
     show_page(recipe);
 }
 

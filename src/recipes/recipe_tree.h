@@ -10,7 +10,8 @@ class QTreeWidgetItem;
 
 namespace tarnwick {
 
-class frmmain;
+struct Program;
+class RecipePage;
 class TreeView;
 struct RecipeRow;
 
@@ -18,7 +19,7 @@ struct RecipeRow;
 class RecipeTree : public QObject {
     Q_OBJECT
 public:
-    RecipeTree(frmmain& main, TreeView& tree);
+    RecipeTree(Program& program, TreeView& tree, RecipePage& page);
 
     TreeView& view() { return tree_; }
 
@@ -56,6 +57,7 @@ public:
 
 signals:
     void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
+    void node_pressed(); ///< the user comes to the tree
 
 private:
     void connect_events();
@@ -75,8 +77,9 @@ private:
     void show_page(Key recipe);
     void take_off(QTreeWidgetItem* node);
 
-    frmmain& main_;
+    Program& program_;
     TreeView& tree_;
+    RecipePage& page_;
     Key unsorted_ = -1; ///< a renamed recipe that waits for a release; -1 none
     bool tree_mouse_down_ = false;
     QPoint tree_down_;

@@ -1,8 +1,8 @@
 #include "recipes/recipe_tree.h"
 
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/message_box.h"
-#include "lists/list_pane.h"
 #include "recipes/recipe_page.h"
 #include "widgets/tree_view.h"
 
@@ -38,14 +38,14 @@ void RecipeTree::connect_events()
 
 void RecipeTree::expanded(QTreeWidgetItem* node, bool open)
 {
-    if (!main_.shared.form_loading && !is_recipe(*node))
+    if (!program_.shared.form_loading && !is_recipe(*node))
         tree_.set_picture(node, open ? folder_open : folder_closed);
 }
 
 void RecipeTree::node_click(QTreeWidgetItem* node)
 {
-    if (main_.shared.node_dragged) {
-        main_.shared.node_dragged = false;
+    if (program_.shared.node_dragged) {
+        program_.shared.node_dragged = false;
         return;
     }
     if (is_recipe(*node))
@@ -65,37 +65,35 @@ bool RecipeTree::choose(Key recipe)
 
 void RecipeTree::open(const QTreeWidgetItem& node)
 {
-    main_.shared.cur_recipe = record_key(TreeView::key(&node));
-    main_.shared.cur_recipe_name = trim(node.text(0));
-    main_.recipe_page().scroll_bar().setValue(0);
-    main_.recipe_page().set_recipe(main_.shared.cur_recipe);
-    main_.shared.list_pane_shown = false;
-    main_.l_r_refresh();
+    program_.shared.cur_recipe = record_key(TreeView::key(&node));
+    program_.shared.cur_recipe_name = trim(node.text(0));
+    page_.scroll_bar().setValue(0);
+    page_.set_recipe(program_.shared.cur_recipe);
+    program_.shared.list_pane_shown = false;
+    program_.l_r_refresh();
 }
 
 /// First status panel, while the tree is the one on show.
 void RecipeTree::show_status_of_selection()
 {
-    if (main_.shared.form_loading || main_.shared.stock_view)
+    if (program_.shared.form_loading || program_.shared.stock_view)
         return;
     const QTreeWidgetItem* node = tree_.selected();
     if (!node)
-        main_.set_status({});
+        program_.set_status({});
     else if (is_recipe(*node))
-        main_.set_status(trim(node->text(0)) + QStringLiteral(" recipe"));
+        program_.set_status(trim(node->text(0)) + QStringLiteral(" recipe"));
     else
-        main_.set_status(node->text(0) + QStringLiteral(": ") + QString::number(node->childCount())
-                         + QStringLiteral(" recipes"));
+        program_.set_status(node->text(0) + QStringLiteral(": ") + QString::number(node->childCount())
+                            + QStringLiteral(" recipes"));
 }
 
 void RecipeTree::mouse_down(QPoint position)
 {
     if (QTreeWidgetItem* node = tree_.hit_test(position)) {
-        main_.list_pane().leave_for_tree();
-        if (main_.recipe_page().editor_open()) {
-            main_.recipe_page().finish_line_editor();
+        emit node_pressed();
+        if (page_.leave_line_editor())
             return;
-        }
         tree_.select(node);
     }
     tree_down_ = position;
@@ -113,8 +111,8 @@ void RecipeTree::take_release(Qt::MouseButton button)
 {
     const bool pressed = tree_mouse_down_;
     tree_mouse_down_ = false;
-    if (main_.shared.tree_drag) {
-        main_.shared.tree_drag = false;
+    if (program_.shared.tree_drag) {
+        program_.shared.tree_drag = false;
         return;
     }
     QTreeWidgetItem* node = pressed ? tree_.hit_test(tree_down_) : nullptr;
@@ -138,7 +136,7 @@ void RecipeTree::key_down(int key)
     if (is_recipe(*node))
         recip_del(record_key(TreeView::key(node)));
     else
-        msg_box(&main_, QStringLiteral("Cannot delete recipe categories"), box::information,
+        msg_box(&program_.window, QStringLiteral("Cannot delete recipe categories"), box::information,
                 QStringLiteral("Info"));
 }
 

@@ -1,28 +1,21 @@
 #include "stock/floating_buttons.h"
 
-#include "window/frmmain.h"
-#include "widgets/list_grid.h"
-#include "lists/list_pane.h"
-#include "lists/lists.h"
-#include "lists/placing.h"
-#include "widgets/row_editor.h"
-#include "recipes/recipe_page.h"
-#include "window/layout.h"
-#include "window/view_state.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/pictures.h"
 #include "widgets/tree_view.h"
 #include "household/item_change.h"
 #include "household/recipe_store.h"
 #include "household/status.h"
-#include "stock/stock_commands.h"
-#include "household/stock_store.h"
 #include "stock/stock_tree.h"
 #include "widgets/tool_tip.h"
 
 #include <QApplication>
+#include <QScrollBar>
 #include <QToolButton>
 
 #include <cmath>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -33,6 +26,7 @@ constexpr int locate_row = 2;
 
 constexpr int first_picture = 147;
 constexpr int side = 18; // pixels
+constexpr int twips_per_pixel = 15;
 constexpr int left_of_text = 60; // pixels
 constexpr int least_indent = 60; // pixels: 900 twips; further left the button would leave the pane
 constexpr int full_view_margin = 100; // twips
@@ -41,7 +35,7 @@ constexpr int full_view_margin = 100; // twips
 int button_offset(int type_size)
 {
     const int twips = type_size == 12 ? 90 : type_size == 10 ? 70 : 40;
-    return static_cast<int>(std::lround(static_cast<double>(twips) / Layout::twips_per_pixel));
+    return static_cast<int>(std::lround(static_cast<double>(twips) / twips_per_pixel));
 }
 
 bool is_unlisted(const QTreeWidgetItem& node)
@@ -51,8 +45,10 @@ bool is_unlisted(const QTreeWidgetItem& node)
 
 } // namespace
 
-FloatingButtons::FloatingButtons(frmmain& main, QWidget* parent)
-    : main_(main)
+FloatingButtons::FloatingButtons(Program& program, StockTree& tree, QWidget* parent, Asks asks)
+    : program_(program)
+    , tree_(tree)
+    , asks_(std::move(asks))
 {
     for (size_t i = 0; i < buttons_.size(); ++i) {
         const int index = static_cast<int>(i);
@@ -68,6 +64,31 @@ FloatingButtons::FloatingButtons(frmmain& main, QWidget* parent)
         button->hide();
         connect(button, &QToolButton::clicked, this, [this, index] { clicked(index); });
     }
+    follow_tree();
+}
+
+void FloatingButtons::follow_tree()
+{
+    connect(&tree_, &StockTree::loading, this, &FloatingButtons::rest);
+    connect(&tree_, &StockTree::item_clicked, this, [this](QTreeWidgetItem* node) { show_for(*node); });
+    connect(&tree_, &StockTree::item_left, this, [this] {
+        hide(add_to_list);
+        hide(add_to_page);
+    });
+    TreeView& tree = tree_.view();
+    connect(&tree, &TreeView::selection_changed, this, &FloatingButtons::follow_selection);
+    for (auto moved : {&QTreeWidget::itemExpanded, &QTreeWidget::itemCollapsed})
+        connect(&tree, moved, this, &FloatingButtons::follow_selection);
+    for (auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(tree.model(), change, this, &FloatingButtons::hide_all);
+    connect(&tree, &TreeView::got_focus, this, &FloatingButtons::hide_all);
+    connect(&tree, &TreeView::lost_focus, this, &FloatingButtons::tree_lost_focus);
+    connect(tree.verticalScrollBar(), &QScrollBar::valueChanged, this, &FloatingButtons::hide_all);
+}
+
+const TreeView& FloatingButtons::view() const
+{
+    return tree_.view();
 }
 
 void FloatingButtons::hide_all()
@@ -76,13 +97,21 @@ void FloatingButtons::hide_all()
         button->hide();
 }
 
+void FloatingButtons::hide_recipe_button()
+{
+    hide(add_to_page);
+}
+
 void FloatingButtons::hide(int index)
 {
     button(index).hide();
 }
 
-void FloatingButtons::set_rest(int left)
+void FloatingButtons::rest(bool by_name)
 {
+    constexpr int rest_by_category = 47; // pixels: 700 twips
+    constexpr int rest_by_name = 10; // pixels: 150 twips
+    const int left = by_name ? rest_by_name : rest_by_category;
     for (const int index : {add_to_list, add_to_page})
         button(index).move(left, button(index).y());
 }
@@ -100,15 +129,15 @@ void FloatingButtons::tree_lost_focus()
 
 void FloatingButtons::show_for(QTreeWidgetItem& node)
 {
-    const int indent = main_.stock_tree().get_indent();
-    const int topdent = main_.stock_tree().get_topdent();
-    if (!row_in_view(topdent - main_.stock_tree().view().y())) {
+    const int indent = tree_.get_indent();
+    const int topdent = tree_.get_topdent();
+    if (!row_in_view(topdent - tree_.view().y())) {
         hide(add_to_list);
         hide(add_to_page);
         return;
     }
-    const int top = topdent + button_offset(main_.shared.type_size);
-    if (!main_.shared.list_pane_shown)
+    const int top = topdent + button_offset(program_.shared.type_size);
+    if (!program_.shared.list_pane_shown)
         show_recipe_button(node, indent, top);
     else if (is_unlisted(node))
         show_list_button(node, indent, top);
@@ -119,15 +148,15 @@ void FloatingButtons::show_for(QTreeWidgetItem& node)
 /// Whether a row whose text begins this far down in the tree does not reach beyond its lower edge.
 bool FloatingButtons::row_in_view(int top) const
 {
-    const TreeView& tree = main_.stock_tree().view();
+    const TreeView& tree = view();
     const int rows_height = tree.get_visible_count() * tree.row_height();
-    return top * Layout::twips_per_pixel + full_view_margin < rows_height * Layout::twips_per_pixel;
+    return top * twips_per_pixel + full_view_margin < rows_height * twips_per_pixel;
 }
 
 /// Whether there is a recipe to add to, on show or behind the lists.
 bool FloatingButtons::recipe_open() const
 {
-    return recipe_name(main_.connection(), main_.shared.cur_recipe).has_value();
+    return recipe_name(program_.connection, program_.shared.cur_recipe).has_value();
 }
 
 int FloatingButtons::shown() const
@@ -143,21 +172,21 @@ void FloatingButtons::place_again(int index)
 {
     if (index < 0)
         return;
-    const TreeView& tree = main_.stock_tree().view();
+    const TreeView& tree = view();
     const QTreeWidgetItem* node = tree.node(beside_);
     const QRect text = node ? tree.text_rect(node) : QRect();
     if (text.isNull() || text.top() < 0 || !row_in_view(text.top())) {
         hide(index);
         return;
     }
-    const int top = tree.y() + text.top() + button_offset(main_.shared.type_size);
+    const int top = tree.y() + text.top() + button_offset(program_.shared.type_size);
     button(index).move(tree.x() + text.left() - left_of_text, top);
     button(index).show();
 }
 
 void FloatingButtons::follow_selection()
 {
-    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    const QTreeWidgetItem* node = view().selected();
     if (!node || TreeView::key(node) != beside_)
         hide_all();
     else
@@ -169,12 +198,12 @@ void FloatingButtons::show_recipe_button(QTreeWidgetItem& node, int indent, int 
     hide(add_to_list);
     hide(locate_row);
     const Key item = record_key(TreeView::key(&node));
-    if (indent <= least_indent || !recipe_open() || main_.recipe_page().shows_item(item)) {
+    if (indent <= least_indent || !recipe_open() || asks_.page_shows(item)) {
         hide(add_to_page);
         return;
     }
     show_at(add_to_page, node, indent, top,
-            QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to ") + main_.shared.cur_recipe_name
+            QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to ") + program_.shared.cur_recipe_name
                 + QStringLiteral(" recipe"));
 }
 
@@ -186,7 +215,7 @@ void FloatingButtons::show_locate_button(QTreeWidgetItem& node, int indent, int 
         hide(locate_row);
         return;
     }
-    if (main_.row_editor().is_open())
+    if (asks_.row_editor_open())
         return;
     show_at(locate_row, node, indent, top,
             QStringLiteral("Locate ") + node.text(0) + QStringLiteral(" on shopping lists"));
@@ -196,7 +225,7 @@ void FloatingButtons::show_list_button(QTreeWidgetItem& node, int indent, int to
 {
     hide(locate_row);
     hide(add_to_page);
-    const auto list = list_name_of(main_.connection(), main_.shared.current_list);
+    const auto list = list_name_of(program_.connection, program_.shared.current_list);
     if (indent <= least_indent || !list) {
         hide(add_to_list);
         return;
@@ -210,8 +239,8 @@ void FloatingButtons::show_for_recipe(QTreeWidgetItem& node)
     hide_all();
     if (!recipe_open())
         return;
-    const StockTree& tree = main_.stock_tree();
-    show_at(add_to_page, node, tree.get_indent(), tree.get_topdent() + button_offset(main_.shared.type_size),
+    const StockTree& tree = tree_;
+    show_at(add_to_page, node, tree.get_indent(), tree.get_topdent() + button_offset(program_.shared.type_size),
             QStringLiteral("Add ") + node.text(0) + QStringLiteral(" to recipe"));
 }
 
@@ -222,12 +251,12 @@ void FloatingButtons::item_changed(const ItemChange& change)
         if (written.kind != WrittenRow::Kind::placed)
             continue;
         placed = true;
-        if (main_.shared.all_lists_view || written.row.list_key == main_.shared.current_list)
+        if (program_.shared.all_lists_view || written.row.list_key == program_.shared.current_list)
             hide_all();
     }
-    if (placed || !change.record || !change.record->is_new || !main_.shared.stock_view)
+    if (placed || !change.record || !change.record->is_new || !program_.shared.stock_view)
         return;
-    if (QTreeWidgetItem* node = main_.stock_tree().item_node(change.items.front().item))
+    if (QTreeWidgetItem* node = tree_.item_node(change.items.front().item))
         show_for_recipe(*node);
 }
 
@@ -243,7 +272,7 @@ void FloatingButtons::show_at(int index, const QTreeWidgetItem& node, int indent
 
 QTreeWidgetItem* FloatingButtons::selected_item() const
 {
-    QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    QTreeWidgetItem* node = view().selected();
     return node && TreeView::key(node).startsWith(QLatin1String("item")) ? node : nullptr;
 }
 
@@ -263,41 +292,25 @@ void FloatingButtons::place_on_list()
     const QTreeWidgetItem* node = selected_item();
     if (!node || !is_unlisted(*node))
         return;
-    main_.placing().stock_to_list(record_key(TreeView::key(node)));
+    emit placing_wanted(record_key(TreeView::key(node)));
     hide_all();
 }
 
 void FloatingButtons::add_to_recipe()
 {
     hide(add_to_page);
-    TreeView& tree = main_.stock_tree().view();
+    TreeView& tree = tree_.view();
     if (QTreeWidgetItem* node = tree.node(beside_)) {
         tree.select(node);
-        main_.view_state().show_list_pane(false);
-        main_.stock_commands().item_to_recipe();
+        emit adding_wanted();
     }
 }
 
 void FloatingButtons::locate()
 {
-    if (main_.shared.list_pane_shown)
-        main_.row_editor().lv_edit_off();
     hide(locate_row);
-    const QTreeWidgetItem* node = selected_item();
-    const auto tied = node ? first_tied_row(main_.connection(), record_key(TreeView::key(node))) : std::nullopt;
-    if (!tied)
-        return;
-    if (!main_.shared.all_lists_view && tied->list_key != main_.shared.current_list) {
-        main_.shared.current_list = tied->list_key;
-        main_.lists().set_mnu_lists();
-    }
-    ListGrid& grid = main_.list_pane().grid();
-    const int row = grid.rows().find_row(tied->groc_key);
-    if (row < 0)
-        return;
-    grid.set_current(row, grid_column::item);
-    grid.set_top_row(std::max(0, row - grid.rows_in_view() / 2));
-    grid.rows().change_row(row, [](GridRow& located) { located.located = true; });
+    if (const QTreeWidgetItem* node = selected_item())
+        emit locating_wanted(record_key(TreeView::key(node)));
 }
 
 } // namespace tarnwick

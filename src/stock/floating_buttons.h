@@ -1,9 +1,12 @@
 #pragma once
 
+#include "data/text.h"
+
 #include <QObject>
 #include <QString>
 
 #include <array>
+#include <functional>
 
 class QToolButton;
 class QTreeWidgetItem;
@@ -11,7 +14,9 @@ class QWidget;
 
 namespace tarnwick {
 
-class frmmain;
+struct Program;
+class StockTree;
+class TreeView;
 struct ItemChange;
 
 /// The small buttons `flt_btn` beside the selected stock item: add to the list, add to the recipe,
@@ -19,17 +24,17 @@ struct ItemChange;
 class FloatingButtons : public QObject {
     Q_OBJECT
 public:
-    FloatingButtons(frmmain& main, QWidget* parent);
+    /// What the buttons ask about the right pane.
+    struct Asks {
+        std::function<bool(Key item)> page_shows; ///< the recipe page has a line of the item
+        std::function<bool()> row_editor_open;
+    };
+
+    FloatingButtons(Program& program, StockTree& tree, QWidget* parent, Asks asks);
 
     QToolButton& button(int index) { return *buttons_.at(static_cast<size_t>(index)); }
     void hide_all();
-    void hide(int index);
-
-    /// Resting places of the tree's load: pixels from the left of the central area.
-    void set_rest(int left);
-
-    /// Shows the buttons that fit the item under the selection, after a click on its row.
-    void show_for(QTreeWidgetItem& node);
+    void hide_recipe_button();
 
     /// Goes when a row was placed on the list on show; a new item that was put on no list gets the recipe button.
     void item_changed(const ItemChange& change);
@@ -44,10 +49,24 @@ public:
     /// Hides the button unless its node is still the selected one; puts it beside it where it has moved.
     void follow_selection();
 
+signals:
+    void placing_wanted(tarnwick::Key item); ///< on the list on show
+    void adding_wanted(); ///< of the selected item to the recipe
+    void locating_wanted(tarnwick::Key item); ///< on the lists
+
+private:
+    void hide(int index);
+    void follow_tree();
+
+    /// Resting places of the tree's load, by category or by name.
+    void rest(bool by_name);
+
+    /// Shows the buttons that fit the item under the selection, after a click on its row.
+    void show_for(QTreeWidgetItem& node);
+
     /// Hides the first two after the tree lost the focus, unless one of the buttons took it.
     void tree_lost_focus();
 
-private:
     /// Shows the recipe button beside a new item's node; nothing without an open recipe.
     void show_for_recipe(QTreeWidgetItem& node);
     void clicked(int index);
@@ -60,9 +79,12 @@ private:
     void place_on_list();
     void add_to_recipe();
     void locate();
+    const TreeView& view() const;
     QTreeWidgetItem* selected_item() const;
 
-    frmmain& main_;
+    Program& program_;
+    StockTree& tree_;
+    Asks asks_;
     std::array<QToolButton*, 3> buttons_{};
     QString beside_; ///< key of the node beside which a button was shown last
 };

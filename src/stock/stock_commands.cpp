@@ -1,60 +1,116 @@
 #include "stock/stock_commands.h"
 
-#include "window/frmmain.h"
 #include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "dialogs/new_item_rcp.h"
-#include "recipes/recipe_page.h"
 #include "widgets/tree_view.h"
 #include "household/item_store.h"
 #include "dialogs/l_item_edit.h"
 #include "stock/stock_tree.h"
 
+#include <utility>
+
 namespace tarnwick {
 
-StockCommands::StockCommands(frmmain& main)
-    : main_(main)
+StockCommands::StockCommands(Program& program, StockTree& tree, std::function<bool()> finish_recipe_line)
+    : program_(program)
+    , tree_(tree)
+    , finish_recipe_line_(std::move(finish_recipe_line))
+    , tidying_(program.connection, program.household, program.window)
+    , question_(nullptr)
 {
+    connect(&tree_, &StockTree::item_deletion_wanted, this, &StockCommands::tv_del_item);
+    connect(&tree_, &StockTree::category_deletion_wanted, this, &StockCommands::tv_del_cat);
+    connect(&tree_.view(), &TreeView::after_label_edit, this,
+            [this](const QTreeWidgetItem* node, const QString& text, Qt::FocusReason left_by) {
+                if (!program_.shared.ending)
+                    after_label_edit(*node, text, left_by);
+            });
 }
 
 void StockCommands::new_cat()
 {
-    new_item_rcp(main_.program(), &main_, {NamingKind::category}).exec();
+    new_item_rcp(program_, &program_.window, {NamingKind::category}).exec();
 }
 
-void StockCommands::tv_del_cat(Key) { }
-void StockCommands::tv_del_item(Key) { }
-void StockCommands::mv_item(Key, Key) { }
-void StockCommands::rename_category() { }
-void StockCommands::rename_item() { }
+void StockCommands::tv_del_cat(Key category)
+{
+    if (!program_.shared.stock_alpha && finish_recipe_line_())
+        tidying_.delete_category(category);
+}
+
+void StockCommands::tv_del_item(Key item)
+{
+    if (finish_recipe_line_())
+        tidying_.delete_item(item);
+}
+
+void StockCommands::mv_item(Key category, Key item)
+{
+    emit item_moving();
+    if (finish_recipe_line_())
+        tidying_.move_item(item, category);
+}
+
+void StockCommands::rename_category()
+{
+    TreeView& tree = tree_.view();
+    const QTreeWidgetItem* node = tree.selected();
+    if (node && !node->parent() && TreeView::key(node) != QLatin1String("cat0000") && finish_recipe_line_())
+        tree.start_label_edit();
+}
+
+void StockCommands::rename_item()
+{
+    if (finish_recipe_line_())
+        tree_.view().start_label_edit();
+}
 
 void StockCommands::new_stock_item()
 {
     EditRequest request;
-    request.category = main_.stock_tree().selected_category();
-    show_item_editor(main_.program(), request);
+    request.category = tree_.selected_category();
+    show_item_editor(program_, request);
 }
 
 void StockCommands::edit_stock_item()
 {
-    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    const QTreeWidgetItem* node = tree_.view().selected();
     if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
         return;
     EditRequest request{EditMode::edit_item, record_key(TreeView::key(node))};
-    request.row = ItemStore(main_.connection()).row_on_list(request.item, main_.shared.current_list);
-    show_item_editor(main_.program(), request);
+    request.row = ItemStore(program_.connection).row_on_list(request.item, program_.shared.current_list);
+    show_item_editor(program_, request);
 }
 
 void StockCommands::item_to_recipe()
 {
-    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    const QTreeWidgetItem* node = tree_.view().selected();
     if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
         return;
-    main_.recipe_page().drag_ingred(record_key(TreeView::key(node)), node->text(0));
+    emit adding_wanted(record_key(TreeView::key(node)), node->text(0));
 }
 
-bool StockCommands::after_label_edit(QTreeWidgetItem&, const QString&)
+void StockCommands::after_label_edit(const QTreeWidgetItem& node, const QString& text, Qt::FocusReason left_by)
 {
-    return false;
+    const QString old_name = trim(node.text(0));
+    const QString name = trim(text);
+    if (name.isEmpty() || name == old_name)
+        return;
+    const QString key = TreeView::key(&node);
+    const Key record = record_key(key);
+    const bool item = key.startsWith(QLatin1String("item"));
+    const auto rename = [this, item, record, old_name, name] {
+        if (item)
+            tidying_.rename_item(record, old_name, name);
+        else
+            tidying_.rename_category(record, name);
+    };
+    const bool asks = item ? tidying_.asks_for_item(record, name) : tidying_.asks_for_category(name);
+    if (asks && left_by != Qt::NoFocusReason)
+        question_.ask_later(left_by, rename);
+    else
+        rename();
 }
 
 } // namespace tarnwick

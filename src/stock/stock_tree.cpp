@@ -1,20 +1,19 @@
 #include "stock/stock_tree.h"
 
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 #include "widgets/busy_pointer.h"
-#include "window/frmmain.h"
 #include "widgets/tree_view.h"
 #include "household/category_store.h"
 #include "household/item_change.h"
-#include "stock/floating_buttons.h"
 #include "household/status.h"
-#include "stock/stock_commands.h"
 #include "household/stock_store.h"
 
 #include <QHash>
 #include <QScopedValueRollback>
-#include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -23,8 +22,6 @@ constexpr int category_closed = 1;
 constexpr int category_open = 2;
 constexpr int other_closed = 3;
 constexpr int other_open = 4;
-constexpr int rest_by_category = 47; // pixels: 700 twips
-constexpr int rest_by_name = 10; // pixels: 150 twips
 const QColor other_color(255, 0, 0);
 
 QString item_key(Key item)
@@ -45,10 +42,10 @@ int folder_picture(bool other, bool open)
 
 } // namespace
 
-StockTree::StockTree(frmmain& main, TreeView& tree, FloatingButtons& buttons)
-    : main_(main)
+StockTree::StockTree(Program& program, TreeView& tree, std::function<bool()> leave_line_editor)
+    : program_(program)
     , tree_(tree)
-    , buttons_(buttons)
+    , leave_line_editor_(std::move(leave_line_editor))
 {
     connect_events();
 }
@@ -59,37 +56,26 @@ void StockTree::connect_events()
     connect(&tree_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* node) { expanded(node, false); });
     connect(&tree_, &TreeView::node_click, this, &StockTree::node_click);
     connect(&tree_, &TreeView::selection_changed, this, &StockTree::show_status_of_selection);
-    connect(&tree_, &TreeView::selection_changed, &buttons_, &FloatingButtons::follow_selection);
-    for (auto moved : {&QTreeWidget::itemExpanded, &QTreeWidget::itemCollapsed})
-        connect(&tree_, moved, &buttons_, &FloatingButtons::follow_selection);
-    for (auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-        connect(tree_.model(), change, &buttons_, &FloatingButtons::hide_all);
     connect(&tree_, &TreeView::mouse_down, this, &StockTree::mouse_down);
     connect(&tree_, &TreeView::mouse_up, this, &StockTree::mouse_up);
     connect(&tree_, &TreeView::key_down, this, &StockTree::key_down);
     connect(&tree_, &TreeView::key_up, this, &StockTree::key_up);
-    connect(&tree_, &TreeView::got_focus, &buttons_, &FloatingButtons::hide_all);
-    connect(&tree_, &TreeView::lost_focus, &buttons_, &FloatingButtons::tree_lost_focus);
-    connect(tree_.verticalScrollBar(), &QScrollBar::valueChanged, &buttons_, &FloatingButtons::hide_all);
     connect(&tree_, &TreeView::before_label_edit, this, [](QTreeWidgetItem* node, bool& cancel) {
         const QString key = TreeView::key(node);
         cancel = key == QLatin1String("cat0000") || key == QLatin1String("ns");
     });
-    connect(&tree_, &TreeView::after_label_edit, this,
-            [this](QTreeWidgetItem* node, const QString& text, bool& cancel) {
-                cancel = !main_.stock_commands().after_label_edit(*node, text);
-            });
 }
 
 void StockTree::tv_load(bool alpha)
 {
+    tree_.finish_label_edit();
     const BusyPointer busy;
     const QScopedValueRollback quiet(quiet_, true);
     const bool had_focus = tree_.hasFocus();
     tree_.hide();
     tree_.clear_nodes();
     tree_.set_flat(alpha);
-    buttons_.set_rest(alpha ? rest_by_name : rest_by_category);
+    emit loading(alpha);
     if (!alpha)
         load_folders();
     load_items(alpha);
@@ -103,9 +89,9 @@ void StockTree::tv_load(bool alpha)
 void StockTree::load_folders()
 {
     open_at_load_.clear();
-    prepare_folders(main_.connection());
+    prepare_folders(program_.connection);
     QList<QTreeWidgetItem*> folders;
-    const auto categories = read_categories(main_.connection());
+    const auto categories = read_categories(program_.connection);
     int nodes = static_cast<int>(categories.size());
     for (const CatalogueFolder& category : categories)
         nodes += category.items;
@@ -148,7 +134,7 @@ void StockTree::load_items(bool alpha)
         (alpha ? flat : by_category[item.category]).append(node);
     };
     try {
-        read_items(main_.connection(), take);
+        read_items(program_.connection, take);
     } catch (...) {
         for (const auto& nodes : std::as_const(by_category))
             flat.append(nodes);
@@ -173,7 +159,7 @@ void StockTree::open_folders()
 void StockTree::tv_refresh(Key item)
 {
     tree_.require_node(item_key(item));
-    set_item_code(item, plain_status(main_.connection(), item));
+    set_item_code(item, plain_status(program_.connection, item));
 }
 
 void StockTree::close_folders()
@@ -184,20 +170,25 @@ void StockTree::close_folders()
             QTreeWidgetItem* folder = tree_.topLevelItem(i);
             if (folder->isExpanded()) {
                 folder->setExpanded(false);
-                tree_.set_picture(folder, folder_picture(folder == category_node(0), false));
+                show_closed(*folder);
             }
         }
     }
-    store_all_closed(main_.connection());
+    store_all_closed(program_.connection);
 }
 
 void StockTree::expanded(QTreeWidgetItem* node, bool open)
 {
     const QString key = TreeView::key(node);
-    if (main_.shared.form_loading || quiet_ || !key.startsWith(QLatin1String("cat")))
+    if (program_.shared.form_loading || quiet_ || !key.startsWith(QLatin1String("cat")))
         return;
     tree_.set_picture(node, folder_picture(key == QLatin1String("cat0000"), open));
-    store_expand(main_.connection(), record_key(key), open);
+    store_expand(program_.connection, record_key(key), open);
+}
+
+void StockTree::show_closed(QTreeWidgetItem& folder)
+{
+    tree_.set_picture(&folder, folder_picture(&folder == category_node(0), false));
 }
 
 QTreeWidgetItem* StockTree::item_node(Key item) const
@@ -213,7 +204,7 @@ QTreeWidgetItem* StockTree::category_node(Key category) const
 void StockTree::set_item_code(Key item, int code)
 {
     QTreeWidgetItem* node = item_node(item);
-    if (!node)
+    if (!node || code == code_untouched)
         return;
     tree_.set_picture(node, code);
     TreeView::set_tag(node, QString::number(code));
@@ -255,11 +246,10 @@ Key StockTree::selected_category() const
 
 void StockTree::add_category_node(Key category, const QString& name)
 {
-    if (main_.shared.stock_alpha)
+    if (program_.shared.stock_alpha)
         return;
-    buttons_.hide_all();
     // The table tells the place: a folder that was renamed may stand out of order in the tree.
-    const auto before = category_before(main_.connection(), category);
+    const auto before = category_before(program_.connection, category);
     const int place = before ? tree_.indexOfTopLevelItem(&tree_.require_node(category_key(*before))) + 1 : 0;
     QTreeWidgetItem* node = tree_.insert_node(nullptr, place, category_key(category), name, category_closed,
                                               QString::number(category_closed));
@@ -269,7 +259,6 @@ void StockTree::add_category_node(Key category, const QString& name)
 
 QTreeWidgetItem* StockTree::add_item_node(Key item, Key category, const QString& name, int code)
 {
-    buttons_.hide_all();
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &tree_.require_node(category_key(category));
     const int count = folder ? folder->childCount() : tree_.topLevelItemCount();
     QTreeWidgetItem* node = tree_.insert_node(folder, tree_.place_of(folder, name, count), item_key(item), name,
@@ -285,12 +274,11 @@ void StockTree::move_item_node(Key item, Key category)
     QTreeWidgetItem* node = item_node(item);
     if (!node || tree_.is_flat())
         return;
-    buttons_.hide_all();
     QTreeWidgetItem& folder = tree_.require_node(category_key(category));
     QTreeWidgetItem* const left = node->parent();
     tree_.move_node(node, &folder);
     if (left && left->childCount() == 0)
-        tree_.set_picture(left, folder_picture(left == category_node(0), false));
+        show_closed(*left);
     tree_.sort_children(&folder);
     tree_.ensure_visible(node);
     tree_.select(node);

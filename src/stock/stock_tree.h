@@ -5,23 +5,26 @@
 #include <QObject>
 #include <QPoint>
 
+#include <functional>
 #include <vector>
 
 class QTreeWidgetItem;
 
 namespace tarnwick {
 
-class frmmain;
-class FloatingButtons;
+struct Program;
 class TreeView;
 struct CatalogueFolder;
+struct CategoryChange;
 struct ItemChange;
+struct ItemsGone;
 
 /// The stock tree `TreeView1(0)`: its load, its events and the pictures of its items.
 class StockTree : public QObject {
     Q_OBJECT
 public:
-    StockTree(frmmain& main, TreeView& tree, FloatingButtons& buttons);
+    /// `leave_line_editor` finishes an open edit of an ingredient line; false when none was open.
+    StockTree(Program& program, TreeView& tree, std::function<bool()> leave_line_editor);
 
     TreeView& view() { return tree_; }
 
@@ -39,11 +42,13 @@ public:
     QTreeWidgetItem* item_node(Key item) const;
     QTreeWidgetItem* category_node(Key category) const;
 
-    /// Sets picture and Tag of an item's node to a status code. No node: nothing.
+    /// Sets picture and Tag of an item's node to a status code. No node, or `code_untouched`: nothing.
     void set_item_code(Key item, int code);
 
-    /// Shows in the tree what an operation did to stock items.
+    // Each shows in the tree what an operation did to stock items or a category.
     void item_changed(const ItemChange& change);
+    void items_gone(const ItemsGone& gone);
+    void category_changed(const CategoryChange& change);
 
     /// The category of the selected folder, or of the one that the selected item lies in; 0 without one.
     Key selected_category() const;
@@ -74,6 +79,13 @@ public:
 
 signals:
     void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
+    void loading(bool alpha); ///< the tree is about to be filled, by name or by category
+    void node_pressed(); ///< the user comes to the tree
+    void item_clicked(QTreeWidgetItem* node); ///< a left click on an item, after what its box did
+    void item_left(); ///< an arrow key was released, or a click met no item
+    void placing_wanted(tarnwick::Key item); ///< the box of an item on no list
+    void item_deletion_wanted(tarnwick::Key item);
+    void category_deletion_wanted(tarnwick::Key category);
 
 private:
     void connect_events();
@@ -82,6 +94,7 @@ private:
     void load_items(bool alpha);
     void open_folders();
     void expanded(QTreeWidgetItem* node, bool open);
+    void show_closed(QTreeWidgetItem& folder); ///< its picture alone
     void node_click(QTreeWidgetItem* node);
     void mouse_down(Qt::MouseButton button, QPoint position);
     void mouse_up(Qt::MouseButton button, QPoint position);
@@ -89,15 +102,20 @@ private:
     void key_up(int key);
     void show_status_of_selection();
 
+    void remove_item_node(QTreeWidgetItem& node);
+    void select_neighbour(QTreeWidgetItem& node);
+    void tell_after_deletion();
+    bool tells_status() const;
+
     /// The click on an item's check box. False ends the handling of the release.
     bool click_box(QTreeWidgetItem& node);
     bool hits_box(int x) const;
     void activate(Key item);
     void inactivate(Key item);
 
-    frmmain& main_;
+    Program& program_;
     TreeView& tree_;
-    FloatingButtons& buttons_;
+    std::function<bool()> leave_line_editor_;
     bool tree_mouse_down_ = false;
     QPoint tree_down_;
     std::vector<QString> open_at_load_; ///< keys of folders that a load opens once they hold their items

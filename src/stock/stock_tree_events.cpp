@@ -1,16 +1,11 @@
 #include "stock/stock_tree.h"
 
-#include "window/frmmain.h"
 #include "widgets/program.h"
-#include "lists/list_pane.h"
+#include "widgets/shared_values.h"
 #include "household/household.h"
-#include "lists/placing.h"
-#include "recipes/recipe_page.h"
 #include "widgets/tree_view.h"
-#include "stock/floating_buttons.h"
 #include "dialogs/l_item_edit.h"
 #include "household/status.h"
-#include "stock/stock_commands.h"
 #include "household/stock_store.h"
 
 #include <cstdlib>
@@ -27,22 +22,27 @@ bool is_item(const QTreeWidgetItem& node)
 
 void StockTree::node_click(QTreeWidgetItem*)
 {
-    main_.shared.node_dragged = false;
+    program_.shared.node_dragged = false;
+}
+
+bool StockTree::tells_status() const
+{
+    return program_.shared.stock_view && !program_.shared.form_loading;
 }
 
 /// First status panel, while the tree is the one on show.
 void StockTree::show_status_of_selection()
 {
-    if (main_.shared.form_loading || !main_.shared.stock_view)
+    if (!tells_status())
         return;
     const QTreeWidgetItem* node = tree_.selected();
     if (!node)
-        main_.set_status({});
+        program_.set_status({});
     else if (is_item(*node))
-        main_.set_status(get_status(main_.connection(), record_key(TreeView::key(node))));
+        program_.set_status(get_status(program_.connection, record_key(TreeView::key(node))));
     else
-        main_.set_status(node->text(0) + QStringLiteral(" category: ") + QString::number(node->childCount())
-                         + QStringLiteral(" stock items"));
+        program_.set_status(node->text(0) + QStringLiteral(" category: ") + QString::number(node->childCount())
+                            + QStringLiteral(" stock items"));
 }
 
 void StockTree::key_down(int key)
@@ -52,9 +52,9 @@ void StockTree::key_down(int key)
         return;
     const Key record = record_key(TreeView::key(node));
     if (is_item(*node))
-        main_.stock_commands().tv_del_item(record);
+        emit item_deletion_wanted(record);
     else
-        main_.stock_commands().tv_del_cat(record);
+        emit category_deletion_wanted(record);
 }
 
 void StockTree::key_up(int key)
@@ -62,18 +62,15 @@ void StockTree::key_up(int key)
     if (key != Qt::Key_Up && key != Qt::Key_Down)
         return;
     show_status_of_selection();
-    buttons_.hide(0);
-    buttons_.hide(1);
+    emit item_left();
 }
 
 void StockTree::mouse_down(Qt::MouseButton, QPoint position)
 {
     if (QTreeWidgetItem* node = tree_.hit_test(position)) {
-        main_.list_pane().leave_for_tree();
-        if (main_.recipe_page().editor_open()) {
-            main_.recipe_page().finish_line_editor();
+        emit node_pressed();
+        if (leave_line_editor_())
             return;
-        }
         tree_.select(node);
     }
     tree_down_ = position;
@@ -84,8 +81,8 @@ void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
 {
     const bool pressed = tree_mouse_down_;
     tree_mouse_down_ = false;
-    if (main_.shared.tree_drag) {
-        main_.shared.tree_drag = false;
+    if (program_.shared.tree_drag) {
+        program_.shared.tree_drag = false;
         return;
     }
     // A press that only finished the recipe's line editor left no place to act on.
@@ -93,8 +90,7 @@ void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
         return;
     QTreeWidgetItem* node = tree_.hit_test(tree_down_);
     if (!node) {
-        buttons_.hide(0);
-        buttons_.hide(1);
+        emit item_left();
         return;
     }
     tree_.select(node);
@@ -103,8 +99,7 @@ void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
         return;
     }
     if (!is_item(*node)) {
-        buttons_.hide(0);
-        buttons_.hide(1);
+        emit item_left();
         return;
     }
     const QString key = TreeView::key(node);
@@ -112,7 +107,7 @@ void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
         return;
     // Placing may have run a dialog; the node is looked up again.
     if (QTreeWidgetItem* left = tree_.node(key))
-        buttons_.show_for(*left);
+        emit item_clicked(left);
 }
 
 /// The box stands at a fixed distance from the text, whose place the indent tells.
@@ -124,7 +119,7 @@ bool StockTree::hits_box(int x) const
     constexpr int flat_first = 68;
     constexpr int flat_last = 81;
     const int shift = std::abs(get_indent() - standard_indent);
-    const bool flat = main_.shared.stock_alpha;
+    const bool flat = program_.shared.stock_alpha;
     return x >= (flat ? flat_first : folder_first) - shift && x <= (flat ? flat_last : folder_last) - shift;
 }
 
@@ -133,7 +128,7 @@ bool StockTree::click_box(QTreeWidgetItem& node)
     const Key item = record_key(TreeView::key(&node));
     switch (TreeView::tag(&node).toInt()) {
     case status_code::unlisted:
-        main_.placing().stock_to_list(item);
+        emit placing_wanted(item);
         return true;
     case status_code::inactive:
         activate(item);
@@ -148,21 +143,21 @@ bool StockTree::click_box(QTreeWidgetItem& node)
 
 void StockTree::activate(Key item)
 {
-    const std::vector<TiedRow> rows = clickable_rows(main_.connection(), item);
+    const std::vector<TiedRow> rows = clickable_rows(program_.connection, item);
     if (rows.empty())
         return;
     if (rows.size() > 1) {
-        show_item_editor(main_.program(), {EditMode::edit_item, item});
+        show_item_editor(program_, {EditMode::edit_item, item});
         return;
     }
-    main_.household().tick_in_tree(item, rows.front(), true);
+    program_.household.tick_in_tree(item, rows.front(), true);
 }
 
 void StockTree::inactivate(Key item)
 {
-    const std::vector<TiedRow> rows = clickable_rows(main_.connection(), item);
+    const std::vector<TiedRow> rows = clickable_rows(program_.connection, item);
     if (!rows.empty())
-        main_.household().tick_in_tree(item, rows.front(), false);
+        program_.household.tick_in_tree(item, rows.front(), false);
 }
 
 } // namespace tarnwick

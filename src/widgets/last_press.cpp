@@ -63,6 +63,16 @@ bool LastPress::eventFilter(QObject* watched, QEvent* event)
     return watched->isWindowType() && is_lost(static_cast<QWindow&>(*watched), *event);
 }
 
+/// A menu closes under the first press, and what lies under it is then free for the second.
+bool LastPress::is_in_another_window(const QWidget& widget) const
+{
+    const auto* first = qobject_cast<const QWidget*>(pressed_.data());
+    const QWidget* now = widget.window();
+    if (now->windowType() == Qt::Popup || (first && first->window() == now))
+        return false;
+    return now->isModal() || (first && first->window()->windowType() != Qt::Popup);
+}
+
 // The window hears of a press before the press gives a widget the focus.
 bool LastPress::is_lost(const QWindow& window, const QEvent& event)
 {
@@ -73,7 +83,9 @@ bool LastPress::is_lost(const QWindow& window, const QEvent& event)
     case QEvent::MouseButtonDblClick: {
         const QPoint position = static_cast<const QMouseEvent&>(event).position().toPoint();
         const QWidget* widget = widget_at(window, position);
-        loses_release_ = widget && widget->property(requires_first_press).toBool() && !was_on(*widget);
+        loses_release_ = widget
+            && (is_in_another_window(*widget)
+                || (widget->property(requires_first_press).toBool() && !was_on(*widget)));
         return loses_release_;
     }
     case QEvent::MouseButtonRelease:

@@ -9,7 +9,8 @@ class QWindow;
 namespace tarnwick {
 
 /// Which widget of the program got the last press of a mouse button. The second press of a double click may
-/// land on another one: on what the first click uncovered or laid over it.
+/// land on another one: on what the first click uncovered or laid over it. In another window it is always lost: a
+/// dialog is not answered by the second press of the double click that opened it.
 class LastPress : public QObject {
     Q_OBJECT
 public:
@@ -32,6 +33,7 @@ protected:
 private:
     explicit LastPress(QObject* application);
     static LastPress* follower();
+    bool is_in_another_window(const QWidget& widget) const;
     bool is_lost(const QWindow& window, const QEvent& event);
 
     QPointer<QObject> pressed_;

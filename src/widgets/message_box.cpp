@@ -2,6 +2,7 @@
 
 #include "widgets/one_line_box.h"
 
+#include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -34,7 +35,8 @@ QMessageBox::Icon icon_of(int flags)
 
 Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& title)
 {
-    QMessageBox message(owner);
+    QWidget* const front = QApplication::activeModalWidget();
+    QMessageBox message(front ? front : owner);
     message.setObjectName(QStringLiteral("message_box"));
     message.setWindowTitle(title);
     message.setTextFormat(Qt::PlainText);

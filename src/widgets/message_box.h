@@ -22,7 +22,8 @@ inline constexpr int second_default = 256;
 /// The button that closed a message box. Escape and the close box count as Cancel, or No.
 enum class Answer { ok = 1, cancel = 2, retry = 4, yes = 6, no = 7 };
 
-/// Shows a message and waits. Text and title are plain text, line feeds break lines.
+/// Shows a message and waits. It belongs to the modal window on top, or to `owner` when there is none. Text and
+/// title are plain text, line feeds break lines.
 Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& title);
 
 /// Asks for a line of text. Empty when the user cancels.

@@ -81,6 +81,14 @@ bool RowEditor::is_open() const
 {
     return !controls_->desc->isHidden();
 }
+
+QWidget* RowEditor::first_box() const
+{
+    const auto& chain = controls_->chain;
+    const auto box = std::find_if(chain.begin(), chain.end(), [](const Box& b) { return b.edit->isVisible(); });
+    return is_open() && box != chain.end() ? box->edit : nullptr;
+}
+
 int RowEditor::edit_row() const
 {
     return edit_row_.isValid() ? edit_row_.row() : -1;

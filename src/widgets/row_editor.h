@@ -60,6 +60,7 @@ public:
     void lv_edit_off(); ///< closes the editor altogether
     bool is_open() const; ///< `desc_brdr` is on screen
     int unstored_column() const { return unstored_column_; } ///< whose text the store did not take; -1 none
+    QWidget* first_box() const; ///< `desc_brdr` while it is open, or the next one on screen; else null
     int edit_row() const; ///< the grid row under edit; -1 when closed
 
     /// Makes this row's name the only bold one.

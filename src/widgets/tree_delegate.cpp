@@ -5,6 +5,7 @@
 #include "widgets/tool_tip.h"
 
 #include <QAbstractItemView>
+#include <QFocusEvent>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -119,6 +120,7 @@ QWidget* TreeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     editor->setFont(tree_.font());
     keep_one_line(*editor);
     editor->setObjectName(QStringLiteral("label_edit"));
+    editor_ = editor;
     return editor;
 }
 
@@ -132,6 +134,16 @@ void TreeDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
 void TreeDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const
 {
     tree_.end_label_edit(index, qobject_cast<QLineEdit*>(editor)->text());
+}
+
+/// An editor that loses the focus may be about to end the edit.
+bool TreeDelegate::eventFilter(QObject* editor, QEvent* event)
+{
+    if (event->type() == QEvent::FocusOut)
+        tree_.set_label_left_by(static_cast<QFocusEvent*>(event)->reason());
+    else if (event->type() == QEvent::FocusIn)
+        tree_.set_label_left_by(Qt::NoFocusReason);
+    return QStyledItemDelegate::eventFilter(editor, event);
 }
 
 bool TreeDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,

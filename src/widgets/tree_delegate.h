@@ -3,6 +3,7 @@
 #include "widgets/fitted_text.h"
 #include "widgets/pictures.h"
 
+#include <QPointer>
 #include <QStyledItemDelegate>
 
 #include <array>
@@ -16,6 +17,8 @@ class TreeDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
     TreeDelegate(ImageList pictures, TreeView& tree);
+
+    QWidget* editor() const { return editor_; } ///< the label's editor made last; none when it has gone
 
     /// Left edges in pixels from the left of a node's own row rectangle (behind its indentation).
     int picture_left(bool in_folder) const;
@@ -35,6 +38,7 @@ public:
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    bool eventFilter(QObject* editor, QEvent* event) override;
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 
@@ -46,6 +50,7 @@ private:
     TreeView& tree_;
     QSize picture_size_;
     mutable std::array<QIcon, 16> icons_;
+    mutable QPointer<QWidget> editor_;
 };
 
 } // namespace tarnwick

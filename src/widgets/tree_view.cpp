@@ -9,6 +9,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -307,16 +308,24 @@ void TreeView::start_label_edit()
         editItem(node);
 }
 
+void TreeView::finish_label_edit()
+{
+    second_click_->stop();
+    QWidget* editor = state() == EditingState ? delegate_->editor() : nullptr;
+    if (!editor)
+        return;
+    label_left_by_ = Qt::NoFocusReason;
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
 void TreeView::end_label_edit(const QModelIndex& index, const QString& text)
 {
-    QTreeWidgetItem* edited = itemFromIndex(index);
+    const QTreeWidgetItem* edited = itemFromIndex(index);
     if (!edited || edited->text(0) == text)
         return;
-    const QString edited_key = key(edited);
-    bool cancel = false;
-    emit after_label_edit(edited, text, cancel);
-    if (QTreeWidgetItem* left = node(edited_key); left && !cancel)
-        left->setText(0, text);
+    edited_key_ = key(edited);
+    edited_text_ = text;
 }
 
 /// The tab keys end an edit like any other; the label of another node is not opened past its gate.
@@ -325,6 +334,17 @@ void TreeView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint h
     const bool onward
         = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     QTreeWidget::closeEditor(editor, onward ? QAbstractItemDelegate::NoHint : hint);
+    tell_label_edit();
+}
+
+/// Told when the editor is gone: what is done about it may ask questions and sort the nodes.
+void TreeView::tell_label_edit()
+{
+    const Qt::FocusReason left_by = std::exchange(label_left_by_, Qt::NoFocusReason);
+    const QString edited = std::exchange(edited_key_, {});
+    const QString text = std::exchange(edited_text_, {});
+    if (QTreeWidgetItem* left = edited.isEmpty() ? nullptr : node(edited))
+        emit after_label_edit(left, text, left_by);
 }
 
 /// A node that vanishes inside a closed folder leaves the selection to the folder.

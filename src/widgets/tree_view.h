@@ -100,15 +100,20 @@ signals:
     void lost_focus();
     /// Asked before a label edit; the receiver sets `cancel` to refuse.
     void before_label_edit(QTreeWidgetItem* node, bool& cancel);
-    /// The edit is done; the receiver sets `cancel` to keep the old text.
-    void after_label_edit(QTreeWidgetItem* node, const QString& text, bool& cancel);
+    /// A label edit has ended with another text, and its editor is gone. The label is as it was: whoever renames
+    /// what the node stands for sets it. `left_by` is what took the focus from the editor, NoFocusReason for a key
+    /// or a command.
+    void after_label_edit(QTreeWidgetItem* node, const QString& text, Qt::FocusReason left_by);
 
 public:
     /// Opens the editor on the selected node's label, through the gate of `before_label_edit`.
     void start_label_edit();
 
-    /// The editor's text, on its way to the label through `after_label_edit`.
+    void finish_label_edit(); ///< ends an edit that is under way as Return does, before something else is done
+
+    /// The editor's text, for `after_label_edit` as soon as the editor is gone.
     void end_label_edit(const QModelIndex& index, const QString& text);
+    void set_label_left_by(Qt::FocusReason reason) { label_left_by_ = reason; }
 
 protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -126,6 +131,7 @@ protected:
 private:
     void press(QMouseEvent* event);
     void announce_selection();
+    void tell_label_edit();
     bool on_label(QTreeWidgetItem* node, QPoint position) const;
     void close_if_empty(QTreeWidgetItem* folder);
     void follow_collapse(QTreeWidgetItem* folder);
@@ -135,6 +141,9 @@ private:
     TreeDelegate* delegate_;
     SecondClick* second_click_;
     QString pressed_key_;
+    QString edited_key_; ///< of the node whose label got another text, until that is told
+    QString edited_text_;
+    Qt::FocusReason label_left_by_ = Qt::NoFocusReason;
     QString announced_text_; ///< of the selected node when it was announced last
     bool pressed_ = false;
     bool edit_on_release_ = false;

@@ -162,7 +162,7 @@ void CommandTexts::show_list_commands(const CommandInputs& inputs)
         del = QStringLiteral("Delete shopping list");
     commands_.set(QStringLiteral("mnu_list_del"), del, may_delete);
     commands_.set(QStringLiteral("mnu_list_Print"), texts.print_item, is_shown);
-    commands_.set(QStringLiteral("mnu_list_clear"), texts.clear, is_shown);
+    commands_.set(QStringLiteral("mnu_list_clear"), texts.clear, is_single);
     commands_.set_caption(QStringLiteral("mnu_list_RenameList"), QStringLiteral("Rename list"));
     commands_.set_visible(QStringLiteral("mnu_list_RenameList"), is_single);
     toolbar_.set_tool_tip(ToolButton::clear, texts.clear);

@@ -14,14 +14,15 @@
 #include "lists/list_mouse.h"
 #include "lists/list_pane.h"
 #include "lists/lists.h"
-#include "lists/main_row_editor_host.h"
 #include "lists/placing.h"
 #include "widgets/row_editor.h"
 #include "recipes/recipe_page.h"
 #include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
+#include "window/keyboard_round.h"
 #include "window/layout.h"
+#include "window/pane_links.h"
 #include "window/rescuer.h"
 #include "window/status_panels.h"
 #include "window/status_words.h"
@@ -108,10 +109,7 @@ LockedFile frmmain::locked_file()
             QApplication::restoreOverrideCursor();
     };
     locked.ask_to_wait = [this](const QString& path) {
-        QWidget* front = QApplication::activeModalWidget();
-        return msg_box(front             ? front
-                           : isVisible() ? this
-                                         : nullptr,
+        return msg_box(isVisible() ? this : nullptr,
                        QStringLiteral("Another program is using the database\n(") + path
                            + QStringLiteral(")\n\nClose it there and choose Retry.\n"
                                             "Cancel ends TarnWick."),
@@ -142,30 +140,37 @@ void frmmain::make_panes()
     stock_view->setObjectName(QStringLiteral("TreeView1(0)"));
     auto* recipe_view = new TreeView(ImageList::recipe_tree, area_);
     recipe_view->setObjectName(QStringLiteral("TreeView1(1)"));
-    floating_buttons_ = std::make_unique<FloatingButtons>(*this, area_);
-    stock_tree_ = std::make_unique<StockTree>(*this, *stock_view, *floating_buttons_);
-    stock_commands_ = std::make_unique<StockCommands>(*this);
-    recipe_tree_ = std::make_unique<RecipeTree>(*this, *recipe_view);
-    recipe_page_ = std::make_unique<RecipePage>(*this, area_);
-    list_pane_ = std::make_unique<ListPane>(*this, area_);
-    lists_ = std::make_unique<Lists>(*this);
-    placing_ = std::make_unique<Placing>(*this);
-    clearing_ = std::make_unique<Clearing>(*this);
-    row_editor_host_ = std::make_unique<MainRowEditorHost>(*this);
-    row_editor_ = std::make_unique<RowEditor>(list_pane_->grid(), *row_editor_host_, area_);
-    list_mouse_ = std::make_unique<ListMouse>(*this);
+    stock_tree_
+        = std::make_unique<StockTree>(*program_, *stock_view, [this] { return recipe_page_->leave_line_editor(); });
+    floating_buttons_ = std::make_unique<FloatingButtons>(
+        *program_, *stock_tree_, area_,
+        FloatingButtons::Asks{[this](Key item) { return recipe_page_->shows_item(item); },
+                              [this] { return row_editor().is_open(); }});
+    stock_commands_ = std::make_unique<StockCommands>(*program_, *stock_tree_, [this] {
+        recipe_page_->finish_line_editor();
+        return !recipe_page_->editor_open();
+    });
+    recipe_page_ = std::make_unique<RecipePage>(*program_, area_);
+    recipe_tree_ = std::make_unique<RecipeTree>(*program_, *recipe_view, *recipe_page_);
+    list_pane_ = std::make_unique<ListPane>(*program_, area_,
+                                            ListPane::Surroundings{[this] { return layout_->header_row(); },
+                                                                   [this] { return layout_->left_pane(); },
+                                                                   [this] { layout_->separator_fix(); }});
+    placing_ = std::make_unique<Placing>(*program_, *list_pane_);
+    clearing_ = std::make_unique<Clearing>(*program_, *placing_);
+    lists_ = std::make_unique<Lists>(*program_, *list_pane_, *placing_, *clearing_);
+    list_mouse_ = std::make_unique<ListMouse>(*program_, *list_pane_, *placing_, *clearing_);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
-    connect(recipe_page_.get(), &RecipePage::name_typed, recipe_tree_.get(), &RecipeTree::rename);
-    connect(recipe_page_.get(), &RecipePage::name_typed, view_state_.get(), &ViewState::refresh_commands);
-    connect(recipe_page_.get(), &RecipePage::name_left, recipe_tree_.get(), &RecipeTree::sort_renamed);
+    keyboard_round_ = new KeyboardRound(*this);
+    connect_panes(*this);
     connect_household();
 }
 
 /// Who shows what operations announce, in the order of showing.
 void frmmain::connect_household()
 {
-    grid_listener_ = std::make_unique<GridListener>(*list_pane_, *row_editor_, shared);
+    grid_listener_ = std::make_unique<GridListener>(*list_pane_, row_editor(), shared);
     status_words_ = std::make_unique<StatusWords>(connection_, *status_panels_, shared,
                                                   [this](Key item) { return stock_tree_->is_selected(item); });
     const auto listen = [this](auto signal, auto& listener, auto slot) {
@@ -179,8 +184,11 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
-    connect(household_.get(), &Household::category_changed, this,
-            [this](const MadeRecord& made) { stock_tree_->add_category_node(made.key, made.name); });
+    listen(&Household::items_gone, *grid_listener_, &GridListener::items_gone);
+    listen(&Household::items_gone, *stock_tree_, &StockTree::items_gone);
+    listen(&Household::items_gone, *recipe_page_, &RecipePage::items_gone);
+    listen(&Household::category_changed, *stock_tree_, &StockTree::category_changed);
+    listen(&Household::category_changed, *recipe_page_, &RecipePage::category_changed);
     connect(household_.get(), &Household::recipe_changed, this,
             [this](const MadeRecord& made) { recipe_tree_->recipe_made(made.key, made.name, made.category); });
 }
@@ -340,6 +348,11 @@ TreeView& frmmain::visible_tree()
     return shared.stock_view ? stock_tree_->view() : recipe_tree_->view();
 }
 
+RowEditor& frmmain::row_editor()
+{
+    return list_pane_->row_editor();
+}
+
 void frmmain::l_r_refresh()
 {
     view_state_->l_r_refresh();
@@ -368,6 +381,7 @@ void frmmain::shut_down(const runtime_error& error)
 
 void frmmain::closeEvent(QCloseEvent* event)
 {
+    stock_tree_->view().finish_label_edit();
     unload();
     event->accept();
     environment_.end_program(EXIT_SUCCESS);
@@ -433,8 +447,8 @@ void frmmain::changeEvent(QEvent* event)
 void frmmain::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && row_editor_->is_open()) {
-        row_editor_->lv_edit_off();
+    if (enter && row_editor().is_open()) {
+        row_editor().lv_edit_off();
         return;
     }
     QMainWindow::keyPressEvent(event);

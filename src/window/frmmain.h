@@ -19,6 +19,7 @@ class Drag;
 class FloatingButtons;
 class GridListener;
 class Household;
+class KeyboardRound;
 class Layout;
 class ListMouse;
 class ListPane;
@@ -27,7 +28,6 @@ class Placing;
 struct Program;
 class RecipePage;
 class RecipeTree;
-class MainRowEditorHost;
 class RowEditor;
 class runtime_error;
 class StatusPanels;
@@ -68,13 +68,14 @@ public:
     Lists& lists() { return *lists_; }
     Placing& placing() { return *placing_; }
     Clearing& clearing() { return *clearing_; }
-    RowEditor& row_editor() { return *row_editor_; }
+    RowEditor& row_editor();
     Commands& commands() { return *commands_; }
     Toolbar& toolbar() { return *toolbar_; }
     ViewState& view_state() { return *view_state_; }
     Drag& drag() { return *drag_; } ///< the one drag of the program
     Layout& layout_manager() { return *layout_; }
     StatusPanels& status_panels() { return *status_panels_; }
+    KeyboardRound& keyboard_round() { return *keyboard_round_; }
 
     /// The tree on show in the left pane.
     TreeView& visible_tree();
@@ -134,12 +135,11 @@ private:
     std::unique_ptr<Lists> lists_;
     std::unique_ptr<Placing> placing_;
     std::unique_ptr<Clearing> clearing_;
-    std::unique_ptr<MainRowEditorHost> row_editor_host_;
-    std::unique_ptr<RowEditor> row_editor_;
     std::unique_ptr<GridListener> grid_listener_;
     std::unique_ptr<StatusWords> status_words_;
     std::unique_ptr<ViewState> view_state_;
     std::unique_ptr<Layout> layout_;
+    KeyboardRound* keyboard_round_ = nullptr;
     bool appeared_ = false; ///< the window stands on the screen in its size: from here on a resize is the user's
 };
 

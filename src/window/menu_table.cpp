@@ -83,6 +83,16 @@ void new_list(frmmain& main)
 {
     main.lists().new_list();
 }
+void clear_list(frmmain& main)
+{
+    if (leave_editors(main))
+        main.lists().clear();
+}
+void delete_list(frmmain& main)
+{
+    if (leave_editors(main))
+        main.lists().list_del();
+}
 void new_recipe(frmmain& main)
 {
     main.recipe_tree().new_rcp();
@@ -131,8 +141,8 @@ constexpr MenuRow rows[] = {
     {command, "mnu_list", "mnu_list_Print", "Print", print_list},
     {command, "mnu_list", "mnu_list_prntsetup", "Print setup", [](frmmain& m) { show_print_setup(m); }},
     {separator, "mnu_list", "mnu_list_sep_3", ""},
-    {command, "mnu_list", "mnu_list_clear", "Clear shopping list"},
-    {command, "mnu_list", "mnu_list_del", "Delete shopping list", [](frmmain& m) { m.lists().list_del(); }},
+    {command, "mnu_list", "mnu_list_clear", "Clear shopping list", clear_list},
+    {command, "mnu_list", "mnu_list_del", "Delete shopping list", delete_list},
     {command, "mnu_list", "mnu_list_RenameList", "Rename shopping list",
      [](frmmain& m) { m.lists().rename_list(); }},
     {separator, "mnu_list", "mnu_list_sep_4", ""},

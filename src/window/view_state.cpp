@@ -10,6 +10,7 @@
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
+#include "window/keyboard_round.h"
 #include "window/layout.h"
 #include "widgets/pictures.h"
 #include "window/status_panels.h"
@@ -109,6 +110,11 @@ void ViewState::connect_panes()
     };
     for (const TreeView* tree : {&main_.stock_tree().view(), &main_.recipe_tree().view()})
         connect(tree, &TreeView::selection_changed, this, &ViewState::refresh_commands);
+    // A command acts on the node under its new name, and no question comes in the middle of it. Exit saves nothing.
+    connect(&main_.commands(), &Commands::ran, this, [this](const QString& command) {
+        if (command != QLatin1String("mnu_list_exit"))
+            main_.stock_tree().view().finish_label_edit();
+    });
     connect(&main_.stock_tree(), &StockTree::menu_wanted, this, pop_up("mnu_tv"));
     connect(&main_.recipe_tree(), &RecipeTree::menu_wanted, this, pop_up("mnu_tv_r"));
     connect(&main_.recipe_page(), &RecipePage::recipe_shown, this, &ViewState::refresh_commands);
@@ -182,18 +188,18 @@ void ViewState::refresh_all()
     refresh_commands();
 }
 
-/// A control that got hidden would go on taking the keys. A tree hands them to the tree in its place; a control
-/// of the right pane to nobody, for the user has not chosen one there yet.
+/// A control that got hidden would go on taking the keys, or has lost them by closing. A tree hands them to the tree
+/// in its place, a control of the right pane to what the pane now shows.
 void ViewState::take_keyboard_from_hidden()
 {
-    QWidget* focus = main_.focusWidget();
-    if (!focus || focus->isVisibleTo(&main_))
+    const QWidget* focus = main_.focusWidget();
+    if (!main_.shared.started || (focus && focus->isVisibleTo(&main_)))
         return;
     const TreeView& hidden = main_.shared.stock_view ? main_.recipe_tree().view() : main_.stock_tree().view();
-    if (focus == &hidden || hidden.isAncestorOf(focus))
+    if (focus && (focus == &hidden || hidden.isAncestorOf(focus)))
         main_.visible_tree().setFocus(Qt::OtherFocusReason);
     else
-        focus->clearFocus();
+        main_.keyboard_round().go_to_right_pane();
 }
 
 void ViewState::refresh_list_side()

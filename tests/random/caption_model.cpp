@@ -107,8 +107,7 @@ void Captions::check_list()
     same(QStringLiteral("the window"), main_.windowTitle(),
          by_state("Tarnwick (", " list)", "Tarnwick (viewing all lists)", "Tarnwick"));
     command("mnu_list_Print", {by_state("Print ", " list", "Print all lists", "Print lists"), any});
-    same(QStringLiteral("mnu_list_clear"), main_.commands().caption(QStringLiteral("mnu_list_clear")),
-         by_state("Clear ", " list", "Clear lists", "Clear lists"));
+    command("mnu_list_clear", {by_state("Clear ", " list", "Clear lists", "Clear lists"), list_.has_value()});
     button(2, {by_state("Clear ", " list", "Clear lists", "Clear lists"), list_.has_value()});
     const QAction& rename = main_.commands().action(QStringLiteral("mnu_list_RenameList"));
     if (rename.isVisible() != list_.has_value())

@@ -72,6 +72,7 @@ Oracle::Oracle(TestWindow& window)
     GridModel& rows = main_.list_pane().grid().rows();
     connect(&rows, &QAbstractItemModel::modelReset, this, [this] {
         placed_.clear();
+        lit_.clear();
         lagging_.clear();
         order_open_ = false;
     });
@@ -93,11 +94,14 @@ void Oracle::item_changed(const ItemChange& change)
 
 void Oracle::note_rows(const ItemChange& change)
 {
+    if (change.cause == Cause::clearing && !change.written.empty())
+        lit_.clear(); // every row of the list is shown unlit
     for (const WrittenRow& written : change.written) {
         const Key key = written.row.groc_key;
-        if (written.kind == WrittenRow::Kind::placed)
+        if (written.kind == WrittenRow::Kind::placed) {
             placed_.insert(key);
-        else if (change.cause == Cause::page_box && key != change.written.front().row.groc_key)
+            lit_.insert(key);
+        } else if (change.cause == Cause::page_box && key != change.written.front().row.groc_key)
             lagging_.insert(key);
         else
             lagging_.remove(key);
@@ -187,7 +191,7 @@ void Oracle::check_row(const GridRow& shown, GridRow wanted)
     // Lit by the item until the next load, but light and box alike.
     constexpr int light_on = 179;
     constexpr int box_on = 122;
-    if (placed && (shown.light == light_on) == (shown.check == box_on))
+    if (lit_.contains(wanted.groc_key) && (shown.light == light_on) == (shown.check == box_on))
         list_store::set_to_get(wanted, shown.light == light_on);
     same_number("light", shown.light, wanted.light);
     same_number("box", shown.check, wanted.check);

@@ -51,7 +51,8 @@ private:
     frmmain& main_;
     Connection& db_;
     QHash<Key, ExpectedCodes> items_;
-    QSet<Key> placed_; ///< rows that the grid got since its last load: lit by their item until the next
+    QSet<Key> placed_; ///< rows that the grid got since its last load: a quantity of 0 is blank until the next
+    QSet<Key> lit_; ///< those of them that are lit by their item, until the next load or clearing
     QSet<Key> lagging_; ///< rows marked from the page, of which the grid shows the first only
     QHash<Key, QString> item_names_;
     bool order_open_ = false; ///< a renamed row keeps its place in the grid until the next load or placing

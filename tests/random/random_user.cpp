@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QRadioButton>
 #include <QTest>
 #include <QTimer>
 
@@ -221,7 +222,8 @@ void User::answer(QDialog& dialog)
     if (auto* message = qobject_cast<QMessageBox*>(&dialog)) {
         QAbstractButton* const button = message->buttons()[below(static_cast<int>(message->buttons().size()))];
         note(QStringLiteral("message '%1': %2").arg(QString(message->text()).replace(u'\n', u'|'), button->text()));
-        if (message->icon() == QMessageBox::Critical || message->text().contains(QLatin1String("error")))
+        const bool asks = message->buttons().size() > 1;
+        if ((message->icon() == QMessageBox::Critical && !asks) || message->text().contains(QLatin1String("error")))
             faults_ += QStringLiteral("message '%1'").arg(message->text());
         QTest::mouseClick(button, Qt::LeftButton);
     } else {
@@ -260,6 +262,9 @@ void User::use_a_control(QDialog& dialog)
         if (const auto combos = usable<QComboBox>(dialog); !combos.isEmpty()) {
             combos.front()->setFocus();
             press_key(any_of(QList<int>{Qt::Key_Down, Qt::Key_Up, Qt::Key_End, Qt::Key_Home}));
+        } else if (const auto options = usable<QRadioButton>(dialog); !options.isEmpty()) {
+            QRadioButton* const option = options[below(static_cast<int>(options.size()))];
+            click(*option, {option->height() / 2, option->height() / 2});
         }
     } else if (kind < 9) {
         const auto views = usable<QAbstractScrollArea>(dialog);

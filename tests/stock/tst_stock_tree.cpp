@@ -242,6 +242,14 @@ void tst_stock_tree::long_name_is_cut_in_captions_and_whole_elsewhere()
     QCOMPARE(caption("mnu_tv_di"), QStringLiteral("Delete stock item ") + thirty + u'5');
     QVERIFY(button(0).isVisible());
     QCOMPARE(button(0).toolTip(), QStringLiteral("Add ") + thirty + QStringLiteral("5 to Home list"));
+
+    const QString category = QStringLiteral("Shelf of ") + thirty;
+    window_->add_category(category);
+    load();
+    click(tree().topLevelItem(2));
+    QCOMPARE(caption("mnu_tv_dc"), QStringLiteral("Delete ") + category + QStringLiteral("  category"));
+    QCOMPARE(status(), category + QStringLiteral(" category: 0 stock items"));
+    QCOMPARE(window_->find<QLabel>(QStringLiteral("StatusBar1(1)"))->toolTip(), status());
 }
 
 void tst_stock_tree::captions_follow_the_list_in_use()

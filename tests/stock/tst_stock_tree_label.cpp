@@ -60,7 +60,7 @@ void tst_stock_tree_label::tab_keys_end_the_edit_and_open_no_other()
     QVERIFY(editor());
     QStringList texts;
     connect(&tree(), &TreeView::after_label_edit, this,
-            [&texts](QTreeWidgetItem*, const QString& text, bool&) { texts << text; });
+            [&texts](QTreeWidgetItem*, const QString& text) { texts << text; });
     editor()->setText(QStringLiteral("Fruit"));
     QTest::keyClick(editor(), key);
     QTRY_VERIFY(!editor());

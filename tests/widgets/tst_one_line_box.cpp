@@ -137,7 +137,7 @@ void tst_one_line_box::a_name_pasted_into_a_label_of_the_stock_tree_is_one_line(
     QVERIFY(node);
     QString handed_over;
     connect(&tree, &TreeView::after_label_edit, this,
-            [&handed_over](QTreeWidgetItem*, const QString& text, bool&) { handed_over = text; });
+            [&handed_over](QTreeWidgetItem*, const QString& text) { handed_over = text; });
     tree.setFocus();
     tree.select(node);
     QTest::keyClick(&tree, Qt::Key_F2);

@@ -526,7 +526,7 @@ void tst_toolbar::buttons_stand_for_their_commands_data()
             << recipe_dialog;
     };
     row(ToolButton::new_list, "mnu_list_new", "mnu_list_new", true, true);
-    row(ToolButton::clear, "mnu_list_clear", "mnu_list_clear");
+    row(ToolButton::clear, "mnu_list_clear", "mnu_list_clear", true, true);
     row(ToolButton::lists, "mnu_tools_listlist", "mnu_tools_listlist");
     row(ToolButton::new_recipe, "mnu_recipe_new", "mnu_recipe_new", true, true);
     row(ToolButton::ingredient, "", "mnu_recipe_add_ingred");

@@ -89,7 +89,9 @@ private slots:
     void closing_a_folder_selects_it_when_its_item_was_selected();
     void f2_edits_the_label();
     void refused_gate_opens_no_editor();
-    void cancelled_edit_keeps_the_text();
+    void escape_and_an_unchanged_text_tell_nothing();
+    void the_end_of_an_edit_is_told_when_the_editor_is_gone_data();
+    void the_end_of_an_edit_is_told_when_the_editor_is_gone();
     void second_click_on_the_label_edits();
     void second_click_on_the_picture_does_not_edit();
     void double_click_does_not_edit();
@@ -438,7 +440,7 @@ void tst_tree_view::f2_edits_the_label()
     auto tree = make_tree();
     QStringList edits;
     connect(tree.get(), &TreeView::after_label_edit, this,
-            [&](QTreeWidgetItem*, const QString& text, bool&) { edits << text; });
+            [&](QTreeWidgetItem*, const QString& text) { edits << text; });
     QTreeWidgetItem* node = tree->node(QStringLiteral("item0001"));
     tree->select(node);
     QTest::keyClick(tree.get(), Qt::Key_F2);
@@ -448,7 +450,7 @@ void tst_tree_view::f2_edits_the_label()
     editor->setText(QStringLiteral("Salted butter"));
     QTest::keyClick(editor, Qt::Key_Return);
     QTRY_COMPARE(edits, QStringList({QStringLiteral("Salted butter")}));
-    QCOMPARE(node->text(0), QStringLiteral("Salted butter"));
+    QCOMPARE(node->text(0), QStringLiteral("Butter")); // who listens renames it
 }
 
 void tst_tree_view::refused_gate_opens_no_editor()
@@ -460,23 +462,73 @@ void tst_tree_view::refused_gate_opens_no_editor()
     QVERIFY(!tree->findChild<QLineEdit*>());
 }
 
-void tst_tree_view::cancelled_edit_keeps_the_text()
+void tst_tree_view::escape_and_an_unchanged_text_tell_nothing()
 {
     auto tree = make_tree();
-    int edits = 0;
-    connect(tree.get(), &TreeView::after_label_edit, this, [&](QTreeWidgetItem*, const QString&, bool& cancel) {
-        ++edits;
-        cancel = true;
-    });
+    const QSignalSpy edits(tree.get(), &TreeView::after_label_edit);
+    tree->select(tree->node(QStringLiteral("item0001")));
+    for (const Qt::Key end : {Qt::Key_Escape, Qt::Key_Return}) {
+        tree->start_label_edit();
+        auto* editor = tree->findChild<QLineEdit*>();
+        QVERIFY(editor);
+        if (end == Qt::Key_Escape)
+            editor->setText(QStringLiteral("Margarine"));
+        QTest::keyClick(editor, end);
+        QTRY_VERIFY(!tree->findChild<QLineEdit*>());
+    }
+    QCOMPARE(edits.count(), 0);
+}
+
+/// The listener may ask, sort and delete: no editor stands on the node any more.
+void tst_tree_view::the_end_of_an_edit_is_told_when_the_editor_is_gone_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<Qt::FocusReason>("left_by");
+    QTest::newRow("Return") << QStringLiteral("return") << Qt::NoFocusReason;
+    QTest::newRow("the Tab key") << QStringLiteral("tab") << Qt::NoFocusReason;
+    QTest::newRow("a command") << QStringLiteral("command") << Qt::NoFocusReason;
+    QTest::newRow("a press elsewhere") << QStringLiteral("press") << Qt::MouseFocusReason;
+}
+
+void tst_tree_view::the_end_of_an_edit_is_told_when_the_editor_is_gone()
+{
+    QFETCH(QString, way);
+    QFETCH(Qt::FocusReason, left_by);
+    QWidget window;
+    auto* tree = make_tree().release();
+    tree->setParent(&window);
+    QLineEdit other(&window);
+    other.move(400, 0);
+    window.resize(600, 400);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
     QTreeWidgetItem* node = tree->node(QStringLiteral("item0001"));
+    tree->setFocus();
     tree->select(node);
     tree->start_label_edit();
     auto* editor = tree->findChild<QLineEdit*>();
     QVERIFY(editor);
     editor->setText(QStringLiteral("Margarine"));
-    QTest::keyClick(editor, Qt::Key_Return);
-    QTRY_COMPARE(edits, 1);
-    QCOMPARE(node->text(0), QStringLiteral("Butter"));
+    QList<Qt::FocusReason> told;
+    connect(tree, &TreeView::after_label_edit, this,
+            [&](QTreeWidgetItem* edited, const QString& text, Qt::FocusReason reason) {
+                QCOMPARE(edited, node);
+                QCOMPARE(text, QStringLiteral("Margarine"));
+                QVERIFY(!editor->isVisible());
+                told += reason;
+                tree->remove_node(edited);
+            });
+    if (way == QLatin1String("return"))
+        QTest::keyClick(editor, Qt::Key_Return);
+    else if (way == QLatin1String("tab"))
+        QTest::keyClick(editor, Qt::Key_Tab);
+    else if (way == QLatin1String("command"))
+        tree->finish_label_edit();
+    else
+        QTest::mouseClick(&other, Qt::LeftButton);
+    QTRY_COMPARE(told, QList<Qt::FocusReason>{left_by});
+    tree->finish_label_edit(); // there is none any more
+    QCOMPARE(told.size(), 1);
 }
 
 void tst_tree_view::second_click_on_the_label_edits()

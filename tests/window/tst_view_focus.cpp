@@ -78,7 +78,7 @@ public:
     static bool keyboard_is_on_show()
     {
         const QWidget* focus = QApplication::focusWidget();
-        return !focus || focus->isVisible();
+        return focus && focus->isVisible();
     }
 
     Key milk_ = 0;
@@ -200,7 +200,6 @@ void tst_view_focus::no_change_of_view_leaves_the_keyboard_in_a_hidden_control()
         w.trigger(change);
 
     QVERIFY(w.keyboard_is_on_show());
-    QVERIFY(!w.main().focusWidget() || w.main().focusWidget()->isVisible());
 }
 
 void tst_view_focus::tab_keys_move_nothing_data()
@@ -285,7 +284,6 @@ void tst_view_focus::letters_after_a_change_to_the_list_do_not_reach_the_recipe(
         w.trigger(QStringLiteral("mnu_view_shoplist"));
         QVERIFY(w.main().shared.list_pane_shown);
         w.type(QStringLiteral("abc"));
-        w.key(Qt::Key_Delete);
         QVERIFY(!w.edited());
         w.trigger(QStringLiteral("mnu_view_rcpepages"));
         QCOMPARE(w.Text1().text(), QStringLiteral("Bake."));

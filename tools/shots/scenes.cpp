@@ -3,6 +3,7 @@
 #include "shots/print_scenes.h"
 #include "shots/studio.h"
 
+#include "window/frmsplash.h"
 #include "window/frmmain.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
@@ -181,6 +182,48 @@ void dialogs(Studio& studio, int points)
     dialog_shot(studio, QStringLiteral("mnu_tv_ai"), sized("second-placing", points));
 }
 
+/// The clearing dialog, what it asks for each of its options, and what it says of a list without such rows.
+void clearing(Studio& studio, int points)
+{
+    studio.start(look(points));
+    dialog_shot(studio, QStringLiteral("mnu_list_clear"), sized("clear-list", points));
+    for (const int option : {1, 2, 3})
+        studio.with_dialog(
+            [&] { studio.command(QStringLiteral("mnu_list_clear")); },
+            [&](QDialog& dialog) {
+                QWidget* const choice = studio.visible_child(QStringLiteral("Option1(%1)").arg(option), &dialog);
+                studio.click(choice, {10, choice ? choice->height() / 2 : 0});
+                studio.with_dialog(
+                    [&] { studio.click(studio.visible_child(QStringLiteral("Command1(0)"), &dialog)); },
+                    [&](QDialog&) {
+                        studio.shot(QStringLiteral("clear-list-question-%1-%2pt").arg(option).arg(points));
+                    });
+            });
+    const auto clear
+        = [&](QDialog& dialog) { studio.click(studio.visible_child(QStringLiteral("Command1(0)"), &dialog)); };
+    studio.with_dialog([&] { studio.command(QStringLiteral("mnu_list_clear")); }, clear);
+    studio.shot(sized("cleared-list", points));
+    studio.with_dialog([&] { studio.command(QStringLiteral("mnu_list_clear")); },
+                       [&](QDialog& dialog) {
+                           studio.with_dialog([&] { clear(dialog); },
+                                              [&](QDialog&) { studio.shot(sized("clear-list-no-rows", points)); });
+                       });
+}
+
+/// The splash as it stands at a start, and with its warnings. The main window is not there yet then.
+void splash(Studio& studio, int points)
+{
+    studio.start(look(points)).hide();
+    for (const bool warns : {false, true}) {
+        frmSplash splash;
+        splash.show();
+        if (warns)
+            splash.show_warnings();
+        splash.refresh();
+        studio.shot(sized(warns ? "splash-with-warnings" : "splash", points));
+    }
+}
+
 /// What stands before printing and sending: the notice, the question for the rows, the print setup.
 void output_dialogs(Studio& studio, int points)
 {
@@ -279,6 +322,8 @@ void play_all(Studio& studio)
         stock_trees(studio, points);
         lists(studio, points);
         dialogs(studio, points);
+        clearing(studio, points);
+        splash(studio, points);
         output_dialogs(studio, points);
         menus(studio, points);
         for (const int color : {0, 1, 2, 3})

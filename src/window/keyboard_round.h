@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+
+#include <vector>
+
+class QWidget;
+
+namespace tarnwick {
+
+class frmmain;
+
+/// The way of the keyboard round the main window: F6 goes on from the tree to the list or page and to the boxes
+/// that stand open there, Shift+F6 goes back.
+class KeyboardRound : public QObject {
+    Q_OBJECT
+public:
+    explicit KeyboardRound(frmmain& main);
+
+    /// Where the right pane takes the keyboard: the grid, a line of the page or its instructions; null where a page
+    /// shows nothing.
+    QWidget* right_pane_place() const;
+
+    /// Gives the keyboard to the right pane, or to the tree where the pane takes none.
+    void go_to_right_pane();
+
+private:
+    /// One stop of the round, none of them null; where the keyboard now is tells `is_here`.
+    struct Stop {
+        QWidget* place;
+        bool is_here;
+    };
+
+    std::vector<Stop> stops() const;
+    void move(int step);
+
+    frmmain& main_;
+};
+
+} // namespace tarnwick
