@@ -10,10 +10,12 @@
 namespace tarnwick {
 namespace {
 
-/// The rectangle in device pixels, its edges rounded as those of a widget are.
+/// The rectangle in device pixels, each edge rounded by itself, as that of a filled ground is.
 QRect in_device_pixels(const QPainter& painter, const QRect& rect)
 {
-    return painter.deviceTransform().mapRect(QRectF(rect)).toRect();
+    const QRectF exact = painter.deviceTransform().mapRect(QRectF(rect));
+    return {QPoint(qRound(exact.left()), qRound(exact.top())),
+            QPoint(qRound(exact.right()) - 1, qRound(exact.bottom()) - 1)};
 }
 
 int line_width(const QPainter& painter)

@@ -210,7 +210,7 @@ void HeaderBar::place_label(int index, int left, int right, const QRect& bar)
     QLabel& label = *labels_[index];
     int room = right - left - text_margin;
     if (index >= 3)
-        room -= tick_size + 2 * tick_margin;
+        room -= tick_size + tick_margin;
     label.setGeometry(left + text_margin, bar.top(), std::max(room, 0), bar.height() - 1);
 }
 
