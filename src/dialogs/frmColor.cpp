@@ -104,6 +104,7 @@ void frmColor::make_color(int index)
     box->setObjectName(QStringLiteral("color(%1)").arg(index));
     box->setGeometry(QRect(QPoint(), frame_size).adjusted(1, 1, -1, -1));
     box->setFocusPolicy(Qt::StrongFocus);
+    box->setLineWidth(3); // of the frame that marks the keyboard's place
     box->setAccessibleName(color_name(index));
     paint_ground(*box, color);
     box->installEventFilter(this);
@@ -118,6 +119,12 @@ bool frmColor::eventFilter(QObject* watched, QEvent* event)
     if (found == color_.end())
         return QDialog::eventFilter(watched, event);
     const int index = static_cast<int>(found - color_.begin());
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        for (QFrame* box : color_)
+            box->setFrameStyle(event->type() == QEvent::FocusIn && box == watched ? QFrame::Box | QFrame::Plain
+                                                                                  : QFrame::NoFrame);
+        return false;
+    }
     if (event->type() == QEvent::MouseButtonPress) {
         if (static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
             return false;

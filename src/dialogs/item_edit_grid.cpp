@@ -56,7 +56,6 @@ ItemEditGrid::ItemEditGrid(Program& program, QWidget* parent)
     , grid_(new ListGrid(this))
 {
     grid_->setObjectName(QStringLiteral("Listview1"));
-    grid_->setAcceptDrops(false);
     grid_->set_type_size(type_size());
     make_header();
     RowEditorHost& host = *this;

@@ -1,6 +1,7 @@
 #include "household/household.h"
 
 #include "household/category_store.h"
+#include "household/ingredient_store.h"
 #include "household/list_store.h"
 #include "household/lists_store.h"
 #include "household/recipe_store.h"
@@ -250,6 +251,12 @@ Key Household::make_recipe(const QString& name, const QString& category)
     const Key recipe = insert_recipe(connection_, name, category);
     emit recipe_changed({recipe, name, category});
     return recipe;
+}
+
+void Household::move_line(Key recipe, Key line, Key after)
+{
+    if (const auto place = tarnwick::move_line(connection_, recipe, line, after))
+        emit line_moved({recipe, line, *place});
 }
 
 } // namespace tarnwick

@@ -40,6 +40,13 @@ struct MadeRecord {
     QString category;
 };
 
+/// An ingredient line that was moved to another place of its recipe, counted from 0.
+struct LineMove {
+    Key recipe = 0;
+    Key line = 0;
+    int place = 0;
+};
+
 /// The user's operations on lists and stock. Each is one transaction, and is announced when it is in the file.
 /// Everything throws SQLite::Exception; nothing is written or announced then.
 class Household : public QObject {
@@ -103,6 +110,10 @@ public:
     /// Makes a recipe in a category of two digits and returns its key. Throws error 6 as above.
     Key make_recipe(const QString& name, const QString& category);
 
+    /// Puts an ingredient line of a recipe behind another one, or first with `after` below 1. Nothing happens when
+    /// either has gone, or the line stands there.
+    void move_line(Key recipe, Key line, Key after);
+
     Key last_groc_key() const { return last_groc_key_; } ///< the list row placed last; -1 none
 
 signals:
@@ -111,6 +122,7 @@ signals:
     void items_gone(const ItemsGone& gone);
     void category_changed(const CategoryChange& change);
     void recipe_changed(const MadeRecord& made);
+    void line_moved(const LineMove& move);
 
 private:
     void announce_mark(Cause cause, const ItemStatus& item, const std::vector<TiedRow>& rows, bool to_get);

@@ -5,6 +5,8 @@
 #include "data/query.h"
 #include "household/status.h"
 
+#include <algorithm>
+
 namespace tarnwick {
 namespace {
 
@@ -59,6 +61,31 @@ std::optional<IngredientRow> insert_line(Connection& connection, Key recipe, Ing
         .run();
     transaction.commit();
     return line;
+}
+
+std::optional<int> move_line(Connection& connection, Key recipe, Key line, Key after)
+{
+    Transaction transaction(connection);
+    std::vector<Key> keys;
+    Query lines(connection, "SELECT key_id FROM recipe_2 WHERE r_ref = ? ORDER BY \"order\"", recipe);
+    while (lines.next())
+        keys.push_back(lines.key(0));
+    const auto old = std::find(keys.begin(), keys.end(), line);
+    if (old == keys.end())
+        return std::nullopt;
+    const auto from = old - keys.begin();
+    keys.erase(old);
+    const auto neighbour = std::find(keys.begin(), keys.end(), after);
+    if (after > 0 && neighbour == keys.end())
+        return std::nullopt;
+    const auto place = after > 0 ? neighbour - keys.begin() + 1 : 0;
+    if (place == from)
+        return std::nullopt;
+    keys.insert(keys.begin() + place, line);
+    for (size_t i = 0; i < keys.size(); ++i)
+        Query(connection, "UPDATE recipe_2 SET \"order\" = ? WHERE key_id = ?", static_cast<int>(i), keys[i]).run();
+    transaction.commit();
+    return static_cast<int>(place);
 }
 
 void delete_line(Connection& connection, Key line)

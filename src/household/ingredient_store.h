@@ -35,6 +35,10 @@ QString measure_of_new_line(const QString& measure);
 /// Throws error 6 past key 32767.
 std::optional<IngredientRow> insert_line(Connection& connection, Key recipe, IngredientRow line, int order);
 
+/// Puts a line of a recipe behind another one, or first with `after` below 1, and numbers all of them from 0.
+/// Returns its new place; nothing, and no change, when either line has gone or the line stands there.
+std::optional<int> move_line(Connection& connection, Key recipe, Key line, Key after);
+
 void delete_line(Connection& connection, Key line);
 
 /// Whether a stock item stands on a recipe.

@@ -19,7 +19,7 @@ bool list_name_taken(Connection& connection, const QString& name)
     return Query(connection, "SELECT key_id FROM list_name ln WHERE ln.list_name LIKE ?", name).next();
 }
 
-Key insert_list(Connection& connection, const QString& name, QDate today)
+void clear_active_marks(Connection& connection)
 {
     Transaction transaction(connection);
     // The mark is on one list at most as long as the rule is kept; further ones stay as they are.
@@ -27,6 +27,13 @@ Key insert_list(Connection& connection, const QString& name, QDate today)
           "UPDATE list_name SET active = 0"
           " WHERE key_id = (SELECT key_id FROM list_name WHERE active <> 0 ORDER BY key_id LIMIT 1)")
         .run();
+    transaction.commit();
+}
+
+Key insert_list(Connection& connection, const QString& name, QDate today)
+{
+    Transaction transaction(connection);
+    clear_active_marks(connection);
     const Key key = get_node(connection, Table::list_name);
     Query(connection, "INSERT INTO list_name (key_id, list_name, active, modified) VALUES (?, ?, 1, ?)", key,
           one_line(name), today)

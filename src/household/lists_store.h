@@ -25,6 +25,9 @@ bool list_name_taken(Connection& connection, const QString& name);
 /// when the keys are used up.
 Key insert_list(Connection& connection, const QString& name, QDate today);
 
+/// Takes the active mark from the list that has it, in one transaction.
+void clear_active_marks(Connection& connection);
+
 void rename_list_record(Connection& connection, Key list, const QString& name);
 
 /// How many links a list has.

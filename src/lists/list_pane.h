@@ -86,8 +86,8 @@ public:
     void remove_row(Key groc_key);
 
 signals:
+    void list_loaded(); ///< the grid shows the list in use, read anew
     void column_groups_changed(); ///< another set of column groups is on show
-    void list_loaded();
     void edit_wanted(int row); ///< the pencil at a row's end
     void removal_wanted(int row); ///< the cross at a row's end
 

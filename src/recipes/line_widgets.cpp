@@ -118,16 +118,25 @@ void IngredientText::changeEvent(QEvent* event)
 
 void IngredientText::mousePressEvent(QMouseEvent* event)
 {
+    press_place_ = event->pos();
+    pressed_ = event->button() == Qt::LeftButton;
+    dragged_ = false;
     emit mouse_down(event->button(), event->pos());
 }
 
 void IngredientText::mouseMoveEvent(QMouseEvent* event)
 {
-    emit mouse_move(event->buttons(), event->pos());
+    if (!pressed_ || event->buttons() != Qt::LeftButton || !Drag::is_drag(event->pos() - press_place_))
+        return;
+    pressed_ = false;
+    emit drag_wanted(event->globalPosition().toPoint());
 }
 
 void IngredientText::mouseReleaseEvent(QMouseEvent* event)
 {
+    pressed_ = false;
+    if (std::exchange(dragged_, false))
+        return;
     emit mouse_up(event->button(), event->pos());
 }
 

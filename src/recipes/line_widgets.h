@@ -1,5 +1,7 @@
 #pragma once
 
+#include "widgets/drag.h"
+
 #include <QLabel>
 #include <QTextLayout>
 #include <QWidget>
@@ -10,7 +12,7 @@ namespace tarnwick {
 int widest_text(const QFont& font);
 
 /// The text of one ingredient line, `ingred(i)`: read-only, wrapped, with a row pitch of its own.
-class IngredientText : public QLabel {
+class IngredientText : public QLabel, public DragSource {
     Q_OBJECT
 public:
     explicit IngredientText(QWidget* parent);
@@ -28,10 +30,14 @@ public:
 
     void set_selected(bool selected); ///< the whole text is marked, or nothing
 
+    void drag_begun() override { dragged_ = true; }
+    void drag_ended(DragEnd) override { }
+
 signals:
     // Positions are pixels inside the line.
     void mouse_down(Qt::MouseButton button, QPoint position);
-    void mouse_move(Qt::MouseButtons buttons, QPoint position);
+    /// Once for a press: the pointer has left its place, the left button alone down, for more than a click.
+    void drag_wanted(QPoint global);
     void mouse_up(Qt::MouseButton button, QPoint position);
     void key_down(int key); ///< Qt::Key; once for a key that is held down
 
@@ -49,6 +55,9 @@ private:
     QTextLayout layout_;
     QColor color_ = Qt::black;
     int laid_out_width_ = -1;
+    QPoint press_place_;
+    bool pressed_ = false; ///< and not moved yet for more than a click
+    bool dragged_ = false; ///< the release belongs to a drag
     int row_pitch_ = 16;
     int first_row_ = 20;
     bool selected_ = false;

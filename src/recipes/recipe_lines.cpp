@@ -73,8 +73,8 @@ RecipeLines::Controls& RecipeLines::controls(int index)
         }
         connect(made.ingred, &IngredientText::mouse_down, this,
                 [this, i](Qt::MouseButton button, QPoint position) { emit mouse_down(i, button, position); });
-        connect(made.ingred, &IngredientText::mouse_move, this,
-                [this, i](Qt::MouseButtons buttons, QPoint position) { emit mouse_move(i, buttons, position); });
+        connect(made.ingred, &IngredientText::drag_wanted, this,
+                [this, i](QPoint global) { emit drag_wanted(i, global); });
         connect(made.ingred, &IngredientText::mouse_up, this,
                 [this, i](Qt::MouseButton button, QPoint position) { emit mouse_up(i, button, position); });
         connect(made.ingred, &IngredientText::key_down, this, [this, i](int key) { emit key_down(i, key); });
@@ -122,6 +122,29 @@ IngredientLine& RecipeLines::append(Key key, Key item_ref, const QString& text, 
     made.ingred->set_text_color(Qt::black);
     lines_.push_back(line);
     return lines_.back();
+}
+
+int RecipeLines::index_of(Key line) const
+{
+    const auto found = std::find_if(lines_.begin(), lines_.end(), [line](const auto& l) { return l.key == line; });
+    return found == lines_.end() ? -1 : static_cast<int>(found - lines_.begin());
+}
+
+// The records move; the controls stay at their places.
+void RecipeLines::move(int from, int to)
+{
+    const auto at = [this](int index) { return lines_.begin() + index; };
+    if (from < to)
+        std::rotate(at(from), at(from + 1), at(to + 1));
+    else
+        std::rotate(at(to), at(from), at(from + 1));
+    for (int i = std::min(from, to); i <= std::max(from, to); ++i) {
+        const Controls& here = controls(i);
+        IngredientLine& line = lines_[static_cast<size_t>(i)];
+        line.ingred = here.ingred;
+        line.lite = here.lite;
+        line.Check1 = here.Check1;
+    }
 }
 
 void RecipeLines::remove_last()

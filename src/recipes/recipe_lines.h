@@ -53,6 +53,12 @@ public:
 
     void clear();
 
+    /// Puts a line at another index; those between move up or down.
+    void move(int from, int to);
+
+    /// Index of a record's line; -1 when it is not on the page.
+    int index_of(Key line) const;
+
     /// Appends a hidden line with its record, text and item name; `show` and `place` are the caller's.
     IngredientLine& append(Key key, Key item_ref, const QString& text, const QString& item);
     void remove_last();
@@ -82,7 +88,7 @@ public:
 signals:
     // Positions are pixels inside the line's text.
     void mouse_down(int index, Qt::MouseButton button, QPoint position);
-    void mouse_move(int index, Qt::MouseButtons buttons, QPoint position);
+    void drag_wanted(int index, QPoint global); ///< a line is dragged; place on the screen
     void mouse_up(int index, Qt::MouseButton button, QPoint position);
     void key_down(int index, int key); ///< Qt::Key on the line that has the focus
     void check_clicked(int index);

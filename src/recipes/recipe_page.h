@@ -32,6 +32,7 @@ struct ItemChange;
 struct CategoryChange;
 struct ItemCodes;
 struct ItemsGone;
+struct LineMove;
 struct ListsChange;
 
 /// What the page's own procedures hand to each other.
@@ -127,6 +128,9 @@ public:
     void item_changed(const ItemChange& change);
     void items_gone(const ItemsGone& gone); ///< their lines become non-stock
     void category_changed(const CategoryChange& change); ///< the words of its items' lines name it
+
+    /// Shows a line of the recipe at its new place.
+    void line_moved(const LineMove& move);
 
     /// Loads the page again when a list has gone, whose rows its lights depend on.
     void lists_changed(const ListsChange& change);

@@ -187,6 +187,25 @@ void RecipePage::category_changed(const CategoryChange& change)
     }
 }
 
+void RecipePage::line_moved(const LineMove& move)
+{
+    const int from = recipe_lines_->index_of(move.line);
+    if (move.recipe != page_key() || from < 0 || move.place >= recipe_lines_->count() || move.place == from)
+        return;
+    const bool had_focus = lines()[static_cast<size_t>(from)].ingred->hasFocus();
+    recipe_lines_->move(from, move.place);
+    for (int i = std::min(from, move.place); i <= std::max(from, move.place); ++i) {
+        const IngredientLine& line = lines()[static_cast<size_t>(i)];
+        refresh_line(i);
+        set_lites(i,
+                  line.item.isEmpty() ? status_code::non_stock : lite_status(program_.connection, line.item_ref));
+    }
+    layout_page();
+    // A key that is meant for the line that was moved must not reach the one that took its place.
+    if (had_focus)
+        lines()[static_cast<size_t>(move.place)].ingred->setFocus(Qt::OtherFocusReason);
+}
+
 void RecipePage::lists_changed(const ListsChange& change)
 {
     if (change.kind == ListsChange::Kind::deleted && has_recipe())

@@ -258,7 +258,7 @@ void RecipeTree::mv_rcp(const QString& category, Key recipe)
         tree_.ensure_visible(node);
         program_.shared.cur_recipe_name = row->name;
     }
-    program_.shared.tree_drag = false;
+    tree_.take_release_back();
     show_page(recipe);
 }
 

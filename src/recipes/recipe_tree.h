@@ -13,6 +13,7 @@ namespace tarnwick {
 struct Program;
 class RecipePage;
 class TreeView;
+struct DragPayload;
 struct RecipeRow;
 
 /// The recipe tree `TreeView1(1)`.
@@ -57,6 +58,7 @@ public:
 
 signals:
     void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
+    void drag_wanted(const DragPayload& payload, QPoint global); ///< a recipe is dragged out of the tree
     void node_pressed(); ///< the user comes to the tree
 
 private:
@@ -71,6 +73,8 @@ private:
     void mouse_down(QPoint position);
     void mouse_released(Qt::MouseButton button);
     void take_release(Qt::MouseButton button);
+    void sort_after_press();
+    void start_drag(const QTreeWidgetItem& node, QPoint global);
     void key_down(int key);
     void expanded(QTreeWidgetItem* node, bool open);
     void show_status_of_selection();

@@ -31,6 +31,12 @@ void RecipeTree::connect_events()
     connect(&tree_, &TreeView::mouse_down, this,
             [this](Qt::MouseButton, QPoint position) { mouse_down(position); });
     connect(&tree_, &TreeView::mouse_up, this, [this](Qt::MouseButton button) { mouse_released(button); });
+    connect(&tree_, &TreeView::release_spent, this, [this] {
+        tree_mouse_down_ = false;
+        sort_after_press();
+    });
+    connect(&tree_, &TreeView::drag_wanted, this,
+            [this](QTreeWidgetItem* node, QPoint global) { start_drag(*node, global); });
     connect(&tree_, &TreeView::key_down, this, &RecipeTree::key_down);
     // A recipe is renamed on its page, a category never.
     connect(&tree_, &TreeView::before_label_edit, this, [](QTreeWidgetItem*, bool& cancel) { cancel = true; });
@@ -44,10 +50,6 @@ void RecipeTree::expanded(QTreeWidgetItem* node, bool open)
 
 void RecipeTree::node_click(QTreeWidgetItem* node)
 {
-    if (program_.shared.node_dragged) {
-        program_.shared.node_dragged = false;
-        return;
-    }
     if (is_recipe(*node))
         open(*node);
 }
@@ -103,18 +105,29 @@ void RecipeTree::mouse_down(QPoint position)
 void RecipeTree::mouse_released(Qt::MouseButton button)
 {
     take_release(button);
+    sort_after_press();
+}
+
+void RecipeTree::sort_after_press()
+{
     if (unsorted_ > 0)
         sort_renamed(unsorted_, false);
+}
+
+void RecipeTree::start_drag(const QTreeWidgetItem& node, QPoint global)
+{
+    if (!tree_mouse_down_ || !is_recipe(node) || program_.shared.recipe_alpha)
+        return;
+    tree_mouse_down_ = false;
+    const DragPayload payload{DragKind::recipe, record_key(TreeView::key(&node)), trim(node.text(0))};
+    sort_after_press();
+    emit drag_wanted(payload, global);
 }
 
 void RecipeTree::take_release(Qt::MouseButton button)
 {
     const bool pressed = tree_mouse_down_;
     tree_mouse_down_ = false;
-    if (program_.shared.tree_drag) {
-        program_.shared.tree_drag = false;
-        return;
-    }
     QTreeWidgetItem* node = pressed ? tree_.hit_test(tree_down_) : nullptr;
     if (!node)
         return;

@@ -54,10 +54,12 @@ void StockTree::connect_events()
 {
     connect(&tree_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* node) { expanded(node, true); });
     connect(&tree_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* node) { expanded(node, false); });
-    connect(&tree_, &TreeView::node_click, this, &StockTree::node_click);
     connect(&tree_, &TreeView::selection_changed, this, &StockTree::show_status_of_selection);
     connect(&tree_, &TreeView::mouse_down, this, &StockTree::mouse_down);
     connect(&tree_, &TreeView::mouse_up, this, &StockTree::mouse_up);
+    connect(&tree_, &TreeView::release_spent, this, &StockTree::clear_mouse_down);
+    connect(&tree_, &TreeView::drag_wanted, this,
+            [this](QTreeWidgetItem* node, QPoint global) { start_drag(*node, global); });
     connect(&tree_, &TreeView::key_down, this, &StockTree::key_down);
     connect(&tree_, &TreeView::key_up, this, &StockTree::key_up);
     connect(&tree_, &TreeView::before_label_edit, this, [](QTreeWidgetItem* node, bool& cancel) {

@@ -14,6 +14,7 @@ namespace tarnwick {
 
 struct Program;
 class TreeView;
+struct DragPayload;
 struct CatalogueFolder;
 struct CategoryChange;
 struct ItemChange;
@@ -79,6 +80,7 @@ public:
 
 signals:
     void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
+    void drag_wanted(const DragPayload& payload, QPoint global); ///< a stock item is dragged out of the tree
     void loading(bool alpha); ///< the tree is about to be filled, by name or by category
     void node_pressed(); ///< the user comes to the tree
     void item_clicked(QTreeWidgetItem* node); ///< a left click on an item, after what its box did
@@ -95,8 +97,8 @@ private:
     void open_folders();
     void expanded(QTreeWidgetItem* node, bool open);
     void show_closed(QTreeWidgetItem& folder); ///< its picture alone
-    void node_click(QTreeWidgetItem* node);
     void mouse_down(Qt::MouseButton button, QPoint position);
+    void start_drag(const QTreeWidgetItem& node, QPoint global);
     void mouse_up(Qt::MouseButton button, QPoint position);
     void key_down(int key);
     void key_up(int key);

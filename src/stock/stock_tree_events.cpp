@@ -20,11 +20,6 @@ bool is_item(const QTreeWidgetItem& node)
 
 } // namespace
 
-void StockTree::node_click(QTreeWidgetItem*)
-{
-    program_.shared.node_dragged = false;
-}
-
 bool StockTree::tells_status() const
 {
     return program_.shared.stock_view && !program_.shared.form_loading;
@@ -77,14 +72,18 @@ void StockTree::mouse_down(Qt::MouseButton, QPoint position)
     tree_mouse_down_ = true;
 }
 
+void StockTree::start_drag(const QTreeWidgetItem& node, QPoint global)
+{
+    if (!tree_mouse_down_ || !is_item(node))
+        return;
+    tree_mouse_down_ = false;
+    emit drag_wanted({DragKind::stock_item, record_key(TreeView::key(&node)), trim(node.text(0))}, global);
+}
+
 void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
 {
     const bool pressed = tree_mouse_down_;
     tree_mouse_down_ = false;
-    if (program_.shared.tree_drag) {
-        program_.shared.tree_drag = false;
-        return;
-    }
     // A press that only finished the recipe's line editor left no place to act on.
     if (!pressed)
         return;

@@ -83,6 +83,7 @@ void Drag::begin(DragSource& source, const DragPayload& payload, QPoint global)
     source_ = &source;
     payload_ = payload;
     edge_rest_ = 0;
+    source.drag_begun();
     qApp->installEventFilter(this);
     QApplication::setOverrideCursor(pointer_of(payload_.kind, DragSign::plain));
     edge_timer_->start();

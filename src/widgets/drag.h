@@ -60,6 +60,8 @@ class DragSource {
 public:
     virtual ~DragSource() = default;
 
+    virtual void drag_begun() { }
+
     /// The drag is over; a drop is still to do its work.
     virtual void drag_ended(DragEnd end) = 0;
 };

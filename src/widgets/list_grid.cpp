@@ -10,7 +10,6 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QItemSelectionModel>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -25,7 +24,6 @@ namespace {
 
 constexpr int first_row_height = 19;
 constexpr int scroll_bar_width = 17;
-constexpr char own_drag_format[] = "application/x-tarnwick";
 constexpr int text_margin = 3;
 constexpr int picture_margin = 1;
 constexpr std::array full_widths = {18, 18, 120, 120, 36, 18, 80, 36};
@@ -95,15 +93,6 @@ public:
     QSize sizeHint() const override { return {scroll_bar_width, QScrollBar::sizeHint().height()}; }
 };
 
-/// A file or text from another program is nothing to place.
-bool is_own_drag(const QDropEvent& event)
-{
-    const QStringList formats = event.mimeData()->formats();
-    return event.source() || std::any_of(formats.begin(), formats.end(), [](const QString& format) {
-               return format.startsWith(QLatin1String(own_drag_format));
-           });
-}
-
 } // namespace
 
 ListGrid::ListGrid(QWidget* parent)
@@ -121,7 +110,6 @@ ListGrid::ListGrid(QWidget* parent)
     setTabKeyNavigation(false);
     setFocusPolicy(Qt::StrongFocus);
     setAutoScroll(false);
-    setAcceptDrops(true);
     setVerticalScrollBar(new GridScrollBar(Qt::Vertical, this));
     setVerticalScrollMode(ScrollPerItem);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -416,30 +404,6 @@ void ListGrid::focusOutEvent(QFocusEvent* event)
     viewport()->update();
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
         emit lost_focus();
-}
-
-void ListGrid::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (is_own_drag(*event))
-        event->acceptProposedAction();
-    else
-        event->ignore();
-}
-
-void ListGrid::dragMoveEvent(QDragMoveEvent* event)
-{
-    if (is_own_drag(*event))
-        event->acceptProposedAction();
-    else
-        event->ignore();
-}
-
-void ListGrid::dropEvent(QDropEvent* event)
-{
-    if (!is_own_drag(*event))
-        return;
-    event->acceptProposedAction();
-    emit item_dropped();
 }
 
 } // namespace tarnwick

@@ -82,14 +82,10 @@ signals:
     void key_down(int key); ///< one of `key_code`; the grid itself does not move
     void scrolled();
     void lost_focus();
-    void item_dropped(); ///< anything of this program was dropped on the grid
 
 protected:
     void updateGeometries() override;
     void resizeEvent(QResizeEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dragMoveEvent(QDragMoveEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

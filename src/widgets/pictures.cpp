@@ -165,8 +165,7 @@ constexpr auto stock_tree_images = std::to_array<Drawing>({
 constexpr auto list_manager_images = std::to_array<Drawing>({
     {1, small_size, "list"},
     {2, small_size, "list_chosen"},
-    {3, small_size, "lists_all"},
-    {4, small_size, "list_new"},
+    {3, small_size, "list_new"},
 });
 
 constexpr auto toolbar_images = std::to_array<Drawing>({

@@ -50,7 +50,7 @@ void Separator::mouseMoveEvent(QMouseEvent* event)
     const int room = parentWidget()->width();
     const int left = press_left_ + static_cast<int>(event->globalPosition().x()) - press_x_;
     if (left + move_room <= room)
-        frame2_->move(std::max(left, 0), frame2_->y());
+        frame2_->move(std::max(left, std::min(left_limit, press_left_)), frame2_->y());
     if (left + right_room < room)
         return;
     end_drag();

@@ -10,6 +10,7 @@ class Separator : public QFrame {
     Q_OBJECT
 public:
     static constexpr int bar_width = 6;
+    static constexpr int left_limit = 160; ///< pixels from the left edge, where a drag stops
 
     explicit Separator(QWidget* area);
 

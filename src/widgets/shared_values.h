@@ -26,8 +26,6 @@ struct SharedValues {
     bool all_lists_view = false; ///< the grid shows all lists together
     Key cur_recipe = 0; ///< recipe on the page; 0 none chosen yet, -1 none
     QString cur_recipe_name;
-    bool tree_drag = false; ///< a drag from a tree is under way
-    bool node_dragged = false; ///< swallows the node click that ends a drag
     ReportOptions reports;
 };
 

@@ -376,6 +376,9 @@ bool TreeView::on_label(QTreeWidgetItem* node, QPoint position) const
 void TreeView::press(QMouseEvent* event)
 {
     QTreeWidgetItem* node = hit_test(event->pos());
+    if (std::exchange(spent_until_press_, false))
+        click_spent_ = release_spent_ = false;
+    press_place_ = event->pos();
     pressed_ = node != nullptr;
     pressed_key_ = node ? key(node) : QString();
     emit mouse_down(event->button(), event->pos());
@@ -402,7 +405,10 @@ void TreeView::mouseMoveEvent(QMouseEvent* event)
     // The control's own tracking would drag the selection along with a pressed button.
     if (event->buttons() == Qt::NoButton)
         QTreeWidget::mouseMoveEvent(event);
-    emit mouse_move(event->buttons(), event->pos());
+    if (!pressed_ || event->buttons() != Qt::LeftButton || !Drag::is_drag(event->pos() - press_place_))
+        return;
+    if (QTreeWidgetItem* pressed_node = node(pressed_key_))
+        emit drag_wanted(pressed_node, event->globalPosition().toPoint());
 }
 
 void TreeView::mouseReleaseEvent(QMouseEvent* event)
@@ -412,13 +418,29 @@ void TreeView::mouseReleaseEvent(QMouseEvent* event)
     const bool edit = edit_on_release_ && pressed_node && hit_test(event->pos()) == pressed_node;
     pressed_ = false;
     edit_on_release_ = false;
-    if (pressed_node) {
+    if (pressed_node && !std::exchange(click_spent_, false)) {
         emit node_click(pressed_node);
         emit selection_changed(); // a click shows the node anew where others have spoken since
+    }
+    if (std::exchange(release_spent_, false)) {
+        emit release_spent();
+        return;
     }
     emit mouse_up(event->button(), event->pos());
     if (edit)
         second_click_->start();
+}
+
+void TreeView::drag_begun()
+{
+    edit_on_release_ = false;
+    click_spent_ = release_spent_ = true;
+    spent_until_press_ = false;
+}
+
+void TreeView::drag_ended(DragEnd end)
+{
+    spent_until_press_ = end == DragEnd::cancelled;
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event)

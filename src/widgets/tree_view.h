@@ -1,5 +1,6 @@
 #pragma once
 
+#include "widgets/drag.h"
 #include "widgets/pictures.h"
 
 #include <QHash>
@@ -10,8 +11,9 @@ namespace tarnwick {
 class SecondClick;
 class TreeDelegate;
 
-/// The tree control of the left pane: nodes with unique keys, Tags and picture numbers.
-class TreeView : public QTreeWidget {
+/// The tree control of the left pane: nodes with unique keys, Tags and picture numbers. The first click after a
+/// drag of a node is spent: it selects by its press and does nothing at its release. This is kept as it is.
+class TreeView : public QTreeWidget, public DragSource {
     Q_OBJECT
 public:
     enum Role { KeyRole = Qt::UserRole, TagRole, PictureRole };
@@ -85,11 +87,19 @@ public:
 
     int row_height() const; ///< pixels, of every row
 
+    void drag_begun() override;
+    void drag_ended(DragEnd end) override;
+
+    /// After a drag: the next release does its work again, and only the click on a node is still spent.
+    void take_release_back() { release_spent_ = false; }
+
 signals:
     // Mouse events carry viewport coordinates. A click on a node is reported before the release.
     void mouse_down(Qt::MouseButton button, QPoint position);
-    void mouse_move(Qt::MouseButtons buttons, QPoint position);
     void mouse_up(Qt::MouseButton button, QPoint position);
+    void release_spent(); ///< in place of `mouse_up` for the click after a drag
+    /// The pointer has left the place of a press on this node, the left button alone down, for more than a click.
+    void drag_wanted(QTreeWidgetItem* node, QPoint global);
     void node_click(QTreeWidgetItem* node);
     /// Another node is the selected one, whatever moved the selection, or none is, or its text is another; also
     /// after every click on a node.
@@ -141,11 +151,15 @@ private:
     TreeDelegate* delegate_;
     SecondClick* second_click_;
     QString pressed_key_;
+    QPoint press_place_;
     QString edited_key_; ///< of the node whose label got another text, until that is told
     QString edited_text_;
     Qt::FocusReason label_left_by_ = Qt::NoFocusReason;
     QString announced_text_; ///< of the selected node when it was announced last
     bool pressed_ = false;
+    bool click_spent_ = false;
+    bool release_spent_ = false;
+    bool spent_until_press_ = false; ///< the drag was given up: at most its own release is spent
     bool edit_on_release_ = false;
     bool press_brought_focus_ = false;
     bool flat_ = false;

@@ -20,6 +20,7 @@
 #include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
+#include "window/drags.h"
 #include "window/keyboard_round.h"
 #include "window/layout.h"
 #include "window/pane_links.h"
@@ -162,6 +163,7 @@ void frmmain::make_panes()
     list_mouse_ = std::make_unique<ListMouse>(*program_, *list_pane_, *placing_, *clearing_);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
+    new Drags(*this, {left_tabs, right_tabs, &layout_->Frame1()});
     keyboard_round_ = new KeyboardRound(*this);
     connect_panes(*this);
     connect_household();
@@ -182,6 +184,7 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *floating_buttons_, &FloatingButtons::item_changed);
     listen(&Household::item_changed, *recipe_page_, &RecipePage::item_changed);
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
+    listen(&Household::line_moved, *recipe_page_, &RecipePage::line_moved);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
     listen(&Household::items_gone, *grid_listener_, &GridListener::items_gone);

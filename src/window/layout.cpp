@@ -161,10 +161,13 @@ int Layout::grid_width(int separator_left) const
     return area_.width() - (separator_left - tree_left) - grid_less;
 }
 
+/// Where a drag or a key may bring the separator. In a narrow window the right limit comes first, and one that was
+/// pushed beyond the left limit need not come back.
 int Layout::bounded(int separator_left) const
 {
     const int most = std::max(least_separator, area_.width() - limit_from_right);
-    return std::clamp(separator_left, least_separator, most);
+    const int least = std::min({Separator::left_limit, most, std::max(separator(), least_separator)});
+    return std::clamp(separator_left, least, most);
 }
 
 int Layout::pane_bottom() const

@@ -12,6 +12,7 @@
 #include "window/commands.h"
 #include "window/find_window.h"
 #include "window/help.h"
+#include "window/list_manager.h"
 #include "window/move_window.h"
 #include "window/output_commands.h"
 #include "window/page_colors.h"
@@ -166,7 +167,7 @@ constexpr MenuRow rows[] = {
     {command, "mnu_edit", "mnu_edit_del_cat", "Delete stock category", delete_category},
 
     {bar_menu, "", "mnu_tools", "Tools"},
-    {check, "mnu_tools", "mnu_tools_listlist", "List manager"},
+    {check, "mnu_tools", "mnu_tools_listlist", "List manager", toggle_list_manager},
     {bar_menu, "mnu_tools", "mnu_tools_find", "Find"},
     {command, "mnu_tools_find", "mnu_tools_find_item", "Stock item(s)",
      [](frmmain& m) { show_find(m, FindKind::stock); }},

@@ -6,6 +6,7 @@
 #include "widgets/row_editor.h"
 #include "widgets/update_lock.h"
 #include "window/frmmain.h"
+#include "window/view_state.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -56,6 +57,7 @@ void set_color(frmmain& main, int index)
         redraw_recipe(main);
         main.l_r_refresh();
     }
+    emit main.view_state().looks_changed();
     close_item_editor();
     main.settings().set_pref(QStringLiteral("color"), QString::number(index));
 }

@@ -446,6 +446,7 @@ void ViewState::change_type_size(int size, int image, const QString& tag, const 
     main_.layout_manager().lv_resize();
     main_.settings().set_pref(QStringLiteral("font"), QString::number(size));
     main_.toolbar().set_tag(ToolButton::size, QString::number(size));
+    emit looks_changed();
 }
 
 } // namespace tarnwick

@@ -42,6 +42,9 @@ public:
     void size_cycle(); ///< toolbar button 18: the next type size, and its setting
     void set_type_size(int size); ///< 9, 10 or 12 points, and the setting
 
+signals:
+    void looks_changed(); ///< another type size or page colour is in use
+
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void connect_tabs();

@@ -8,7 +8,6 @@
 #include <QCheckBox>
 #include <QHelpEvent>
 #include <QLabel>
-#include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -78,7 +77,6 @@ private slots:
     void header_hides_as_a_whole();
     void box_reacts_to_the_left_button_alone();
     void hidden_columns_paint_nothing();
-    void drops_of_this_program_alone_are_taken();
     void cut_off_text_is_told_whole();
     void ten_thousand_rows_stay_usable();
 
@@ -586,26 +584,6 @@ void tst_grid::hidden_columns_paint_nothing()
     const int end = grid->columnViewportPosition(grid_column::qty) + grid->col_width(grid_column::qty);
     for (int x = end; x < end + 30; ++x)
         QCOMPARE(image.pixelColor(x, 9), QColor(Qt::white));
-}
-
-void tst_grid::drops_of_this_program_alone_are_taken()
-{
-    QSignalSpy dropped(grid, &ListGrid::item_dropped);
-    const auto drop = [this](const QMimeData& data) {
-        QDragEnterEvent enter({60, 30}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(grid->viewport(), &enter);
-        QDropEvent event({60, 30}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(grid->viewport(), &event);
-        return enter.isAccepted();
-    };
-    QMimeData foreign;
-    foreign.setText(QStringLiteral("milk"));
-    QVERIFY(!drop(foreign));
-    QCOMPARE(dropped.count(), 0);
-    QMimeData own;
-    own.setData(QStringLiteral("application/x-tarnwick-item"), "1");
-    QVERIFY(drop(own));
-    QCOMPARE(dropped.count(), 1);
 }
 
 void tst_grid::cut_off_text_is_told_whole()

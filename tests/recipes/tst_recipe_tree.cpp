@@ -26,7 +26,6 @@ private slots:
     void a_key_in_use_is_error_35602_and_leaves_no_node();
     void a_click_on_a_recipe_shows_its_page();
     void a_click_on_a_category_counts_its_recipes();
-    void a_click_that_ends_a_drag_does_nothing();
     void folders_open_and_close_with_their_pictures();
     void closing_all_folders_stores_nothing();
     void arrow_keys_do_not_change_the_page();
@@ -256,19 +255,6 @@ void tst_recipe_tree::a_click_on_a_category_counts_its_recipes()
     window.click_node(QStringLiteral("rcat13"));
     QCOMPARE(window.main().status_panels().text(), QStringLiteral("desserts: 2 recipes"));
     QVERIFY(!window.main().commands().action(QStringLiteral("mnu_tv_r_del")).isEnabled());
-}
-
-void tst_recipe_tree::a_click_that_ends_a_drag_does_nothing()
-{
-    RecipeWindow window;
-    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.load();
-    window.main().shared.node_dragged = true;
-    window.click_node(rcp(pie));
-    QVERIFY(!window.main().shared.node_dragged);
-    QVERIFY(!window.page().has_recipe());
-    window.click_node(rcp(pie));
-    QVERIFY(window.page().has_recipe());
 }
 
 void tst_recipe_tree::folders_open_and_close_with_their_pictures()

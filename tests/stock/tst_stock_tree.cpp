@@ -38,9 +38,7 @@ private slots:
     void click_on_a_category_shows_its_line_and_menus();
     void click_on_other_cannot_rename_or_delete();
     void alphabetic_view_hides_the_move_command();
-    void click_after_a_drag_only_clears_the_flag();
     void press_and_release_elsewhere_acts_on_the_pressed_node();
-    void release_that_ends_a_drag_does_nothing_else();
     void right_click_pops_up_the_menu_and_leaves_the_box_alone();
     void arrow_keys_move_selection_and_status();
     void label_edit_is_refused_for_other();
@@ -305,20 +303,6 @@ void tst_stock_tree::alphabetic_view_hides_the_move_command()
     QVERIFY(!enabled("mnu_edit_move"));
 }
 
-void tst_stock_tree::click_after_a_drag_only_clears_the_flag()
-{
-    load();
-    click(node(butter_));
-    shared().node_dragged = true;
-    click(node(milk_));
-    QVERIFY(!shared().node_dragged);
-    // The press has selected the node, and the menus speak of what is selected.
-    QCOMPARE(tree().selected(), node(milk_));
-    QCOMPARE(caption("mnu_tv_di"), QStringLiteral("Delete stock item Milk"));
-    click(node(butter_));
-    QCOMPARE(caption("mnu_tv_di"), QStringLiteral("Delete stock item Butter"));
-}
-
 void tst_stock_tree::press_and_release_elsewhere_acts_on_the_pressed_node()
 {
     window_->add_row(milk_, home_, false);
@@ -331,18 +315,6 @@ void tst_stock_tree::press_and_release_elsewhere_acts_on_the_pressed_node()
     QCOMPARE(tree().selected(), node(milk_));
     QCOMPARE(TreeView::tag(node(milk_)), QStringLiteral("7"));
     QCOMPARE(number("SELECT to_get FROM groc_1"), 1);
-}
-
-void tst_stock_tree::release_that_ends_a_drag_does_nothing_else()
-{
-    window_->add_row(milk_, home_, false);
-    Query(window_->db(), "UPDATE items_1 SET status = 6 WHERE key_id = ?", milk_).run();
-    load();
-    shared().tree_drag = true;
-    click(node(milk_), box_in_folder);
-    QVERIFY(!shared().tree_drag);
-    QCOMPARE(number("SELECT to_get FROM groc_1"), 0);
-    QVERIFY(!button(2).isVisible());
 }
 
 void tst_stock_tree::right_click_pops_up_the_menu_and_leaves_the_box_alone()

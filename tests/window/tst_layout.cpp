@@ -13,7 +13,9 @@
 
 #include <QAction>
 #include <QFrame>
+#include <QMenu>
 #include <QTabBar>
+#include <QToolButton>
 #include <QtTest>
 
 using namespace tarnwick;
@@ -55,6 +57,23 @@ void resize(frmmain& main, int width, int height)
     QApplication::processEvents();
 }
 
+/// Of the tree, the grid's cells, the header over them and the tabs.
+QList<int> row_heights(frmmain& main)
+{
+    QApplication::processEvents();
+    ListGrid& grid = main.list_pane().grid();
+    TreeView& tree = main.stock_tree().view();
+    QList<int> heights{tree.row_height()};
+    for (int row = 0; row < grid.rows().rows(); ++row)
+        for (const int column : {grid_column::check, grid_column::item, grid_column::desc})
+            heights += grid.cell_rect(row, column).height();
+    for (int i = 0; i < tree.topLevelItemCount(); ++i)
+        heights += tree.visualItemRect(tree.topLevelItem(i)).height();
+    heights += main.layout_manager().header_row().height();
+    heights += main.findChild<QTabBar*>(QStringLiteral("TabStrip1(1)"))->height();
+    return heights;
+}
+
 } // namespace
 
 class tst_layout : public QObject {
@@ -66,6 +85,8 @@ private slots:
     void drag_moves_the_separator_and_stores_it_in_twips();
     void shadow_alone_moves_while_the_button_is_down();
     void dragging_to_the_right_edge_stops_at_the_limit_390_pixels_from_the_edge();
+    void dragging_to_the_left_edge_stops_160_pixels_from_it();
+    void a_separator_that_stands_left_of_the_limit_is_not_pulled_back();
     void dragging_less_than_13_pixels_to_the_left_does_nothing();
     void dragging_13_pixels_to_the_left_moves();
     void a_click_on_the_separator_writes_nothing();
@@ -79,6 +100,8 @@ private slots:
     void type_sizes_make_the_rows_grow_in_order();
     void restart_at_size_12_gives_the_same_row_heights_as_the_menu();
     void restart_at_size_12_gives_the_same_rows_as_the_menu_entry();
+    void three_sizes_by_toolbar_menu_and_restart_give_the_same_rows_data();
+    void three_sizes_by_toolbar_menu_and_restart_give_the_same_rows();
     void type_size_reaches_tabs_and_trees();
     void start_does_not_store_another_separator();
     void window_refuses_to_get_smaller_than_its_controls();
@@ -162,6 +185,8 @@ void tst_layout::shadow_alone_moves_while_the_button_is_down()
     QVERIFY(shadow(main)->isVisible());
     QCOMPARE(shadow(main)->x(), before + 50);
     QCOMPARE(shadow(main)->width(), 4);
+    QCOMPARE(shadow(main)->y(), 40);
+    QCOMPARE(shadow(main)->height(), bar(main).parentWidget()->height() - 45);
     QCOMPARE(bar(main).x(), before);
     QCOMPARE(main.layout_manager().right_pane(), grid);
     QTest::mouseRelease(&bar(main), Qt::LeftButton, {}, QPoint(52, 100));
@@ -180,6 +205,37 @@ void tst_layout::dragging_to_the_right_edge_stops_at_the_limit_390_pixels_from_t
     QTest::mouseRelease(&bar(main), Qt::LeftButton, {}, QPoint(2, 100));
     QCOMPARE(bar(main).x(), 1000 - 390);
     QVERIFY(main.layout_manager().right_pane().right() < 1000);
+}
+
+void tst_layout::dragging_to_the_left_edge_stops_160_pixels_from_it()
+{
+    TestWindow w;
+    frmmain& main = w.load();
+    const int to_the_edge = -bar(main).x();
+    begin_drag(main, to_the_edge);
+    QVERIFY(shadow(main)->isVisible());
+    QCOMPARE(shadow(main)->x(), 160);
+    QTest::mouseRelease(&bar(main), Qt::LeftButton, {}, QPoint(2 + to_the_edge, 100));
+    QVERIFY(!shadow(main)->isVisible());
+    QCOMPARE(bar(main).x(), 160);
+    QCOMPARE(stored_separator(w), 160 * 15);
+    QCOMPARE(main.stock_tree().view().width(), 160 - 4);
+    QTest::keyClick(&bar(main), Qt::Key_Left);
+    QCOMPARE(bar(main).x(), 160);
+}
+
+void tst_layout::a_separator_that_stands_left_of_the_limit_is_not_pulled_back()
+{
+    TestWindow w;
+    w.set_pref(QStringLiteral("seprtr"), QString::number(100 * 15));
+    frmmain& main = w.load();
+    QCOMPARE(bar(main).x(), 100);
+    drag(main, -50);
+    QCOMPARE(bar(main).x(), 100);
+    drag(main, 20);
+    QCOMPARE(bar(main).x(), 120);
+    drag(main, -15);
+    QCOMPARE(bar(main).x(), 120);
 }
 
 void tst_layout::dragging_less_than_13_pixels_to_the_left_does_nothing()
@@ -390,31 +446,68 @@ void tst_layout::restart_at_size_12_gives_the_same_rows_as_the_menu_entry()
     for (const char* name : {"Butter", "Cheese", "Milk"})
         w.add_row(w.add_item(QLatin1String(name), dairy), list, true, QStringLiteral("some"), QStringLiteral("2"));
     w.set_pref(QStringLiteral("alist"), QString::number(list));
-    const auto row_heights = [&w] {
-        ListGrid& grid = w.main().list_pane().grid();
-        TreeView& tree = w.main().stock_tree().view();
-        QList<int> heights{tree.row_height()};
-        for (int row = 0; row < grid.rows().rows(); ++row)
-            for (const int column : {grid_column::check, grid_column::item, grid_column::desc})
-                heights += grid.cell_rect(row, column).height();
-        for (int i = 0; i < tree.topLevelItemCount(); ++i)
-            heights += tree.visualItemRect(tree.topLevelItem(i)).height();
-        return heights;
-    };
     frmmain& first = w.load();
-    const QList<int> small = row_heights();
-    QCOMPARE(small.size(), 1 + 3 * 3 + 2);
+    const QList<int> small = row_heights(first);
+    QCOMPARE(small.size(), 1 + 3 * 3 + 2 + 2);
     QAction& large = first.commands().action(QStringLiteral("mnu_more_lrg"));
     QVERIFY(large.isEnabled() && large.isVisible());
     large.trigger();
     QApplication::processEvents();
-    const QList<int> by_menu = row_heights();
+    const QList<int> by_menu = row_heights(first);
     for (int i = 0; i < small.size(); ++i)
         QVERIFY2(by_menu[i] > small[i], qPrintable(QString::number(i)));
 
     frmmain& second = w.load();
     QCOMPARE(second.shared.type_size, 12);
-    QCOMPARE(row_heights(), by_menu);
+    QCOMPARE(row_heights(second), by_menu);
+}
+
+void tst_layout::three_sizes_by_toolbar_menu_and_restart_give_the_same_rows_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("drop_down");
+    QTest::addColumn<int>("presses");
+    QTest::addRow("small") << 9 << QStringLiteral("mnu_more_sml") << QStringLiteral("SML") << 4;
+    QTest::addRow("medium") << 10 << QStringLiteral("mnu_more_mdm") << QStringLiteral("MDM") << 1;
+    QTest::addRow("large") << 12 << QStringLiteral("mnu_more_lrg") << QStringLiteral("LRG") << 2;
+}
+
+void tst_layout::three_sizes_by_toolbar_menu_and_restart_give_the_same_rows()
+{
+    QFETCH(int, size);
+    QFETCH(QString, command);
+    QFETCH(QString, drop_down);
+    QFETCH(int, presses);
+    TestWindow w;
+    const Key list = w.add_list(QStringLiteral("Weekly"));
+    w.add_row(w.add_item(QStringLiteral("Milk"), w.add_category(QStringLiteral("Dairy"), true)), list, true);
+    w.set_pref(QStringLiteral("alist"), QString::number(list));
+    w.set_pref(QStringLiteral("font"), QString::number(size));
+    const QList<int> by_restart = row_heights(w.load());
+    const auto start_at_another = [&w, size] {
+        w.set_pref(QStringLiteral("font"), size == 9 ? QStringLiteral("12") : QStringLiteral("9"));
+        w.load();
+    };
+    start_at_another();
+    QVERIFY(row_heights(w.main()) != by_restart);
+    w.main().commands().action(command).trigger();
+    QCOMPARE(row_heights(w.main()), by_restart);
+    QCOMPARE(w.pref(QStringLiteral("font")), QString::number(size));
+
+    start_at_another();
+    auto* button = w.find<QToolButton>(QStringLiteral("Toolbar1(18)"));
+    button->menu()->findChild<QAction*>(drop_down)->trigger();
+    QCOMPARE(row_heights(w.main()), by_restart);
+
+    w.set_pref(QStringLiteral("font"), QStringLiteral("9"));
+    w.load();
+    button = w.find<QToolButton>(QStringLiteral("Toolbar1(18)"));
+    QVERIFY(button->isVisible());
+    for (int i = 0; i < presses; ++i)
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, 8));
+    QCOMPARE(w.main().shared.type_size, size);
+    QCOMPARE(row_heights(w.main()), by_restart);
 }
 
 void tst_layout::type_size_reaches_tabs_and_trees()

@@ -145,6 +145,8 @@ void tst_page_colors::arrow_and_tab_keys_choose_nothing()
     script.drive([&w](QDialog& dialog) {
         QTest::keyClick(&part(dialog, color_box(3)), Qt::Key_Left);
         QCOMPARE(dialog.focusWidget(), &part(dialog, color_box(2)));
+        QTRY_COMPARE(static_cast<QFrame&>(part(dialog, color_box(2))).frameShape(), QFrame::Box);
+        QCOMPARE(static_cast<QFrame&>(part(dialog, color_box(3))).frameShape(), QFrame::NoFrame);
         QTest::keyClick(&part(dialog, color_box(2)), Qt::Key_Tab);
         QCOMPARE(dialog.focusWidget(), &part(dialog, color_box(3)));
         QCOMPARE(w.pref(QStringLiteral("color")), QStringLiteral("3"));

@@ -63,8 +63,9 @@ std::vector<ListImage> expected_list_images()
     for (int index = 1; index <= 4; ++index) {
         all.push_back({ImageList::recipe_tree, index, QSize(16, 16)});
         all.push_back({ImageList::tabs, index, QSize(16, 16)});
-        all.push_back({ImageList::list_manager, index, QSize(16, 16)});
     }
+    for (int index = 1; index <= 3; ++index)
+        all.push_back({ImageList::list_manager, index, QSize(16, 16)});
     for (int index = 1; index <= 10; ++index)
         all.push_back({ImageList::stock_tree, index, QSize(32, 16)});
     for (int index = 1; index <= 18; ++index)

@@ -328,13 +328,11 @@ void tst_tree_view::press_and_release_elsewhere_clicks_the_pressed_node()
 void tst_tree_view::moving_with_a_pressed_button_keeps_the_selection()
 {
     auto tree = make_tree();
-    const QSignalSpy moves(tree.get(), &TreeView::mouse_move);
     const QPoint from = label_point(*tree, QStringLiteral("item0001"));
     const QPoint to = label_point(*tree, QStringLiteral("item0003"));
     QTest::mousePress(tree->viewport(), Qt::LeftButton, {}, from);
     QMouseEvent move(QEvent::MouseMove, to, tree->viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
     QApplication::sendEvent(tree->viewport(), &move);
-    QCOMPARE(moves.count(), 1);
     QCOMPARE(tree->selected(), tree->node(QStringLiteral("item0001")));
     QTest::mouseRelease(tree->viewport(), Qt::LeftButton, {}, to);
     QCOMPARE(tree->selected(), tree->node(QStringLiteral("item0001")));
