@@ -125,6 +125,8 @@ ListGrid::ListGrid(QWidget* parent)
     set_page_color(Qt::white, 0);
 
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ListGrid::scrolled);
+    // The mark of the current row goes over the whole width, also where no cell is.
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, viewport(), qOverload<>(&QWidget::update));
     connect(model_, &GridModel::modelReset, this, &ListGrid::follow_scroll_test);
     connect(model_, &GridModel::rowsInserted, this, &ListGrid::follow_scroll_test);
     connect(model_, &GridModel::rowsRemoved, this, &ListGrid::follow_scroll_test);
