@@ -1,10 +1,12 @@
 // bench_tarnwick [PART]: prints how the program's work compares with the least that it could be, as ratios of one
 // run. Times alone say nothing: the machine is in both sides of a ratio.
 
+#include "drags.h"
 #include "loads.h"
 #include "printing.h"
 #include "processes.h"
 #include "recipes.h"
+#include "tidying.h"
 
 #include "app/application.h"
 
@@ -23,11 +25,19 @@ struct Part {
 };
 
 constexpr std::array parts = {
-    Part{"processes", measure_processes},     Part{"tree", measure_tree_load},
-    Part{"list", measure_list_load},          Part{"placing", measure_placing},
-    Part{"keystroke", measure_keystroke},     Part{"editor", measure_item_editor},
-    Part{"recipes", measure_recipe_tree},     Part{"page", measure_recipe_page},
-    Part{"item_box", measure_item_keystroke}, Part{"printing", measure_printing},
+    Part{"processes", measure_processes},
+    Part{"tree", measure_tree_load},
+    Part{"list", measure_list_load},
+    Part{"placing", measure_placing},
+    Part{"keystroke", measure_keystroke},
+    Part{"editor", measure_item_editor},
+    Part{"recipes", measure_recipe_tree},
+    Part{"page", measure_recipe_page},
+    Part{"item_box", measure_item_keystroke},
+    Part{"printing", measure_printing},
+    Part{"drags", measure_drags},
+    Part{"clearing", measure_clearing},
+    Part{"category", measure_category_deletion},
 };
 
 } // namespace

@@ -37,12 +37,21 @@ double median_time(int runs, const std::function<void()>& work)
 
 double median_ratio(int runs, const std::function<void()>& work, const std::function<void()>& measure)
 {
-    work();
-    measure();
+    return median_ratio(runs, Work{work, [] {}}, Work{measure, [] {}});
+}
+
+double median_ratio(int runs, const Work& work, const Work& measure)
+{
+    const auto time = [](const Work& of) {
+        of.before();
+        return time_of(of.run);
+    };
+    time(work);
+    time(measure);
     std::vector<double> ratios;
     for (int i = 0; i < runs; ++i) {
-        const double unit = time_of(measure);
-        ratios.push_back(time_of(work) / unit);
+        const double unit = time(measure);
+        ratios.push_back(time(work) / unit);
     }
     return median(ratios);
 }

@@ -68,6 +68,7 @@ ItemEditGrid::ItemEditGrid(Program& program, QWidget* parent)
     setFocusProxy(grid_);
     connect(grid_, &ListGrid::mouse_up, this, &ItemEditGrid::mouse_up);
     connect(grid_, &ListGrid::key_down, this, &ItemEditGrid::key_down);
+    connect(grid_, &ListGrid::row_wanted, this, &ItemEditGrid::move_to);
 }
 
 ItemEditGrid::~ItemEditGrid() = default;
@@ -160,6 +161,12 @@ const GridRow& ItemEditGrid::cells(int row) const
     return static_cast<const ListGrid*>(grid_)->rows().row(row);
 }
 
+bool ItemEditGrid::places() const
+{
+    return std::any_of(list_rows_edit_.begin(), list_rows_edit_.end(),
+                       [](const EditRow& row) { return row.is_listed() && row.action == RowAction::place; });
+}
+
 std::vector<RowEdit> ItemEditGrid::row_edits() const
 {
     std::vector<RowEdit> edits;
@@ -179,10 +186,10 @@ void ItemEditGrid::mouse_up(Qt::MouseButton button, QPoint position)
         return;
     }
     if (button == Qt::LeftButton && grid_->pressed_column() >= 0 && grid_->columnAt(position.x()) >= 0)
-        cell_clicked(grid_->current_row(), grid_->current_col());
+        cell_clicked(grid_->current_row(), grid_->current_col(), position.x());
 }
 
-void ItemEditGrid::cell_clicked(int row, int column)
+void ItemEditGrid::cell_clicked(int row, int column, int x)
 {
     switch (column) {
     case grid_column::light:
@@ -197,15 +204,28 @@ void ItemEditGrid::cell_clicked(int row, int column)
         break;
     default:
         editor_->show_l_line();
+        editor_->enter_box_at(column, x);
         break;
     }
 }
 
 void ItemEditGrid::key_down(int key)
 {
-    const int row = grid_->current_row() + (key == key_code::up ? -1 : key == key_code::down ? 1 : 0);
-    if (row == grid_->current_row() || row < 0 || row >= grid_->rows().rows())
+    const int row = grid_->current_row();
+    if (row < 0)
         return;
+    if (key == key_code::check)
+        toggle_buy_it(row);
+    else if (key == key_code::remove && edit_row_of(row).is_listed())
+        toggle_on_list(row);
+    else if (key == key_code::up && row > 0)
+        move_to(row - 1);
+    else if (key == key_code::down && row < grid_->rows().rows() - 1)
+        move_to(row + 1);
+}
+
+void ItemEditGrid::move_to(int row)
+{
     grid_->set_current(row, grid_column::item);
     editor_->show_l_line();
 }
@@ -232,7 +252,7 @@ void ItemEditGrid::toggle_buy_it(int row)
     lv_edit_off();
     EditRow& edit = edit_row_of(row);
     if (!edit.is_listed())
-        return;
+        toggle_on_list(row); // what is to be bought is on the list
     edit.state = edit.state == RowState::active ? RowState::inactive : RowState::active;
     grid_->rows().change_row(row, [&edit](GridRow& cells) { set_pictures(cells, edit.state); });
     mark_changed(row);

@@ -53,6 +53,8 @@ public:
     /// Closes open floating editors.
     void lv_edit_off();
 
+    bool places() const; ///< OK would put the item on a list
+
     const std::vector<EditRow>& list_rows_edit() const { return list_rows_edit_; }
     const GridRow& cells(int row) const;
 
@@ -88,7 +90,8 @@ private:
     void make_header();
     void append(const ListOfItem& list, std::vector<GridRow>& rows);
     void mouse_up(Qt::MouseButton button, QPoint position);
-    void cell_clicked(int row, int column);
+    void cell_clicked(int row, int column, int x);
+    void move_to(int row);
     void key_down(int key);
     void toggle_on_list(int row);
     void toggle_buy_it(int row);

@@ -237,6 +237,7 @@ void l_item_edit::lite_updt(bool at_load)
     }
     lite_->setPixmap(picture(number, devicePixelRatioF()));
     lite_->setProperty("picture", number);
+    lite_->setToolTip(text);
     lbl_active_->setText(text);
     ok_->setDefault(true);
 }
@@ -354,6 +355,9 @@ void l_item_edit::ok()
         msg_box(this, QStringLiteral("Stock item not found"), box::ok, QStringLiteral("Warning"));
         return;
     }
+    if (request_.mode == EditMode::place_item && !grid_->places())
+        msg_box(this, entered_name() + QStringLiteral(" was not added to any list"), box::information,
+                QStringLiteral("Add to list"));
     save();
     leaving_ = true;
     accept();

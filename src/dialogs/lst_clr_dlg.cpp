@@ -46,7 +46,7 @@ void lst_clr_dlg::make_controls()
         auto* option = new QRadioButton(captions.at(static_cast<size_t>(i)), this);
         option->setObjectName(QStringLiteral("Option1(%1)").arg(i));
         group->addButton(option, i);
-        choices->addWidget(option);
+        choices->addWidget(option, 0, Qt::AlignLeft);
         Option1_.at(static_cast<size_t>(i)) = option;
     }
     Option1_[list_option]->setToolTip(plain_tool_tip(list_name_));

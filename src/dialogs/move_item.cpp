@@ -12,6 +12,16 @@
 #include <QPushButton>
 
 namespace tarnwick {
+namespace {
+
+/// A name that would carry the dialog beyond the screen is cut.
+QString in_a_line(const QString& name)
+{
+    constexpr int longest = 80;
+    return name.size() > longest ? name.left(longest) + QStringLiteral("...") : name;
+}
+
+} // namespace
 
 move_item::move_item(const Program& program, const MoveRequest& request)
     : QDialog(&program.window)
@@ -20,8 +30,8 @@ move_item::move_item(const Program& program, const MoveRequest& request)
     setModal(true);
     make_controls(program.shared.type_size);
     set_window_title(*this, QStringLiteral("Move ") + request.name);
-    Label1_->setText(QStringLiteral("Move ") + request.name + QStringLiteral(" from ") + request.category_name
-                     + QStringLiteral(" category to:"));
+    Label1_->setText(QStringLiteral("Move ") + in_a_line(request.name) + QStringLiteral(" from ")
+                     + in_a_line(request.category_name) + QStringLiteral(" category to:"));
     if (request.move_stock)
         fill_stock_categories(program.connection, request.category);
     else
@@ -42,6 +52,7 @@ void move_item::make_controls(int type_size)
     Combo1_ = new QComboBox(this);
     Combo1_->setObjectName(QStringLiteral("Combo1"));
     Combo1_->setMinimumWidth(combo_width);
+    Combo1_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     for (int i = 0; i < 2; ++i) {
         Command1_[i] = new QPushButton(i == 0 ? QStringLiteral("OK") : QStringLiteral("CANCEL"), this);
         Command1_[i]->setObjectName(QStringLiteral("Command1(%1)").arg(i));

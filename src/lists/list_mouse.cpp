@@ -21,6 +21,8 @@ ListMouse::ListMouse(Program& program, ListPane& pane, Placing& placing, Clearin
     connect(&grid(), &ListGrid::mouse_down, this, &ListMouse::mouse_down);
     connect(&grid(), &ListGrid::mouse_up, this, &ListMouse::mouse_up);
     connect(&grid(), &ListGrid::key_down, this, &ListMouse::lv1_keyhandler);
+    connect(&grid(), &ListGrid::row_wanted, this, &ListMouse::move_to);
+    grid().set_enter_edits(true);
     connect(&pane_, &ListPane::edit_wanted, this, &ListMouse::edit_row);
     connect(&pane_, &ListPane::removal_wanted, this, &ListMouse::remove_row);
 }
@@ -35,9 +37,24 @@ void ListMouse::mouse_down(Qt::MouseButton button)
     const int row = grid().pressed_row();
     if (row < 0 || button != Qt::RightButton)
         return;
+    mark_for_menu(row);
+}
+
+void ListMouse::mark_for_menu(int row)
+{
     grid().set_current(row, grid_column::item);
     pane_.row_editor().lv_edit_off();
     pane_.row_editor().mark_row(row);
+}
+
+/// What a right click on the row does, for the keyboard.
+void ListMouse::show_menu(int row)
+{
+    mark_for_menu(row);
+    grid().scrollTo(grid().currentIndex());
+    placing_.show_row_status(row);
+    const QRect cell = grid().visualRect(grid().currentIndex());
+    emit menu_wanted(grid().viewport()->mapToGlobal(cell.bottomLeft()));
 }
 
 void ListMouse::mouse_up(Qt::MouseButton button, QPoint position)
@@ -59,10 +76,10 @@ void ListMouse::mouse_up(Qt::MouseButton button, QPoint position)
         width += grid().col_width(column);
     if (position.x() > width - 2 || grid().pressed_column() < 0)
         return;
-    row_clicked(button);
+    row_clicked(button, position.x());
 }
 
-void ListMouse::row_clicked(Qt::MouseButton button)
+void ListMouse::row_clicked(Qt::MouseButton button, int x)
 {
     const UpdateLock lock(program_.window);
     const int row = grid().current_row();
@@ -77,6 +94,8 @@ void ListMouse::row_clicked(Qt::MouseButton button)
     if (left && column >= grid_column::item)
         editor.show_l_line();
     grid().set_current(row, grid_column::item);
+    if (left && column >= grid_column::item)
+        editor.enter_box_at(column, x);
 }
 
 void ListMouse::lv1_keyhandler(int key)
@@ -86,6 +105,10 @@ void ListMouse::lv1_keyhandler(int key)
         return;
     if (key == key_code::remove)
         remove_row(row);
+    else if (key == key_code::check)
+        placing_.toggle_buy_it(row);
+    else if (key == key_code::menu)
+        show_menu(row);
     else if (key == key_code::up && row > 0)
         move_to(row - 1);
     else if (key == key_code::down && row < grid().rows().rows() - 1)

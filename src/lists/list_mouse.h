@@ -17,7 +17,7 @@ class ListMouse : public QObject {
 public:
     ListMouse(Program& program, ListPane& pane, Placing& placing, Clearing& clearing);
 
-    /// Key handling of the grid: Delete, up and down (`key_code`); other keys pass.
+    /// Key handling of the grid: what a `key_code` does on the current row; other keys pass.
     void lv1_keyhandler(int key);
 
     /// Opens the item editor for a grid row; below 0 nothing.
@@ -32,8 +32,10 @@ signals:
 private:
     void mouse_down(Qt::MouseButton button);
     void mouse_up(Qt::MouseButton button, QPoint position);
-    void row_clicked(Qt::MouseButton button);
+    void row_clicked(Qt::MouseButton button, int x);
     void move_to(int row);
+    void mark_for_menu(int row);
+    void show_menu(int row);
     ListGrid& grid();
 
     Program& program_;

@@ -119,7 +119,7 @@ public:
     bool editor_open() const; ///< the line editor stands open
 
     /// The boxes of an open line editor lose the focus to the tree: finishes the edit.
-    void finish_line_editor();
+    bool finish_line_editor(); ///< false when it stays open
     bool leave_line_editor(); ///< the same; false when none was open
 
     bool shows_item(Key item) const; ///< a line has this stock item

@@ -37,9 +37,10 @@ bool RecipePage::editor_open() const
     return line_editor_->is_open();
 }
 
-void RecipePage::finish_line_editor()
+bool RecipePage::finish_line_editor()
 {
     line_editor_->leave();
+    return !editor_open();
 }
 
 bool RecipePage::leave_line_editor()
@@ -57,8 +58,7 @@ void RecipePage::close_line_editor()
 
 bool RecipePage::leave_editors()
 {
-    finish_line_editor();
-    return !editor_open() && name_stands();
+    return finish_line_editor() && name_stands();
 }
 
 void RecipePage::add_ns_ingred()

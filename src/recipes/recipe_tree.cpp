@@ -240,10 +240,10 @@ void RecipeTree::take_off(QTreeWidgetItem* node)
 void RecipeTree::mv_rcp(const QString& category, Key recipe)
 {
     const auto row = recipe_for_move(program_.connection, recipe);
+    if (row && row->cat == category)
+        return;
     program_.shared.cur_recipe = recipe;
     if (row) {
-        if (row->cat == category)
-            return;
         QTreeWidgetItem& target = category_node(category);
         set_recipe_category(program_.connection, recipe, category);
         if (QTreeWidgetItem* node = recipe_node(recipe)) {

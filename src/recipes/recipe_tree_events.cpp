@@ -144,7 +144,14 @@ void RecipeTree::mouse_up(Qt::MouseButton button, QTreeWidgetItem*)
 void RecipeTree::key_down(int key)
 {
     const QTreeWidgetItem* node = tree_.selected();
-    if (key != Qt::Key_Delete || !node)
+    if (!node)
+        return;
+    // The arrow keys pass recipes by; Space does what a click on one does.
+    if (key == Qt::Key_Space && is_recipe(*node))
+        open(*node);
+    else if (key == Qt::Key_Menu)
+        emit menu_wanted(tree_.menu_place());
+    if (key != Qt::Key_Delete)
         return;
     if (is_recipe(*node))
         recip_del(record_key(TreeView::key(node)));

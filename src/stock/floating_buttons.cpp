@@ -254,6 +254,8 @@ void FloatingButtons::item_changed(const ItemChange& change)
         if (program_.shared.all_lists_view || written.row.list_key == program_.shared.current_list)
             hide_all();
     }
+    if (change.record && change.record->renamed)
+        hide_all(); // their tool tips name the item
     if (placed || !change.record || !change.record->is_new || !program_.shared.stock_view)
         return;
     if (QTreeWidgetItem* node = tree_.item_node(change.items.front().item))

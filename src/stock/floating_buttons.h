@@ -36,7 +36,8 @@ public:
     void hide_all();
     void hide_recipe_button();
 
-    /// Goes when a row was placed on the list on show; a new item that was put on no list gets the recipe button.
+    /// Goes when a row was placed on the list on show, and when an item was renamed; a new item that was put on no
+    /// list gets the recipe button.
     void item_changed(const ItemChange& change);
 
     /// Index of the button on show; -1 without one.

@@ -42,8 +42,14 @@ void StockTree::show_status_of_selection()
 
 void StockTree::key_down(int key)
 {
-    const QTreeWidgetItem* node = tree_.selected();
-    if (key != Qt::Key_Delete || !node)
+    QTreeWidgetItem* node = tree_.selected();
+    if (!node)
+        return;
+    if (key == Qt::Key_Space && is_item(*node))
+        click_box(*node);
+    else if (key == Qt::Key_Menu)
+        emit menu_wanted(tree_.menu_place());
+    if (key != Qt::Key_Delete)
         return;
     const Key record = record_key(TreeView::key(node));
     if (is_item(*node))

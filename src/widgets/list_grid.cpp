@@ -3,6 +3,7 @@
 #include "widgets/contrast.h"
 #include "widgets/fitted_text.h"
 #include "widgets/frame_lines.h"
+#include "widgets/key_kinds.h"
 #include "widgets/last_press.h"
 #include "widgets/pictures.h"
 #include "widgets/tool_tip.h"
@@ -363,35 +364,55 @@ void ListGrid::mouseDoubleClickEvent(QMouseEvent* event)
 
 void ListGrid::keyPressEvent(QKeyEvent* event)
 {
-    QScrollBar& bar = *verticalScrollBar();
-    switch (event->key()) {
-    case Qt::Key_Up:
-        emit key_down(key_code::up);
-        break;
-    case Qt::Key_Down:
-        emit key_down(key_code::down);
-        break;
-    case Qt::Key_Delete:
-        if (!event->isAutoRepeat()) // one press removes one row
-            emit key_down(key_code::remove);
-        break;
-    case Qt::Key_PageUp:
-        bar.triggerAction(QScrollBar::SliderPageStepSub);
-        break;
-    case Qt::Key_PageDown:
-        bar.triggerAction(QScrollBar::SliderPageStepAdd);
-        break;
-    case Qt::Key_Home:
-        bar.triggerAction(QScrollBar::SliderToMinimum);
-        break;
-    case Qt::Key_End:
-        bar.triggerAction(QScrollBar::SliderToMaximum);
-        break;
-    default:
-        event->ignore();
-        return;
-    }
     event->accept();
+    if (event->key() == Qt::Key_Up)
+        emit key_down(key_code::up);
+    else if (event->key() == Qt::Key_Down)
+        emit key_down(key_code::down);
+    else if (current_row() < 0 || !act_on_row(*event))
+        event->ignore();
+}
+
+/// The row that a key leads to from the current one; -1 for another key.
+int ListGrid::row_of_key(int key) const
+{
+    const int last = model_->rows() - 1;
+    const int page = std::max(1, rows_in_view() - 1);
+    switch (key) {
+    case Qt::Key_Home:
+        return 0;
+    case Qt::Key_End:
+        return last;
+    case Qt::Key_PageUp:
+        return std::max(0, current_row() - page);
+    case Qt::Key_PageDown:
+        return std::min(last, current_row() + page);
+    default:
+        return -1;
+    }
+}
+
+/// False for a key that is none of the grid's. One press removes or ticks one row.
+bool ListGrid::act_on_row(const QKeyEvent& event)
+{
+    const int key = event.key();
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (const int row = row_of_key(key); row >= 0) {
+        if (row != current_row())
+            emit row_wanted(row);
+    } else if (key == Qt::Key_Delete || key == Qt::Key_Space) {
+        if (!event.isAutoRepeat())
+            emit key_down(key == Qt::Key_Space ? key_code::check : key_code::remove);
+    } else if (is_menu_key(event)) {
+        emit key_down(key_code::menu);
+    } else if (key == Qt::Key_F2 || (enter && enter_edits_)) {
+        emit edit_wanted();
+    } else if (const QString text = typed_text(event); !text.isEmpty()) {
+        emit typed(text);
+    } else {
+        return false;
+    }
+    return true;
 }
 
 void ListGrid::focusInEvent(QFocusEvent* event)

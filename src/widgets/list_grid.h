@@ -19,6 +19,8 @@ namespace key_code {
 inline constexpr int up = 38;
 inline constexpr int down = 40;
 inline constexpr int remove = 46;
+inline constexpr int check = 32;
+inline constexpr int menu = 93;
 } // namespace key_code
 
 /// The grid control `Listview1` of the main window and of the item editor.
@@ -53,6 +55,8 @@ public:
     /// A sentence for a grid without rows; empty for none.
     void set_empty_hint(const QString& hint);
 
+    void set_enter_edits(bool edits) { enter_edits_ = edits; } ///< else Enter is the form's; so it is at first
+
     /// Whether the rows exceed the height: rows > height / row height - 0.2.
     bool scroll_bar_shown() const;
 
@@ -80,6 +84,9 @@ signals:
     void current_set(); ///< a cell was made current; not when the current row has gone and another takes its place
     void mouse_done(); ///< what the release had to do is done
     void key_down(int key); ///< one of `key_code`; the grid itself does not move
+    void row_wanted(int row); ///< Home, End and the Page keys; the grid itself does not move
+    void edit_wanted(); ///< F2 on a row, and Enter where `set_enter_edits` says so
+    void typed(const QString& text); ///< a key with a character, on a row
     void scrolled();
     void lost_focus();
 
@@ -100,6 +107,8 @@ private:
     void paint_hint(QPainter& painter);
     int first_row_top() const; ///< pixels from the viewport's top, negative when scrolled
     void follow_scroll_test();
+    int row_of_key(int key) const;
+    bool act_on_row(const QKeyEvent& event);
 
     GridModel* model_;
     QString empty_hint_;
@@ -108,6 +117,7 @@ private:
     int pressed_column_ = -1;
     QPersistentModelIndex pressed_; ///< a cell of the pressed row, wherever the row has gone since; none outside
     bool is_pressed_ = false;
+    bool enter_edits_ = false;
     bool skips_release_ = false; ///< the press before it was none of this grid's
     TextRatio ratio_; ///< holds while the widths are those that were set along with it
     int ratio_item_ = -1;

@@ -31,6 +31,17 @@ QMessageBox::Icon icon_of(int flags)
     }
 }
 
+/// The text with its endless lines cut: a name of many thousand characters would carry the buttons off the screen.
+QString readable(const QString& text)
+{
+    constexpr int longest_line = 500;
+    QStringList lines = text.split(u'\n');
+    for (QString& line : lines)
+        if (line.size() > longest_line)
+            line = line.left(longest_line) + QStringLiteral("...");
+    return lines.join(u'\n');
+}
+
 } // namespace
 
 Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& title)
@@ -40,7 +51,7 @@ Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& ti
     message.setObjectName(QStringLiteral("message_box"));
     message.setWindowTitle(title);
     message.setTextFormat(Qt::PlainText);
-    message.setText(text);
+    message.setText(readable(text));
     message.setIcon(icon_of(flags));
     const bool second = (flags & box::second_default) != 0;
     const auto use = [&message, second](QMessageBox::StandardButton first, QMessageBox::StandardButton other) {
@@ -62,7 +73,8 @@ Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& ti
         message.setStandardButtons(QMessageBox::Ok);
         break;
     }
-    switch (message.exec()) {
+    const int button = message.exec();
+    switch (button != 0 ? button : message.standardButton(message.escapeButton())) {
     case QMessageBox::Yes:
         return Answer::yes;
     case QMessageBox::No:

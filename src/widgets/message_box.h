@@ -19,11 +19,11 @@ inline constexpr int information = 64;
 inline constexpr int second_default = 256;
 } // namespace box
 
-/// The button that closed a message box. Escape and the close box count as Cancel, or No.
+/// The button that closed a message box. Escape, the close box and a rejection count as Cancel, or No.
 enum class Answer { ok = 1, cancel = 2, retry = 4, yes = 6, no = 7 };
 
 /// Shows a message and waits. It belongs to the modal window on top, or to `owner` when there is none. Text and
-/// title are plain text, line feeds break lines.
+/// title are plain text, line feeds break lines; of a line beyond 500 characters the start is shown.
 Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& title);
 
 /// Asks for a line of text. Empty when the user cancels.

@@ -24,6 +24,7 @@ namespace {
 
 constexpr QStringView box_date = u"M/d/yy";
 constexpr const char* tag = "Tag";
+constexpr const char* text_before = "text_before"; ///< of a box: its text when the keyboard came
 
 } // namespace
 
@@ -42,6 +43,10 @@ RowEditor::RowEditor(ListGrid& grid, RowEditorHost& host, QWidget* parent)
             follow_current_row();
     });
     connect(&grid_.rows(), &QAbstractItemModel::modelReset, this, &RowEditor::hide_line);
+    connect(&grid_, &ListGrid::edit_wanted, this, [this] { enter_box(grid_column::desc); });
+    connect(&grid_, &ListGrid::typed, this, [this](const QString& text) {
+        enter_box(text[0].isDigit() ? grid_column::qty : grid_column::desc, text);
+    });
     for (auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&grid_.rows(), change, this, &RowEditor::place_again);
     connect(&grid_.rows(), &QAbstractItemModel::layoutChanged, this, &RowEditor::place_again);
@@ -316,6 +321,12 @@ bool RowEditor::eventFilter(QObject* watched, QEvent* event)
     case QEvent::MouseButtonDblClick:
         // A button that the first click brought up under the pointer was not what the user meant.
         return qobject_cast<QAbstractButton*>(widget) && !LastPress::was_on(*widget);
+    case QEvent::FocusIn:
+        if (const auto reason = static_cast<QFocusEvent*>(event)->reason();
+            reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+            if (const auto* box = qobject_cast<QLineEdit*>(widget))
+                widget->setProperty(text_before, box->text());
+        return false;
     case QEvent::FocusOut:
         focus_left();
         return false;
@@ -348,7 +359,9 @@ bool RowEditor::key_in_box(const QWidget* widget, int key)
     if (box == chain.end())
         return false;
     const int place = static_cast<int>(box - chain.begin());
-    if (enter) {
+    if (enter || key == Qt::Key_Escape) {
+        if (!enter)
+            give_back(*box);
         lv_edit_off();
         grid_.setFocus(Qt::OtherFocusReason);
         return true;
@@ -361,6 +374,51 @@ bool RowEditor::key_in_box(const QWidget* widget, int key)
     default:
         return false;
     }
+}
+
+void RowEditor::give_back(const Box& box)
+{
+    const QVariant before = box.edit->property(text_before);
+    if (before.isValid() && !box.edit->isReadOnly())
+        box.edit->setText(before.toString());
+}
+
+/// The box of a column of the current row, with the keyboard; null where there is none.
+CellBox* RowEditor::open_box(int column)
+{
+    if (grid_.current_row() < 0)
+        return nullptr;
+    if (!is_open() || edit_row() != grid_.current_row())
+        show_l_line();
+    const auto& chain = controls_->chain;
+    const auto box
+        = std::find_if(chain.begin(), chain.end(), [column](const Box& b) { return b.column == column; });
+    if (box == chain.end() || box->edit->isReadOnly() || !box->edit->isVisible())
+        return nullptr;
+    box->edit->setFocus(Qt::OtherFocusReason);
+    return box->edit;
+}
+
+void RowEditor::enter_box(int column, const QString& typed)
+{
+    CellBox* box = open_box(column);
+    if (!box)
+        return;
+    box->end(false);
+    if (typed.isEmpty())
+        return;
+    box->selectAll();
+    box->insert(typed);
+}
+
+void RowEditor::enter_box_at(int column, int x)
+{
+    CellBox* box = open_box(column);
+    if (!box)
+        return;
+    const QPoint place = box->mapFromGlobal(grid_.viewport()->mapToGlobal(QPoint(x, 0)));
+    const bool is_blank = trim(box->text()).isEmpty();
+    box->setCursorPosition(is_blank ? 0 : box->cursorPositionAt({place.x(), box->height() / 2}));
 }
 
 bool RowEditor::go_to_box(int from, int step)

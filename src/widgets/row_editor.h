@@ -16,6 +16,7 @@ class QWidget;
 
 namespace tarnwick {
 
+class CellBox;
 class ListGrid;
 class PictureButton;
 
@@ -60,6 +61,13 @@ public:
     void lv_edit_off(); ///< closes the editor altogether
     bool is_open() const; ///< `desc_brdr` is on screen
     int unstored_column() const { return unstored_column_; } ///< whose text the store did not take; -1 none
+
+    /// Opens the current row, if it is not open, and puts the caret into the box of a column: at the end of its
+    /// text, in place of it when there is a text to type, or under `x` in pixels of the grid's viewport. A
+    /// column without a text box on screen: nothing more.
+    void enter_box(int column, const QString& typed = {});
+    void enter_box_at(int column, int x);
+
     QWidget* first_box() const; ///< `desc_brdr` while it is open, or the next one on screen; else null
     int edit_row() const; ///< the grid row under edit; -1 when closed
 
@@ -113,6 +121,8 @@ private:
 
     bool key_in_box(const QWidget* box, int key);
     bool go_to_box(int from, int step);
+    CellBox* open_box(int column);
+    void give_back(const Box& box);
     void focus_left();
     void rows_scrolled();
 

@@ -2,6 +2,7 @@
 
 #include "data/collation.h"
 #include "data/runtime_error.h"
+#include "widgets/key_kinds.h"
 #include "widgets/second_click.h"
 #include "widgets/tree_delegate.h"
 
@@ -286,6 +287,12 @@ QRect TreeView::text_rect(const QTreeWidgetItem* node) const
     return row.isNull() ? row : row.adjusted(delegate_->text_left(node->parent() != nullptr), 0, 0, 0);
 }
 
+QPoint TreeView::menu_place()
+{
+    ensure_visible(selected());
+    return viewport()->mapToGlobal(text_rect(selected()).bottomLeft());
+}
+
 int TreeView::row_height() const
 {
     return delegate_->row_height();
@@ -448,9 +455,15 @@ void TreeView::keyPressEvent(QKeyEvent* event)
     if (state() == EditingState)
         return; // what the label's editor left over
     const int code = event->key();
-    if (code == Qt::Key_Delete && event->isAutoRepeat())
-        return; // one press deletes one node
+    if ((code == Qt::Key_Delete || code == Qt::Key_Space) && event->isAutoRepeat())
+        return; // one press acts on one node
+    if (is_menu_key(*event)) {
+        emit key_down(Qt::Key_Menu);
+        return;
+    }
     emit key_down(code);
+    if (code == Qt::Key_Space)
+        return; // the control would only select what is selected
     if (code == Qt::Key_Return || code == Qt::Key_Enter) {
         event->ignore(); // nothing for the tree; the form closes an open row editor with it
         return;

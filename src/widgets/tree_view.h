@@ -82,6 +82,10 @@ public:
     /// The rectangle of a node's text in the viewport; null when the node is not laid out.
     QRect text_rect(const QTreeWidgetItem* node) const;
 
+    /// Where a pop-up menu for the selected node belongs, on the screen; the node is brought into view. Not
+    /// without a selection.
+    QPoint menu_place();
+
     /// Count of whole rows that fit in the tree's height.
     int get_visible_count() const;
 
@@ -104,7 +108,7 @@ signals:
     /// Another node is the selected one, whatever moved the selection, or none is, or its text is another; also
     /// after every click on a node.
     void selection_changed();
-    void key_down(int key); ///< Qt::Key
+    void key_down(int key); ///< Qt::Key; Key_Menu for each key that asks for the pop-up menu
     void key_up(int key); ///< Qt::Key
     void got_focus();
     void lost_focus();

@@ -70,7 +70,11 @@ void Commands::add_menu(const MenuRow& row, QMenuBar& bar)
     made->setObjectName(name);
     QAction& entry = *made->menuAction();
     entry.setObjectName(name);
-    set_plain_caption(entry, text_of(row.caption));
+    QString caption = text_of(row.caption);
+    const QString title = caption;
+    set_plain_caption(entry, caption.remove(u'&'));
+    if (!inside)
+        entry.setText(title);
     if (inside)
         menu(text_of(row.parent)).addMenu(made);
     else if (row.kind == MenuKind::bar_menu)

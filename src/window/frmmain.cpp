@@ -147,10 +147,8 @@ void frmmain::make_panes()
         *program_, *stock_tree_, area_,
         FloatingButtons::Asks{[this](Key item) { return recipe_page_->shows_item(item); },
                               [this] { return row_editor().is_open(); }});
-    stock_commands_ = std::make_unique<StockCommands>(*program_, *stock_tree_, [this] {
-        recipe_page_->finish_line_editor();
-        return !recipe_page_->editor_open();
-    });
+    stock_commands_ = std::make_unique<StockCommands>(*program_, *stock_tree_,
+                                                      [this] { return recipe_page_->finish_line_editor(); });
     recipe_page_ = std::make_unique<RecipePage>(*program_, area_);
     recipe_tree_ = std::make_unique<RecipeTree>(*program_, *recipe_view, *recipe_page_);
     list_pane_ = std::make_unique<ListPane>(*program_, area_,

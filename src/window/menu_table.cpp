@@ -134,7 +134,7 @@ void close_folders(frmmain& main)
 using enum MenuKind;
 
 constexpr MenuRow rows[] = {
-    {bar_menu, "", "mnu_list", "Shopping lists"},
+    {bar_menu, "", "mnu_list", "&Shopping lists"},
     {command, "mnu_list", "mnu_list_new", "New", new_list},
     {separator, "mnu_list", "mnu_list_sep", ""},
     {list_array, "mnu_list", "mnu_list_list", "list"},
@@ -149,7 +149,7 @@ constexpr MenuRow rows[] = {
     {separator, "mnu_list", "mnu_list_sep_4", ""},
     {command, "mnu_list", "mnu_list_exit", "Exit", [](frmmain& m) { m.exit_at_once(); }},
 
-    {bar_menu, "", "mnu_recipe", "Recipes"},
+    {bar_menu, "", "mnu_recipe", "&Recipes"},
     {command, "mnu_recipe", "mnu_recipe_add_ingred", "Add ingredient", add_ingredient},
     {command, "mnu_recipe", "mnu_recipe_new", "New recipe", new_recipe},
     {separator, "mnu_recipe", "mnu_recipe_sep_1", ""},
@@ -157,7 +157,7 @@ constexpr MenuRow rows[] = {
     {command, "mnu_recipe", "mnu_recipe_del", "Delete recipe", delete_recipe},
     {command, "mnu_recipe", "mnu_recipe_move", "Move recipe", [](frmmain& m) { show_move_item(m, false); }},
 
-    {bar_menu, "", "mnu_edit", "Stock"},
+    {bar_menu, "", "mnu_edit", "Stoc&k"},
     {command, "mnu_edit", "mnu_edit_add_stck", "New stock item", new_item},
     {command, "mnu_edit", "mnu_edit_move", "Move stock item", [](frmmain& m) { show_move_item(m, true); }},
     {command, "mnu_edit", "mnu_edit_stock_to_list", "Add stock item to list", item_to_list},
@@ -166,7 +166,7 @@ constexpr MenuRow rows[] = {
     {command, "mnu_edit", "mnu_edit_rn_cat", "Rename stock category", rename_category},
     {command, "mnu_edit", "mnu_edit_del_cat", "Delete stock category", delete_category},
 
-    {bar_menu, "", "mnu_tools", "Tools"},
+    {bar_menu, "", "mnu_tools", "&Tools"},
     {check, "mnu_tools", "mnu_tools_listlist", "List manager", toggle_list_manager},
     {bar_menu, "mnu_tools", "mnu_tools_find", "Find"},
     {command, "mnu_tools_find", "mnu_tools_find_item", "Stock item(s)",
@@ -183,7 +183,7 @@ constexpr MenuRow rows[] = {
     {command, "mnu_tool_email", "mnu_tools_email_list", "Shopping list",
      [](frmmain& m) { send_to_email(m, false); }},
 
-    {bar_menu, "", "mnu_view", "View"},
+    {bar_menu, "", "mnu_view", "&View"},
     {check, "mnu_view", "mnu_view_stock", "Stock list", [](frmmain& m) { show_tree(m, true); }},
     {check, "mnu_view", "mnu_view_rcp", "Recipes list", [](frmmain& m) { show_tree(m, false); }},
     {separator, "mnu_view", "mnu_view_sep_1", ""},
@@ -205,7 +205,7 @@ constexpr MenuRow rows[] = {
     {command, "mnu_view", "mnu_view_cntrct_all", "Close all folders", close_folders},
     {command, "mnu_view", "mnu_view_color", "page view color...", choose_color},
 
-    {bar_menu, "", "mnu_help", "Help"},
+    {bar_menu, "", "mnu_help", "&Help"},
     {command, "mnu_help", "mnu_help_launch", "Tarnwick help topics", launch_help},
     {command, "mnu_help", "mnu_help_about", "About TarnWick", show_about},
 

@@ -2,6 +2,7 @@
 
 #include "dialogs/move_item.h"
 #include "household/recipe_categories.h"
+#include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "stock/stock_commands.h"
 #include "stock/stock_tree.h"
@@ -16,6 +17,8 @@ void show_move_item(frmmain& main, bool move_stock)
     const QTreeWidgetItem* node = tree.selected();
     const QString kind = move_stock ? QStringLiteral("item") : QStringLiteral("rcp");
     if (!node || !node->parent() || !TreeView::key(node).startsWith(kind))
+        return;
+    if (move_stock && !main.recipe_page().finish_line_editor())
         return;
     const Key record = record_key(TreeView::key(node));
     const QTreeWidgetItem& folder = *node->parent();

@@ -71,6 +71,7 @@ private slots:
     void categories_are_compared_by_their_very_names_in_any_case();
     void nothing_is_written_when_a_step_fails();
     void names_of_10000_characters_and_odd_signs_are_kept();
+    void keys_of_every_size_are_told_apart();
 };
 
 void tst_stock_keeping::lists_of_an_item_come_in_the_order_of_placing()
@@ -220,6 +221,29 @@ void tst_stock_keeping::names_of_10000_characters_and_odd_signs_are_kept()
         QVERIFY(rename_item_record(k.db(), k.milk, name));
         QCOMPARE(k.text("SELECT item FROM items_1 WHERE key_id = 1"), name);
         QCOMPARE(k.text("SELECT item FROM groc_1 WHERE key_id = 1"), name);
+    }
+}
+
+void tst_stock_keeping::keys_of_every_size_are_told_apart()
+{
+    for (const int key : {9999, 10000, 32767}) {
+        Kitchen k;
+        const Key big = Key(key);
+        Query(k.db(), "UPDATE items_1 SET key_id = ?, cat = ? WHERE key_id = ?", big, big, k.milk).run();
+        Query(k.db(), "UPDATE cat SET key_id = ? WHERE key_id = ?", big, k.dairy).run();
+        for (const char* link : {"UPDATE tie SET item_id = ? WHERE item_id = ?",
+                                 "UPDATE recipe_2 SET item_ref = ? WHERE item_ref = ?"})
+            Query(k.db(), link, big, k.milk).run();
+        QVERIFY(rename_item_record(k.db(), big, QStringLiteral("Oat drink")));
+        QCOMPARE(k.refs(), k.refs_of({-1, k.cream, k.bread, key}));
+        QVERIFY(rename_category_record(k.db(), big, QStringLiteral("Drinks")));
+        QCOMPARE(move_item_record(k.db(), k.bread, big), Moved::yes);
+        QCOMPARE(k.text("SELECT cat_desc FROM cat WHERE key_id = 0"), QStringLiteral("OTHER"));
+        const auto gone = delete_category_record(k.db(), big);
+        QVERIFY(gone);
+        QCOMPARE(gone->items, (std::vector<Key>{k.bread, big}));
+        QCOMPARE(k.text("SELECT group_concat(item) FROM items_1"), QStringLiteral("Cream"));
+        QCOMPARE(k.number("SELECT count(*) FROM tie"), 0);
     }
 }
 

@@ -5,7 +5,6 @@
 
 #include <map>
 #include <optional>
-#include <set>
 
 namespace tarnwick {
 class Connection;
@@ -17,29 +16,53 @@ struct Row {
     int item;
     int list;
     bool to_get;
+    QString name;
     bool operator==(const Row&) const = default;
+};
+
+struct Item {
+    QString name;
+    int category;
+    int status;
+    bool operator==(const Item&) const = default;
 };
 
 /// What the operations under test change, as it stands in a file or as the log says it must stand.
 struct State {
     std::map<int, Row> rows; ///< by `groc_1.key_id`
-    std::set<int> lists;
-    std::map<int, int> status; ///< `items_1.status` by item
+    std::map<int, Item> items;
+    std::map<int, QString> lists;
+    std::map<int, QString> categories;
+    std::map<int, int> lines; ///< the stock item of each recipe line; -1 none
     bool operator==(const State&) const = default;
 };
 
-enum class Kind { place, tick, delete_list, make_list };
+enum class Kind {
+    place,
+    tick,
+    delete_list,
+    make_list,
+    clear_list,
+    delete_category,
+    rename_list,
+    rename_category,
+    rename_item
+};
+
+QString kind_name(Kind kind);
 
 /// One operation of the user. The key of a new record is known only when it is done.
 struct Operation {
     Kind kind;
-    int key = 0; ///< row or list
+    int key = 0; ///< of the record it is about
     int item = 0;
     int list = 0;
     bool to_get = false; ///< the mark after a tick
+    int mode = 0; ///< of a clearing
+    QString name{}; ///< of a new record, or its new name
 };
 
-/// Lines of the log: "begin KIND KEY ITEM LIST TO_GET" before an operation, "done KEY" after it.
+/// Lines of the log: "begin KIND KEY ITEM LIST TO_GET MODE NAME" before an operation, "done KEY" after it.
 QString begin_line(const Operation& operation);
 std::optional<Operation> read_begin_line(const QString& line);
 

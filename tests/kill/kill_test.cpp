@@ -1,11 +1,13 @@
-// kill_test [KILLS [SEED]]: kills a process in which a user works at the main window, at random moments, and looks
-// after each kill whether the file holds every finished operation and the one under way wholly or not at all.
+// kill_test HABIT [KILLS [SEED]]: kills a process in which a user who "fills" lists or "tidies" up works at the
+// main window, at random moments, and looks after each kill whether the file holds every finished operation and the
+// one under way wholly or not at all.
 
 #include "kill/kill_model.h"
 #include "kill/kill_user.h"
 
 #include "app/desktop_environment.h"
 #include "window/frmmain.h"
+#include "data/keys.h"
 #include "data/query.h"
 #include "data/schema.h"
 #include "data/runtime_error.h"
@@ -17,7 +19,9 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
+#include <map>
 #include <unistd.h>
 
 using namespace tarnwick;
@@ -26,9 +30,11 @@ using namespace tarnwick::kill;
 namespace {
 
 constexpr int stock_items = 60;
-constexpr int latest_kill_ms = 220;
+constexpr int latest_kill_ms = 220; ///< of one who fills lists
+constexpr int latest_kill_tidying_ms = 700; ///< names are typed and questions answered
 constexpr int start_timeout_ms = 30000;
 constexpr int longest_life_ms = 60000;
+constexpr const char* tidies = "tidies";
 
 int work_until_killed(int argc, char** argv)
 {
@@ -39,7 +45,8 @@ int work_until_killed(int argc, char** argv)
     environment.settings_file = arguments[2] + QStringLiteral("/settings.ini");
     frmmain main(environment);
     main.load();
-    User user(main, arguments[3].toUInt(), arguments[4]);
+    User user(main, arguments[5] == QLatin1String(tidies) ? Habit::tidies : Habit::fills, arguments[3].toUInt(),
+              arguments[4]);
     QTimer::singleShot(0, &user, &User::work);
     QTimer::singleShot(longest_life_ms, qApp, [] { _exit(5); });
     std::puts("ready");
@@ -50,8 +57,9 @@ int work_until_killed(int argc, char** argv)
 /// The parent: the file's state as it must be, and the account of the kills.
 class Killer {
 public:
-    explicit Killer(quint32 seed)
-        : random_(seed)
+    Killer(Habit habit, quint32 seed)
+        : habit_(habit)
+        , random_(seed)
     {
     }
 
@@ -60,12 +68,14 @@ public:
     int report(int kills, qint64 ms) const;
 
 private:
+    void provide();
     bool start_and_kill(int number);
     void judge(int number);
     void fail(int number, const QString& text);
     QString database() const { return folder_.filePath(QStringLiteral("twdata/groc.mdb")); }
     QString log() const { return folder_.filePath(QStringLiteral("log")); }
 
+    const Habit habit_;
     QTemporaryDir folder_;
     QRandomGenerator random_;
     State expected_;
@@ -74,13 +84,15 @@ private:
     int done_ = 0;
     int whole_ = 0;
     int not_at_all_ = 0;
+    std::map<QString, int> under_way_; ///< how many kills met an operation of a kind
 };
 
 bool Killer::prepare()
 {
     Settings settings(folder_.filePath(QStringLiteral("settings.ini")));
     settings.set_reg();
-    settings.set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
+    if (habit_ == Habit::fills)
+        settings.set_pref(QStringLiteral("sort"), QStringLiteral("alpha"));
     settings.set_pref(QStringLiteral("wstate"), QStringLiteral("0"));
     settings.set_pref(QStringLiteral("fwidth"), QStringLiteral("15000"));
     settings.set_pref(QStringLiteral("fheight"), QStringLiteral("9000"));
@@ -99,6 +111,56 @@ bool Killer::prepare()
     return faults.isEmpty();
 }
 
+/// What there is to tidy up: three lists, and a category of 50 items that stand on each of them and on some lines
+/// of recipes. What is left of an earlier one stays beside it, up to a measure.
+void Killer::provide()
+{
+    constexpr int lists = 3;
+    constexpr int items = 50;
+    constexpr int too_many_rows = 2000;
+    Connection connection;
+    connection.open(database());
+    Transaction transaction(connection);
+    if (expected_.rows.size() > too_many_rows) {
+        Query(connection, "DELETE FROM groc_1").run();
+        Query(connection, "DELETE FROM tie").run();
+        Query(connection, "UPDATE items_1 SET status = 5").run();
+    }
+    for (int list = 1; list <= lists; ++list)
+        Query(connection, "INSERT OR IGNORE INTO list_name (key_id, list_name) VALUES (?, ?)", list,
+              QStringLiteral("List %1").arg(list))
+            .run();
+    const Key category = get_node(connection, Table::cat);
+    Query(connection, "INSERT INTO cat (key_id, cat_desc, expand) VALUES (?, ?, ?)", category,
+          QStringLiteral("Many %1").arg(random_.generate()), random_.bounded(2) == 1)
+        .run();
+    for (int i = 0; i < items; ++i) {
+        const Key item = get_node(connection, Table::items_1);
+        const QString name = QStringLiteral("item %1 of %2").arg(i).arg(category);
+        int marks = 0;
+        for (int list = 1; list <= lists; ++list) {
+            const bool to_get = random_.bounded(2) == 1;
+            marks += to_get ? 1 : 0;
+            const Key row = get_node(connection, Table::groc_1);
+            Query(connection, "INSERT INTO groc_1 (key_id, item, to_get) VALUES (?, ?, ?)", row, name, to_get)
+                .run();
+            Query(connection, "INSERT INTO tie (key_id, groc_id, item_id, list) VALUES (?, ?, ?, ?)",
+                  get_node(connection, Table::tie), row, item, list)
+                .run();
+        }
+        Query(connection, "INSERT INTO items_1 (key_id, item, cat, status) VALUES (?, ?, ?, ?)", item, name,
+              category, std::min(6 + marks, 8))
+            .run();
+        if (i % 5 == 0)
+            Query(connection, "INSERT INTO recipe_2 (key_id, r_ref, item_ref, item) VALUES (?, 1, ?, ?)",
+                  get_node(connection, Table::recipe_2), item, name)
+                .run();
+    }
+    transaction.commit();
+    QStringList faults;
+    expected_ = read_state(connection, faults);
+}
+
 void Killer::fail(int number, const QString& text)
 {
     ++failed_;
@@ -109,13 +171,14 @@ void Killer::fail(int number, const QString& text)
 bool Killer::start_and_kill(int number)
 {
     QFile::remove(log());
-    const int list = expected_.lists.empty() ? -1 : *expected_.lists.rbegin();
+    const int list = expected_.lists.empty() ? -1 : expected_.lists.rbegin()->first;
     Settings(folder_.filePath(QStringLiteral("settings.ini")))
         .set_pref(QStringLiteral("alist"), QString::number(list));
     QProcess child;
     child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     child.start(QCoreApplication::applicationFilePath(),
-                {QStringLiteral("--child"), folder_.path(), QString::number(random_.generate()), log()});
+                {QStringLiteral("--child"), folder_.path(), QString::number(random_.generate()), log(),
+                 habit_ == Habit::tidies ? QLatin1String(tidies) : QString()});
     QByteArray output;
     while (!output.contains("ready") && child.waitForReadyRead(start_timeout_ms))
         output += child.readAllStandardOutput();
@@ -123,7 +186,8 @@ bool Killer::start_and_kill(int number)
         fail(number, QStringLiteral("the window did not start"));
         return false;
     }
-    usleep(static_cast<useconds_t>(random_.bounded(latest_kill_ms * 1000)));
+    usleep(static_cast<useconds_t>(
+        random_.bounded(1000 * (habit_ == Habit::tidies ? latest_kill_tidying_ms : latest_kill_ms))));
     child.kill();
     child.waitForFinished(start_timeout_ms);
     if (child.exitStatus() != QProcess::CrashExit) {
@@ -167,16 +231,20 @@ void Killer::judge(int number)
                  + QStringLiteral(": ") + difference(state, found));
         return;
     }
-    if (open_operation)
+    if (open_operation) {
         ++(verdict == 1 ? whole_ : not_at_all_);
+        ++under_way_[kind_name(open_operation->kind)];
+    }
     ++passed_;
 }
 
 void Killer::kill_once(int number)
 {
-    if (!start_and_kill(number))
-        return;
     try {
+        if (habit_ == Habit::tidies)
+            provide();
+        if (!start_and_kill(number))
+            return;
         judge(number);
     } catch (...) {
         const runtime_error error = current_error();
@@ -190,6 +258,8 @@ int Killer::report(int kills, qint64 ms) const
         "%d kills in %lld s: %d operations finished; under way %d, of them %d wholly in the file and %d not "
         "at all\n",
         kills, static_cast<long long>(ms / 1000), done_, whole_ + not_at_all_, whole_, not_at_all_);
+    for (const auto& [kind, count] : under_way_)
+        std::printf("  %d in %s\n", count, qPrintable(kind));
     // A run in which no kill met an operation has shown nothing.
     const bool met = whole_ + not_at_all_ >= kills / 8 && done_ >= kills;
     if (!met)
@@ -202,14 +272,15 @@ int Killer::report(int kills, qint64 ms) const
 
 int main(int argc, char** argv)
 {
-    if (argc == 5 && qstrcmp(argv[1], "--child") == 0)
+    if (argc == 6 && qstrcmp(argv[1], "--child") == 0)
         return work_until_killed(argc, argv);
     QCoreApplication application(argc, argv);
-    const int kills = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 200;
+    const Habit habit = argc > 1 && qstrcmp(argv[1], tidies) == 0 ? Habit::tidies : Habit::fills;
+    const int kills = argc > 2 ? QString::fromLocal8Bit(argv[2]).toInt() : 200;
     const quint32 seed
-        = argc > 2 ? QString::fromLocal8Bit(argv[2]).toUInt() : QRandomGenerator::system()->generate();
+        = argc > 3 ? QString::fromLocal8Bit(argv[3]).toUInt() : QRandomGenerator::system()->generate();
     std::printf("seed %u\n", seed);
-    Killer killer(seed);
+    Killer killer(habit, seed);
     if (!killer.prepare())
         return 1;
     QElapsedTimer clock;

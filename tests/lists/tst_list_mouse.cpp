@@ -54,7 +54,6 @@ private slots:
     void up_in_the_first_row_and_down_in_the_last_stay();
     void down_past_the_last_row_in_view_scrolls_it_in();
     void other_keys_pass();
-    void enter_in_the_grid_closes_the_editor();
 
     void the_cross_removes_its_row();
     void the_pencil_opens_the_item_editor_and_shows_its_changes();
@@ -105,9 +104,9 @@ void tst_list_mouse::a_click_on_a_text_cell_opens_the_editor_on_its_row()
     QCOMPARE(w().grid().current_row(), 2);
     QCOMPARE(w().grid().current_col(), grid_column::item);
     QVERIFY(w().grid().rows().row(2).bold);
-    QVERIFY(w().grid().hasFocus());
 
     w().click_cell(0, grid_column::item);
+    QVERIFY(w().grid().hasFocus());
     QCOMPARE(w().editor().edit_row(), 0);
     QVERIFY(!w().grid().rows().row(2).bold);
     QVERIFY(w().grid().rows().row(0).bold);
@@ -471,23 +470,11 @@ void tst_list_mouse::other_keys_pass()
     w().rows(3);
     w().open();
     w().open_row(1);
-    for (const auto key : {Qt::Key_A, Qt::Key_Left, Qt::Key_Right, Qt::Key_Space, Qt::Key_F2})
+    for (const auto key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Tab, Qt::Key_F3, Qt::Key_Insert})
         QTest::keyClick(&w().grid(), key);
     QCOMPARE(w().editor().edit_row(), 1);
     QCOMPARE(w().grid().current_row(), 1);
     QCOMPARE(w().number("SELECT count(*) FROM groc_1 WHERE desc = 'some' AND qty = '2'"), 3);
-}
-
-void tst_list_mouse::enter_in_the_grid_closes_the_editor()
-{
-    w().rows(2);
-    w().open();
-    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
-        w().open_row(1);
-        QTest::keyClick(&w().grid(), key);
-        QVERIFY(!w().editor().is_open());
-        QCOMPARE(w().grid().current_row(), 1);
-    }
 }
 
 void tst_list_mouse::the_cross_removes_its_row()

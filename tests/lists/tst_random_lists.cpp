@@ -11,6 +11,7 @@ using namespace tarnwick::random_use;
 namespace {
 
 constexpr quint32 seed = 20260314;
+constexpr int enough_to_scroll = 30; ///< items, though the user deletes some of them
 constexpr int steps = 1200;
 
 constexpr Act acts[] = {
@@ -59,6 +60,9 @@ void tst_random_lists::a_random_user_of_lists_finds_window_and_database_agree()
         window.add_row(window.add_item(QString::fromUtf8(name), bakery, 6), party, false);
     for (const char* name : {"Candles", "Batteries", "Soap"})
         window.add_item(QString::fromUtf8(name), 0);
+    const Key spices = window.add_category(QStringLiteral("Spices"), true);
+    for (int i = 1; i <= enough_to_scroll; ++i)
+        window.add_item(QStringLiteral("Spice %1").arg(i), spices);
     window.load();
     run(window, acts, seed, steps);
 }

@@ -15,18 +15,27 @@
 namespace tarnwick::random_use {
 namespace {
 
+/// Plain after the mark just set, the true code, or as it was.
+enum class Way { plain, real, kept };
+
 struct Table {
     Cause cause;
-    bool plain_stored, plain_node, plain_page;
+    Way stored, node, page;
 };
 
-/// How each cause treats the codes: plain after the mark just set, or true.
+/// How each cause treats the codes.
 constexpr Table table[] = {
-    {Cause::placing, false, false, false},     {Cause::grid_box, true, false, false},
-    {Cause::tree_box, true, true, true},       {Cause::row_removal, false, false, false},
-    {Cause::clearing, false, false, false},    {Cause::page_box, false, false, true},
-    {Cause::item_editor, false, false, false},
+    {Cause::placing, Way::real, Way::real, Way::real},     {Cause::grid_box, Way::plain, Way::real, Way::real},
+    {Cause::tree_box, Way::plain, Way::plain, Way::plain}, {Cause::row_removal, Way::real, Way::real, Way::real},
+    {Cause::clearing, Way::real, Way::real, Way::real},    {Cause::page_box, Way::real, Way::real, Way::plain},
+    {Cause::item_editor, Way::real, Way::real, Way::real}, {Cause::item_rename, Way::kept, Way::kept, Way::real},
+    {Cause::item_move, Way::kept, Way::real, Way::kept},
 };
+
+int code_by(Way way, int plain, int real, int before)
+{
+    return way == Way::kept ? before : way == Way::plain ? plain : real;
+}
 
 const Table& treatment(Cause cause)
 {
@@ -65,6 +74,7 @@ Oracle::Oracle(TestWindow& window)
     while (stored.next())
         items_[stored.key(0)] = {stored.number(1), stored.number(1), 0};
     connect(&main_.household(), &Household::item_changed, this, &Oracle::item_changed);
+    connect(&main_.household(), &Household::items_gone, this, &Oracle::rows_taken_away);
     connect(main_.stock_tree().view().model(), &QAbstractItemModel::modelReset, this, [this] {
         for (ExpectedCodes& codes : items_)
             codes.node = codes.stored;
@@ -86,14 +96,27 @@ void Oracle::item_changed(const ItemChange& change)
     const int plain = marked && change.written.front().row.to_get ? 7 : 6;
     for (const ItemCodes& codes : change.items) {
         const int real = true_code(db_, codes.item);
-        items_[codes.item] = {way.plain_stored ? plain : real, way.plain_node ? plain : real,
-                              way.plain_page && marked ? plain : 0};
+        const ExpectedCodes before = items_.value(codes.item);
+        items_[codes.item]
+            = {code_by(way.stored, plain, real, before.stored), code_by(way.node, plain, real, before.node),
+               code_by(way.page, marked ? plain : 0, 0, before.page)};
     }
     note_rows(change);
 }
 
+/// The grid may begin anew with the rows that are left, which is no load.
+void Oracle::rows_taken_away()
+{
+    placed_ += placed_before_;
+    lit_ += lit_before_;
+    lagging_ += lagging_before_;
+    order_open_ = order_open_ || order_open_before_;
+}
+
 void Oracle::note_rows(const ItemChange& change)
 {
+    if (change.cause == Cause::clearing)
+        rows_taken_away();
     if (change.cause == Cause::clearing && !change.written.empty())
         lit_.clear(); // every row of the list is shown unlit
     for (const WrittenRow& written : change.written) {
@@ -121,6 +144,10 @@ QStringList Oracle::check()
     check_recipe_tree();
     check_page();
     check_words();
+    placed_before_ = placed_;
+    lit_before_ = lit_;
+    lagging_before_ = lagging_;
+    order_open_before_ = order_open_;
     faults_ += caption_faults(main_, db_);
     return faults_;
 }

@@ -37,6 +37,7 @@ public:
 private:
     void item_changed(const ItemChange& change);
     void note_rows(const ItemChange& change);
+    void rows_taken_away();
     void check_statuses();
     void check_grid();
     void check_row(const GridRow& shown, GridRow wanted);
@@ -54,6 +55,8 @@ private:
     QSet<Key> placed_; ///< rows that the grid got since its last load: a quantity of 0 is blank until the next
     QSet<Key> lit_; ///< those of them that are lit by their item, until the next load or clearing
     QSet<Key> lagging_; ///< rows marked from the page, of which the grid shows the first only
+    QSet<Key> placed_before_, lit_before_, lagging_before_; ///< as they stood after the last step
+    bool order_open_before_ = false;
     QHash<Key, QString> item_names_;
     bool order_open_ = false; ///< a renamed row keeps its place in the grid until the next load or placing
     QString names_; ///< of lists and categories; words that stand somewhere do not follow their change

@@ -9,6 +9,7 @@ using namespace tarnwick::random_use;
 namespace {
 
 constexpr quint32 seed = 20260315;
+constexpr int enough_to_scroll = 30; ///< items, though the user deletes some of them
 constexpr int steps = 1200;
 
 constexpr Act acts[] = {
@@ -64,6 +65,9 @@ void tst_random_recipes::a_random_user_of_recipes_finds_window_and_database_agre
         window.add_line(recipe, QStringLiteral("Love"));
     }
     window.add_recipe(QStringLiteral("Soup"), QStringLiteral("15"));
+    const Key spices = window.add_category(QStringLiteral("Spices"), true);
+    for (int i = 1; i <= enough_to_scroll; ++i)
+        window.add_item(QStringLiteral("Spice %1").arg(i), spices);
     window.load();
     run(window, acts, seed, steps);
 }

@@ -36,6 +36,7 @@ private slots:
     void deleting_the_last_recipe_of_the_flat_view_leaves_no_recipe();
     void moving_puts_the_recipe_in_its_place_and_closes_an_empty_folder();
     void moving_to_the_same_category_does_not_reload_the_page();
+    void moving_another_recipe_to_its_own_category_leaves_the_one_on_the_page();
     void moving_to_the_category_that_is_stored_already_does_nothing();
     void a_stored_one_digit_category_is_accepted_by_a_move();
     void moving_to_no_category_is_an_error_and_changes_nothing();
@@ -225,6 +226,20 @@ void tst_recipe_lifecycle::moving_to_the_same_category_does_not_reload_the_page(
     window.main().recipe_tree().mv_rcp(QStringLiteral("13"), pie);
     QCOMPARE(window.title().text(), QStringLiteral("Pie"));
     QCOMPARE(window.main().recipe_tree().recipe_node(pie)->text(0), QStringLiteral("Pie"));
+}
+
+void tst_recipe_lifecycle::moving_another_recipe_to_its_own_category_leaves_the_one_on_the_page()
+{
+    RecipeWindow window;
+    const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
+    const Key cake = window.add_recipe(QStringLiteral("Cake"), QStringLiteral("13"));
+    window.load();
+    window.click_node(rcp(pie));
+    window.main().recipe_tree().mv_rcp(QStringLiteral("13"), cake);
+    QCOMPARE(window.main().shared.cur_recipe, pie);
+    window.main().recipe_tree().mv_rcp(QStringLiteral("11"), cake);
+    QCOMPARE(window.main().shared.cur_recipe, cake);
+    QCOMPARE(window.title().text(), QStringLiteral("Cake"));
 }
 
 void tst_recipe_lifecycle::moving_to_the_category_that_is_stored_already_does_nothing()

@@ -42,7 +42,7 @@ private slots:
     void deleting_is_silently_refused_in_the_alphabetic_view();
     void the_delete_key_on_other_says_that_it_cannot_be_deleted();
     void no_command_deletes_or_renames_other();
-    void the_next_folder_is_selected_after_a_deletion_and_the_commands_speak_of_it();
+    void the_folder_before_or_else_the_next_is_selected_after_a_deletion_and_commands_speak_of_it();
     void the_place_in_the_list_stays_when_a_category_goes();
     void a_category_that_is_gone_already_is_not_asked_about();
     void nothing_is_written_when_a_deletion_fails_in_the_middle();
@@ -263,7 +263,8 @@ void tst_category_tidying::no_command_deletes_or_renames_other()
     QVERIFY(!editor());
 }
 
-void tst_category_tidying::the_next_folder_is_selected_after_a_deletion_and_the_commands_speak_of_it()
+void tst_category_tidying::
+    the_folder_before_or_else_the_next_is_selected_after_a_deletion_and_commands_speak_of_it()
 {
     const Key bakery = window_->add_category(QStringLiteral("Bakery"));
     const Key sweets = window_->add_category(QStringLiteral("Sweets"));

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QScreen>
 
 using namespace tarnwick;
 
@@ -44,6 +45,8 @@ private slots:
     void odd_item_names_are_kept_whole();
     void signs_of_patterns_in_an_item_name_stand_for_themselves();
     void an_item_that_is_gone_is_not_renamed();
+    void the_button_that_names_the_old_name_goes_with_a_rename();
+    void nodes_of_keys_beyond_four_digits_change_no_other_record();
     void a_name_left_by_a_click_elsewhere_is_stored_and_the_click_acts();
     void the_notice_after_a_click_elsewhere_comes_once_and_the_click_is_lost();
     void a_command_chosen_during_an_edit_acts_under_the_new_name();
@@ -516,14 +519,25 @@ void tst_item_tidying::odd_item_names_are_kept_whole()
     window_->add_row(milk_, home_, true);
     load();
     MessageScript script;
-    script.expect(QStringLiteral("Quendary notice"), notice(QStringLiteral("Milk"), QStringLiteral("Home"), name));
+    const auto cut
+        = [](const QString& line) { return line.size() > 500 ? line.left(500) + QStringLiteral("...") : line; };
+    const QString told = cut(QStringLiteral("Changing the item to '") + name + u'\'');
+    script.expect(QStringLiteral("Quendary notice"),
+                  QStringLiteral("'Milk' appears on the following list(s):\nHome\n\n") + told
+                      + QStringLiteral("\nwill change it on the list(s) too"),
+                  Answer::ok, [](QDialog& dialog) {
+                      const QSize screen = dialog.screen()->size();
+                      QVERIFY2(dialog.width() <= screen.width() && dialog.height() <= screen.height(),
+                               qPrintable(QStringLiteral("%1 x %2").arg(dialog.width()).arg(dialog.height())));
+                  });
     rename(node(milk_), name);
     QTRY_COMPARE(script.left(), 0);
     QCOMPARE(node(milk_)->text(0), name);
     QCOMPARE(item_name(milk_), name);
     QCOMPARE(grid_names(), QStringList{name});
     expect_deletion(script,
-                    name + QStringLiteral(" appears on the Home list -\nDeleting it will remove it from the list"));
+                    cut(name + QStringLiteral(" appears on the Home list -"))
+                        + QStringLiteral("\nDeleting it will remove it from the list"));
     window_->main().activateWindow();
     press_delete();
     QCOMPARE(script.left(), 0);
@@ -551,6 +565,39 @@ void tst_item_tidying::an_item_that_is_gone_is_not_renamed()
     MessageScript script;
     script.expect(QStringLiteral("Warning"), QStringLiteral("Stock item not found"));
     rename(node(milk_), QStringLiteral("Cream"));
+    QTRY_COMPARE(script.left(), 0);
+    QCOMPARE(table_dump(window_->db()), before);
+}
+
+void tst_item_tidying::the_button_that_names_the_old_name_goes_with_a_rename()
+{
+    window_->add_row(milk_, home_, true);
+    Query(window_->db(), "UPDATE items_1 SET status = 7 WHERE key_id = ?", milk_).run();
+    load();
+    click(node(milk_));
+    QVERIFY(button(2).isVisible());
+    QCOMPARE(button(2).toolTip(), QStringLiteral("Locate Milk on shopping lists"));
+    window_->main().household().rename_item(milk_, QStringLiteral("Cream"));
+    QVERIFY(!button(2).isVisible());
+}
+
+/// Such nodes have no number in their key: what is done to them finds no record, or says so.
+void tst_item_tidying::nodes_of_keys_beyond_four_digits_change_no_other_record()
+{
+    Query(window_->db(), "UPDATE items_1 SET key_id = 10000 WHERE key_id = ?", milk_).run();
+    Query(window_->db(), "UPDATE cat SET key_id = 10000 WHERE key_id = ?", produce_).run();
+    load();
+    const QStringList before = table_dump(window_->db());
+    QTreeWidgetItem* item = folder(dairy_)->child(1);
+    QTreeWidgetItem* category = tree().topLevelItem(1);
+    QCOMPARE(item->text(0) + category->text(0), QStringLiteral("MilkProduce"));
+    MessageScript script;
+    script.expect(QStringLiteral("Warning"), QStringLiteral("Stock item not found"));
+    rename(item, QStringLiteral("Cream"));
+    QTRY_COMPARE(script.left(), 0);
+    press_delete();
+    script.expect(QStringLiteral("Warning"), QStringLiteral("Stock category not found"));
+    rename(category, QStringLiteral("Fruit"));
     QTRY_COMPARE(script.left(), 0);
     QCOMPARE(table_dump(window_->db()), before);
 }

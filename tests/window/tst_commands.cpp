@@ -33,6 +33,7 @@ class tst_commands : public QObject {
     Q_OBJECT
 private slots:
     void menu_bar_has_its_menus_in_order();
+    void each_menu_of_the_bar_has_a_letter_of_its_own_and_a_caption_without_it();
     void menus_have_their_items_in_order_data();
     void menus_have_their_items_in_order();
     void pop_ups_are_not_on_the_bar();
@@ -56,11 +57,25 @@ void tst_commands::menu_bar_has_its_menus_in_order()
     frmmain main(w.environment());
     QStringList menus;
     for (const QAction* action : main.menuBar()->actions())
-        menus << action->objectName() + QLatin1Char('=') + action->text();
+        menus << action->objectName() + QLatin1Char('=') + action->text().remove(u'&');
     const QStringList expected{QStringLiteral("mnu_list=Shopping lists"), QStringLiteral("mnu_recipe=Recipes"),
                                QStringLiteral("mnu_edit=Stock"),          QStringLiteral("mnu_tools=Tools"),
                                QStringLiteral("mnu_view=View"),           QStringLiteral("mnu_help=Help")};
     QCOMPARE(menus, expected);
+}
+
+void tst_commands::each_menu_of_the_bar_has_a_letter_of_its_own_and_a_caption_without_it()
+{
+    TestWindow w;
+    frmmain main(w.environment());
+    QSet<QString> letters;
+    for (const QAction* action : main.menuBar()->actions()) {
+        const QString title = action->menu()->title();
+        QCOMPARE(title.count(u'&'), 1);
+        letters.insert(title.mid(title.indexOf(u'&') + 1, 1).toLower());
+        QVERIFY(!main.commands().caption(action->objectName()).contains(u'&'));
+    }
+    QCOMPARE(letters.size(), 6);
 }
 
 void tst_commands::menus_have_their_items_in_order_data()

@@ -1,6 +1,8 @@
 #include "shots/scenes.h"
 
+#include "shots/drag_scenes.h"
 #include "shots/print_scenes.h"
+#include "shots/stock_scenes.h"
 #include "shots/studio.h"
 
 #include "window/frmsplash.h"
@@ -191,8 +193,7 @@ void clearing(Studio& studio, int points)
         studio.with_dialog(
             [&] { studio.command(QStringLiteral("mnu_list_clear")); },
             [&](QDialog& dialog) {
-                QWidget* const choice = studio.visible_child(QStringLiteral("Option1(%1)").arg(option), &dialog);
-                studio.click(choice, {10, choice ? choice->height() / 2 : 0});
+                studio.click(studio.visible_child(QStringLiteral("Option1(%1)").arg(option), &dialog));
                 studio.with_dialog(
                     [&] { studio.click(studio.visible_child(QStringLiteral("Command1(0)"), &dialog)); },
                     [&](QDialog&) {
@@ -331,12 +332,14 @@ void play_all(Studio& studio)
         item_editor_modes(studio, points);
         line_editor(studio, points);
         other_recipe_pages(studio, points);
+        stock_scenes(studio, points);
         for (const int color : {0, 1, 2}) {
             studio.start(look(points, color));
             click_cell(studio, 1, grid_column::item);
             studio.shot(QStringLiteral("list-%1pt-color-%2").arg(points).arg(color));
         }
         empty_program(studio, points);
+        drag_scenes(studio, points);
     }
     print_scenes(studio);
 }

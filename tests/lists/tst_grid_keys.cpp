@@ -1,0 +1,256 @@
+#include "lists/editing_window.h"
+#include "window/commands.h"
+
+#include <QMenu>
+
+using namespace tarnwick;
+
+/// What the keys do in the main window's grid and in the boxes of an open row.
+class tst_grid_keys : public QObject {
+    Q_OBJECT
+private slots:
+    void space_ticks_the_current_row_once();
+    void enter_and_f2_go_into_the_description_data();
+    void enter_and_f2_go_into_the_description();
+    void a_letter_starts_the_description_and_a_digit_the_quantity();
+    void a_command_key_types_nothing();
+    void home_end_and_page_keys_move_the_current_row();
+    void the_menu_key_opens_the_pop_up_of_the_row();
+    void escape_gives_back_what_the_box_had_and_closes_data();
+    void escape_gives_back_what_the_box_had_and_closes();
+    void escape_leaves_the_other_boxes_as_they_were_left();
+    void one_click_into_a_text_cell_puts_the_caret_there_data();
+    void one_click_into_a_text_cell_puts_the_caret_there();
+    void a_click_on_a_name_leaves_the_keyboard_in_the_grid();
+    void keys_on_a_list_without_rows_do_nothing();
+};
+
+void tst_grid_keys::space_ticks_the_current_row_once()
+{
+    EditingWindow w;
+    w.row(QStringLiteral("Butter"));
+    const Key cream = w.row(QStringLiteral("Cream"));
+    w.open();
+    w.grid().setFocus();
+    QTest::keyClick(&w.grid(), Qt::Key_Down);
+    QTest::keyPress(&w.grid(), Qt::Key_Space);
+    QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
+    QCoreApplication::sendEvent(&w.grid(), &repeat);
+    QCOMPARE(w.field(cream, "to_get"), QStringLiteral("[0]"));
+    QTest::keyClick(&w.grid(), Qt::Key_Space);
+    QCOMPARE(w.field(cream, "to_get"), QStringLiteral("[1]"));
+    QCOMPARE(w.number("SELECT count(*) FROM groc_1 WHERE to_get = 1"), 2);
+    QVERIFY(w.grid().hasFocus());
+}
+
+void tst_grid_keys::enter_and_f2_go_into_the_description_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<bool>("open");
+    QTest::newRow("Enter") << Qt::Key_Return << false;
+    QTest::newRow("Enter, keypad") << Qt::Key_Enter << false;
+    QTest::newRow("F2") << Qt::Key_F2 << false;
+    QTest::newRow("Enter, open row") << Qt::Key_Return << true;
+    QTest::newRow("F2, open row") << Qt::Key_F2 << true;
+}
+
+void tst_grid_keys::enter_and_f2_go_into_the_description()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(bool, open);
+    EditingWindow w;
+    w.row(QStringLiteral("Butter"), QStringLiteral("salted"));
+    w.open();
+    if (open)
+        w.open_row(0);
+    w.grid().setFocus();
+    QTest::keyClick(&w.grid(), key);
+    QVERIFY(w.box("desc_brdr").hasFocus());
+    QCOMPARE(w.box("desc_brdr").cursorPosition(), 6);
+    QTest::keyClick(&w.box("desc_brdr"), Qt::Key_Return);
+    QVERIFY(!w.editor().is_open());
+    QVERIFY(w.grid().hasFocus());
+}
+
+void tst_grid_keys::a_letter_starts_the_description_and_a_digit_the_quantity()
+{
+    EditingWindow w;
+    const Key butter = w.row(QStringLiteral("Butter"), QStringLiteral("salted"), QStringLiteral("2 lb"));
+    w.open();
+    w.grid().setFocus();
+    QTest::keyClicks(&w.grid(), QStringLiteral("f"));
+    QVERIFY(w.box("desc_brdr").hasFocus());
+    QTest::keyClicks(&w.box("desc_brdr"), QStringLiteral("resh"));
+    QCOMPARE(w.field(butter, "desc"), QStringLiteral("[fresh]"));
+    QTest::keyClick(&w.box("desc_brdr"), Qt::Key_Return);
+    QTest::keyClicks(&w.grid(), QStringLiteral("3"));
+    QVERIFY(w.box("qty_brdr").hasFocus());
+    QTest::keyClicks(&w.box("qty_brdr"), QStringLiteral("0"));
+    QCOMPARE(w.field(butter, "qty"), QStringLiteral("[30]"));
+    QCOMPARE(w.field(butter, "desc"), QStringLiteral("[fresh]"));
+}
+
+void tst_grid_keys::a_command_key_types_nothing()
+{
+    EditingWindow w;
+    const Key butter = w.row(QStringLiteral("Butter"), QStringLiteral("salted"));
+    w.open();
+    w.grid().setFocus();
+    for (const auto held : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier})
+        QTest::keyClick(&w.grid(), Qt::Key_B, held);
+    QTest::keyClick(&w.grid(), Qt::Key_Shift);
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.field(butter, "desc"), QStringLiteral("[salted]"));
+}
+
+void tst_grid_keys::home_end_and_page_keys_move_the_current_row()
+{
+    EditingWindow w;
+    w.rows(100);
+    w.open();
+    w.grid().setFocus();
+    const auto expect = [&w](Qt::Key key, int row) {
+        QTest::keyClick(&w.grid(), key);
+        QCOMPARE(w.grid().current_row(), row);
+        QVERIFY(w.grid().row_is_visible(row));
+        QCOMPARE(w.editor().edit_row(), row);
+        QVERIFY(w.grid().hasFocus());
+    };
+    const int page = w.grid().rows_in_view() - 1;
+    QVERIFY(page > 3);
+    expect(Qt::Key_End, 99);
+    expect(Qt::Key_PageUp, 99 - page);
+    expect(Qt::Key_Home, 0);
+    expect(Qt::Key_PageDown, page);
+    expect(Qt::Key_PageDown, 2 * page);
+    expect(Qt::Key_End, 99);
+    expect(Qt::Key_PageDown, 99);
+    QCOMPARE(w.number("SELECT count(*) FROM groc_1"), 100);
+}
+
+void tst_grid_keys::the_menu_key_opens_the_pop_up_of_the_row()
+{
+    EditingWindow w;
+    w.rows(60);
+    w.open();
+    w.grid().setFocus();
+    QTest::keyClick(&w.grid(), Qt::Key_Down);
+    w.grid().set_top_row(20);
+    QTest::keyClick(&w.grid(), Qt::Key_Menu);
+    QMenu& menu = w.main().commands().menu(QStringLiteral("mnu_lv"));
+    QVERIFY(menu.isVisible());
+    QVERIFY(!w.editor().is_open());
+    QVERIFY(w.grid().row_is_visible(1));
+    QVERIFY(w.grid().rows().row(1).bold);
+    menu.close();
+    w.main().commands().action(QStringLiteral("mnu_lv_di")).trigger();
+    QCOMPARE(w.cell(1, grid_column::item), QStringLiteral("Item 002"));
+}
+
+void tst_grid_keys::escape_gives_back_what_the_box_had_and_closes_data()
+{
+    QTest::addColumn<QByteArray>("box");
+    QTest::addColumn<QByteArray>("field");
+    QTest::addColumn<QString>("before");
+    QTest::newRow("description") << QByteArray("desc_brdr") << QByteArray("desc") << QStringLiteral("salted");
+    QTest::newRow("quantity") << QByteArray("qty_brdr") << QByteArray("qty") << QStringLiteral("2 lb");
+    QTest::newRow("aisle") << QByteArray("aisle_brdr") << QByteArray("aisle") << QStringLiteral("7");
+    QTest::newRow("an empty one") << QByteArray("qty_brdr") << QByteArray("qty") << QStringLiteral(" ");
+}
+
+void tst_grid_keys::escape_gives_back_what_the_box_had_and_closes()
+{
+    QFETCH(QByteArray, box);
+    QFETCH(QByteArray, field);
+    QFETCH(QString, before);
+    EditingWindow w;
+    const Key butter
+        = w.row(QStringLiteral("Butter"), QStringLiteral("salted"), QStringLiteral("2 lb"), QStringLiteral("7"));
+    Query(w.db(), std::string("UPDATE groc_1 SET ") + field.constData() + " = ?", before).run();
+    w.open();
+    w.open_row(0);
+    w.type_into(box.constData(), QStringLiteral("other"));
+    QCOMPARE(w.field(butter, field.constData()), QStringLiteral("[other]"));
+    QTest::keyClick(&w.box(box.constData()), Qt::Key_Escape);
+    QCOMPARE(w.field(butter, field.constData()), u'[' + before + u']');
+    QCOMPARE(w.cell(0, grid_column::item), QStringLiteral("Butter"));
+    QVERIFY(!w.editor().is_open());
+    QVERIFY(w.grid().hasFocus());
+}
+
+void tst_grid_keys::escape_leaves_the_other_boxes_as_they_were_left()
+{
+    EditingWindow w;
+    const Key butter = w.row(QStringLiteral("Butter"), QStringLiteral("salted"), QStringLiteral("2"));
+    w.open();
+    w.open_row(0);
+    w.type_into("desc_brdr", QStringLiteral("fresh"));
+    QTest::keyClick(&w.box("desc_brdr"), Qt::Key_Right);
+    QVERIFY(w.box("qty_brdr").hasFocus());
+    QTest::keyClicks(&w.box("qty_brdr"), QStringLiteral("1"));
+    QCOMPARE(w.field(butter, "qty"), QStringLiteral("[12]"));
+    QTest::keyClick(&w.box("qty_brdr"), Qt::Key_Escape);
+    QCOMPARE(w.field(butter, "qty"), QStringLiteral("[2]"));
+    QCOMPARE(w.field(butter, "desc"), QStringLiteral("[fresh]"));
+}
+
+void tst_grid_keys::one_click_into_a_text_cell_puts_the_caret_there_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QByteArray>("box");
+    QTest::newRow("description") << grid_column::desc << QByteArray("desc_brdr");
+    QTest::newRow("quantity") << grid_column::qty << QByteArray("qty_brdr");
+    QTest::newRow("aisle") << grid_column::aisle << QByteArray("aisle_brdr");
+}
+
+void tst_grid_keys::one_click_into_a_text_cell_puts_the_caret_there()
+{
+    QFETCH(int, column);
+    QFETCH(QByteArray, box);
+    EditingWindow w;
+    w.row(QStringLiteral("Butter"), QStringLiteral("aaaaaaaa"), QStringLiteral("aa"), QStringLiteral("aa"));
+    w.row(QStringLiteral("Cream"));
+    w.open();
+    const QRect cell = w.grid().cell_rect(0, column);
+    const QPoint left = w.grid().viewport()->mapFrom(w.grid().parentWidget(), cell.center());
+    QTest::mouseClick(w.grid().viewport(), Qt::LeftButton, {}, QPoint(left.x() - cell.width() / 2 + 4, left.y()));
+    QVERIFY(w.box(box.constData()).hasFocus());
+    QCOMPARE(w.box(box.constData()).cursorPosition(), 0);
+    QTest::keyClicks(&w.box(box.constData()), QStringLiteral("b"));
+    QVERIFY(w.cell(0, column).startsWith(QStringLiteral("baa")));
+
+    w.click_cell(1, column);
+    QCOMPARE(w.editor().edit_row(), 1);
+    QVERIFY(w.box(box.constData()).hasFocus());
+    QTest::keyClicks(&w.box(box.constData()), QStringLiteral("4"));
+    QCOMPARE(w.cell(1, column), QStringLiteral("4"));
+}
+
+void tst_grid_keys::a_click_on_a_name_leaves_the_keyboard_in_the_grid()
+{
+    EditingWindow w;
+    w.row(QStringLiteral("Butter"));
+    w.open();
+    for (const int column : {grid_column::item, grid_column::coupon, grid_column::check}) {
+        w.click_cell(0, column);
+        QVERIFY(w.grid().hasFocus());
+        w.editor().lv_edit_off();
+    }
+}
+
+void tst_grid_keys::keys_on_a_list_without_rows_do_nothing()
+{
+    EditingWindow w;
+    w.load();
+    w.main().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&w.main()));
+    w.grid().setFocus();
+    for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_F2, Qt::Key_A, Qt::Key_Home, Qt::Key_End,
+                           Qt::Key_PageDown, Qt::Key_Menu, Qt::Key_Delete, Qt::Key_Escape})
+        QTest::keyClick(&w.grid(), key);
+    QVERIFY(!w.editor().is_open());
+    QVERIFY(w.grid().hasFocus());
+}
+
+QTEST_MAIN(tst_grid_keys)
+#include "tst_grid_keys.moc"
