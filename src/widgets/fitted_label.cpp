@@ -1,7 +1,5 @@
 #include "widgets/fitted_label.h"
 
-#include "widgets/fitted_text.h"
-
 #include <QPainter>
 
 namespace tarnwick {
@@ -9,7 +7,7 @@ namespace tarnwick {
 void FittedLabel::paintEvent(QPaintEvent*)
 {
     const QRect room = contentsRect();
-    const FittedText shown = fit_text(text(), font(), room.width());
+    const FittedText shown = fit_text(text(), font(), room.width(), narrowest_);
     QPainter painter(this);
     painter.setFont(shown.font);
     painter.setPen(palette().color(foregroundRole()));

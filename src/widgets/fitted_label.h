@@ -1,5 +1,7 @@
 #pragma once
 
+#include "widgets/fitted_text.h"
+
 #include <QLabel>
 
 namespace tarnwick {
@@ -9,8 +11,13 @@ class FittedLabel : public QLabel {
 public:
     using QLabel::QLabel;
 
+    void set_narrowest(int percent) { narrowest_ = percent; }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    int narrowest_ = narrowest_type;
 };
 
 } // namespace tarnwick

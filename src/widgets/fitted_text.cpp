@@ -36,12 +36,12 @@ QString leading_number(const QString& text)
 
 } // namespace
 
-FittedText fit_text(const QString& text, const QFont& font, int width)
+FittedText fit_text(const QString& text, const QFont& font, int width, int narrowest)
 {
-    if (const auto fitting = fitting_font(text, font, width, narrowest_type))
+    if (const auto fitting = fitting_font(text, font, width, narrowest))
         return {text, *fitting, false};
     QFont narrow = font;
-    narrow.setStretch(narrowest_type);
+    narrow.setStretch(narrowest);
     const QFontMetrics metrics(narrow);
     QString shown = metrics.elidedText(text, Qt::ElideRight, width);
     if (!shown.startsWith(text.front())) { // no room for more than the sign of the cut: rather a letter or two

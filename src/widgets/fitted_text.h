@@ -15,8 +15,8 @@ struct FittedText {
     bool cut = false; ///< it is not the whole text
 };
 
-/// The text for a width in pixels: in its own type, in a narrower one down to `narrowest_type`, or cut at its end.
-FittedText fit_text(const QString& text, const QFont& font, int width);
+/// The text for a width in pixels: in its own type, in a narrower one down to so many percent, or cut at its end.
+FittedText fit_text(const QString& text, const QFont& font, int width, int narrowest = narrowest_type);
 
 /// The same for a quantity, a date or an aisle, which is never cut inside the number that it begins with: rather
 /// the number alone is shown, in still narrower type where it must, or else no part of it.

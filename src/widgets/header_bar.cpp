@@ -25,6 +25,7 @@ constexpr int box_inset = 23;
 constexpr int tick_size = 12;
 constexpr int tick_margin = 2;
 constexpr int text_margin = 3;
+constexpr int narrowest_caption = 65; ///< percent
 constexpr int first_type_size = 9;
 constexpr int grip_room = 6; ///< what a caption leaves to the grip at its right
 
@@ -117,7 +118,9 @@ HeaderBar::HeaderBar(ListGrid& grid, QWidget* parent)
     const QString captions[] = {QStringLiteral("Buy-it    Item"), QStringLiteral("Description"),
                                 QStringLiteral("Qty"), QStringLiteral("Cpn  Expry"), QStringLiteral("Asl")};
     for (int i = 0; i < 5; ++i) {
-        labels_[i] = new FittedLabel(parent);
+        auto* label = new FittedLabel(parent);
+        label->set_narrowest(narrowest_caption);
+        labels_[i] = label;
         labels_[i]->setObjectName(numbered("listheader_lbl", i));
         labels_[i]->setTextFormat(Qt::PlainText);
         labels_[i]->setText(captions[i]);
@@ -208,10 +211,13 @@ void HeaderBar::place_cells(const QRect& bar)
 void HeaderBar::place_label(int index, int left, int right, const QRect& bar)
 {
     QLabel& label = *labels_[index];
-    int room = right - left - text_margin;
+    // The narrowest column has no pixel to spare between its caption and its box.
+    const bool is_narrowest = index == 4;
+    const int margin = is_narrowest ? 1 : text_margin;
+    int room = right - left - margin;
     if (index >= 3)
-        room -= tick_size + tick_margin;
-    label.setGeometry(left + text_margin, bar.top(), std::max(room, 0), bar.height() - 1);
+        room -= tick_size + (is_narrowest ? tick_margin : 2 * tick_margin);
+    label.setGeometry(left + margin, bar.top(), std::max(room, 0), bar.height() - 1);
 }
 
 int HeaderBar::waiting_boxes_width() const

@@ -132,7 +132,9 @@ void Studio::shot(const QString& name)
         fault(name + QStringLiteral(": no window to be seen"));
         return;
     }
-    QImage image(scene.size(), QImage::Format_RGB32);
+    const qreal scale = windows.front()->devicePixelRatioF();
+    QImage image((QSizeF(scene.size()) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
     image.fill(QColor(0x60, 0x68, 0x70));
     QPainter painter(&image);
     painter.setPen(QColor(0x40, 0x48, 0x50));
