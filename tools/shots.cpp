@@ -1,6 +1,8 @@
 // shots PROGRAM_FOLDER PICTURES [dark]: opens the real window on the database of a program folder, brings it into
 // every state there is by mouse and keyboard, and writes numbered PNG files. Ends with 0 only when all are made.
+// shots PROGRAM_FOLDER PICTURES help: draws the pictures of the help instead, under their names.
 
+#include "shots/help_scenes.h"
 #include "shots/scenes.h"
 #include "shots/studio.h"
 
@@ -29,9 +31,11 @@ int main(int argc, char** argv)
     tarnwick::Application application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QApplication::arguments();
-    const bool dark = arguments.size() == 4 && arguments[3] == QLatin1String("dark");
-    if (arguments.size() != 3 && !dark) {
-        std::fputs("usage: shots PROGRAM_FOLDER PICTURES [dark]\n", stderr);
+    const QString kind = arguments.value(3);
+    const bool for_help = kind == QLatin1String("help");
+    const bool dark = kind == QLatin1String("dark");
+    if (arguments.size() < 3 || arguments.size() > 4 || (arguments.size() == 4 && !for_help && !dark)) {
+        std::fputs("usage: shots PROGRAM_FOLDER PICTURES [help|dark]\n", stderr);
         return 2;
     }
     if (dark)
@@ -42,7 +46,10 @@ int main(int argc, char** argv)
     }
     tarnwick::shots::Studio studio(arguments[1], arguments[2]);
     try {
-        tarnwick::shots::play_all(studio);
+        if (for_help)
+            tarnwick::shots::help_pictures(studio);
+        else
+            tarnwick::shots::play_all(studio);
     } catch (const std::exception& error) {
         studio.fault(QString::fromUtf8(error.what()));
     }
