@@ -3,6 +3,7 @@
 
 #include "drags.h"
 #include "loads.h"
+#include "looks.h"
 #include "printing.h"
 #include "processes.h"
 #include "recipes.h"
@@ -35,6 +36,8 @@ constexpr std::array parts = {
     Part{"page", measure_recipe_page},
     Part{"item_box", measure_item_keystroke},
     Part{"printing", measure_printing},
+    Part{"find", measure_find},
+    Part{"looks", measure_looks},
     Part{"drags", measure_drags},
     Part{"clearing", measure_clearing},
     Part{"category", measure_category_deletion},

@@ -8,7 +8,7 @@ sources=$(realpath "$(dirname "$0")/..")
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-cp -r "$build/bin/ico" "$folder/"
+cp -r "$build/bin/ico" "$build/bin/help" "$folder/"
 mkdir -p "$folder/twdata" "$pictures"
 "$build/tools/make_database" "$folder/twdata/groc.mdb"
 "$build/tools/load_household" "$sources/tools/sample/household" "$folder/twdata/groc.mdb"

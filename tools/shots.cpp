@@ -1,6 +1,8 @@
 // shots PROGRAM_FOLDER PICTURES: opens the real window on the database of a program folder, brings it into every
 // state there is by mouse and keyboard, and writes numbered PNG files. Ends with 0 only when all are made.
+// shots PROGRAM_FOLDER PICTURES help: draws the pictures of the help instead, under their names.
 
+#include "shots/help_scenes.h"
 #include "shots/scenes.h"
 #include "shots/studio.h"
 
@@ -16,8 +18,9 @@ int main(int argc, char** argv)
     tarnwick::Application application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QApplication::arguments();
-    if (arguments.size() != 3) {
-        std::fputs("usage: shots PROGRAM_FOLDER PICTURES\n", stderr);
+    const bool for_help = arguments.size() == 4 && arguments[3] == QLatin1String("help");
+    if (arguments.size() != 3 && !for_help) {
+        std::fputs("usage: shots PROGRAM_FOLDER PICTURES [help]\n", stderr);
         return 2;
     }
     if (!QDir().mkpath(arguments[2])) {
@@ -26,7 +29,10 @@ int main(int argc, char** argv)
     }
     tarnwick::shots::Studio studio(arguments[1], arguments[2]);
     try {
-        tarnwick::shots::play_all(studio);
+        if (for_help)
+            tarnwick::shots::help_pictures(studio);
+        else
+            tarnwick::shots::play_all(studio);
     } catch (const std::exception& error) {
         studio.fault(QString::fromUtf8(error.what()));
     }

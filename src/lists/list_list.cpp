@@ -120,7 +120,6 @@ list_list::list_list(Connection& connection, Drag& drag, QWidget* owner)
     drag.add_target(*Frame1_, *this);
     connect(VScroll1_, &QScrollBar::valueChanged, this, &list_list::place_rows);
     setMinimumSize(least_size);
-    resize(design_size);
     set_page_color(ground_, text_);
 }
 
@@ -281,6 +280,13 @@ void list_list::set_type_size(int points)
     dialog_font.setPointSize(points == 10 || points == 12 ? points : 9);
     setFont(dialog_font);
     place_rows();
+}
+
+QSize list_list::sizeHint() const
+{
+    constexpr int beside_text = 40;
+    const int text = StatusBar1_->fontMetrics().horizontalAdvance(StatusBar1_->currentMessage());
+    return design_size.expandedTo({text + beside_text, 0});
 }
 
 void list_list::choose(Key key)

@@ -42,6 +42,8 @@ public:
 
     void set_type_size(int points); ///< 9, 10 or 12, any other as 9
 
+    QSize sizeHint() const override; ///< what shows some lists and all of the status bar
+
 signals:
     void list_wanted(tarnwick::Key list); ///< a click on a row: a list's key, 0 all lists
     void new_list_wanted();

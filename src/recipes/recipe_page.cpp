@@ -110,6 +110,7 @@ void RecipePage::make_page()
     label1_->hide();
     set_page_color();
     set_type_size();
+    close_or_open();
 }
 
 void RecipePage::set_page_key(Key recipe)

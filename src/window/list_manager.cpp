@@ -103,7 +103,7 @@ void place(const frmmain& main, list_list& manager)
 {
     QRect place = main.property(kept_place).toRect();
     if (!place.isValid()) {
-        place.setSize(manager.size());
+        place.setSize(manager.sizeHint());
         place.moveTopRight(main.mapToGlobal(QPoint(main.width() - first_offset.x(), first_offset.y())));
     }
     const QRect screen = main.screen()->availableGeometry();

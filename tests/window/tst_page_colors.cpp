@@ -68,6 +68,8 @@ private slots:
     void list_keeps_current_row_and_scroll_place();
     void the_text_of_an_open_row_is_stored();
     void recipe_page_takes_color_and_lights_and_keeps_its_place();
+    void what_lies_behind_keeps_its_place_too();
+    void every_part_of_both_panes_takes_the_color();
     void an_edited_recipe_is_saved();
     void an_index_above_3_is_stored_and_leaves_the_color_as_it_was();
     void without_lists_the_notice_takes_the_color_and_the_captions_stay();
@@ -198,6 +200,55 @@ void tst_page_colors::recipe_page_takes_color_and_lights_and_keeps_its_place()
     QCOMPARE(w.page().lines().front().lite->property("picture").toInt(), picture_base::light_non_stock + 2);
     QVERIFY(!w.main().shared.list_pane_shown);
     QVERIFY(w.page().frame4().isVisible());
+}
+
+void tst_page_colors::what_lies_behind_keeps_its_place_too()
+{
+    RecipeWindow w;
+    const Key list = w.add_list(QStringLiteral("Shop"));
+    for (int i = 0; i < 80; ++i)
+        w.add_row(w.add_item(QStringLiteral("Item %1").arg(i, 2, 10, QLatin1Char('0')), 0), list, true);
+    w.set_pref(QStringLiteral("alist"), QString::number(list));
+    const Key soup = w.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
+    w.add_lines(soup, 60);
+    w.load();
+    w.page().set_recipe(soup);
+    w.main().l_r_refresh();
+    ListGrid& grid = w.main().list_pane().grid();
+    grid.set_top_row(30);
+    grid.set_current(35, grid_column::item);
+    w.page().scroll_bar().setValue(7);
+    set_color(w.main(), 2);
+    QCOMPARE(w.page().scroll_bar().value(), 7);
+    w.trigger(QStringLiteral("mnu_view_shoplist"));
+    QCOMPARE(grid.current_row(), 35);
+    QCOMPARE(grid.top_row(), 30);
+    set_color(w.main(), 1);
+    QCOMPARE(grid.top_row(), 30);
+    w.trigger(QStringLiteral("mnu_view_rcpepages"));
+    QCOMPARE(w.page().scroll_bar().value(), 7);
+    QCOMPARE(w.title().text(), QStringLiteral("Soup"));
+}
+
+void tst_page_colors::every_part_of_both_panes_takes_the_color()
+{
+    RecipeWindow w;
+    const Key soup = w.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
+    w.add_lines(soup, 3);
+    w.load();
+    w.page().set_recipe(soup);
+    set_color(w.main(), 2);
+    for (const char* name : {"Frame3", "Frame4", "Text1", "title", "ingred(0)", "lite(0)", "frmCreateList",
+                             "txtCreateList", "Listview1"}) {
+        const auto* part = w.find<QWidget>(QLatin1String(name));
+        QVERIFY2(part, name);
+        const bool is_ground
+            = part->palette().color(QPalette::Base) == green || part->palette().color(QPalette::Window) == green;
+        QVERIFY2(is_ground
+                     || (!part->autoFillBackground()
+                         && part->parentWidget()->palette().color(QPalette::Window) == green),
+                 name);
+    }
 }
 
 void tst_page_colors::an_edited_recipe_is_saved()

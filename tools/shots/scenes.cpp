@@ -4,6 +4,7 @@
 #include "shots/print_scenes.h"
 #include "shots/stock_scenes.h"
 #include "shots/studio.h"
+#include "shots/window_scenes.h"
 
 #include "window/frmsplash.h"
 #include "window/frmmain.h"
@@ -339,9 +340,11 @@ void play_all(Studio& studio)
             studio.shot(QStringLiteral("list-%1pt-color-%2").arg(points).arg(color));
         }
         empty_program(studio, points);
+        small_windows(studio, points);
         drag_scenes(studio, points);
     }
     print_scenes(studio);
+    help_pages(studio);
 }
 
 } // namespace tarnwick::shots

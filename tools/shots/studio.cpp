@@ -111,39 +111,60 @@ void Studio::settle()
     }
 }
 
-void Studio::shot(const QString& name)
+QImage Studio::scene()
 {
     settle();
     QList<QWidget*> windows;
-    QRect scene;
+    QRect bounds;
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (!window->isVisible() || window->isMinimized())
             continue;
         windows.append(window);
-        scene |= window->geometry();
+        bounds |= window->geometry();
     }
     // The main window lies at the bottom; pop-up windows were opened from what is below them.
     const auto height_of = [this](const QWidget* window) {
-        return window == main_.get() ? 0 : window->windowType() == Qt::Popup ? 2 : 1;
+        if (window == main_.get())
+            return 0;
+        const Qt::WindowType type = window->windowType();
+        return type == Qt::ToolTip ? 3 : type == Qt::Popup ? 2 : 1;
     };
     std::stable_sort(windows.begin(), windows.end(),
                      [&](const QWidget* left, const QWidget* right) { return height_of(left) < height_of(right); });
-    if (scene.isEmpty()) {
-        fault(name + QStringLiteral(": no window to be seen"));
-        return;
-    }
-    QImage image(scene.size(), QImage::Format_RGB32);
+    if (bounds.isEmpty())
+        return {};
+    QImage image(bounds.size(), QImage::Format_RGB32);
     image.fill(QColor(0x60, 0x68, 0x70));
     QPainter painter(&image);
     painter.setPen(QColor(0x40, 0x48, 0x50));
     for (QWidget* window : windows) {
-        const QRect place = window->geometry().translated(-scene.topLeft());
+        const QRect place = window->geometry().translated(-bounds.topLeft());
         painter.drawPixmap(place.topLeft(), window->grab());
         // The frame that a window manager would give it, so that dialogs stand out.
         if (window != main_.get())
             painter.drawRect(place.adjusted(-1, -1, 0, 0));
     }
-    painter.end();
+    return image;
+}
+
+void Studio::keep(const QString& name, const QImage& image)
+{
+    const QString file = QStringLiteral("%1/%2.png").arg(pictures_, name);
+    const QImage small
+        = image.hasAlphaChannel() ? image : image.convertToFormat(QImage::Format_Indexed8, Qt::AvoidDither);
+    if (image.isNull() || !small.save(file, "PNG", 0))
+        fault(QStringLiteral("cannot write ") + file);
+    else
+        ++taken_;
+}
+
+void Studio::shot(const QString& name)
+{
+    const QImage image = scene();
+    if (image.isNull()) {
+        fault(name + QStringLiteral(": no window to be seen"));
+        return;
+    }
     const QString file
         = QStringLiteral("%1/%2-%3.png").arg(pictures_).arg(taken_ + 1, 3, 10, QLatin1Char('0')).arg(name);
     if (!image.save(file)) {

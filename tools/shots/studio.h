@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QImage>
 #include <QObject>
 #include <QPoint>
 #include <QSize>
@@ -43,6 +44,12 @@ public:
 
     /// Writes all visible windows, as they lie on the screen, into the next picture.
     void shot(const QString& name);
+
+    /// All visible windows as they lie on the screen, the main window at the bottom; null where there is none.
+    QImage scene();
+
+    /// Writes a picture under its name alone, in as few bytes as its colours need.
+    void keep(const QString& name, const QImage& image);
 
     /// Prints by a command of the window into a PDF file beside the pictures.
     void print(const QString& name, const QString& command);
