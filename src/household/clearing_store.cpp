@@ -10,13 +10,13 @@
 namespace tarnwick {
 namespace {
 
-std::string_view rows_sql(int mode)
+std::string_view rows_sql(ClearMode mode)
 {
     switch (mode) {
-    case clear_mode::uncheck:
+    case ClearMode::uncheck:
         return "SELECT g1.key_id, t.item_id FROM groc_1 g1, tie t"
                " WHERE g1.key_id = t.groc_id AND t.list = ? AND g1.to_get <> 0";
-    case clear_mode::delete_unchecked:
+    case ClearMode::delete_unchecked:
         return "SELECT g1.key_id, t.item_id FROM groc_1 g1, tie t"
                " WHERE g1.key_id = t.groc_id AND t.list = ? AND g1.to_get = 0";
     default:
@@ -24,7 +24,7 @@ std::string_view rows_sql(int mode)
     }
 }
 
-std::vector<LinkedRow> rows_to_clear(Connection& connection, Key list, int mode)
+std::vector<LinkedRow> rows_to_clear(Connection& connection, Key list, ClearMode mode)
 {
     std::vector<LinkedRow> rows;
     Query query(connection, rows_sql(mode), list);
@@ -34,13 +34,13 @@ std::vector<LinkedRow> rows_to_clear(Connection& connection, Key list, int mode)
 }
 
 /// Links of rows that are gone are left to the repair.
-std::string_view change_sql(int mode)
+std::string_view change_sql(ClearMode mode)
 {
     switch (mode) {
-    case clear_mode::uncheck:
+    case ClearMode::uncheck:
         return "UPDATE groc_1 SET to_get = 0"
                " WHERE to_get <> 0 AND key_id IN (SELECT t.groc_id FROM tie t WHERE t.list = ?)";
-    case clear_mode::delete_unchecked:
+    case ClearMode::delete_unchecked:
         return "DELETE FROM groc_1"
                " WHERE to_get = 0 AND key_id IN (SELECT t.groc_id FROM tie t WHERE t.list = ?)";
     default:
@@ -64,12 +64,12 @@ std::vector<ItemStatus> write_items(Connection& connection, const std::vector<Li
 
 } // namespace
 
-bool has_rows_to_clear(Connection& connection, Key list, int mode)
+bool has_rows_to_clear(Connection& connection, Key list, ClearMode mode)
 {
     return Query(connection, rows_sql(mode), list).next();
 }
 
-ClearedRows clear_rows(Connection& connection, Key list, int mode)
+ClearedRows clear_rows(Connection& connection, Key list, ClearMode mode)
 {
     Transaction transaction(connection);
     ClearedRows cleared;
