@@ -28,6 +28,7 @@ public:
     void set_selected(bool selected); ///< the whole text is marked, or nothing
 
     void drag_begun() override { dragged_ = true; }
+    QFont drag_font() const override { return font(); }
     void drag_ended(DragEnd) override { }
 
 signals:

@@ -87,13 +87,14 @@ void Drag::begin(DragSource& source, const DragPayload& payload, QPoint global)
     qApp->installEventFilter(this);
     QApplication::setOverrideCursor(pointer_of(payload_.kind, DragSign::plain));
     edge_timer_->start();
-    show_label();
+    fill_label();
     move_to(global);
 }
 
-void Drag::show_label()
+void Drag::fill_label()
 {
     QLabel& shown = label();
+    shown.setFont(source_->drag_font());
     shown.setText(shown.fontMetrics().elidedText(payload_.caption, Qt::ElideRight, widest_caption));
     shown.adjustSize();
 }

@@ -2,6 +2,7 @@
 
 #include "data/text.h"
 
+#include <QFont>
 #include <QObject>
 #include <QPoint>
 #include <QPointer>
@@ -62,6 +63,8 @@ public:
 
     virtual void drag_begun() { }
 
+    virtual QFont drag_font() const { return {}; } ///< of what is dragged, on the label
+
     /// The drag is over; a drop is still to do its work.
     virtual void drag_ended(DragEnd end) = 0;
 };
@@ -103,7 +106,7 @@ private:
     };
     QLabel& label() const;
     QLabel* make_label(const QString& name);
-    void show_label();
+    void fill_label();
     QWidget* window_at(QPoint global) const;
     Place place_at(QPoint global) const;
     DragSign sign_at(const Place& place, QPoint global) const;

@@ -92,6 +92,7 @@ public:
     int row_height() const; ///< pixels, of every row
 
     void drag_begun() override;
+    QFont drag_font() const override { return font(); }
     void drag_ended(DragEnd end) override;
 
     /// After a drag: the next release does its work again, and only the click on a node is still spent.

@@ -5,6 +5,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QTabBar>
 
 using namespace tarnwick;
 
@@ -281,17 +282,27 @@ void tst_recipe_page::a_page_first_shown_when_all_recipes_are_gone_has_no_title(
 void tst_recipe_page::a_page_without_a_recipe_is_closed_to_typing_data()
 {
     QTest::addColumn<QString>("arcp");
-    QTest::newRow("none chosen yet") << QStringLiteral("0");
-    QTest::newRow("a recipe that is gone") << QStringLiteral("77");
+    QTest::addColumn<bool>("starts_on_list");
+    QTest::newRow("none chosen yet") << QStringLiteral("0") << false;
+    QTest::newRow("a recipe that is gone") << QStringLiteral("77") << false;
+    QTest::newRow("none chosen yet, a start on the list") << QStringLiteral("0") << true;
+    QTest::newRow("a recipe that is gone, a start on the list") << QStringLiteral("77") << true;
 }
 
 void tst_recipe_page::a_page_without_a_recipe_is_closed_to_typing()
 {
     QFETCH(QString, arcp);
+    QFETCH(bool, starts_on_list);
     RecipeWindow window;
     const Key soup = window.add_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
     window.set_pref(QStringLiteral("arcp"), arcp);
+    if (starts_on_list)
+        window.set_pref(QStringLiteral("lv_view"), QStringLiteral("1"));
     window.load();
+    if (starts_on_list) {
+        auto* tabs = window.find<QTabBar>(QStringLiteral("TabStrip1(1)"));
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
+    }
     QVERIFY(!window.page().has_recipe());
     QCOMPARE(window.main().shared.cur_recipe_name, QString());
     QCOMPARE(window.tag(QStringLiteral("title")), QStringLiteral("-1"));

@@ -42,6 +42,7 @@ struct Box : DragTarget {
 struct Source : DragSource {
     int released = 0;
     int cancelled = 0;
+    QFont drag_font() const override { return QFont(QStringLiteral("Sans"), 17); }
     void drag_ended(DragEnd end) override { ++(end == DragEnd::released ? released : cancelled); }
 };
 
@@ -120,6 +121,7 @@ void tst_drag::label_bears_the_caption_and_is_shown_only_while_dragged()
     form.begin();
     QCOMPARE(form.label().text(), QStringLiteral("Eggs"));
     QVERIFY(form.label().isVisible());
+    QCOMPARE(form.label().font().pointSize(), 17);
     form.move(100, 150);
     QVERIFY(!form.label().geometry().contains(form.screen(100, 150)));
     QVERIFY((form.label().pos() - form.screen(100, 150)).manhattanLength() < 60);

@@ -124,7 +124,10 @@ QImage Studio::scene()
     }
     // The main window lies at the bottom; pop-up windows were opened from what is below them.
     const auto height_of = [this](const QWidget* window) {
-        return window == main_.get() ? 0 : window->windowType() == Qt::Popup ? 2 : 1;
+        if (window == main_.get())
+            return 0;
+        const Qt::WindowType type = window->windowType();
+        return type == Qt::ToolTip ? 3 : type == Qt::Popup ? 2 : 1;
     };
     std::stable_sort(windows.begin(), windows.end(),
                      [&](const QWidget* left, const QWidget* right) { return height_of(left) < height_of(right); });
