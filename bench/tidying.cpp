@@ -59,13 +59,13 @@ constexpr const char* integrity_sql = "DELETE FROM tie WHERE item_id NOT IN (SEL
                                       "DELETE FROM tie WHERE groc_id NOT IN (SELECT key_id FROM groc_1);";
 
 /// The change of a clearing by the shortest way.
-std::string bare_clearing(int mode)
+std::string bare_clearing(ClearMode mode)
 {
     const std::array conditions = {" AND g.to_get <> 0", " AND g.to_get = 0", ""};
     const std::string rows = std::string("CREATE TEMP TABLE cleared AS SELECT g.key_id AS row, t.item_id AS item"
                                          " FROM groc_1 g, tie t WHERE g.key_id = t.groc_id AND t.list = 1")
-        + conditions.at(static_cast<size_t>(mode - 1)) + ";";
-    const std::string change = mode == clear_mode::uncheck
+        + conditions.at(static_cast<size_t>(mode) - 1) + ";";
+    const std::string change = mode == ClearMode::uncheck
         ? "UPDATE groc_1 SET to_get = 0 WHERE key_id IN (SELECT row FROM cleared);"
         : "DELETE FROM tie WHERE groc_id IN (SELECT row FROM cleared);"
           "DELETE FROM groc_1 WHERE key_id IN (SELECT row FROM cleared);";
@@ -135,10 +135,10 @@ void measure_clearing()
     twice.keep();
     const std::array names
         = {"unchecking a list of 5,000 rows", "deleting the unchecked of 5,000 rows", "deleting all of 5,000 rows"};
-    for (const int mode : {clear_mode::uncheck, clear_mode::delete_unchecked, clear_mode::delete_all})
+    for (const ClearMode mode : {ClearMode::uncheck, ClearMode::delete_unchecked, ClearMode::delete_all})
         print_against_bare_and_half(
             window, twice, [mode](TidyWindow& in) { in->clearing().clear_list(mode); }, bare_clearing(mode),
-            names.at(static_cast<size_t>(mode - 1)), "the same of 10,000 rows : of 5,000 rows");
+            names.at(static_cast<size_t>(mode) - 1), "the same of 10,000 rows : of 5,000 rows");
 }
 
 void measure_category_deletion()

@@ -61,9 +61,9 @@ ItemEditGrid::ItemEditGrid(Program& program, QWidget* parent)
     RowEditorHost& host = *this;
     editor_ = std::make_unique<RowEditor>(*grid_, host, this);
     editor_->set_type_size(type_size());
-    if (program_.shared.page_color) {
-        grid_->set_page_color(*program_.shared.page_color, program_.shared.color_index);
-        editor_->set_page_color(*program_.shared.page_color);
+    if (const auto color = program_.shared.page_color()) {
+        grid_->set_page_color(*color, program_.shared.color_index);
+        editor_->set_page_color(*color);
     }
     setFocusProxy(grid_);
     connect(grid_, &ListGrid::mouse_up, this, &ItemEditGrid::mouse_up);

@@ -89,11 +89,11 @@ void lst_clr_dlg::ok()
     if (Option1_[list_option]->isChecked())
         emit delete_wanted();
     else if (Option1_[0]->isChecked())
-        emit clear_wanted(clear_mode::uncheck);
+        emit clear_wanted(ClearMode::uncheck);
     else if (Option1_[1]->isChecked() && is_sure(QStringLiteral("unchecked items")))
-        emit clear_wanted(clear_mode::delete_unchecked);
+        emit clear_wanted(ClearMode::delete_unchecked);
     else if (Option1_[2]->isChecked() && is_sure(QStringLiteral("items")))
-        emit clear_wanted(clear_mode::delete_all);
+        emit clear_wanted(ClearMode::delete_all);
     else
         return;
     accept();

@@ -8,6 +8,8 @@ class QRadioButton;
 
 namespace tarnwick {
 
+enum class ClearMode;
+
 /// The choice of how a list is cleared after shopping. It asks what is to be asked before rows are deleted; what is
 /// wanted then is said by a signal while the dialog is still up.
 class lst_clr_dlg : public QDialog {
@@ -17,7 +19,7 @@ public:
     lst_clr_dlg(QString list_name, int type_size, QWidget* owner);
 
 signals:
-    void clear_wanted(int mode); ///< one of `clear_mode`
+    void clear_wanted(ClearMode mode);
     void delete_wanted(); ///< the list itself; nothing has been asked yet
 
 private:

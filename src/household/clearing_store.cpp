@@ -10,13 +10,13 @@
 namespace tarnwick {
 namespace {
 
-std::string_view rows_sql(int mode)
+std::string_view rows_sql(ClearMode mode)
 {
     switch (mode) {
-    case clear_mode::uncheck:
+    case ClearMode::uncheck:
         return "SELECT g1.key_id, t.item_id FROM groc_1 g1, tie t"
                " WHERE g1.key_id = t.groc_id AND t.list = ? AND g1.to_get <> 0";
-    case clear_mode::delete_unchecked:
+    case ClearMode::delete_unchecked:
         return "SELECT g1.key_id, t.item_id FROM groc_1 g1, tie t"
                " WHERE g1.key_id = t.groc_id AND t.list = ? AND g1.to_get = 0";
     default:
@@ -24,7 +24,7 @@ std::string_view rows_sql(int mode)
     }
 }
 
-std::vector<LinkedRow> rows_to_clear(Connection& connection, Key list, int mode)
+std::vector<LinkedRow> rows_to_clear(Connection& connection, Key list, ClearMode mode)
 {
     std::vector<LinkedRow> rows;
     Query query(connection, rows_sql(mode), list);
@@ -59,19 +59,19 @@ std::vector<ItemStatus> write_items(Connection& connection, const std::vector<Li
 
 } // namespace
 
-bool has_rows_to_clear(Connection& connection, Key list, int mode)
+bool has_rows_to_clear(Connection& connection, Key list, ClearMode mode)
 {
     return Query(connection, rows_sql(mode), list).next();
 }
 
-ClearedRows clear_rows(Connection& connection, Key list, int mode)
+ClearedRows clear_rows(Connection& connection, Key list, ClearMode mode)
 {
     Transaction transaction(connection);
     ClearedRows cleared;
     cleared.rows = rows_to_clear(connection, list, mode);
     const std::vector<LinkedRow>& rows = cleared.rows;
     if (!rows.empty()) {
-        if (mode == clear_mode::uncheck) {
+        if (mode == ClearMode::uncheck) {
             run_for_rows(connection, "UPDATE groc_1 SET to_get = 0 WHERE key_id = ?", rows);
         } else {
             run_for_rows(connection, "DELETE FROM tie WHERE groc_id = ?", rows);

@@ -9,12 +9,8 @@
 
 namespace tarnwick {
 
-/// The ways to clear a list. The numbers are those of `clear_list`.
-namespace clear_mode {
-inline constexpr int uncheck = 1;
-inline constexpr int delete_unchecked = 2;
-inline constexpr int delete_all = 3;
-} // namespace clear_mode
+/// The ways to clear a list; the numbers are those of `clear_list`.
+enum class ClearMode { uncheck = 1, delete_unchecked = 2, delete_all = 3 };
 
 /// A list row and the stock item behind it.
 struct LinkedRow {
@@ -22,8 +18,8 @@ struct LinkedRow {
     Key item;
 };
 
-/// Whether a clearing in this mode, 1 to 3, finds rows on the list.
-bool has_rows_to_clear(Connection& connection, Key list, int mode);
+/// Whether a clearing in this mode finds rows on the list.
+bool has_rows_to_clear(Connection& connection, Key list, ClearMode mode);
 
 /// What a clearing has changed.
 struct ClearedRows {
@@ -33,7 +29,7 @@ struct ClearedRows {
 
 /// Clears a list in mode 1 to 3 and repairs `tie`, in one transaction; without rows nothing is written.
 /// Throws SQLite::Exception.
-ClearedRows clear_rows(Connection& connection, Key list, int mode);
+ClearedRows clear_rows(Connection& connection, Key list, ClearMode mode);
 
 /// Deletes one list row with its link, in one transaction. Returns the stock item behind it; nothing when
 /// the row had no link. Throws SQLite::Exception.

@@ -125,7 +125,7 @@ void Household::remove_row(Key groc_key)
     emit item_changed(change);
 }
 
-Refusal Household::clear_list(Key list, int mode)
+Refusal Household::clear_list(Key list, ClearMode mode)
 {
     if (refusal_of(list) == Refusal::no_list)
         return Refusal::no_list;
@@ -133,7 +133,7 @@ Refusal Household::clear_list(Key list, int mode)
     return Refusal::none;
 }
 
-void Household::announce_cleared(Key list, const ClearedRows& cleared, int mode)
+void Household::announce_cleared(Key list, const ClearedRows& cleared, ClearMode mode)
 {
     if (cleared.rows.empty())
         return;
@@ -142,7 +142,7 @@ void Household::announce_cleared(Key list, const ClearedRows& cleared, int mode)
     for (const ItemStatus& item : cleared.items)
         change.items.push_back(codes_of(change.cause, item, false));
     for (const LinkedRow& row : cleared.rows) {
-        if (mode == clear_mode::uncheck)
+        if (mode == ClearMode::uncheck)
             change.written.push_back(marked_row({row.groc_key, list}, row.item, false));
         else
             change.gone.push_back(row.groc_key);
@@ -221,7 +221,7 @@ Refusal Household::delete_list(Key list)
     if (refusal_of(list) == Refusal::no_list)
         return Refusal::no_list;
     const ListDeletion deletion = tarnwick::delete_list(connection_, list);
-    announce_cleared(list, deletion.cleared, clear_mode::delete_all);
+    announce_cleared(list, deletion.cleared, ClearMode::delete_all);
     emit lists_changed({ListsChange::Kind::deleted, list, {}, deletion.first_list});
     return Refusal::none;
 }

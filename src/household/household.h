@@ -73,8 +73,8 @@ public:
     /// Deletes a list row with its link and repairs `tie`.
     void remove_row(Key groc_key);
 
-    /// Clears a list in mode 1 to 3. Without rows nothing is written or announced.
-    Refusal clear_list(Key list, int mode);
+    /// Clears a list. Without rows nothing is written or announced.
+    Refusal clear_list(Key list, ClearMode mode);
 
     /// The item editor's OK. Returns the item's key. Throws placing_error as well.
     Key save_item(const ItemEdit& edit);
@@ -127,7 +127,7 @@ signals:
 private:
     void announce_mark(Cause cause, const ItemStatus& item, const std::vector<TiedRow>& rows, bool to_get);
     void announce_record(Cause cause, Key item, const std::function<void(ItemRecord&)>& tell);
-    void announce_cleared(Key list, const ClearedRows& cleared, int mode);
+    void announce_cleared(Key list, const ClearedRows& cleared, ClearMode mode);
 
     Connection& connection_;
     Key last_groc_key_ = -1;

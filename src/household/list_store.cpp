@@ -87,16 +87,6 @@ std::vector<GridRow> read_rows(Connection& connection, Key list_key)
     return rows;
 }
 
-std::vector<RowKeys> read_row_keys(Connection& connection, Key list_key)
-{
-    std::vector<RowKeys> rows;
-    Query query = open_rows(connection, list_key);
-    while (query.next())
-        rows.push_back({query.key(field::groc_key), query.key(field::list_key), query.key(field::item_key),
-                        query.flag(field::to_get)});
-    return rows;
-}
-
 std::optional<QString> mark_active(Connection& connection, Key list_key)
 {
     Query record(connection, "SELECT list_name, active FROM list_name WHERE key_id = ?", list_key);

@@ -25,15 +25,6 @@ QString screen_date(const QString& stored);
 /// for a key beyond 16 bits.
 std::vector<GridRow> read_rows(Connection& connection, Key list_key);
 
-/// The keys and buy-it marks of the same rows in the same order, without texts.
-struct RowKeys {
-    Key groc_key = 0;
-    Key list_key = 0;
-    Key item_key = 0;
-    bool to_get = false;
-};
-std::vector<RowKeys> read_row_keys(Connection& connection, Key list_key);
-
 /// Marks a list as active. Returns its name; nothing when there is no such list.
 std::optional<QString> mark_active(Connection& connection, Key list_key);
 

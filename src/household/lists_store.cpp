@@ -60,7 +60,7 @@ ListDeletion delete_list(Connection& connection, Key list)
 {
     Transaction transaction(connection);
     ListDeletion deletion;
-    deletion.cleared = clear_rows(connection, list, clear_mode::delete_all);
+    deletion.cleared = clear_rows(connection, list, ClearMode::delete_all);
     Query(connection, "DELETE FROM list_name WHERE key_id = ?", list).run();
     {
         Query rest(connection, "SELECT key_id FROM list_name LIMIT 1");

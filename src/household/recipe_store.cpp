@@ -148,16 +148,6 @@ std::optional<LineLink> line_link(Connection& connection, Key line)
     return LineLink{query.key(1), query.text(0)};
 }
 
-std::optional<ListPlace> first_placed_row(Connection& connection, Key item)
-{
-    Query query(connection,
-                "SELECT t.list, g1.key_id FROM tie t, groc_1 g1 WHERE t.item_id = ? AND t.groc_id = g1.key_id",
-                item);
-    if (!query.next())
-        return std::nullopt;
-    return ListPlace{query.key(1), query.key(0)};
-}
-
 int mark_item(Connection& connection, Key item, bool to_get)
 {
     Transaction transaction(connection);

@@ -42,12 +42,6 @@ struct LineLink {
     QString item;
 };
 
-/// A row of a shopping list that holds a stock item.
-struct ListPlace {
-    Key groc_key = 0;
-    Key list = 0;
-};
-
 /// The body of a recipe whose user has written nothing.
 const QString& help_text();
 
@@ -85,9 +79,6 @@ void set_recipe_category(Connection& connection, Key recipe, const QString& cat)
 
 /// Nothing when there is no such line.
 std::optional<LineLink> line_link(Connection& connection, Key line);
-
-/// The first list row of a stock item; nothing when it is on no list.
-std::optional<ListPlace> first_placed_row(Connection& connection, Key item);
 
 /// Sets the buy-it mark on all list rows of a stock item and stores its status. Returns the status.
 int mark_item(Connection& connection, Key item, bool to_get);

@@ -110,18 +110,4 @@ QString get_list_name(Connection& connection, Key list)
     return list_name_of(connection, list).value_or(QStringLiteral("All"));
 }
 
-QString trans_status(Connection& connection, const QString& status)
-{
-    if (status == QLatin1String("00"))
-        return QStringLiteral("Not active on any list");
-    QString text;
-    for (qsizetype i = 0; i + 1 < status.size(); i += 2) {
-        if (i > 0)
-            text += separator;
-        text += status[i] == u'1' ? QStringLiteral("Inactive on ") : QStringLiteral("Active on ");
-        text += get_list_name(connection, to_int16(QStringView(status).sliced(i + 1, 1))) + QStringLiteral(" list");
-    }
-    return text;
-}
-
 } // namespace tarnwick

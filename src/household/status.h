@@ -67,7 +67,4 @@ std::optional<QString> list_name_of(Connection& connection, Key list);
 /// The name of a shopping list; "All" when the key has no row.
 QString get_list_name(Connection& connection, Key list);
 
-/// Words for the compact form of list states: pairs of a mark ("1" inactive) and a one-digit list key.
-QString trans_status(Connection& connection, const QString& status);
-
 } // namespace tarnwick

@@ -76,20 +76,4 @@ std::optional<TiedRow> first_tied_row(Connection& connection, Key item)
     return TiedRow{rows.key(0), rows.key(1)};
 }
 
-int plain_status(Connection& connection, Key item)
-{
-    int code = status_code::unlisted;
-    Query rows(connection,
-               "SELECT g.to_get FROM tie t LEFT JOIN groc_1 g ON g.key_id = t.groc_id WHERE t.item_id = ?"
-               " ORDER BY t.key_id",
-               item);
-    while (rows.next()) {
-        if (rows.flag(0))
-            return status_code::buy_it;
-        if (!rows.is_null(0))
-            code = status_code::inactive;
-    }
-    return code;
-}
-
 } // namespace tarnwick

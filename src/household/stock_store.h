@@ -60,7 +60,4 @@ int store_box_click(Connection& connection, Key item, Key groc_key, bool to_get)
 /// The first list row tied to a stock item; none for an unlisted one.
 std::optional<TiedRow> first_tied_row(Connection& connection, Key item);
 
-/// 5 without a list row, 7 when a row is to be bought, else 6.
-int plain_status(Connection& connection, Key item);
-
 } // namespace tarnwick

@@ -16,7 +16,7 @@ Clearing::Clearing(Program& program, Placing& placing)
 {
 }
 
-void Clearing::clear_list(int mode)
+void Clearing::clear_list(ClearMode mode)
 {
     const Key list = program_.shared.current_list;
     if (program_.household.refusal_of(list) == Refusal::no_list) {
@@ -31,12 +31,12 @@ void Clearing::clear_list(int mode)
     program_.household.clear_list(list, mode);
 }
 
-void Clearing::say_no_rows(int mode)
+void Clearing::say_no_rows(ClearMode mode)
 {
     QString text;
-    if (mode == clear_mode::uncheck)
+    if (mode == ClearMode::uncheck)
         text = QStringLiteral("No 'buy-it' items in the ");
-    else if (mode == clear_mode::delete_unchecked)
+    else if (mode == ClearMode::delete_unchecked)
         text = QStringLiteral("No items in the ");
     else
         text = QStringLiteral("No unchecked items in the ");

@@ -13,13 +13,13 @@ public:
     Clearing(Program& program, Placing& placing);
 
     /// Clears the current list: 1 unticks its buy-it rows, 2 deletes the unticked, 3 deletes all.
-    void clear_list(int mode);
+    void clear_list(ClearMode mode);
 
     /// Removes one list row.
     void groc_del(Key groc_key);
 
-    /// Says that the current list has no rows for a clearing in mode 1 to 3.
-    void say_no_rows(int mode);
+    /// Says that the current list has no rows for a clearing.
+    void say_no_rows(ClearMode mode);
 
 private:
     Program& program_;

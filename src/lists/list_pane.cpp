@@ -14,7 +14,6 @@
 
 #include <QCheckBox>
 #include <QFrame>
-#include <QHash>
 #include <QLabel>
 #include <QTabBar>
 #include <QTextBrowser>
@@ -89,8 +88,7 @@ void ListPane::lv_load(Key list_key)
     list_store::mark_active(program_.connection, list_key);
     set_col_widths();
     set_headers();
-    program_.shared.list_pane_shown = true;
-    program_.l_r_refresh();
+    program_.show_list_pane(true);
     emit list_loaded();
 }
 
@@ -103,30 +101,6 @@ void ListPane::show_rows(std::vector<GridRow> rows)
         return;
     grid_->set_top_row(0);
     grid_->set_current(0, grid_column::item);
-}
-
-void ListPane::rebuild_array(Key list_key)
-{
-    program_.shared.all_lists_view = list_key < 1;
-    const std::vector<list_store::RowKeys> records = list_store::read_row_keys(program_.connection, list_key);
-    if (records.empty())
-        return;
-    QHash<Key, const list_store::RowKeys*> by_key;
-    by_key.reserve(static_cast<qsizetype>(records.size()));
-    for (const list_store::RowKeys& record : records)
-        by_key.insert(record.groc_key, &record);
-    size_t index = 0;
-    grid_->rows().change_all([&](GridRow& row) {
-        // Rows and records mostly run in step; a row out of step is looked up.
-        const bool in_step = index < records.size() && records[index].groc_key == row.groc_key;
-        const list_store::RowKeys* record = in_step ? &records[index] : by_key.value(row.groc_key);
-        ++index;
-        if (!record)
-            return;
-        row.list_key = record->list_key;
-        row.item_key = record->item_key;
-        row.to_get = record->to_get;
-    });
 }
 
 bool ListPane::set_row(Key groc_key)
@@ -242,9 +216,10 @@ bool ListPane::notice_shown() const
 
 void ListPane::set_page_color()
 {
-    if (!program_.shared.page_color)
+    const auto color = program_.shared.page_color();
+    if (!color)
         return;
-    grid_->set_page_color(*program_.shared.page_color, program_.shared.color_index);
+    grid_->set_page_color(*color, program_.shared.color_index);
     for (QWidget* part : {static_cast<QWidget*>(frmCreateList_), static_cast<QWidget*>(txtCreateList_)})
         part->setPalette(grid_->palette());
 }

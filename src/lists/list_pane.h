@@ -44,10 +44,6 @@ public:
     /// Loads the grid with a list; below 1 with all lists together. Marks the list active.
     void lv_load(Key list_key);
 
-    /// Reads the keys and marks of the mirror again without touching the texts on show. A query without
-    /// rows leaves the mirror as it was.
-    void rebuild_array(Key list_key);
-
     /// Makes the first row of a `groc_1` key current. False, and no change, when there is none.
     bool set_row(Key groc_key);
 

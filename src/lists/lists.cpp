@@ -75,26 +75,17 @@ void Lists::set_mnu_lists()
         pane_.lv_load(shared.current_list);
 }
 
-void Lists::no_list()
-{
-    program_.shared.list_pane_shown = true;
-    program_.l_r_refresh();
-    set_mnu_lists();
-}
-
 void Lists::choose(const QString& caption, const QString& tag)
 {
     if (caption == QLatin1String("Create a shopping list")) {
         new_list();
         const UpdateLock lock(program_.window);
-        program_.shared.list_pane_shown = true;
-        program_.l_r_refresh();
+        program_.show_list_pane(true);
         return;
     }
     const UpdateLock lock(program_.window);
     choose_list(caption, tag);
-    program_.shared.list_pane_shown = true;
-    program_.l_r_refresh();
+    program_.show_list_pane(true);
 }
 
 void Lists::choose_list(const QString& caption, const QString& tag)
@@ -134,7 +125,7 @@ void Lists::clear()
         return;
     }
     lst_clr_dlg dialog(trim(*name), program_.shared.type_size, &program_.window);
-    connect(&dialog, &lst_clr_dlg::clear_wanted, this, [this](int mode) { clearing_.clear_list(mode); });
+    connect(&dialog, &lst_clr_dlg::clear_wanted, this, [this](ClearMode mode) { clearing_.clear_list(mode); });
     connect(&dialog, &lst_clr_dlg::delete_wanted, this, &Lists::list_del);
     dialog.exec();
 }
@@ -156,8 +147,8 @@ void Lists::list_del()
     if (msg_box(&program_.window, text, box::yes_no | box::exclamation, QStringLiteral("Warning")) != Answer::yes)
         return;
     // Links alone, their rows gone, are nothing that a clearing could delete.
-    if (rows > 0 && !has_rows_to_clear(connection, list, clear_mode::delete_all))
-        clearing_.say_no_rows(clear_mode::delete_all);
+    if (rows > 0 && !has_rows_to_clear(connection, list, ClearMode::delete_all))
+        clearing_.say_no_rows(ClearMode::delete_all);
 
     const UpdateLock lock(program_.window);
     program_.household.delete_list(list);

@@ -23,9 +23,6 @@ public:
     void list_del(); ///< deletes the current list after asking
     void rename_list(); ///< asks for a new name for the current list
 
-    /// Brings up the list pane where there is nothing to load.
-    void no_list();
-
     /// Rebuilds the entries of the list menu, then loads the grid.
     void set_mnu_lists();
 

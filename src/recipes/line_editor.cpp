@@ -2,18 +2,18 @@
 
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
-#include "dialogs/l_item_edit.h"
 #include "household/status.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_boxes.h"
+#include "recipes/line_buttons.h"
 #include "recipes/line_clicks.h"
 #include "recipes/line_keys.h"
+#include "recipes/line_name.h"
 #include "recipes/line_picks.h"
 #include "recipes/line_widgets.h"
 #include "recipes/page_text.h"
 #include "recipes/pick_list.h"
 #include "recipes/recipe_page.h"
-#include "widgets/busy_pointer.h"
 #include "widgets/focus_question.h"
 #include "widgets/message_box.h"
 #include "widgets/row_editor_controls.h"
@@ -51,16 +51,18 @@ LineEditor::LineEditor(Program& program, RecipePage& page)
     , list_(picks_->list())
     , keys_(std::make_unique<LineKeys>(*boxes_, list_))
     , clicks_(std::make_unique<LineClicks>(program.connection, page, *this, *ingredients_))
+    , name_(std::make_unique<LineName>(program.connection, page, *boxes_, *picks_, draft_,
+                                       [this] { return index(); }))
+    , buttons_(std::make_unique<LineButtons>(program, page, *this, *boxes_))
 {
     connect(boxes_.get(), &LineBoxes::typed, this, &LineEditor::typed);
-    connect(boxes_.get(), &LineBoxes::edit_clicked, this, &LineEditor::edit_clicked);
-    connect(boxes_.get(), &LineBoxes::scratch_clicked, this, &LineEditor::scratch_clicked);
     connect(keys_.get(), &LineKeys::box_wanted, this, &LineEditor::go_to);
     connect(keys_.get(), &LineKeys::edit_ended, this, &LineEditor::end_edit);
     connect(keys_.get(), &LineKeys::row_picked, this, &LineEditor::picked);
     connect(picks_.get(), &LinePicks::out_of_sight, this, &LineEditor::go_to);
     connect(&list_, &PickList::picked, this, &LineEditor::picked);
     connect(&list_, &PickList::left, this, &LineEditor::list_left);
+    connect(buttons_.get(), &LineButtons::line_wanted, clicks_.get(), &LineClicks::open_line);
     connect(&page_, &RecipePage::laid_out, this, &LineEditor::place);
 }
 
@@ -166,51 +168,15 @@ void LineEditor::typed(IngredientField field)
         return;
     const QString text = boxes_->text(field);
     if (field == item)
-        name_typed(text);
+        name_->typed(text);
     else
         draft_.set_text(field, text);
-}
-
-void LineEditor::name_typed(const QString& name)
-{
-    Connection& connection = program_.connection;
-    if (!boxes_->edit(item).hasFocus()) {
-        draft_.set_text(item, name, stock_item_named(connection, name));
-        show_link(true);
-        return;
-    }
-    std::vector<StockName> names = picks_->names_like(name);
-    draft_.set_text(item, name, stock_item_among(connection, names, name));
-    show_link(true);
-    if (name != draft_.settled.name)
-        picks_->show_names(std::move(names));
-}
-
-// The page shows the stock item that the draft means. While the name is being typed, the pictures of one that is
-// wanted on several lists stay.
-void LineEditor::show_link(bool while_typing)
-{
-    if (index() < 0)
-        return;
-    IngredientLine& shown = line();
-    shown.item_ref = draft_.edited.item_ref;
-    shown.Check1->setProperty(tag, QString::number(shown.item_ref));
-    const int code = lite_status(program_.connection, shown.item_ref);
-    if (!while_typing || code != status_code::buy_it_plus)
-        page_.set_lites(index_, code);
-}
-
-// A name that was stored with an apostrophe stays as it is until it is changed.
-bool LineEditor::apostrophe_typed() const
-{
-    const QString name = boxes_->edit(item).text();
-    return name.contains(u'\'') && trim(name) != draft_.settled.name;
 }
 
 // True after the message: the apostrophes are gone and the focus is in the box.
 bool LineEditor::refuse_apostrophe()
 {
-    if (!apostrophe_typed())
+    if (!name_->has_apostrophe())
         return false;
     {
         const QScopedValueRollback asking(busy_, true);
@@ -256,14 +222,11 @@ void LineEditor::ListIngred_select(int row)
     } else {
         if (name.toUpper() + u'S' == text.toUpper())
             name += text.back();
-        boxes_->show_text(item, name);
-        boxes_->set_tag(item, name);
-        draft_.choose({name, chosen});
+        name_->choose(name, chosen);
         if (draft_.is_new())
             boxes_->imgScratch().setProperty(tag, QStringLiteral("edit"));
         write();
-        show_link(false);
-        line().ingred->setToolTip(plain_tool_tip(get_status(program_.connection, chosen)));
+        name_->show_chosen();
         list_.set_content(PickList::Content::chosen);
     }
     go_to(comment);
@@ -305,7 +268,7 @@ bool LineEditor::eventFilter(QObject* watched, QEvent* event)
     }
     case QEvent::KeyRelease:
         return watched == &boxes_->imgScratch() && !static_cast<QKeyEvent*>(event)->isAutoRepeat()
-            && scratch_key(static_cast<QKeyEvent*>(event)->key());
+            && buttons_->scratch_key(static_cast<QKeyEvent*>(event)->key());
     case QEvent::MouseButtonPress:
         if (field == qty && QApplication::focusWidget() == watched)
             picks_->fill(qty);
@@ -366,26 +329,12 @@ void LineEditor::list_left(Qt::FocusReason reason)
 void LineEditor::left_box(IngredientField field)
 {
     if (field == item)
-        settle_name();
+        name_->settle();
     write();
     if (boxes_->text(field).isEmpty())
         boxes_->show_text(field, {});
     if (!draft_.is_new() || field == item)
         boxes_->set_tag(field, boxes_->edit(field).text());
-}
-
-void LineEditor::settle_name()
-{
-    const QString& name = draft_.edited.item;
-    if (name.isEmpty() || index() < 0)
-        return;
-    const bool another = name != draft_.settled.name;
-    draft_.settle();
-    show_link(false);
-    const Key stock = draft_.edited.item_ref;
-    if (another)
-        line().ingred->setToolTip(plain_tool_tip(stock > 0 ? get_status(program_.connection, stock)
-                                                           : u'\'' + name + QStringLiteral("': Non-stock item")));
 }
 
 void LineEditor::write()
@@ -418,26 +367,22 @@ void LineEditor::close_quietly()
 {
     if (!open_ || busy_)
         return;
-    if (apostrophe_typed()) {
-        QString name = boxes_->edit(item).text();
-        strip_apostrophes(name);
-        draft_.set_text(item, name, stock_item_named(program_.connection, name));
-        boxes_->show_text(item, draft_.edited.item);
-    }
+    if (name_->has_apostrophe())
+        name_->drop_apostrophes();
     left_box(last_box_);
     if (draft_.edited.item.isEmpty()) {
         if (draft_.is_new()) {
             ingredients_->cancel();
             return;
         }
-        restore_name();
+        name_->restore();
     }
     lf_finish();
 }
 
 bool LineEditor::may_close() const
 {
-    return !draft_.edited.item.isEmpty() && !apostrophe_typed() && has_room();
+    return !draft_.edited.item.isEmpty() && !name_->has_apostrophe() && has_room();
 }
 
 // After a click the focus returns at once, before what was clicked has made use of it.
@@ -499,15 +444,8 @@ void LineEditor::ask_for_name()
         return;
     }
     if (!may_cancel)
-        restore_name();
+        name_->restore();
     go_to(item);
-}
-
-void LineEditor::restore_name()
-{
-    draft_.restore_name();
-    boxes_->show_text(item, draft_.edited.item);
-    show_link(false);
 }
 
 void LineEditor::lf_finish()
@@ -567,49 +505,6 @@ void LineEditor::hide_line()
     if (hidden >= 0 && !draft_.is_new())
         ingredients_->ingred_updt(hidden, LineDraft::of(draft_.stored));
     blacken_lines();
-}
-
-void LineEditor::edit_clicked()
-{
-    if (index() < 0 || program_.shared.list_pane_shown)
-        return;
-    page_.state.cur_line = index_;
-    end_edit();
-    const Key edited = draft_.stored.key;
-    const auto link = line_link(program_.connection, edited);
-    if (open_ || !link)
-        return;
-    const bool stock = lite_status(program_.connection, link->item_ref) != status_code::non_stock;
-    page_.set_rcp_item_in_work(trim(link->item));
-    if (stock)
-        page_.edit_item(EditMode::recipe_item, link->item_ref, edited);
-    else
-        page_.edit_item(EditMode::non_stock_to_stock, -1, edited);
-}
-
-void LineEditor::scratch_clicked()
-{
-    const BusyPointer pointer;
-    if (index() >= 0)
-        ingredients_->cancel();
-}
-
-// The keys of a row's buttons act on the row, as in the shopping list.
-bool LineEditor::scratch_key(int key)
-{
-    if (key == Qt::Key_Delete) {
-        scratch_clicked();
-        return true;
-    }
-    if (key != Qt::Key_Up && key != Qt::Key_Down)
-        return false;
-    const int wanted = index_ + (key == Qt::Key_Down ? 1 : -1);
-    if (wanted < 0 || wanted >= page_.recipe_lines().count())
-        return true;
-    end_edit();
-    if (!open_ && wanted < page_.recipe_lines().count())
-        clicks_->open_line(wanted);
-    return true;
 }
 
 } // namespace tarnwick

@@ -17,8 +17,10 @@ struct Program;
 class FocusQuestion;
 class Ingredients;
 class LineBoxes;
+class LineButtons;
 class LineClicks;
 class LineKeys;
+class LineName;
 class LinePicks;
 class PickList;
 class RecipePage;
@@ -77,9 +79,6 @@ private:
 
     // Typing
     void typed(IngredientField field);
-    void name_typed(const QString& name);
-    void show_link(bool while_typing);
-    bool apostrophe_typed() const;
     bool refuse_apostrophe();
     void picked(int row);
 
@@ -89,7 +88,6 @@ private:
     void focus_left(std::optional<IngredientField> field, Qt::FocusReason reason);
     void list_left(Qt::FocusReason reason);
     void left_box(IngredientField field);
-    void settle_name();
     void write();
 
     // Closing
@@ -99,14 +97,8 @@ private:
     bool has_room() const;
     void refuse_length();
     void ask_for_name();
-    void restore_name();
     void lf_finish();
     void hide_controls();
-
-    // Buttons
-    void edit_clicked();
-    void scratch_clicked();
-    bool scratch_key(int key);
 
     IngredientLine& line();
 
@@ -120,6 +112,8 @@ private:
     std::unique_ptr<LineKeys> keys_;
     std::unique_ptr<LineClicks> clicks_;
     LineDraft draft_;
+    std::unique_ptr<LineName> name_;
+    std::unique_ptr<LineButtons> buttons_;
     int index_ = -1;
     IngredientField last_box_ = IngredientField::qty; ///< the box that has or had the focus last
     bool open_ = false;

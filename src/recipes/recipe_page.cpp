@@ -11,8 +11,11 @@
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
 #include "household/recipe_store.h"
+#include "household/household.h"
 #include "household/rescue.h"
+#include "recipes/ingredients.h"
 #include "recipes/line_editor.h"
+#include "recipes/line_stock.h"
 #include "widgets/tree_view.h"
 #include "household/status.h"
 
@@ -23,6 +26,7 @@
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QShortcut>
 
 #include <algorithm>
 #include <cmath>
@@ -83,7 +87,7 @@ RecipePage::RecipePage(Program& program, QWidget* parent)
     connect(text1_, &PageText::key_up, this, &RecipePage::scroll_bar_refresh);
     connect(text1_, &PageText::caret_moved, this, &RecipePage::show_caret);
     connect(text1_, &PageText::left, this, &RecipePage::edit_updt);
-    connect(recipe_lines_, &RecipeLines::check_clicked, this, &RecipePage::check_clicked);
+    line_stock_ = new LineStock(program_, *this);
     title_->installEventFilter(this);
     frame4_->installEventFilter(this);
 }
@@ -444,7 +448,7 @@ void RecipePage::show_pane(bool shown)
 void RecipePage::set_page_color()
 {
     QPalette colors = frame4_->palette();
-    const QColor page = program_.shared.page_color.value_or(design_color);
+    const QColor page = program_.shared.page_color().value_or(design_color);
     for (const auto role : {QPalette::Window, QPalette::Base})
         colors.setColor(role, page);
     for (const auto role : {QPalette::WindowText, QPalette::Text})
@@ -462,6 +466,124 @@ void RecipePage::set_type_size()
     font.setBold(true);
     title_->setFont(font);
     layout_page();
+}
+
+void RecipePage::make_line_editor()
+{
+    line_editor_ = new LineEditor(program_, *this);
+    auto* add = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_I), &program_.window);
+    connect(add, &QShortcut::activated, this, &RecipePage::ingredient_wanted);
+}
+
+Ingredients& RecipePage::ingredients()
+{
+    return line_editor_->ingredients();
+}
+
+QWidget* RecipePage::keyboard_place() const
+{
+    const int count = recipe_lines_->count();
+    if (count > 0)
+        return recipe_lines_->lines()[static_cast<size_t>(std::clamp(state.cur_line, 0, count - 1))].ingred;
+    return text1_->isHidden() ? nullptr : text1_;
+}
+
+bool RecipePage::editor_open() const
+{
+    return line_editor_->is_open();
+}
+
+bool RecipePage::finish_line_editor()
+{
+    line_editor_->leave();
+    return !editor_open();
+}
+
+bool RecipePage::leave_line_editor()
+{
+    const bool was_open = editor_open();
+    if (was_open)
+        finish_line_editor();
+    return was_open;
+}
+
+void RecipePage::close_line_editor()
+{
+    line_editor_->close_quietly();
+}
+
+bool RecipePage::leave_editors()
+{
+    return finish_line_editor() && name_stands();
+}
+
+void RecipePage::add_ns_ingred()
+{
+    if (takes_lines())
+        ingredients().add_ns_ingred();
+}
+
+void RecipePage::drag_ingred(Key item, const QString& name)
+{
+    if (takes_lines())
+        ingredients().drag_ingred(item, name);
+}
+
+QString RecipePage::rcp_item(int index) const
+{
+    const auto& all = recipe_lines_->lines();
+    return index >= 0 && index < recipe_lines_->count() ? all[static_cast<size_t>(index)].item : QString();
+}
+
+QString RecipePage::rcp_item_in_work() const
+{
+    return label1_->text();
+}
+
+void RecipePage::set_rcp_item_in_work(const QString& name)
+{
+    label1_->setText(name);
+}
+
+bool RecipePage::shows_item(Key item) const
+{
+    const auto& all = recipe_lines_->lines();
+    return item > 0 && std::any_of(all.begin(), all.end(), [&](const auto& line) { return line.item_ref == item; });
+}
+
+void RecipePage::line_moved(const LineMove& move)
+{
+    const int from = recipe_lines_->index_of(move.line);
+    if (move.recipe != page_key() || from < 0 || move.place >= recipe_lines_->count() || move.place == from)
+        return;
+    const bool had_focus = lines()[static_cast<size_t>(from)].ingred->hasFocus();
+    recipe_lines_->move(from, move.place);
+    for (int i = std::min(from, move.place); i <= std::max(from, move.place); ++i) {
+        const IngredientLine& line = lines()[static_cast<size_t>(i)];
+        refresh_line(i);
+        set_lites(i,
+                  line.item.isEmpty() ? status_code::non_stock : lite_status(program_.connection, line.item_ref));
+    }
+    layout_page();
+    // A key that is meant for the line that was moved must not reach the one that took its place.
+    if (had_focus)
+        lines()[static_cast<size_t>(move.place)].ingred->setFocus(Qt::OtherFocusReason);
+}
+
+void RecipePage::lists_changed(const ListsChange& change)
+{
+    if (change.kind == ListsChange::Kind::deleted && has_recipe())
+        set_recipe(page_key());
+}
+
+std::optional<RecipeSheet> RecipePage::sheet() const
+{
+    if (!has_recipe())
+        return std::nullopt;
+    RecipeSheet sheet{title_->text(), {}, text1_->text()};
+    for (const IngredientLine& line : recipe_lines_->lines())
+        sheet.lines.append(line.text);
+    return sheet;
 }
 
 } // namespace tarnwick

@@ -23,15 +23,10 @@ namespace tarnwick {
 struct Program;
 class Ingredients;
 class LineEditor;
+class LineStock;
 class FocusQuestion;
 class PageText;
 struct Rescue;
-enum class EditMode;
-enum class LineTip;
-struct ItemChange;
-struct CategoryChange;
-struct ItemCodes;
-struct ItemsGone;
 struct LineMove;
 struct ListsChange;
 
@@ -105,16 +100,9 @@ public:
     QString rcp_item_in_work() const;
     void set_rcp_item_in_work(const QString& name);
 
-    /// State 1 marks the line's stock item to buy on all lists, 0 clears it, others only refresh. An item that is
-    /// on no list opens the item editor. Throws SQLite::Exception.
-    void recipe_chck(int to_state, Key line_key);
-
     /// Where the page takes the keyboard from outside: the line most recently acted on, without lines the
     /// instructions; null while it shows nothing.
     QWidget* keyboard_place() const;
-
-    /// Opens the item editor for a line's stock item; -1 for one that is yet to be made.
-    void edit_item(EditMode mode, Key item, Key line);
 
     bool editor_open() const; ///< the line editor stands open
 
@@ -123,11 +111,6 @@ public:
     bool leave_line_editor(); ///< the same; false when none was open
 
     bool shows_item(Key item) const; ///< a line has this stock item
-
-    /// Shows on the lines what an operation did to their stock items, whether the page is on show or not.
-    void item_changed(const ItemChange& change);
-    void items_gone(const ItemsGone& gone); ///< their lines become non-stock
-    void category_changed(const CategoryChange& change); ///< the words of its items' lines name it
 
     /// Shows a line of the recipe at its new place.
     void line_moved(const LineMove& move);
@@ -146,6 +129,7 @@ public:
     std::optional<RecipeSheet> sheet() const;
 
     LineEditor& line_editor() { return *line_editor_; }
+    LineStock& line_stock() { return *line_stock_; }
     Ingredients& ingredients();
 
     // As of `Ingredients`, where the page takes lines: it has a recipe, and a title that may be left.
@@ -195,11 +179,6 @@ private:
     int text_top() const;
     int content_height() const;
     int color_index() const;
-    void check_clicked(int index);
-    void show_item(const ItemCodes& codes, LineTip tip);
-    void follow_links(const ItemCodes& codes, const QString& joint);
-    void follow_name(const ItemCodes& codes);
-    void show_line(int index, Key item, int code, const QString& tool_tip);
 
     Program& program_;
     QFrame* frame4_;
@@ -210,6 +189,7 @@ private:
     QLabel* label1_;
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
+    LineStock* line_stock_ = nullptr;
     // The Tags of title, Frame1 and instructions mirror these three.
     Key page_key_ = -1;
     bool name_edited_ = false;

@@ -1,7 +1,9 @@
 #include "recipes/recipe_tree.h"
 
+#include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
+#include "widgets/drag.h"
 #include "widgets/message_box.h"
 #include "dialogs/new_item_rcp.h"
 #include "recipes/page_text.h"
@@ -10,7 +12,9 @@
 #include "household/recipe_store.h"
 #include "widgets/tree_view.h"
 
+#include <QCursor>
 #include <QList>
+#include <QScrollBar>
 
 #include <vector>
 
@@ -23,7 +27,7 @@ constexpr int folder_open = 4;
 
 QString recipe_key(Key recipe)
 {
-    return QStringLiteral("rcp") + key_str(recipe);
+    return NodeKey{NodeKind::recipe, recipe}.text();
 }
 
 QString category_key(const QString& category)
@@ -38,11 +42,6 @@ size_t category_index(const QString& category)
     const int number = category.toInt();
     const bool known = number >= 1 && number <= count && recipe_category(number - 1) == category;
     return static_cast<size_t>(known ? number - 1 : count - 1);
-}
-
-bool is_recipe(const QTreeWidgetItem& node)
-{
-    return TreeView::key(&node).startsWith(QLatin1String("rcp"));
 }
 
 } // namespace
@@ -171,16 +170,15 @@ void RecipeTree::new_rcp()
 int RecipeTree::proposed_category() const
 {
     const QTreeWidgetItem* node = program_.shared.stock_view ? nullptr : tree_.selected();
-    if (node && !TreeView::key(node).startsWith(QLatin1String("rcat")))
+    if (node && !NodeKey::of(node).is_recipe_category())
         node = node->parent();
-    return node ? TreeView::key(node).mid(4).toInt() - 1 : 0;
+    return node ? NodeKey::of(node).record - 1 : 0;
 }
 
 void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& category)
 {
     page_.edit_updt();
-    program_.shared.cur_recipe = recipe;
-    program_.shared.cur_recipe_name = name;
+    program_.shared.take_recipe(recipe, name);
     program_.shared.stock_view = false;
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &category_node(category);
     QTreeWidgetItem* node = tree_.add_node(folder, recipe_key(recipe), name, recipe_picture, {});
@@ -189,8 +187,7 @@ void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& cat
     tree_.sort_children(folder);
     tree_.select(node);
     tree_.ensure_visible(node);
-    program_.shared.list_pane_shown = false;
-    program_.l_r_refresh();
+    program_.show_list_pane(false);
     page_.set_recipe(recipe);
     page_.Text1().set_border_style(1);
     page_.Text1().setFocus(Qt::OtherFocusReason);
@@ -209,9 +206,10 @@ void RecipeTree::recip_del(Key recipe)
     if (QTreeWidgetItem* node = recipe_node(recipe))
         take_off(node);
     const QTreeWidgetItem* next = tree_.selected();
-    const bool left = next && is_recipe(*next);
-    program_.shared.cur_recipe = left ? record_key(TreeView::key(next)) : Key{-1};
-    program_.shared.cur_recipe_name = left ? trim(next->text(0)) : QString();
+    if (NodeKey::of(next).is_recipe())
+        program_.shared.take_recipe(NodeKey::of(next).record, trim(next->text(0)));
+    else
+        program_.shared.take_recipe(-1, {});
     show_page(program_.shared.cur_recipe);
 }
 
@@ -260,6 +258,143 @@ void RecipeTree::mv_rcp(const QString& category, Key recipe)
     }
     tree_.take_release_back();
     show_page(recipe);
+}
+
+void RecipeTree::connect_events()
+{
+    connect(&tree_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* node) { expanded(node, true); });
+    connect(&tree_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* node) { expanded(node, false); });
+    connect(&tree_, &TreeView::node_click, this, &RecipeTree::node_click);
+    connect(&tree_, &TreeView::selection_changed, this, &RecipeTree::show_status_of_selection);
+    connect(&tree_, &TreeView::mouse_down, this,
+            [this](Qt::MouseButton, QPoint position) { mouse_down(position); });
+    connect(&tree_, &TreeView::mouse_up, this, [this](Qt::MouseButton button) { mouse_released(button); });
+    connect(&tree_, &TreeView::release_spent, this, [this] {
+        tree_mouse_down_ = false;
+        sort_after_press();
+    });
+    connect(&tree_, &TreeView::drag_wanted, this,
+            [this](QTreeWidgetItem* node, QPoint global) { start_drag(*node, global); });
+    connect(&tree_, &TreeView::key_down, this, &RecipeTree::key_down);
+    // A recipe is renamed on its page, a category never.
+    connect(&tree_, &TreeView::before_label_edit, this, [](QTreeWidgetItem*, bool& cancel) { cancel = true; });
+}
+
+void RecipeTree::expanded(QTreeWidgetItem* node, bool open)
+{
+    if (!program_.shared.form_loading && !NodeKey::of(node).is_recipe())
+        tree_.set_picture(node, open ? folder_open : folder_closed);
+}
+
+void RecipeTree::node_click(QTreeWidgetItem* node)
+{
+    if (NodeKey::of(node).is_recipe())
+        open(*node);
+}
+
+bool RecipeTree::choose(Key recipe)
+{
+    QTreeWidgetItem* node = recipe_node(recipe);
+    if (!node)
+        return false;
+    tree_.select(node);
+    tree_.ensure_visible(node);
+    open(*node);
+    return true;
+}
+
+void RecipeTree::open(const QTreeWidgetItem& node)
+{
+    program_.shared.take_recipe(NodeKey::of(&node).record, trim(node.text(0)));
+    page_.scroll_bar().setValue(0);
+    page_.set_recipe(program_.shared.cur_recipe);
+    program_.show_list_pane(false);
+}
+
+/// First status panel, while the tree is the one on show.
+void RecipeTree::show_status_of_selection()
+{
+    if (program_.shared.form_loading || program_.shared.stock_view)
+        return;
+    const QTreeWidgetItem* node = tree_.selected();
+    if (!node)
+        program_.set_status({});
+    else if (NodeKey::of(node).is_recipe())
+        program_.set_status(trim(node->text(0)) + QStringLiteral(" recipe"));
+    else
+        program_.set_status(node->text(0) + QStringLiteral(": ") + QString::number(node->childCount())
+                            + QStringLiteral(" recipes"));
+}
+
+void RecipeTree::mouse_down(QPoint position)
+{
+    if (QTreeWidgetItem* node = tree_.hit_test(position)) {
+        emit node_pressed();
+        if (page_.leave_line_editor())
+            return;
+        tree_.select(node);
+    }
+    tree_down_ = position;
+    tree_mouse_down_ = true;
+}
+
+void RecipeTree::mouse_released(Qt::MouseButton button)
+{
+    take_release(button);
+    sort_after_press();
+}
+
+void RecipeTree::sort_after_press()
+{
+    if (unsorted_ > 0)
+        sort_renamed(unsorted_, false);
+}
+
+void RecipeTree::start_drag(const QTreeWidgetItem& node, QPoint global)
+{
+    if (!tree_mouse_down_ || !NodeKey::of(&node).is_recipe() || program_.shared.recipe_alpha)
+        return;
+    tree_mouse_down_ = false;
+    const DragPayload payload{DragKind::recipe, NodeKey::of(&node).record, trim(node.text(0))};
+    sort_after_press();
+    emit drag_wanted(payload, global);
+}
+
+void RecipeTree::take_release(Qt::MouseButton button)
+{
+    const bool pressed = tree_mouse_down_;
+    tree_mouse_down_ = false;
+    QTreeWidgetItem* node = pressed ? tree_.hit_test(tree_down_) : nullptr;
+    if (!node)
+        return;
+    tree_.select(node);
+    mouse_up(button, node);
+}
+
+void RecipeTree::mouse_up(Qt::MouseButton button, QTreeWidgetItem*)
+{
+    if (button != Qt::LeftButton)
+        emit menu_wanted(QCursor::pos());
+}
+
+void RecipeTree::key_down(int key)
+{
+    const QTreeWidgetItem* selected = tree_.selected();
+    if (!selected)
+        return;
+    const NodeKey node = NodeKey::of(selected);
+    // The arrow keys pass recipes by; Space does what a click on one does.
+    if (key == Qt::Key_Space && node.is_recipe())
+        open(*selected);
+    else if (key == Qt::Key_Menu)
+        emit menu_wanted(tree_.menu_place());
+    if (key != Qt::Key_Delete)
+        return;
+    if (node.is_recipe())
+        recip_del(node.record);
+    else
+        msg_box(&program_.window, QStringLiteral("Cannot delete recipe categories"), box::information,
+                QStringLiteral("Info"));
 }
 
 } // namespace tarnwick

@@ -1,5 +1,6 @@
 #include "stock/floating_buttons.h"
 
+#include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "widgets/pictures.h"
@@ -7,6 +8,7 @@
 #include "household/item_change.h"
 #include "household/recipe_store.h"
 #include "household/status.h"
+#include "stock/stock_clicks.h"
 #include "stock/stock_tree.h"
 #include "widgets/tool_tip.h"
 
@@ -70,8 +72,8 @@ FloatingButtons::FloatingButtons(Program& program, StockTree& tree, QWidget* par
 void FloatingButtons::follow_tree()
 {
     connect(&tree_, &StockTree::loading, this, &FloatingButtons::rest);
-    connect(&tree_, &StockTree::item_clicked, this, [this](QTreeWidgetItem* node) { show_for(*node); });
-    connect(&tree_, &StockTree::item_left, this, [this] {
+    connect(&tree_.clicks(), &StockClicks::item_clicked, this, [this](QTreeWidgetItem* node) { show_for(*node); });
+    connect(&tree_.clicks(), &StockClicks::item_left, this, [this] {
         hide(add_to_list);
         hide(add_to_page);
     });
@@ -197,7 +199,7 @@ void FloatingButtons::show_recipe_button(QTreeWidgetItem& node, int indent, int 
 {
     hide(add_to_list);
     hide(locate_row);
-    const Key item = record_key(TreeView::key(&node));
+    const Key item = NodeKey::of(&node).record;
     if (indent <= least_indent || !recipe_open() || asks_.page_shows(item)) {
         hide(add_to_page);
         return;
@@ -275,7 +277,7 @@ void FloatingButtons::show_at(int index, const QTreeWidgetItem& node, int indent
 QTreeWidgetItem* FloatingButtons::selected_item() const
 {
     QTreeWidgetItem* node = view().selected();
-    return node && TreeView::key(node).startsWith(QLatin1String("item")) ? node : nullptr;
+    return NodeKey::of(node).is_item() ? node : nullptr;
 }
 
 void FloatingButtons::clicked(int index)
@@ -294,7 +296,7 @@ void FloatingButtons::place_on_list()
     const QTreeWidgetItem* node = selected_item();
     if (!node || !is_unlisted(*node))
         return;
-    emit placing_wanted(record_key(TreeView::key(node)));
+    emit placing_wanted(NodeKey::of(node).record);
     hide_all();
 }
 
@@ -312,7 +314,7 @@ void FloatingButtons::locate()
 {
     hide(locate_row);
     if (const QTreeWidgetItem* node = selected_item())
-        emit locating_wanted(record_key(TreeView::key(node)));
+        emit locating_wanted(NodeKey::of(node).record);
 }
 
 } // namespace tarnwick

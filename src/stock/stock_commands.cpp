@@ -1,11 +1,13 @@
 #include "stock/stock_commands.h"
 
+#include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "dialogs/new_item_rcp.h"
 #include "widgets/tree_view.h"
 #include "household/item_store.h"
 #include "dialogs/l_item_edit.h"
+#include "stock/stock_clicks.h"
 #include "stock/stock_tree.h"
 
 #include <utility>
@@ -19,8 +21,8 @@ StockCommands::StockCommands(Program& program, StockTree& tree, std::function<bo
     , tidying_(program.connection, program.household, program.window)
     , question_(nullptr)
 {
-    connect(&tree_, &StockTree::item_deletion_wanted, this, &StockCommands::tv_del_item);
-    connect(&tree_, &StockTree::category_deletion_wanted, this, &StockCommands::tv_del_cat);
+    connect(&tree_.clicks(), &StockClicks::item_deletion_wanted, this, &StockCommands::tv_del_item);
+    connect(&tree_.clicks(), &StockClicks::category_deletion_wanted, this, &StockCommands::tv_del_cat);
     connect(&tree_.view(), &TreeView::after_label_edit, this,
             [this](const QTreeWidgetItem* node, const QString& text, Qt::FocusReason left_by) {
                 if (!program_.shared.ending)
@@ -33,22 +35,32 @@ void StockCommands::new_cat()
     new_item_rcp(program_, &program_.window, {NamingKind::category}).exec();
 }
 
+/// Finishes the edit of an ingredient line; a keyboard that this leaves to nobody goes to the tree.
+bool StockCommands::leave_page()
+{
+    if (!finish_recipe_line_())
+        return false;
+    if (!program_.window.focusWidget())
+        tree_.view().setFocus(Qt::OtherFocusReason);
+    return true;
+}
+
 void StockCommands::tv_del_cat(Key category)
 {
-    if (!program_.shared.stock_alpha && finish_recipe_line_())
+    if (!program_.shared.stock_alpha && leave_page())
         tidying_.delete_category(category);
 }
 
 void StockCommands::tv_del_item(Key item)
 {
-    if (finish_recipe_line_())
+    if (leave_page())
         tidying_.delete_item(item);
 }
 
 void StockCommands::mv_item(Key category, Key item)
 {
     emit item_moving();
-    if (finish_recipe_line_())
+    if (leave_page())
         tidying_.move_item(item, category);
 }
 
@@ -56,13 +68,13 @@ void StockCommands::rename_category()
 {
     TreeView& tree = tree_.view();
     const QTreeWidgetItem* node = tree.selected();
-    if (node && !node->parent() && TreeView::key(node) != QLatin1String("cat0000") && finish_recipe_line_())
+    if (node && !node->parent() && !NodeKey::of(node).is_other() && leave_page())
         tree.start_label_edit();
 }
 
 void StockCommands::rename_item()
 {
-    if (finish_recipe_line_())
+    if (leave_page())
         tree_.view().start_label_edit();
 }
 
@@ -75,10 +87,10 @@ void StockCommands::new_stock_item()
 
 void StockCommands::edit_stock_item()
 {
-    const QTreeWidgetItem* node = tree_.view().selected();
-    if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
+    const NodeKey key = NodeKey::of(tree_.view().selected());
+    if (!key.is_item())
         return;
-    EditRequest request{EditMode::edit_item, record_key(TreeView::key(node))};
+    EditRequest request{EditMode::edit_item, key.record};
     request.row = ItemStore(program_.connection).row_on_list(request.item, program_.shared.current_list);
     show_item_editor(program_, request);
 }
@@ -86,9 +98,9 @@ void StockCommands::edit_stock_item()
 void StockCommands::item_to_recipe()
 {
     const QTreeWidgetItem* node = tree_.view().selected();
-    if (!node || !TreeView::key(node).startsWith(QLatin1String("item")))
-        return;
-    emit adding_wanted(record_key(TreeView::key(node)), node->text(0));
+    const NodeKey key = NodeKey::of(node);
+    if (key.is_item())
+        emit adding_wanted(key.record, node->text(0));
 }
 
 void StockCommands::after_label_edit(const QTreeWidgetItem& node, const QString& text, Qt::FocusReason left_by)
@@ -97,9 +109,8 @@ void StockCommands::after_label_edit(const QTreeWidgetItem& node, const QString&
     const QString name = trim(text);
     if (name.isEmpty() || name == old_name)
         return;
-    const QString key = TreeView::key(&node);
-    const Key record = record_key(key);
-    const bool item = key.startsWith(QLatin1String("item"));
+    const Key record = NodeKey::of(&node).record;
+    const bool item = NodeKey::of(&node).is_item();
     const auto rename = [this, item, record, old_name, name] {
         if (item)
             tidying_.rename_item(record, old_name, name);

@@ -1,5 +1,8 @@
 #include "stock/stock_tree.h"
 
+#include "stock/stock_clicks.h"
+#include "household/household.h"
+#include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "widgets/busy_pointer.h"
@@ -26,11 +29,11 @@ const QColor other_color(255, 0, 0);
 
 QString item_key(Key item)
 {
-    return QStringLiteral("item") + key_str(item);
+    return NodeKey{NodeKind::item, item}.text();
 }
 QString category_key(Key category)
 {
-    return QStringLiteral("cat") + key_str(category);
+    return NodeKey{NodeKind::category, category}.text();
 }
 
 int folder_picture(bool other, bool open)
@@ -45,8 +48,8 @@ int folder_picture(bool other, bool open)
 StockTree::StockTree(Program& program, TreeView& tree, std::function<bool()> leave_line_editor)
     : program_(program)
     , tree_(tree)
-    , leave_line_editor_(std::move(leave_line_editor))
 {
+    clicks_ = new StockClicks(program_, *this, std::move(leave_line_editor));
     connect_events();
 }
 
@@ -55,17 +58,8 @@ void StockTree::connect_events()
     connect(&tree_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* node) { expanded(node, true); });
     connect(&tree_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* node) { expanded(node, false); });
     connect(&tree_, &TreeView::selection_changed, this, &StockTree::show_status_of_selection);
-    connect(&tree_, &TreeView::mouse_down, this, &StockTree::mouse_down);
-    connect(&tree_, &TreeView::mouse_up, this, &StockTree::mouse_up);
-    connect(&tree_, &TreeView::release_spent, this, &StockTree::clear_mouse_down);
-    connect(&tree_, &TreeView::drag_wanted, this,
-            [this](QTreeWidgetItem* node, QPoint global) { start_drag(*node, global); });
-    connect(&tree_, &TreeView::key_down, this, &StockTree::key_down);
-    connect(&tree_, &TreeView::key_up, this, &StockTree::key_up);
-    connect(&tree_, &TreeView::before_label_edit, this, [](QTreeWidgetItem* node, bool& cancel) {
-        const QString key = TreeView::key(node);
-        cancel = key == QLatin1String("cat0000") || key == QLatin1String("ns");
-    });
+    connect(&tree_, &TreeView::before_label_edit, this,
+            [](QTreeWidgetItem* node, bool& cancel) { cancel = NodeKey::of(node).is_other(); });
 }
 
 void StockTree::tv_load(bool alpha)
@@ -158,12 +152,6 @@ void StockTree::open_folders()
     open_at_load_.clear();
 }
 
-void StockTree::tv_refresh(Key item)
-{
-    tree_.require_node(item_key(item));
-    set_item_code(item, plain_status(program_.connection, item));
-}
-
 void StockTree::close_folders()
 {
     {
@@ -181,11 +169,11 @@ void StockTree::close_folders()
 
 void StockTree::expanded(QTreeWidgetItem* node, bool open)
 {
-    const QString key = TreeView::key(node);
-    if (program_.shared.form_loading || quiet_ || !key.startsWith(QLatin1String("cat")))
+    const NodeKey key = NodeKey::of(node);
+    if (program_.shared.form_loading || quiet_ || !key.is_category())
         return;
-    tree_.set_picture(node, folder_picture(key == QLatin1String("cat0000"), open));
-    store_expand(program_.connection, record_key(key), open);
+    tree_.set_picture(node, folder_picture(key.is_other(), open));
+    store_expand(program_.connection, key.record, open);
 }
 
 void StockTree::show_closed(QTreeWidgetItem& folder)
@@ -241,9 +229,9 @@ bool StockTree::is_selected(Key item) const
 Key StockTree::selected_category() const
 {
     const QTreeWidgetItem* node = tree_.selected();
-    if (node && !TreeView::key(node).startsWith(QLatin1String("cat")))
+    if (node && !NodeKey::of(node).is_category())
         node = node->parent();
-    return node ? record_key(TreeView::key(node)) : Key(0);
+    return NodeKey::of(node).record;
 }
 
 void StockTree::add_category_node(Key category, const QString& name)
@@ -298,6 +286,84 @@ int StockTree::get_topdent() const
     const QTreeWidgetItem* node = tree_.selected();
     const QRect text = node ? tree_.text_rect(node) : QRect();
     return text.isNull() ? 0 : tree_.y() + text.top();
+}
+
+bool StockTree::tells_status() const
+{
+    return program_.shared.stock_view && !program_.shared.form_loading;
+}
+
+/// First status panel, while the tree is the one on show.
+void StockTree::show_status_of_selection()
+{
+    if (!tells_status())
+        return;
+    const QTreeWidgetItem* node = tree_.selected();
+    if (!node)
+        program_.set_status({});
+    else if (NodeKey::of(node).is_item())
+        program_.set_status(get_status(program_.connection, NodeKey::of(node).record));
+    else
+        program_.set_status(node->text(0) + QStringLiteral(" category: ") + QString::number(node->childCount())
+                            + QStringLiteral(" stock items"));
+}
+
+void StockTree::category_changed(const CategoryChange& change)
+{
+    if (change.kind == CategoryChange::Kind::made)
+        add_category_node(change.category, change.name);
+    else if (QTreeWidgetItem* folder = category_node(change.category))
+        folder->setText(0, change.name); // it keeps its place until the next load
+}
+
+void StockTree::items_gone(const ItemsGone& gone)
+{
+    QTreeWidgetItem* folder = gone.category ? category_node(*gone.category) : nullptr;
+    for (const Key item : gone.items)
+        if (QTreeWidgetItem* node = item_node(item); node && (!folder || node->parent() != folder))
+            remove_item_node(*node);
+    if (!folder)
+        return;
+    const QTreeWidgetItem* chosen = tree_.selected();
+    if (chosen && (chosen == folder || chosen->parent() == folder))
+        select_neighbour(*folder);
+    tree_.remove_node(folder);
+}
+
+/// The selection moves on before the node goes: to the folder, in the flat view to the node before it.
+void StockTree::remove_item_node(QTreeWidgetItem& node)
+{
+    const bool was_selected = tree_.selected() == &node;
+    QTreeWidgetItem* folder = node.parent();
+    if (was_selected && folder)
+        tree_.select(folder);
+    else if (was_selected)
+        select_neighbour(node);
+    if (folder && folder->childCount() < 2)
+        show_closed(*folder);
+    tree_.remove_node(&node);
+    if (was_selected)
+        tell_after_deletion();
+}
+
+/// The root node before this one, or without one the next; none is selected when there is no other.
+void StockTree::select_neighbour(QTreeWidgetItem& node)
+{
+    const int place = tree_.indexOfTopLevelItem(&node);
+    tree_.select(tree_.topLevelItem(place > 0 ? place - 1 : place + 1));
+}
+
+void StockTree::tell_after_deletion()
+{
+    if (!tells_status())
+        return;
+    const QTreeWidgetItem* node = tree_.selected();
+    if (!node)
+        program_.set_status(QStringLiteral(" "));
+    else if (tree_.is_flat())
+        program_.set_status(get_status(program_.connection, NodeKey::of(node).record));
+    else
+        program_.set_status(node->text(0) + QStringLiteral(" category"));
 }
 
 } // namespace tarnwick

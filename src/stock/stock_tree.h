@@ -3,7 +3,6 @@
 #include "data/text.h"
 
 #include <QObject>
-#include <QPoint>
 
 #include <functional>
 #include <vector>
@@ -13,14 +12,14 @@ class QTreeWidgetItem;
 namespace tarnwick {
 
 struct Program;
+class StockClicks;
 class TreeView;
-struct DragPayload;
 struct CatalogueFolder;
 struct CategoryChange;
 struct ItemChange;
 struct ItemsGone;
 
-/// The stock tree `TreeView1(0)`: its load, its events and the pictures of its items.
+/// The stock tree `TreeView1(0)`: its load, its nodes and what operations do to them.
 class StockTree : public QObject {
     Q_OBJECT
 public:
@@ -31,10 +30,6 @@ public:
 
     /// Rebuilds the tree: folders with their items, or one flat list when `alpha`.
     void tv_load(bool alpha);
-
-    /// Sets one item's picture and Tag from its list rows: 5, 6 or 7. Throws error 35601 when the tree has no such
-    /// item.
-    void tv_refresh(Key item);
 
     /// Closes every folder and stores that.
     void close_folders();
@@ -73,21 +68,13 @@ public:
     int get_indent() const;
     int get_topdent() const;
 
-    /// The press on the tree that is not released yet, and where the last one happened (viewport).
-    bool tree_mouse_down() const { return tree_mouse_down_; }
-    void clear_mouse_down() { tree_mouse_down_ = false; }
-    QPoint tree_down() const { return tree_down_; }
+    /// Tells the selected node's status in the first panel, while the tree is the one on show.
+    void show_status_of_selection();
+
+    StockClicks& clicks() { return *clicks_; }
 
 signals:
-    void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
-    void drag_wanted(const DragPayload& payload, QPoint global); ///< a stock item is dragged out of the tree
     void loading(bool alpha); ///< the tree is about to be filled, by name or by category
-    void node_pressed(); ///< the user comes to the tree
-    void item_clicked(QTreeWidgetItem* node); ///< a left click on an item, after what its box did
-    void item_left(); ///< an arrow key was released, or a click met no item
-    void placing_wanted(tarnwick::Key item); ///< the box of an item on no list
-    void item_deletion_wanted(tarnwick::Key item);
-    void category_deletion_wanted(tarnwick::Key category);
 
 private:
     void connect_events();
@@ -97,29 +84,15 @@ private:
     void open_folders();
     void expanded(QTreeWidgetItem* node, bool open);
     void show_closed(QTreeWidgetItem& folder); ///< its picture alone
-    void mouse_down(Qt::MouseButton button, QPoint position);
-    void start_drag(const QTreeWidgetItem& node, QPoint global);
-    void mouse_up(Qt::MouseButton button, QPoint position);
-    void key_down(int key);
-    void key_up(int key);
-    void show_status_of_selection();
 
     void remove_item_node(QTreeWidgetItem& node);
     void select_neighbour(QTreeWidgetItem& node);
     void tell_after_deletion();
     bool tells_status() const;
 
-    /// The click on an item's check box. False ends the handling of the release.
-    bool click_box(QTreeWidgetItem& node);
-    bool hits_box(int x) const;
-    void activate(Key item);
-    void inactivate(Key item);
-
     Program& program_;
     TreeView& tree_;
-    std::function<bool()> leave_line_editor_;
-    bool tree_mouse_down_ = false;
-    QPoint tree_down_;
+    StockClicks* clicks_ = nullptr;
     std::vector<QString> open_at_load_; ///< keys of folders that a load opens once they hold their items
     bool quiet_ = false; ///< folders open and close without being stored
 };

@@ -33,6 +33,10 @@ struct Program {
     /// The message of an error that a procedure has trapped, then the end of the program; nothing is saved.
     std::function<void(const runtime_error&)> shut_down;
 
+    // The views that the whole window is then shown in: the left pane's tree, and list or page on the right.
+    void show_stock(bool stock) const;
+    void show_list_pane(bool list) const;
+
     QDate today() const { return environment.today(); }
 
     /// What an error in a placing leads to, once nothing is held open: error 9 ends the placing silently, any other

@@ -1,5 +1,6 @@
 #include "window/drags.h"
 
+#include "household/recipe_categories.h"
 #include "household/recipe_store.h"
 #include "household/status.h"
 #include "lists/list_pane.h"
@@ -8,7 +9,9 @@
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "stock/stock_commands.h"
+#include "stock/stock_clicks.h"
 #include "stock/stock_tree.h"
+#include "widgets/node_key.h"
 #include "widgets/list_grid.h"
 #include "widgets/tree_view.h"
 #include "window/frmmain.h"
@@ -62,10 +65,11 @@ public:
 };
 
 /// The folder that a drop on a row of a tree is for: itself or the one it stands in; none below the last row.
-const QTreeWidgetItem* folder_at(const TreeView& tree, QPoint position, QLatin1String folder_key)
+NodeKey folder_at(const TreeView& tree, QPoint position)
 {
     const QTreeWidgetItem* node = tree.hit_test({0, position.y()});
-    return !node || TreeView::key(node).startsWith(folder_key) ? node : node->parent();
+    const NodeKey key = NodeKey::of(node);
+    return key.is_item() || key.is_recipe() ? NodeKey::of(node->parent()) : key;
 }
 
 } // namespace
@@ -77,10 +81,11 @@ Drags::Drags(frmmain& main, const QWidgetList& outside)
 {
     StockTree& stock = main_.stock_tree();
     RecipeTree& recipes = main_.recipe_tree();
-    connect(&stock, &StockTree::drag_wanted, this, [this, &stock](const DragPayload& payload, QPoint global) {
-        if (!main_.recipe_page().editor_open())
-            main_.drag().begin(stock.view(), payload, global);
-    });
+    connect(&stock.clicks(), &StockClicks::drag_wanted, this,
+            [this, &stock](const DragPayload& payload, QPoint global) {
+                if (!main_.recipe_page().editor_open())
+                    main_.drag().begin(stock.view(), payload, global);
+            });
     connect(&recipes, &RecipeTree::drag_wanted, this, [this, &recipes](const DragPayload& payload, QPoint global) {
         main_.drag().begin(recipes.view(), payload, global);
     });
@@ -119,9 +124,9 @@ void Drags::drop_on_stock_tree(const DragPayload& payload, QPoint position)
 {
     if (payload.kind != DragKind::stock_item || main_.shared.stock_alpha || !has_item(payload.key))
         return;
-    const TreeView& tree = main_.stock_tree().view();
-    if (const QTreeWidgetItem* folder = folder_at(tree, position, QLatin1String("cat")))
-        main_.stock_commands().mv_item(record_key(TreeView::key(folder)), payload.key);
+    const NodeKey folder = folder_at(main_.stock_tree().view(), position);
+    if (folder.is_category())
+        main_.stock_commands().mv_item(folder.record, payload.key);
 }
 
 void Drags::drop_on_recipe_tree(const DragPayload& payload, QPoint position)
@@ -129,9 +134,9 @@ void Drags::drop_on_recipe_tree(const DragPayload& payload, QPoint position)
     if (payload.kind != DragKind::recipe || main_.shared.recipe_alpha
         || !recipe_name(main_.connection(), payload.key))
         return;
-    const TreeView& tree = main_.recipe_tree().view();
-    if (const QTreeWidgetItem* folder = folder_at(tree, position, QLatin1String("rca")))
-        main_.recipe_tree().mv_rcp(TreeView::key(folder).right(2), payload.key);
+    const NodeKey folder = folder_at(main_.recipe_tree().view(), position);
+    if (folder.is_recipe_category())
+        main_.recipe_tree().mv_rcp(recipe_category(folder.record - 1), payload.key);
 }
 
 void Drags::drop_on_page(Key item, const QString& name, bool on_line)

@@ -3,19 +3,13 @@
 #include "household/status.h"
 #include "recipes/recipe_tree.h"
 #include "stock/stock_tree.h"
+#include "widgets/program.h"
 #include "widgets/tree_view.h"
 #include "window/frmmain.h"
 #include "window/output_commands.h"
 
 namespace tarnwick {
 namespace {
-
-/// Brings up the tree of one kind.
-void show_tree_of(frmmain& main, FindKind kind)
-{
-    main.shared.stock_view = kind == FindKind::stock;
-    main.l_r_refresh();
-}
 
 bool show_item(frmmain& main, Key item)
 {
@@ -34,7 +28,7 @@ find_item* make_dialog(frmmain& main)
     auto* dialog = new find_item(main.connection(), main.shared.type_size, &main);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(dialog, &find_item::leaving, &main, [&main](bool& allowed) { allowed = leave_editors(main); });
-    QObject::connect(dialog, &find_item::kind_found, &main, [&main](FindKind kind) { show_tree_of(main, kind); });
+    QObject::connect(dialog, &find_item::kind_found, &main, [&main](FindKind kind) { main.program().show_stock(kind == FindKind::stock); });
     QObject::connect(dialog, &find_item::match, &main, [&main](FindKind kind, Key key, bool& shown) {
         shown = kind == FindKind::stock ? show_item(main, key) : main.recipe_tree().choose(key);
     });

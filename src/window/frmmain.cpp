@@ -16,6 +16,7 @@
 #include "lists/lists.h"
 #include "lists/placing.h"
 #include "widgets/row_editor.h"
+#include "recipes/line_stock.h"
 #include "recipes/recipe_page.h"
 #include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
@@ -179,16 +180,16 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *grid_listener_, &GridListener::item_changed);
     listen(&Household::item_changed, *stock_tree_, &StockTree::item_changed);
     listen(&Household::item_changed, *floating_buttons_, &FloatingButtons::item_changed);
-    listen(&Household::item_changed, *recipe_page_, &RecipePage::item_changed);
+    listen(&Household::item_changed, recipe_page_->line_stock(), &LineStock::item_changed);
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
     listen(&Household::line_moved, *recipe_page_, &RecipePage::line_moved);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
     listen(&Household::items_gone, *grid_listener_, &GridListener::items_gone);
     listen(&Household::items_gone, *stock_tree_, &StockTree::items_gone);
-    listen(&Household::items_gone, *recipe_page_, &RecipePage::items_gone);
+    listen(&Household::items_gone, recipe_page_->line_stock(), &LineStock::items_gone);
     listen(&Household::category_changed, *stock_tree_, &StockTree::category_changed);
-    listen(&Household::category_changed, *recipe_page_, &RecipePage::category_changed);
+    listen(&Household::category_changed, recipe_page_->line_stock(), &LineStock::category_changed);
     connect(household_.get(), &Household::recipe_changed, this,
             [this](const MadeRecord& made) { recipe_tree_->recipe_made(made.key, made.name, made.category); });
 }
@@ -208,7 +209,6 @@ void frmmain::load()
         splash.show_warnings();
     splash.refresh();
 
-    shared.form_loading = true;
     read_page_color();
     if (settings_.pref(QStringLiteral("load"), QStringLiteral("fail")) == QLatin1String("fail"))
         settings_.set_reg();
@@ -243,7 +243,6 @@ void frmmain::read_page_color()
     };
     shared.reports.size = report("size", "0");
     shared.color_index = to_int16(settings_.pref(QStringLiteral("color"), QStringLiteral("3")));
-    shared.page_color = page_color_of(shared.color_index);
     list_pane_->set_page_color();
     recipe_page_->set_page_color();
 }

@@ -2,6 +2,7 @@
 
 #include "window/frmmain.h"
 #include "data/keys.h"
+#include "widgets/node_key.h"
 #include "widgets/header_bar.h"
 #include "lists/list_pane.h"
 #include "lists/lists.h"
@@ -16,6 +17,7 @@
 #include "window/move_window.h"
 #include "window/output_commands.h"
 #include "window/page_colors.h"
+#include "widgets/program.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
 #include "stock/stock_commands.h"
@@ -26,24 +28,18 @@
 namespace tarnwick {
 namespace {
 
-QString selected_key(TreeView& tree)
-{
-    const QTreeWidgetItem* node = tree.selected();
-    return node ? TreeView::key(node) : QString();
-}
-
 void with_selected_item(frmmain& main, void (*act)(frmmain&, Key))
 {
-    const QString key = selected_key(main.stock_tree().view());
-    if (key.startsWith(QLatin1String("item")))
-        act(main, record_key(key));
+    const NodeKey node = NodeKey::of(main.stock_tree().view().selected());
+    if (node.is_item())
+        act(main, node.record);
 }
 
 void delete_category(frmmain& main)
 {
-    const QString key = selected_key(main.stock_tree().view());
-    if (key.startsWith(QLatin1String("cat")))
-        main.stock_commands().tv_del_cat(record_key(key));
+    const NodeKey node = NodeKey::of(main.stock_tree().view().selected());
+    if (node.is_category())
+        main.stock_commands().tv_del_cat(node.record);
 }
 
 void delete_item(frmmain& main)
@@ -63,21 +59,15 @@ void item_to_recipe(frmmain& main)
 
 void delete_recipe(frmmain& main)
 {
-    const QString key = selected_key(main.recipe_tree().view());
-    if (key.startsWith(QLatin1String("rcp")))
-        main.recipe_tree().recip_del(record_key(key));
+    const NodeKey node = NodeKey::of(main.recipe_tree().view().selected());
+    if (node.is_recipe())
+        main.recipe_tree().recip_del(node.record);
 }
 
 void toggle_columns(frmmain& main, int group)
 {
     main.list_pane().header().show_box(group).toggle();
     main.list_pane().show_column_group(group);
-}
-
-void show_tree(frmmain& main, bool stock)
-{
-    main.shared.stock_view = stock;
-    main.l_r_refresh();
 }
 
 void new_list(frmmain& main)
@@ -184,8 +174,8 @@ constexpr MenuRow rows[] = {
      [](frmmain& m) { send_to_email(m, false); }},
 
     {bar_menu, "", "mnu_view", "&View"},
-    {check, "mnu_view", "mnu_view_stock", "Stock list", [](frmmain& m) { show_tree(m, true); }},
-    {check, "mnu_view", "mnu_view_rcp", "Recipes list", [](frmmain& m) { show_tree(m, false); }},
+    {check, "mnu_view", "mnu_view_stock", "Stock list", [](frmmain& m) { m.program().show_stock(true); }},
+    {check, "mnu_view", "mnu_view_rcp", "Recipes list", [](frmmain& m) { m.program().show_stock(false); }},
     {separator, "mnu_view", "mnu_view_sep_1", ""},
     {check, "mnu_view", "mnu_view_shoplist", "Shopping list",
      [](frmmain& m) { m.view_state().show_list_pane(true); }},

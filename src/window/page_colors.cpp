@@ -51,8 +51,6 @@ void set_color(frmmain& main, int index)
     {
         const UpdateLock lock(main);
         main.shared.color_index = index;
-        if (const auto color = page_color_of(index))
-            main.shared.page_color = color;
         redraw_list(main);
         redraw_recipe(main);
         main.l_r_refresh();

@@ -8,6 +8,7 @@
 #include "recipes/recipe_tree.h"
 #include "stock/floating_buttons.h"
 #include "stock/stock_commands.h"
+#include "stock/stock_clicks.h"
 #include "stock/stock_tree.h"
 #include "widgets/list_grid.h"
 #include "widgets/row_editor.h"
@@ -35,8 +36,9 @@ void on(frmmain& main, Sender& sender, Signal signal, Act act)
 void connect_stock(frmmain& main)
 {
     const auto place = [&main](Key item) { main.placing().stock_to_list(item); };
-    on(main, main.stock_tree(), &StockTree::node_pressed, [&main] { main.list_pane().leave_for_tree(); });
-    on(main, main.stock_tree(), &StockTree::placing_wanted, place);
+    on(main, main.stock_tree().clicks(), &StockClicks::node_pressed,
+       [&main] { main.list_pane().leave_for_tree(); });
+    on(main, main.stock_tree().clicks(), &StockClicks::placing_wanted, place);
     on(main, main.floating_buttons(), &FloatingButtons::placing_wanted, place);
     on(main, main.floating_buttons(), &FloatingButtons::adding_wanted, [&main] {
         main.view_state().show_list_pane(false);

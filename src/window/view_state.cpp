@@ -1,6 +1,8 @@
 #include "window/view_state.h"
 
 #include "window/frmmain.h"
+#include "widgets/node_key.h"
+#include "widgets/program.h"
 #include "widgets/update_lock.h"
 #include "widgets/header_bar.h"
 #include "lists/list_mouse.h"
@@ -20,6 +22,7 @@
 #include "widgets/window_title.h"
 #include "stock/floating_buttons.h"
 #include "household/status.h"
+#include "stock/stock_clicks.h"
 #include "stock/stock_tree.h"
 
 #include <QEvent>
@@ -45,15 +48,13 @@ CommandInputs::Selection selection_of(const TreeView& tree)
     const QTreeWidgetItem* node = tree.selected();
     if (!node)
         return selection;
-    const QString key = TreeView::key(node);
-    if (key.startsWith(QLatin1String("item")))
+    const NodeKey key = NodeKey::of(node);
+    if (key.is_item())
         selection.kind = Node::item;
-    else if (key.startsWith(QLatin1String("rcp")))
+    else if (key.is_recipe())
         selection.kind = Node::recipe;
-    else if (key == QLatin1String("cat0000"))
-        selection.kind = Node::other;
-    else if (key.startsWith(QLatin1String("cat")))
-        selection.kind = Node::category;
+    else if (key.is_category())
+        selection.kind = key.is_other() ? Node::other : Node::category;
     selection.text = node->text(0);
     selection.has_light = TreeView::picture(node) >= status_code::unlisted;
     return selection;
@@ -115,7 +116,7 @@ void ViewState::connect_panes()
         if (command != QLatin1String("mnu_list_exit"))
             main_.stock_tree().view().finish_label_edit();
     });
-    connect(&main_.stock_tree(), &StockTree::menu_wanted, this, pop_up("mnu_tv"));
+    connect(&main_.stock_tree().clicks(), &StockClicks::menu_wanted, this, pop_up("mnu_tv"));
     connect(&main_.recipe_tree(), &RecipeTree::menu_wanted, this, pop_up("mnu_tv_r"));
     connect(&main_.recipe_page(), &RecipePage::recipe_shown, this, &ViewState::refresh_commands);
     connect(&main_.recipe_page(), &RecipePage::line_menu_wanted, this,
@@ -187,8 +188,8 @@ void ViewState::refresh_all()
     refresh_commands();
 }
 
-/// A control that got hidden would go on taking the keys, or has lost them by closing. A tree hands them to the tree
-/// in its place, a control of the right pane to what the pane now shows.
+/// A control that got hidden would go on taking the keys, or has lost them by closing. A tree hands them to the
+/// tree in its place, a control of the right pane to what the pane now shows.
 void ViewState::take_keyboard_from_hidden()
 {
     const QWidget* focus = main_.focusWidget();
@@ -233,12 +234,6 @@ void ViewState::set_edit_tool_tips(const QString& edit, const QString& remove)
         button->setToolTip(remove);
 }
 
-void ViewState::view_stock()
-{
-    show_tree(true);
-    refresh_commands();
-}
-
 void ViewState::view_rcps()
 {
     show_tree(false);
@@ -278,10 +273,7 @@ void ViewState::left_tab_clicked(int index)
     if (index < 0)
         return;
     main_.row_editor().lv_edit_off();
-    const bool stock = index == 0;
-    main_.shared.stock_view = stock;
-    main_.settings().set_pref(QStringLiteral("tv_view"), stock ? QStringLiteral("1") : QStringLiteral("0"));
-    l_r_refresh();
+    main_.program().show_stock(index == 0); // which stores the choice
 }
 
 void ViewState::right_tab_clicked(int index)

@@ -22,7 +22,6 @@ public:
     /// Brings panes, tabs, captions, menus and toolbar to the view in `SharedValues`; an edited recipe is saved.
     void l_r_refresh();
 
-    void view_stock(); ///< shows the stock tree and stores the choice
     void view_rcps(); ///< shows the recipe tree and stores the choice
 
     /// Shows the lists, or the recipe page when not `list`, and stores the choice; nothing when it is shown.

@@ -160,16 +160,16 @@ public:
 
 void tst_integrity::clearing_a_list_ends_with_the_check_data()
 {
-    QTest::addColumn<int>("mode");
+    QTest::addColumn<ClearMode>("mode");
     QTest::addColumn<int>("kept");
-    QTest::newRow("uncheck") << clear_mode::uncheck << 2;
-    QTest::newRow("delete unchecked") << clear_mode::delete_unchecked << 1;
-    QTest::newRow("delete all") << clear_mode::delete_all << 0;
+    QTest::newRow("uncheck") << ClearMode::uncheck << 2;
+    QTest::newRow("delete unchecked") << ClearMode::delete_unchecked << 1;
+    QTest::newRow("delete all") << ClearMode::delete_all << 0;
 }
 
 void tst_integrity::clearing_a_list_ends_with_the_check()
 {
-    QFETCH(int, mode);
+    QFETCH(ClearMode, mode);
     QFETCH(int, kept);
     LooseLinks window;
     QCOMPARE(window.loose(), 2);

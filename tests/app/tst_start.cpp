@@ -127,7 +127,7 @@ void tst_start::a_first_run_starts_maximised_with_the_stock_and_the_list()
     QVERIFY(main.shared.list_pane_shown);
     QVERIFY(!main.shared.form_loading);
     QVERIFY(main.shared.started);
-    QCOMPARE(main.shared.page_color.value_or(QColor()), QColor(204, 204, 255));
+    QCOMPARE(main.shared.page_color().value_or(QColor()), QColor(204, 204, 255));
 }
 
 void tst_start::a_later_run_writes_no_defaults()
@@ -138,7 +138,7 @@ void tst_start::a_later_run_writes_no_defaults()
     frmmain& main = window.load();
     QCOMPARE(window.pref(QStringLiteral("font")), QStringLiteral("12"));
     QCOMPARE(main.shared.type_size, 12);
-    QCOMPARE(main.shared.page_color.value_or(QColor()), QColor(255, 204, 204));
+    QCOMPARE(main.shared.page_color().value_or(QColor()), QColor(255, 204, 204));
 }
 
 void tst_start::settings_without_load_get_every_default_data()
@@ -335,7 +335,7 @@ void tst_start::a_color_above_3_leaves_the_page_color_unset()
     TestWindow window;
     window.set_pref(QStringLiteral("color"), QStringLiteral("4"));
     frmmain& main = window.load();
-    QVERIFY(!main.shared.page_color.has_value());
+    QVERIFY(!main.shared.page_color().has_value());
     QVERIFY(main.isVisible());
 }
 

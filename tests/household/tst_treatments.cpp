@@ -100,7 +100,7 @@ public:
             QTest::keyClick(&grid(), Qt::Key_Delete);
             break;
         case Cause::clearing:
-            main().household().clear_list(weekly, clear_mode::uncheck);
+            main().household().clear_list(weekly, ClearMode::uncheck);
             break;
         case Cause::page_box:
             QTest::mouseClick(&control(QStringLiteral("Check1(0)")), Qt::LeftButton);

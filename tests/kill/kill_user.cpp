@@ -188,9 +188,9 @@ void User::clear_list()
     const auto& rows = main_.list_pane().grid().rows().list_rows();
     const auto active = std::count_if(rows.begin(), rows.end(), [](const GridRow& row) { return row.to_get; });
     mode_ = 1 + random_.bounded(3);
-    const auto met = mode_ == clear_mode::uncheck ? active
-        : mode_ == clear_mode::delete_unchecked   ? static_cast<qsizetype>(rows.size()) - active
-                                                  : static_cast<qsizetype>(rows.size());
+    const auto met = mode_ == int(ClearMode::uncheck) ? active
+        : mode_ == int(ClearMode::delete_unchecked)   ? static_cast<qsizetype>(rows.size()) - active
+                                                      : static_cast<qsizetype>(rows.size());
     if (met == 0)
         return;
     Operation operation{Kind::clear_list};
@@ -336,7 +336,7 @@ void User::answer_clearing(QDialog& dialog)
     if (!option || !ok)
         give_up(QStringLiteral("the clearing dialog lacks a control"));
     option->setChecked(true);
-    if (mode_ == clear_mode::uncheck)
+    if (mode_ == int(ClearMode::uncheck))
         last_step();
     QTest::mouseClick(ok, Qt::LeftButton);
 }

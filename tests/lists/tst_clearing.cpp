@@ -57,7 +57,7 @@ void tst_clearing::mode_1_unchecks_the_buy_it_rows_and_keeps_all()
     HomeWithLists home;
     frmmain& main = home.load();
     MessageScript script;
-    main.clearing().clear_list(clear_mode::uncheck);
+    main.clearing().clear_list(ClearMode::uncheck);
     QCOMPARE(home.grid(), QStringLiteral("Bread 0 183 113,Eggs 0 183 113,Milk 0 183 113"));
     QCOMPARE(home.list_rows(), QStringLiteral("1:0,2:0,3:0,4:1,5:0"));
     QCOMPARE(home.number("SELECT count(*) FROM tie"), 5);
@@ -71,7 +71,7 @@ void tst_clearing::mode_2_deletes_the_unchecked_rows()
     HomeWithLists home;
     frmmain& main = home.load();
     MessageScript script;
-    main.clearing().clear_list(clear_mode::delete_unchecked);
+    main.clearing().clear_list(ClearMode::delete_unchecked);
     QCOMPARE(home.grid(), QStringLiteral("Bread 1 179 122,Milk 1 179 122"));
     QCOMPARE(home.list_rows(), QStringLiteral("1:1,2:1,4:1,5:0"));
     QCOMPARE(home.links(), QStringLiteral("1-1-1,2-2-1,4-1-2,5-3-2"));
@@ -85,7 +85,7 @@ void tst_clearing::mode_3_deletes_all_rows_and_the_list_stays()
     HomeWithLists home;
     frmmain& main = home.load();
     MessageScript script;
-    main.clearing().clear_list(clear_mode::delete_all);
+    main.clearing().clear_list(ClearMode::delete_all);
     QCOMPARE(home.rows().rows(), 0);
     QCOMPARE(home.list_rows(), QStringLiteral("4:1,5:0"));
     QCOMPARE(home.links(), QStringLiteral("4-1-2,5-3-2"));
@@ -100,7 +100,7 @@ void tst_clearing::item_on_two_lists_stays_active_after_clearing_one()
 {
     HomeWithLists home;
     frmmain& main = home.load();
-    main.clearing().clear_list(clear_mode::delete_all);
+    main.clearing().clear_list(ClearMode::delete_all);
     QCOMPARE(TreeView::picture(home.node(home.milk)), 7);
     QCOMPARE(home.number("SELECT status FROM items_1 WHERE item = 'Milk'"), 7);
 }
@@ -115,7 +115,7 @@ void tst_clearing::mode_1_without_buy_it_rows_says_so_and_changes_nothing()
     script.expect(
         QStringLiteral("list info"), QStringLiteral("No 'buy-it' items in the Weekly list"), Answer::ok,
         [](QDialog& form) { QCOMPARE(dynamic_cast<QMessageBox&>(form).icon(), QMessageBox::Information); });
-    main.clearing().clear_list(clear_mode::uncheck);
+    main.clearing().clear_list(ClearMode::uncheck);
     QCOMPARE(table_dump(home.db()), before);
     QCOMPARE(home.rows().rows(), 3);
 }
@@ -128,7 +128,7 @@ void tst_clearing::mode_2_with_all_rows_ticked_says_no_items()
     const QStringList before = table_dump(home.db());
     MessageScript script;
     script.expect(QStringLiteral("list info"), QStringLiteral("No items in the Weekly list"));
-    main.clearing().clear_list(clear_mode::delete_unchecked);
+    main.clearing().clear_list(ClearMode::delete_unchecked);
     QCOMPARE(table_dump(home.db()), before);
 }
 
@@ -139,7 +139,7 @@ void tst_clearing::mode_3_without_rows_says_no_unchecked_items()
     frmmain& main = home.load();
     MessageScript script;
     script.expect(QStringLiteral("list info"), QStringLiteral("No unchecked items in the Weekly list"));
-    main.clearing().clear_list(clear_mode::delete_all);
+    main.clearing().clear_list(ClearMode::delete_all);
 }
 
 void tst_clearing::clearing_is_not_offered_in_the_all_lists_view()
@@ -160,7 +160,7 @@ void tst_clearing::clearing_ends_with_the_integrity_check()
 {
     HomeWithLists home;
     home.db().db().exec("INSERT INTO tie (key_id, groc_id, item_id, list) VALUES (90, 700, 1, 2), (91, 4, 800, 2)");
-    clear_rows(home.db(), home.weekly, clear_mode::uncheck);
+    clear_rows(home.db(), home.weekly, ClearMode::uncheck);
     QCOMPARE(home.number("SELECT count(*) FROM tie WHERE key_id >= 90"), 0);
 }
 
@@ -168,7 +168,7 @@ void tst_clearing::rows_whose_item_is_gone_are_cleared_as_well()
 {
     HomeWithLists home;
     Query(home.db(), "DELETE FROM items_1 WHERE item = 'Bread'").run();
-    const auto items = clear_rows(home.db(), home.weekly, clear_mode::delete_all).items;
+    const auto items = clear_rows(home.db(), home.weekly, ClearMode::delete_all).items;
     QCOMPARE(items.size(), size_t(2));
     QCOMPARE(home.list_rows(), QStringLiteral("4:1,5:0"));
 }
@@ -177,24 +177,24 @@ void tst_clearing::item_twice_on_a_list_is_counted_once()
 {
     HomeWithLists home;
     home.add_row(home.bread, home.weekly, true);
-    const auto items = clear_rows(home.db(), home.weekly, clear_mode::uncheck).items;
+    const auto items = clear_rows(home.db(), home.weekly, ClearMode::uncheck).items;
     QCOMPARE(items.size(), size_t(2));
     QCOMPARE(home.number("SELECT status FROM items_1 WHERE item = 'Bread'"), 6);
 }
 
 void tst_clearing::failure_in_the_middle_changes_nothing_data()
 {
-    QTest::addColumn<int>("mode");
+    QTest::addColumn<ClearMode>("mode");
     QTest::addColumn<QByteArray>("operation");
     QTest::addColumn<QByteArray>("table");
-    QTest::newRow("uncheck") << clear_mode::uncheck << QByteArray("UPDATE") << QByteArray("items_1");
-    QTest::newRow("unchecked") << clear_mode::delete_unchecked << QByteArray("DELETE") << QByteArray("groc_1");
-    QTest::newRow("all") << clear_mode::delete_all << QByteArray("UPDATE") << QByteArray("items_1");
+    QTest::newRow("uncheck") << ClearMode::uncheck << QByteArray("UPDATE") << QByteArray("items_1");
+    QTest::newRow("unchecked") << ClearMode::delete_unchecked << QByteArray("DELETE") << QByteArray("groc_1");
+    QTest::newRow("all") << ClearMode::delete_all << QByteArray("UPDATE") << QByteArray("items_1");
 }
 
 void tst_clearing::failure_in_the_middle_changes_nothing()
 {
-    QFETCH(int, mode);
+    QFETCH(ClearMode, mode);
     QFETCH(QByteArray, operation);
     QFETCH(QByteArray, table);
     HomeWithLists home;
@@ -213,7 +213,7 @@ void tst_clearing::clearing_rewrites_the_panel_of_the_selected_item()
     HomeWithLists home;
     frmmain& main = home.load();
     main.stock_tree().view().select(home.node(home.bread));
-    main.clearing().clear_list(clear_mode::delete_all);
+    main.clearing().clear_list(ClearMode::delete_all);
     QCOMPARE(home.panel(), QStringLiteral("Not listed :: OTHER category"));
 }
 
@@ -238,7 +238,7 @@ void tst_clearing::clearing_costs_in_proportion_to_the_list()
                 return 0;
             },
             &counted);
-        clear_rows(window.db(), list, clear_mode::delete_all);
+        clear_rows(window.db(), list, ClearMode::delete_all);
         sqlite3_progress_handler(handle, 0, nullptr, nullptr);
         return counted;
     };

@@ -366,7 +366,7 @@ void tst_list_manager::a_cleared_list_stays()
     const Key eggs = w.add_item(QStringLiteral("Eggs"), 0);
     w.add_row(eggs, 2, true);
     w.open(three, 2);
-    QCOMPARE(w.main().household().clear_list(2, clear_mode::delete_all), Refusal::none);
+    QCOMPARE(w.main().household().clear_list(2, ClearMode::delete_all), Refusal::none);
     QCOMPARE(w.main().list_pane().grid().rows().rows(), 0);
     QCOMPARE(w.rows().first(), QStringLiteral("Baker|2*"));
     w.click_row(1);

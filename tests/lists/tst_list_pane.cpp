@@ -43,8 +43,6 @@ private slots:
     void load_ticks_the_entry_of_the_list();
     void load_shows_the_list_pane();
     void change_of_the_scroll_bar_makes_column_3_current();
-    void rebuild_takes_over_keys_and_marks_and_keeps_texts();
-    void rebuild_of_an_empty_query_keeps_the_mirror();
     void set_row_makes_the_first_match_current();
     void box_hides_its_columns_and_stores_the_switch();
     void toggle_levels_the_text_columns();
@@ -302,41 +300,6 @@ void tst_list_pane::change_of_the_scroll_bar_makes_column_3_current()
     QCOMPARE(grid().current_col(), 2);
 }
 
-void tst_list_pane::rebuild_takes_over_keys_and_marks_and_keeps_texts()
-{
-    const Key list = window->add_list(QStringLiteral("A"));
-    const Key other = window->add_list(QStringLiteral("B"));
-    const Key milk = add("Milk", list);
-    const Key bread = add("Bread", list);
-    add("Zest", other);
-    ListPane& pane = open(list);
-    Query(window->db(), "UPDATE groc_1 SET to_get = 1, desc = 'new' WHERE key_id = ?", milk).run();
-    Query(window->db(), "UPDATE tie SET item_id = 3 WHERE groc_id = ?", bread).run();
-    pane.rebuild_array(list);
-    const GridModel& rows = grid().rows();
-    QCOMPARE(rows.rows(), 2);
-    QCOMPARE(rows.row(0).groc_key, bread);
-    QCOMPARE(rows.row(0).item_key, Key(3));
-    QVERIFY(rows.row(1).to_get);
-    QCOMPARE(rows.cell_text(1, grid_column::desc), QStringLiteral(" "));
-    QVERIFY(!window->main().shared.all_lists_view);
-    pane.rebuild_array(0);
-    QVERIFY(window->main().shared.all_lists_view);
-    QCOMPARE(rows.rows(), 2);
-}
-
-void tst_list_pane::rebuild_of_an_empty_query_keeps_the_mirror()
-{
-    const Key list = window->add_list(QStringLiteral("A"));
-    const Key milk = add("Milk", list, true);
-    ListPane& pane = open(list);
-    Query(window->db(), "DELETE FROM tie").run();
-    pane.rebuild_array(list);
-    QCOMPARE(grid().rows().rows(), 1);
-    QCOMPARE(grid().rows().row(0).groc_key, milk);
-    QVERIFY(grid().rows().row(0).to_get);
-}
-
 void tst_list_pane::set_row_makes_the_first_match_current()
 {
     const Key list = window->add_list(QStringLiteral("A"));
@@ -550,13 +513,12 @@ void tst_list_pane::page_colour_reaches_grid_and_notice()
     frmmain& main = window->main();
     for (int index = 0; index < 4; ++index) {
         main.shared.color_index = index;
-        main.shared.page_color = page_color_of(index);
         pane.set_page_color();
         QCOMPARE(grid().palette().color(QPalette::Base), *page_color_of(index));
         auto* frame = window->find<QFrame>(QStringLiteral("frmCreateList"));
         QCOMPARE(frame->palette().color(QPalette::Window), *page_color_of(index));
     }
-    main.shared.page_color.reset();
+    main.shared.color_index = 4;
     pane.set_page_color();
     QCOMPARE(grid().palette().color(QPalette::Base), *page_color_of(3));
 }

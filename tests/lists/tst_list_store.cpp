@@ -21,7 +21,6 @@ private slots:
     void coupon_shows_its_date_and_no_coupon_one_blank();
     void text_that_is_no_date_stays();
     void buy_it_mark_chooses_the_pictures();
-    void keys_come_in_the_order_of_the_rows();
     void list_without_rows_is_marked_active();
     void stale_list_key_marks_nothing();
 
@@ -147,23 +146,6 @@ void tst_list_store::buy_it_mark_chooses_the_pictures()
     QVERIFY(!read[1].to_get);
     QCOMPARE(read[1].light, 183);
     QCOMPARE(read[1].check, 113);
-}
-
-void tst_list_store::keys_come_in_the_order_of_the_rows()
-{
-    const Key list = window->add_list(QStringLiteral("A"));
-    for (const char* name : {"pear", "Apple", "apple", "fig"})
-        window->add_row(window->add_item(QLatin1String(name), 0), list, name[0] == 'p');
-    const std::vector<GridRow> read = rows(list);
-    const std::vector<list_store::RowKeys> keys = list_store::read_row_keys(window->db(), list);
-    QCOMPARE(keys.size(), size_t(4));
-    for (size_t i = 0; i < keys.size(); ++i) {
-        QCOMPARE(keys[i].groc_key, read[i].groc_key);
-        QCOMPARE(keys[i].item_key, read[i].item_key);
-        QCOMPARE(keys[i].list_key, list);
-        QCOMPARE(keys[i].to_get, read[i].to_get);
-    }
-    QVERIFY(keys[3].to_get);
 }
 
 void tst_list_store::list_without_rows_is_marked_active()

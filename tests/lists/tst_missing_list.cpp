@@ -95,7 +95,7 @@ void tst_missing_list::household_refuses_every_operation()
     for (const Key list : {gone, Key(0), Key(-1)}) {
         placement.list_key = list;
         QVERIFY(household.place(placement) == Refusal::no_list);
-        QVERIFY(household.clear_list(list, clear_mode::delete_all) == Refusal::no_list);
+        QVERIFY(household.clear_list(list, ClearMode::delete_all) == Refusal::no_list);
         QVERIFY(household.delete_list(list) == Refusal::no_list);
     }
     placement.list_key = window.weekly;
@@ -148,7 +148,7 @@ void tst_missing_list::clearing_and_deleting_say_so_and_write_nothing()
         QVERIFY(!main.commands().action(QLatin1String(name)).isEnabled());
     MessageScript script;
     script.expect(QStringLiteral("Shopping list"), no_longer);
-    main.clearing().clear_list(clear_mode::delete_all);
+    main.clearing().clear_list(ClearMode::delete_all);
     script.expect(QStringLiteral("Shopping list"), no_longer);
     main.lists().list_del();
     QCOMPARE(script.left(), 0);

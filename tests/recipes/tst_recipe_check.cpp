@@ -1,3 +1,4 @@
+#include "recipes/line_stock.h"
 #include "recipes/recipe_fixture.h"
 
 #include "household/household.h"
@@ -335,7 +336,7 @@ void tst_recipe_check::clearing_a_non_stock_line_does_nothing()
     window.load();
     window.page().state.cur_line = 1;
     const MessageScript no_dialog;
-    window.page().recipe_chck(0, window.plain);
+    window.page().line_stock().recipe_chck(0, window.plain);
     QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 0);
 }
 
@@ -357,7 +358,7 @@ void tst_recipe_check::refreshing_leaves_the_marks()
     Query(window.db(), "UPDATE cat SET expand = 1").run();
     window.load();
     const QStringList before = table_dump(window.db());
-    window.page().recipe_chck(2, window.line);
+    window.page().line_stock().recipe_chck(2, window.line);
     QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 2);
     QCOMPARE(table_dump(window.db()), before);
 }
@@ -402,12 +403,12 @@ void tst_recipe_check::unlinked_and_linked_lines_change_their_kind()
     change.items.push_back({window.item, 6, 6, 6});
     change.record.emplace();
     Query(window.db(), "UPDATE recipe_2 SET item_ref = -1").run();
-    window.page().item_changed(change);
+    window.page().line_stock().item_changed(change);
     QCOMPARE(window.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
     QCOMPARE(window.picture("lite", 0), 171);
     QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), QStringLiteral("Non-stock item"));
     Query(window.db(), "UPDATE recipe_2 SET item_ref = iif(key_id = ?, ?, -1)", window.plain, window.item).run();
-    window.page().item_changed(change);
+    window.page().line_stock().item_changed(change);
     QCOMPARE(window.control(QStringLiteral("ingred(1)")).toolTip(),
              QStringLiteral("Spring water - ") + get_status(window.db(), window.item));
     QCOMPARE(window.tag(QStringLiteral("Check1(1)")), QString::number(window.item));
@@ -435,7 +436,6 @@ void tst_recipe_check::text_is_readable_on_every_page_colour()
     window.load();
     for (int index = 0; index < 4; ++index) {
         window.main().shared.color_index = index;
-        window.main().shared.page_color = page_color_of(index);
         window.page().set_page_color();
         window.page().set_recipe(window.recipe);
         for (QWidget* box : {static_cast<QWidget*>(&window.title()), static_cast<QWidget*>(&window.Text1())}) {
@@ -453,7 +453,7 @@ void tst_recipe_check::an_unknown_colour_leaves_the_page_readable()
     CheckWindow window;
     window.set_pref(QStringLiteral("color"), QStringLiteral("9"));
     window.load();
-    QVERIFY(!window.main().shared.page_color);
+    QVERIFY(!window.main().shared.page_color());
     const QPalette colors = window.page().frame4().palette();
     QVERIFY(colors.color(QPalette::Window).lightness() > 200);
     QCOMPARE(colors.color(QPalette::WindowText), QColor(Qt::black));

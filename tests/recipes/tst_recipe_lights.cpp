@@ -114,22 +114,22 @@ void tst_recipe_lights::toggling_buy_it_in_the_grid_redraws_the_line()
 
 void tst_recipe_lights::clearing_redraws_the_lines_with_their_tool_tips_data()
 {
-    QTest::addColumn<int>("mode");
+    QTest::addColumn<ClearMode>("mode");
     QTest::addColumn<QList<int>>("codes");
     QTest::addColumn<QString>("milk");
     QTest::addColumn<QString>("eggs");
     const QString milk = QStringLiteral("Active On Party list :: OTHER category");
     const QString eggs = QStringLiteral("Not listed :: OTHER category");
-    QTest::newRow("uncheck") << int(clear_mode::uncheck) << QList<int>{7, 6, 7, 9}
+    QTest::newRow("uncheck") << ClearMode::uncheck << QList<int>{7, 6, 7, 9}
                              << QStringLiteral("Inactive On Weekly list :: ") + milk << QString();
-    QTest::newRow("delete unchecked") << int(clear_mode::delete_unchecked) << QList<int>{8, 5, 7, 9} << QString()
+    QTest::newRow("delete unchecked") << ClearMode::delete_unchecked << QList<int>{8, 5, 7, 9} << QString()
                                       << eggs;
-    QTest::newRow("delete all") << int(clear_mode::delete_all) << QList<int>{7, 5, 7, 9} << milk << eggs;
+    QTest::newRow("delete all") << ClearMode::delete_all << QList<int>{7, 5, 7, 9} << milk << eggs;
 }
 
 void tst_recipe_lights::clearing_redraws_the_lines_with_their_tool_tips()
 {
-    QFETCH(int, mode);
+    QFETCH(ClearMode, mode);
     QFETCH(QList<int>, codes);
     QFETCH(QString, milk);
     QFETCH(QString, eggs);

@@ -53,7 +53,6 @@ private slots:
     void a_delete_takes_the_lines_and_no_others();
     void a_category_of_one_digit_is_read_with_its_zero();
     void marking_an_item_writes_all_rows_and_the_status();
-    void the_first_row_of_an_item_without_rows_is_nothing();
     void line_ends_of_every_kind_become_crlf();
 };
 
@@ -216,14 +215,6 @@ void tst_recipe_store::marking_an_item_writes_all_rows_and_the_status()
     QCOMPARE(store.text("SELECT group_concat(status) FROM items_1"), QStringLiteral("8,6"));
     QCOMPARE(mark_item(store.db, 1, false), 6);
     QCOMPARE(store.text("SELECT group_concat(to_get) FROM groc_1"), QStringLiteral("0,0,0"));
-    QCOMPARE(first_placed_row(store.db, 2)->groc_key, Key{3});
-    QCOMPARE(first_placed_row(store.db, 2)->list, Key{4});
-}
-
-void tst_recipe_store::the_first_row_of_an_item_without_rows_is_nothing()
-{
-    Store store;
-    QVERIFY(!first_placed_row(store.db, 2));
 }
 
 void tst_recipe_store::line_ends_of_every_kind_become_crlf()

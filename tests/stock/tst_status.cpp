@@ -25,8 +25,6 @@ private slots:
     void tool_tip_of_a_one_letter_name_has_the_words_alone();
     void pictures_of_each_code_data();
     void pictures_of_each_code();
-    void trans_status_data();
-    void trans_status();
     void list_name_of_no_row_is_all();
 
 private:
@@ -177,24 +175,6 @@ void tst_status::pictures_of_each_code()
     QCOMPARE(pictures.light, light);
     QCOMPARE(pictures.check, check);
     QCOMPARE(pictures.check_enabled, enabled);
-}
-
-void tst_status::trans_status_data()
-{
-    QTest::addColumn<QString>("compact");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("none") << QStringLiteral("00") << QStringLiteral("Not active on any list");
-    QTest::newRow("inactive on one") << QStringLiteral("11") << QStringLiteral("Inactive on Home list");
-    QTest::newRow("active on one") << QStringLiteral("02") << QStringLiteral("Active on Party list");
-    QTest::newRow("both") << QStringLiteral("1122")
-                          << QStringLiteral("Inactive on Home list :: Active on Party list");
-}
-
-void tst_status::trans_status()
-{
-    QFETCH(QString, compact);
-    QFETCH(QString, text);
-    QCOMPARE(tarnwick::trans_status(window_->db(), compact), text);
 }
 
 void tst_status::list_name_of_no_row_is_all()

@@ -20,7 +20,6 @@ private slots:
     void expand_mark_is_stored_and_all_are_closed();
     void clickable_rows_come_in_the_order_of_placing();
     void box_click_writes_row_and_status_and_nothing_else();
-    void plain_status_is_5_6_or_7();
     void first_tied_row_is_the_first_placed();
 
 private:
@@ -142,18 +141,6 @@ void tst_stock_store::box_click_writes_row_and_status_and_nothing_else()
     store_box_click(window_->db(), milk, row, false);
     QCOMPARE(window_->number("SELECT to_get FROM groc_1 WHERE key_id = 1"), 0);
     QCOMPARE(window_->number("SELECT status FROM items_1"), 6);
-}
-
-void tst_stock_store::plain_status_is_5_6_or_7()
-{
-    const Key milk = window_->add_item(QStringLiteral("Milk"), 0);
-    const Key home = window_->add_list(QStringLiteral("Home"));
-    QCOMPARE(plain_status(window_->db(), milk), 5);
-    window_->add_row(milk, home, false);
-    QCOMPARE(plain_status(window_->db(), milk), 6);
-    window_->add_row(milk, home, true);
-    window_->add_row(milk, home, true);
-    QCOMPARE(plain_status(window_->db(), milk), 7);
 }
 
 void tst_stock_store::first_tied_row_is_the_first_placed()

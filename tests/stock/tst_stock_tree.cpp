@@ -1,5 +1,6 @@
 #include "data/runtime_error.h"
 #include "window/view_state.h"
+#include "stock/stock_clicks.h"
 #include "stock/stock_tree_fixture.h"
 #include "support/error_number.h"
 
@@ -49,7 +50,6 @@ private slots:
     void sorting_reloads_and_stores_the_order_and_keeps_the_focus();
 
     // what other panes ask for
-    void tv_refresh_sets_the_picture_from_the_rows();
     void new_nodes_go_to_their_places_by_name();
     void moved_item_keeps_picture_and_tag();
 };
@@ -309,9 +309,9 @@ void tst_stock_tree::press_and_release_elsewhere_acts_on_the_pressed_node()
     Query(window_->db(), "UPDATE items_1 SET status = 6 WHERE key_id = ?", milk_).run();
     load();
     QTest::mousePress(tree().viewport(), Qt::LeftButton, {}, point(node(milk_), box_in_folder));
-    QVERIFY(window_->main().stock_tree().tree_mouse_down());
+    QVERIFY(window_->main().stock_tree().clicks().tree_mouse_down());
     QTest::mouseRelease(tree().viewport(), Qt::LeftButton, {}, point(node(butter_), 200));
-    QVERIFY(!window_->main().stock_tree().tree_mouse_down());
+    QVERIFY(!window_->main().stock_tree().clicks().tree_mouse_down());
     QCOMPARE(tree().selected(), node(milk_));
     QCOMPARE(TreeView::tag(node(milk_)), QStringLiteral("7"));
     QCOMPARE(number("SELECT to_get FROM groc_1"), 1);
@@ -400,21 +400,6 @@ void tst_stock_tree::sorting_reloads_and_stores_the_order_and_keeps_the_focus()
     window_->main().view_state().sort_by_cat();
     QVERIFY(tree().topLevelItem(0)->isExpanded());
     QCOMPARE(window_->pref(QStringLiteral("sort")), QStringLiteral("cat"));
-}
-
-void tst_stock_tree::tv_refresh_sets_the_picture_from_the_rows()
-{
-    load();
-    window_->add_row(milk_, home_, false);
-    window_->main().stock_tree().tv_refresh(milk_);
-    QCOMPARE(TreeView::picture(node(milk_)), 6);
-    window_->add_row(milk_, party_, true);
-    window_->main().stock_tree().tv_refresh(milk_);
-    QCOMPARE(TreeView::picture(node(milk_)), 7);
-    QCOMPARE(TreeView::tag(node(milk_)), QStringLiteral("7"));
-    window_->main().stock_tree().tv_refresh(butter_);
-    QCOMPARE(TreeView::picture(node(butter_)), 5);
-    QVERIFY_EXCEPTION_THROWN(window_->main().stock_tree().tv_refresh(99), runtime_error);
 }
 
 void tst_stock_tree::new_nodes_go_to_their_places_by_name()

@@ -578,7 +578,8 @@ void tst_view_state::loading_does_not_store_the_tree()
     main.shared.form_loading = true;
     f.w.set_pref(QStringLiteral("tv_view"), QStringLiteral("untouched"));
     main.view_state().view_rcps();
-    main.view_state().view_stock();
+    main.shared.stock_view = true;
+    main.l_r_refresh();
     QCOMPARE(f.w.pref(QStringLiteral("tv_view")), QStringLiteral("untouched"));
     main.shared.form_loading = false;
     main.view_state().view_rcps();

@@ -1,72 +1,64 @@
-#include "stock/stock_tree.h"
+#include "stock/stock_clicks.h"
 
-#include "widgets/program.h"
-#include "widgets/shared_values.h"
-#include "household/household.h"
-#include "widgets/tree_view.h"
 #include "dialogs/l_item_edit.h"
+#include "household/household.h"
 #include "household/status.h"
 #include "household/stock_store.h"
+#include "stock/stock_tree.h"
+#include "widgets/drag.h"
+#include "widgets/node_key.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
+#include "widgets/tree_view.h"
 
 #include <cstdlib>
+#include <utility>
 
 namespace tarnwick {
-namespace {
 
-bool is_item(const QTreeWidgetItem& node)
+StockClicks::StockClicks(Program& program, StockTree& tree, std::function<bool()> leave_line_editor)
+    : QObject(&tree)
+    , program_(program)
+    , stock_(tree)
+    , tree_(tree.view())
+    , leave_line_editor_(std::move(leave_line_editor))
 {
-    return TreeView::key(&node).startsWith(QLatin1String("item"));
+    connect(&tree_, &TreeView::mouse_down, this, &StockClicks::mouse_down);
+    connect(&tree_, &TreeView::mouse_up, this, &StockClicks::mouse_up);
+    connect(&tree_, &TreeView::release_spent, this, [this] { tree_mouse_down_ = false; });
+    connect(&tree_, &TreeView::drag_wanted, this,
+            [this](QTreeWidgetItem* node, QPoint global) { start_drag(*node, global); });
+    connect(&tree_, &TreeView::key_down, this, &StockClicks::key_down);
+    connect(&tree_, &TreeView::key_up, this, &StockClicks::key_up);
 }
 
-} // namespace
-
-bool StockTree::tells_status() const
+void StockClicks::key_down(int key)
 {
-    return program_.shared.stock_view && !program_.shared.form_loading;
-}
-
-/// First status panel, while the tree is the one on show.
-void StockTree::show_status_of_selection()
-{
-    if (!tells_status())
+    QTreeWidgetItem* selected = tree_.selected();
+    if (!selected)
         return;
-    const QTreeWidgetItem* node = tree_.selected();
-    if (!node)
-        program_.set_status({});
-    else if (is_item(*node))
-        program_.set_status(get_status(program_.connection, record_key(TreeView::key(node))));
-    else
-        program_.set_status(node->text(0) + QStringLiteral(" category: ") + QString::number(node->childCount())
-                            + QStringLiteral(" stock items"));
-}
-
-void StockTree::key_down(int key)
-{
-    QTreeWidgetItem* node = tree_.selected();
-    if (!node)
-        return;
-    if (key == Qt::Key_Space && is_item(*node))
-        click_box(*node);
+    const NodeKey node = NodeKey::of(selected);
+    if (key == Qt::Key_Space && node.is_item())
+        click_box(*selected);
     else if (key == Qt::Key_Menu)
         emit menu_wanted(tree_.menu_place());
     if (key != Qt::Key_Delete)
         return;
-    const Key record = record_key(TreeView::key(node));
-    if (is_item(*node))
-        emit item_deletion_wanted(record);
+    if (node.is_item())
+        emit item_deletion_wanted(node.record);
     else
-        emit category_deletion_wanted(record);
+        emit category_deletion_wanted(node.record);
 }
 
-void StockTree::key_up(int key)
+void StockClicks::key_up(int key)
 {
     if (key != Qt::Key_Up && key != Qt::Key_Down)
         return;
-    show_status_of_selection();
+    stock_.show_status_of_selection();
     emit item_left();
 }
 
-void StockTree::mouse_down(Qt::MouseButton, QPoint position)
+void StockClicks::mouse_down(Qt::MouseButton, QPoint position)
 {
     if (QTreeWidgetItem* node = tree_.hit_test(position)) {
         emit node_pressed();
@@ -78,15 +70,15 @@ void StockTree::mouse_down(Qt::MouseButton, QPoint position)
     tree_mouse_down_ = true;
 }
 
-void StockTree::start_drag(const QTreeWidgetItem& node, QPoint global)
+void StockClicks::start_drag(const QTreeWidgetItem& node, QPoint global)
 {
-    if (!tree_mouse_down_ || !is_item(node))
+    if (!tree_mouse_down_ || !NodeKey::of(&node).is_item())
         return;
     tree_mouse_down_ = false;
-    emit drag_wanted({DragKind::stock_item, record_key(TreeView::key(&node)), trim(node.text(0))}, global);
+    emit drag_wanted({DragKind::stock_item, NodeKey::of(&node).record, trim(node.text(0))}, global);
 }
 
-void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
+void StockClicks::mouse_up(Qt::MouseButton button, QPoint position)
 {
     const bool pressed = tree_mouse_down_;
     tree_mouse_down_ = false;
@@ -103,7 +95,7 @@ void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
         emit menu_wanted(tree_.viewport()->mapToGlobal(position));
         return;
     }
-    if (!is_item(*node)) {
+    if (!NodeKey::of(node).is_item()) {
         emit item_left();
         return;
     }
@@ -116,21 +108,21 @@ void StockTree::mouse_up(Qt::MouseButton button, QPoint position)
 }
 
 /// The box stands at a fixed distance from the text, whose place the indent tells.
-bool StockTree::hits_box(int x) const
+bool StockClicks::hits_box(int x) const
 {
     constexpr int standard_indent = 109;
     constexpr int folder_first = 73;
     constexpr int folder_last = 85;
     constexpr int flat_first = 68;
     constexpr int flat_last = 81;
-    const int shift = std::abs(get_indent() - standard_indent);
+    const int shift = std::abs(stock_.get_indent() - standard_indent);
     const bool flat = program_.shared.stock_alpha;
     return x >= (flat ? flat_first : folder_first) - shift && x <= (flat ? flat_last : folder_last) - shift;
 }
 
-bool StockTree::click_box(QTreeWidgetItem& node)
+bool StockClicks::click_box(QTreeWidgetItem& node)
 {
-    const Key item = record_key(TreeView::key(&node));
+    const Key item = NodeKey::of(&node).record;
     switch (TreeView::tag(&node).toInt()) {
     case status_code::unlisted:
         emit placing_wanted(item);
@@ -146,7 +138,7 @@ bool StockTree::click_box(QTreeWidgetItem& node)
     }
 }
 
-void StockTree::activate(Key item)
+void StockClicks::activate(Key item)
 {
     const std::vector<TiedRow> rows = clickable_rows(program_.connection, item);
     if (rows.empty())
@@ -158,7 +150,7 @@ void StockTree::activate(Key item)
     program_.household.tick_in_tree(item, rows.front(), true);
 }
 
-void StockTree::inactivate(Key item)
+void StockClicks::inactivate(Key item)
 {
     const std::vector<TiedRow> rows = clickable_rows(program_.connection, item);
     if (!rows.empty())
