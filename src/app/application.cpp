@@ -3,32 +3,13 @@
 #include "window/frmmain.h"
 #include "window/rescuer.h"
 #include "widgets/message_box.h"
+#include "widgets/plain_style.h"
 
 #include <QIcon>
-#include <QProxyStyle>
 
 #include <cstdlib>
 
 namespace tarnwick {
-
-namespace {
-
-/// Fusion with plain words on the buttons of message boxes.
-class PlainButtons : public QProxyStyle {
-public:
-    PlainButtons()
-        : QProxyStyle(QStringLiteral("Fusion"))
-    {
-    }
-
-    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* data) const override
-    {
-        return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
-    }
-};
-
-} // namespace
 
 Application::Application(int& argc, char** argv)
     : QApplication(argc, argv)
@@ -36,7 +17,7 @@ Application::Application(int& argc, char** argv)
     setApplicationName(QStringLiteral("tarnwick"));
     setDesktopFileName(QStringLiteral("tarnwick"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/tarnwick.svg")));
-    setStyle(new PlainButtons);
+    setStyle(new PlainStyle);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event)

@@ -33,13 +33,18 @@ std::vector<LinkedRow> rows_to_clear(Connection& connection, Key list, ClearMode
     return rows;
 }
 
-void run_for_rows(Connection& connection, std::string_view sql, const std::vector<LinkedRow>& rows)
+/// Links of rows that are gone are left to the repair.
+std::string_view change_sql(ClearMode mode)
 {
-    Query query(connection, sql);
-    for (const LinkedRow& row : rows) {
-        query.bind(1, row.groc_key);
-        query.run();
-        query.reset();
+    switch (mode) {
+    case ClearMode::uncheck:
+        return "UPDATE groc_1 SET to_get = 0"
+               " WHERE to_get <> 0 AND key_id IN (SELECT t.groc_id FROM tie t WHERE t.list = ?)";
+    case ClearMode::delete_unchecked:
+        return "DELETE FROM groc_1"
+               " WHERE to_get = 0 AND key_id IN (SELECT t.groc_id FROM tie t WHERE t.list = ?)";
+    default:
+        return "DELETE FROM groc_1 WHERE key_id IN (SELECT t.groc_id FROM tie t WHERE t.list = ?)";
     }
 }
 
@@ -69,15 +74,9 @@ ClearedRows clear_rows(Connection& connection, Key list, ClearMode mode)
     Transaction transaction(connection);
     ClearedRows cleared;
     cleared.rows = rows_to_clear(connection, list, mode);
-    const std::vector<LinkedRow>& rows = cleared.rows;
-    if (!rows.empty()) {
-        if (mode == ClearMode::uncheck) {
-            run_for_rows(connection, "UPDATE groc_1 SET to_get = 0 WHERE key_id = ?", rows);
-        } else {
-            run_for_rows(connection, "DELETE FROM tie WHERE groc_id = ?", rows);
-            run_for_rows(connection, "DELETE FROM groc_1 WHERE key_id = ?", rows);
-        }
-        cleared.items = write_items(connection, rows);
+    if (!cleared.rows.empty()) {
+        Query(connection, change_sql(mode), list).run();
+        cleared.items = write_items(connection, cleared.rows);
         data_integrity_check(connection);
     }
     transaction.commit();

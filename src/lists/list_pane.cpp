@@ -5,9 +5,11 @@
 #include "widgets/shared_values.h"
 #include "widgets/update_lock.h"
 #include "widgets/column_layout.h"
+#include "widgets/fitted_text.h"
 #include "widgets/header_bar.h"
 #include "widgets/list_grid.h"
 #include "household/list_store.h"
+#include "household/status.h"
 #include "widgets/row_editor.h"
 #include "lists/main_row_editor_host.h"
 #include "widgets/pictures.h"
@@ -87,10 +89,24 @@ void ListPane::lv_load(Key list_key)
     if (grid_->scroll_bar_shown() != bar_was_shown && grid_->rows().rows() > 0)
         grid_->set_current(0, grid_column::desc);
     list_store::mark_active(program_.connection, list_key);
+    show_hint(list_key);
     set_col_widths();
     set_headers();
     program_.show_list_pane(true);
     emit list_loaded();
+}
+
+/// What an empty list says. A key without a record takes no items.
+void ListPane::show_hint(Key list_key)
+{
+    if (list_key < 1)
+        grid_->set_empty_hint(
+            QStringLiteral("The lists are empty: click an item's box in the stock tree to put it on one."));
+    else if (list_name_of(program_.connection, list_key))
+        grid_->set_empty_hint(
+            QStringLiteral("This list is empty: click an item's box in the stock tree to put it here."));
+    else
+        grid_->set_empty_hint({});
 }
 
 void ListPane::show_rows(std::vector<GridRow> rows)
@@ -189,9 +205,11 @@ void ListPane::set_CreateList(bool show)
                                                     "on the toolbar (notepad icon marked 'New' on the far left) \n"
                                                     " - or choose 'Shopping list/New list' from the menu bar"));
         QFont font = txtCreateList_->font();
+        font.setStretch(QFont::Unstretched);
         font.setPointSize(program_.shared.type_size > 0 ? program_.shared.type_size : font.pointSize());
         txtCreateList_->setFont(font);
         place_notice();
+        grid_->set_empty_hint({});
         frmCreateList_->raise();
     }
     frmCreateList_->setVisible(show);
@@ -200,12 +218,23 @@ void ListPane::set_CreateList(bool show)
 /// The text in the frame's horizontal middle, half the frame high, under its picture.
 void ListPane::place_notice()
 {
-    constexpr int widest_text = 440;
+    constexpr int margin = 8;
     constexpr int gap = 8;
     const QSize frame = frmCreateList_->size();
+    frmCreateList_->setMask((grid_->geometry() & frmCreateList_->geometry()).translated(-frmCreateList_->pos()));
+    // As wide as its longest line, which gets narrower type rather than leaving a word on a line of its own.
+    int widest = 0;
+    QString longest;
+    for (const QString& line : txtCreateList_->toPlainText().split(u'\n')) {
+        const int width = txtCreateList_->fontMetrics().horizontalAdvance(line);
+        longest = width > widest ? line : longest;
+        widest = std::max(widest, width);
+    }
+    const int frame_room = frame.width() - 2 * margin;
+    txtCreateList_->setFont(fit_text(longest, txtCreateList_->font(), frame_room - 2 * margin).font);
     notice_picture_->setPixmap(picture(notice_picture_number, frmCreateList_->devicePixelRatioF()));
     notice_picture_->setGeometry(0, 0, frame.width(), picture_size(notice_picture_number).height());
-    const int width = std::min(frame.width(), widest_text);
+    const int width = std::min(frame_room, widest + 2 * margin);
     txtCreateList_->setGeometry((frame.width() - width) / 2, notice_picture_->height() + gap, width,
                                 frame.height() / 2);
 }

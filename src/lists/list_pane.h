@@ -92,6 +92,7 @@ private:
     void make_room_for_columns();
     void follow_scroll_state(bool was_shown);
     void place_notice();
+    void show_hint(Key list_key);
 
     Program& program_;
     Surroundings around_;

@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QFontMetrics>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
@@ -14,6 +15,12 @@
 #include <utility>
 
 namespace tarnwick {
+
+int widest_text(const QFont& font)
+{
+    constexpr int characters = 100;
+    return characters * QFontMetrics(font).averageCharWidth();
+}
 
 IngredientText::IngredientText(QWidget* parent)
     : QLabel(parent)
@@ -51,7 +58,7 @@ void IngredientText::lay_out(int width)
     layout_.setFont(font());
     layout_.beginLayout();
     for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine())
-        line.setLineWidth(width);
+        line.setLineWidth(std::min(width, widest_text(font())));
     layout_.endLayout();
 }
 
@@ -80,10 +87,19 @@ void IngredientText::set_selected(bool selected)
 void IngredientText::paintEvent(QPaintEvent*)
 {
     lay_out(width());
-    const qreal first = (first_row_ - fontMetrics().height()) / 2.0;
-    for (int row = 0; row < layout_.lineCount(); ++row)
-        layout_.lineAt(row).setPosition({0, first + row * row_pitch_});
+    const int text_height = fontMetrics().height();
+    const qreal first = (first_row_ - text_height) / 2.0;
+    // A row that the lower edge of the page would cut is left out.
+    const int foot = parentWidget()->height() - y();
+    int whole_rows = 0;
+    for (int row = 0; row < layout_.lineCount(); ++row) {
+        const qreal top = first + row * row_pitch_;
+        layout_.lineAt(row).setPosition({0, top});
+        whole_rows += top + text_height <= foot;
+    }
     QPainter painter(this);
+    if (whole_rows < layout_.lineCount())
+        painter.setClipRect(QRectF(0, 0, width(), first + whole_rows * row_pitch_));
     painter.setPen(color_);
     QList<QTextLayout::FormatRange> marks;
     if (selected_) {
@@ -158,6 +174,9 @@ void PagePicture::set_picture(int resource_number)
 
 void PagePicture::paintEvent(QPaintEvent*)
 {
+    constexpr int text_below = 2; // how much lower the text beside it may end
+    if (geometry().bottom() + text_below >= parentWidget()->height())
+        return; // left out with the row of its text
     QPainter painter(this);
     painter.drawPixmap(0, 0, tarnwick::picture(picture_, devicePixelRatioF()));
 }

@@ -8,6 +8,9 @@
 
 namespace tarnwick {
 
+/// How long a line of text on the page gets in a font, pixels: about 100 characters.
+int widest_text(const QFont& font);
+
 /// The text of one ingredient line, `ingred(i)`: read-only, wrapped, with a row pitch of its own.
 class IngredientText : public QLabel, public DragSource {
     Q_OBJECT
@@ -19,7 +22,7 @@ public:
     /// Distance of the rows and height of the first one, pixels.
     void set_pitch(int row, int first_row);
 
-    /// Rows that the text takes in `width` pixels.
+    /// Rows that the text takes in `width` pixels, none longer than `widest_text` of its font.
     int rows_in(int width);
 
     void set_text_color(const QColor& color);

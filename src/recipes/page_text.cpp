@@ -134,7 +134,7 @@ void PageText::fit_rows()
 {
     const int row = fontMetrics().lineSpacing();
     const int room = height() - 2 * frameWidth() - static_cast<int>(document()->documentMargin());
-    setViewportMargins(0, 0, 0, room > row ? room % row : 0);
+    setViewportMargins(0, 0, 0, room > 0 ? room % row : 0);
 }
 
 QString PageText::last_characters(int count) const

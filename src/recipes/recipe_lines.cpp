@@ -7,6 +7,8 @@
 #include "household/status.h"
 #include "household/status_names.h"
 
+#include <QFontMetrics>
+
 #include <algorithm>
 
 namespace tarnwick {
@@ -15,7 +17,26 @@ namespace {
 constexpr int check_left = 14;
 constexpr int lite_left = 34;
 constexpr int ingred_left = 58;
+constexpr int picture_side = 16;
+constexpr int off_middle = 1; ///< pixels, at most, from the middle of the text; half ones are rounded
 constexpr int controls_width = 80; ///< of the page's width, not for the text
+
+/// The first row of a line: the height in which its text is centred, and where the middle of its letters is then.
+struct FirstRow {
+    int height;
+    int middle;
+};
+
+/// The text moves up from the middle of its line as far as it needs to stand beside its light.
+FirstRow first_row(int height, const QFontMetrics& metrics, int type_size)
+{
+    using namespace page_geometry;
+    const int above = (height - metrics.height()) / 2;
+    const int middle = above + metrics.ascent() - metrics.xHeight() / 2;
+    const int light = to_pixels(lite_top(0, 0, type_size) - ingred_top(0, 0, type_size)) + picture_side / 2;
+    const int up = std::clamp(middle - light - off_middle, 0, std::max(above, 0));
+    return {height - 2 * up, middle - up};
+}
 
 int text_width(int page_width)
 {
@@ -209,12 +230,14 @@ void RecipeLines::place_line(int index, int width, int type_size)
     const int room = line_pitch(type_size) + more_rows;
     const int needed = std::min(room, line.ingred->fontMetrics().height() + more_rows);
     const int height = std::clamp(to_pixels(wanted), needed, room);
-    line.ingred->set_pitch(row_pitch(type_size), height - more_rows);
+    const FirstRow first = first_row(height - more_rows, line.ingred->fontMetrics(), type_size);
+    line.ingred->set_pitch(row_pitch(type_size), first.height);
     line.ingred->setGeometry(ingred_left, top, width, height);
 
-    // Lights and lines have slightly different steps; far down a page a light would leave its line.
+    // Lights and lines have slightly different steps; a light keeps to the middle of its line's first row.
+    const int beside = top + first.middle - picture_side / 2;
     const auto beside_line = [&](int twips) {
-        return std::clamp(to_pixels(twips) + surplus_, top - 3, top + line_pitch(type_size) - 13);
+        return std::clamp(to_pixels(twips) + surplus_, beside - off_middle, beside + off_middle);
     };
     line.lite->move(lite_left, beside_line(lite_top(index, wrap_extra_, type_size)));
     line.Check1->move(check_left, beside_line(check_top(index, wrap_extra_, type_size)));

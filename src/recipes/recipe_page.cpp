@@ -7,6 +7,7 @@
 #include "widgets/one_line_box.h"
 #include "widgets/update_lock.h"
 #include "recipes/line_widgets.h"
+#include "widgets/fitted_label.h"
 #include "widgets/focus_question.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
@@ -44,11 +45,13 @@ constexpr int caret_room = 6; ///< under the caret's row, or its box would scrol
 constexpr int text_margin = 14; ///< under the instructions
 constexpr int least_text = 16; ///< height of the instructions when the page has no room for them
 constexpr int low_text = 200; ///< twips above the viewport's lower edge
+constexpr int hint_indent = 4; ///< with the margin of the instructions
 constexpr int scroll_step = 20; ///< pixels that a click on the scroll bar moves the page by
 constexpr int text_gap = 8; ///< least distance of the instructions from the last line
 constexpr QColor design_color(240, 240, 240);
 constexpr QColor hint_color(80, 80, 80);
 
+const QString no_lines_hint = QStringLiteral("Drag a stock item here, or click Ingrdnt, to add an ingredient.");
 const QString no_recipe_hint = QStringLiteral("No recipe is open. Choose one in the tree, or click New.");
 
 /// The Tag of what holds a dirty mark.
@@ -77,6 +80,7 @@ RecipePage::RecipePage(Program& program, QWidget* parent)
     , title_(new QLineEdit(frame3_))
     , text1_(new PageText(frame3_))
     , label1_(new QLabel(frame3_))
+    , hint_(new FittedLabel(no_lines_hint, frame3_))
     , recipe_lines_(new RecipeLines(*frame3_))
 {
     recipe_lines_->setParent(this);
@@ -121,6 +125,11 @@ void RecipePage::make_page()
     mark_text(false);
     label1_->setObjectName(QStringLiteral("Label1"));
     label1_->hide();
+    hint_->setObjectName(QStringLiteral("empty_hint"));
+    hint_->setForegroundRole(QPalette::PlaceholderText);
+    hint_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    hint_->hide();
     set_page_color();
     set_type_size();
     close_or_open();
@@ -328,11 +337,34 @@ void RecipePage::layout_page()
 {
     const int width = frame4_->width();
     title_->setGeometry(title_left, title_top, std::max(1, width - 2 * title_left), title_height);
-    text1_->resize(std::max(1, width - 2 * text_left), text1_->height());
+    // Over the middle of the text, which leaves the rest of a wide page free.
+    title_->setTextMargins(0, 0, std::max(0, width - 2 * text_left - text_width()), 0);
+    text1_->resize(text_width(), text1_->height());
+    place_hint();
     recipe_lines_->place(width, program_.shared.type_size);
     scroll();
     scroll_bar_refresh();
     emit laid_out();
+}
+
+int RecipePage::text_width() const
+{
+    const int frame = 2 * (text1_->frameWidth() + static_cast<int>(text1_->document()->documentMargin()));
+    return std::clamp(frame4_->width() - 2 * text_left, 1, widest_text(text1_->font()) + frame);
+}
+
+/// A recipe without a line says what to do next where its first line would stand.
+void RecipePage::place_hint()
+{
+    const bool wanted = has_recipe() && recipe_lines_->count() == 0;
+    hint_->setVisible(wanted);
+    if (!wanted)
+        return;
+    const int type_size = program_.shared.type_size;
+    hint_->setFont(text1_->font());
+    hint_->setGeometry(text_left + hint_indent,
+                       page_geometry::to_pixels(page_geometry::ingred_top(0, 0, type_size)),
+                       std::max(1, text_width() - hint_indent), page_geometry::line_pitch(type_size));
 }
 
 int RecipePage::text_top() const
@@ -348,7 +380,7 @@ void RecipePage::place_text()
     const int shown = frame4_->height() - (top - scrolled_);
     const bool too_low = shown < page_geometry::to_pixels(low_text);
     const int height = too_low ? least_text : std::max(least_text, shown - text_margin);
-    text1_->setGeometry(text_left, top, std::max(1, frame4_->width() - 2 * text_left), height);
+    text1_->setGeometry(text_left, top, text_width(), height);
     text1_->verticalScrollBar()->setValue(0);
 }
 
@@ -363,6 +395,7 @@ void RecipePage::scroll()
     const int excess = std::max(0, content_height() - height);
     scrolled_ = std::clamp(scrolled_by_bar(excess) + off_bar_, 0, excess);
     frame3_->setGeometry(0, -scrolled_, frame4_->width(), height + scrolled_);
+    frame3_->update(); // rows that were left out at the lower edge
     place_text();
 }
 

@@ -185,6 +185,8 @@ private:
     int scrolled_by_bar(int excess) const;
     void scroll_bar_refresh();
     int text_top() const;
+    int text_width() const;
+    void place_hint();
     int content_height() const;
     int color_index() const;
 
@@ -195,6 +197,7 @@ private:
     QLineEdit* title_;
     PageText* text1_;
     QLabel* label1_;
+    QLabel* hint_; ///< on a recipe without ingredients
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
     LineStock* line_stock_ = nullptr;

@@ -35,22 +35,32 @@ void StockCommands::new_cat()
     new_item_rcp(program_, &program_.window, {NamingKind::category}).exec();
 }
 
+/// Finishes the edit of an ingredient line; a keyboard that this leaves to nobody goes to the tree.
+bool StockCommands::leave_page()
+{
+    if (!finish_recipe_line_())
+        return false;
+    if (!program_.window.focusWidget())
+        tree_.view().setFocus(Qt::OtherFocusReason);
+    return true;
+}
+
 void StockCommands::tv_del_cat(Key category)
 {
-    if (!program_.shared.stock_alpha && finish_recipe_line_())
+    if (!program_.shared.stock_alpha && leave_page())
         tidying_.delete_category(category);
 }
 
 void StockCommands::tv_del_item(Key item)
 {
-    if (finish_recipe_line_())
+    if (leave_page())
         tidying_.delete_item(item);
 }
 
 void StockCommands::mv_item(Key category, Key item)
 {
     emit item_moving();
-    if (finish_recipe_line_())
+    if (leave_page())
         tidying_.move_item(item, category);
 }
 
@@ -58,13 +68,13 @@ void StockCommands::rename_category()
 {
     TreeView& tree = tree_.view();
     const QTreeWidgetItem* node = tree.selected();
-    if (node && !node->parent() && !NodeKey::of(node).is_other() && finish_recipe_line_())
+    if (node && !node->parent() && !NodeKey::of(node).is_other() && leave_page())
         tree.start_label_edit();
 }
 
 void StockCommands::rename_item()
 {
-    if (finish_recipe_line_())
+    if (leave_page())
         tree_.view().start_label_edit();
 }
 

@@ -47,6 +47,8 @@ signals:
     void adding_wanted(tarnwick::Key item, const QString& name); ///< as a line of the recipe on the page
 
 private:
+    bool leave_page();
+
     Program& program_;
     StockTree& tree_;
     std::function<bool()> finish_recipe_line_;

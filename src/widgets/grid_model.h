@@ -53,6 +53,7 @@ public:
     void set_light_name(const QString& name) { light_name_ = name; }
 
     void set_type_size(int points);
+    const QFont& plain_font() const { return plain_font_; } ///< of all cells but bold names and dates
     void set_color_index(int index);
     void set_text_color(const QColor& color);
 

@@ -2,6 +2,8 @@
 
 #include "widgets/update_lock.h"
 #include "widgets/column_layout.h"
+#include "widgets/fitted_label.h"
+#include "widgets/frame_lines.h"
 #include "widgets/list_grid.h"
 #include "widgets/pictures.h"
 
@@ -25,7 +27,9 @@ constexpr int box_inset = 23;
 constexpr int tick_size = 12;
 constexpr int tick_margin = 2;
 constexpr int text_margin = 3;
-constexpr int smallest_type_size = 8;
+constexpr int narrowest_caption = 65; ///< percent
+constexpr int first_type_size = 9;
+constexpr int grip_room = 6; ///< what a caption leaves to the grip at its right
 
 /// A flat cell of the bar. It is a button that does nothing, so it shows no press.
 class HeaderCell : public QPushButton {
@@ -37,14 +41,13 @@ protected:
     {
         QPainter painter(this);
         painter.fillRect(rect(), palette().color(QPalette::Button));
-        painter.setPen(palette().color(QPalette::Mid));
-        painter.drawLine(0, height() - 1, width(), height() - 1);
+        draw_lower_line(painter, rect(), palette().color(QPalette::Mid));
         painter.setPen(palette().color(QPalette::Midlight));
         painter.drawLine(width() - 1, 3, width() - 1, height() - 4);
     }
 };
 
-/// The grip at the border of two columns, its lines on the border itself.
+/// The grip at the border of two columns, its lines left of the border, so that they touch no caption.
 class HeaderGrip : public QWidget {
 public:
     using QWidget::QWidget;
@@ -54,7 +57,7 @@ protected:
     {
         QPainter painter(this);
         const QSize size = picture_size(grip_picture);
-        painter.drawPixmap(grip_width - size.width() / 2, (height() - size.height()) / 2,
+        painter.drawPixmap(grip_width - size.width(), (height() - size.height()) / 2,
                            picture(grip_picture, devicePixelRatioF()));
     }
 };
@@ -118,7 +121,9 @@ HeaderBar::HeaderBar(ListGrid& grid, QWidget* parent)
     const QString captions[] = {QStringLiteral("Buy-it    Item"), QStringLiteral("Description"),
                                 QStringLiteral("Qty"), QStringLiteral("Cpn  Expry"), QStringLiteral("Asl")};
     for (int i = 0; i < 5; ++i) {
-        labels_[i] = new QLabel(parent);
+        auto* label = new FittedLabel(parent);
+        label->set_narrowest(narrowest_caption);
+        labels_[i] = label;
         labels_[i]->setObjectName(numbered("listheader_lbl", i));
         labels_[i]->setTextFormat(Qt::PlainText);
         labels_[i]->setText(captions[i]);
@@ -131,7 +136,7 @@ HeaderBar::HeaderBar(ListGrid& grid, QWidget* parent)
     separators_[0]->setCursor(Qt::SplitHCursor);
     separators_[0]->installEventFilter(this);
     make_boxes(parent);
-    set_type_size(type_size_);
+    set_type_size(first_type_size);
 }
 
 void HeaderBar::make_boxes(QWidget* parent)
@@ -198,27 +203,24 @@ void HeaderBar::place_cells(const QRect& bar)
     place(separators_[0], column_right(item) - grip_width, column_right(item) + grip_beyond);
     place(separators_[1], column_right(qty) - grip_width, column_right(qty) + grip_beyond);
 
-    place_label(0, bar.left(), column_right(item) - 2, bar);
+    place_label(0, bar.left(), column_right(item) - grip_room, bar);
     place_label(1, column_left(desc), end_of(desc) - waiting_boxes_width(), bar);
-    place_label(2, column_left(qty), end_of(qty) - 2, bar);
+    place_label(2, column_left(qty), end_of(qty) - grip_room, bar);
     place_label(3, column_left(coupon), end_of(date), bar);
     place_label(4, column_left(aisle), end_of(aisle), bar);
 }
 
-/// A caption stands over the texts of its column. One that shares its cell with a box gets a smaller type
-/// where it must.
+/// A caption stands over the texts of its column.
 void HeaderBar::place_label(int index, int left, int right, const QRect& bar)
 {
     QLabel& label = *labels_[index];
-    QFont font = label.font();
-    font.setPointSize(type_size_);
-    int room = right - left - text_margin;
+    // The narrowest column has no pixel to spare between its caption and its box.
+    const bool is_narrowest = index == 4;
+    const int margin = is_narrowest ? 1 : text_margin;
+    int room = right - left - margin;
     if (index >= 3)
-        room -= tick_size + 2 * tick_margin;
-    while (font.pointSize() > smallest_type_size && QFontMetrics(font).horizontalAdvance(label.text()) > room)
-        font.setPointSize(font.pointSize() - 1);
-    label.setFont(font);
-    label.setGeometry(left + text_margin, bar.top(), std::max(room, 0), bar.height() - 1);
+        room -= tick_size + (is_narrowest ? tick_margin : 2 * tick_margin);
+    label.setGeometry(left + margin, bar.top(), std::max(room, 0), bar.height() - 1);
 }
 
 int HeaderBar::waiting_boxes_width() const
@@ -259,20 +261,17 @@ void HeaderBar::show_parts()
 
 void HeaderBar::set_type_size(int points)
 {
-    constexpr int largest_box_type = 10;
     if (points < 1)
         return;
-    type_size_ = points;
-    for (QLabel* label : labels_) {
-        QFont font = label->font();
+    const auto set_points = [points](QWidget& caption) {
+        QFont font = caption.font();
         font.setPointSize(points);
-        label->setFont(font);
-    }
-    for (QCheckBox* box : boxes_) {
-        QFont font = box->font();
-        font.setPointSize(std::min(points, largest_box_type));
-        box->setFont(font);
-    }
+        caption.setFont(font);
+    };
+    for (QLabel* label : labels_)
+        set_points(*label);
+    for (QCheckBox* box : boxes_)
+        set_points(*box);
 }
 
 void HeaderBar::set_visible(bool visible)

@@ -51,7 +51,6 @@ private:
 
     ListGrid& grid_;
     bool shown_ = true;
-    int type_size_ = 9;
     int drag_from_ = 0; ///< pointer and width of the name column where the drag began
     int drag_item_width_ = 0;
     QAbstractButton* headers_[4] = {};

@@ -1,5 +1,8 @@
 #include "widgets/list_grid.h"
 
+#include "widgets/contrast.h"
+#include "widgets/fitted_text.h"
+#include "widgets/frame_lines.h"
 #include "widgets/key_kinds.h"
 #include "widgets/last_press.h"
 #include "widgets/pictures.h"
@@ -7,6 +10,7 @@
 
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QItemSelectionModel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -25,8 +29,22 @@ constexpr int text_margin = 3;
 constexpr int picture_margin = 1;
 constexpr std::array full_widths = {18, 18, 120, 120, 36, 18, 80, 36};
 
-/// Draws the cells from the model's plain texts and picture numbers. The current row is tinted as a
-/// whole; no cell of it is framed.
+constexpr int bar_width = 3; ///< of the mark at the left end of the current row; the lights begin right of it
+
+/// A cell's text as it stands in its room. Only names and descriptions may be cut anywhere.
+FittedText text_in_cell(const QModelIndex& index, int cell_width)
+{
+    const QString text = index.data(Qt::DisplayRole).toString();
+    const QFont font = index.data(Qt::FontRole).value<QFont>();
+    const int room = cell_width - text_margin - 1;
+    if (index.column() != grid_column::item && index.column() != grid_column::desc)
+        return fit_number(text, font, room);
+    const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, room);
+    return {shown, font, shown != text};
+}
+
+/// Draws the cells from the model's plain texts and picture numbers, every second row a shade darker. The current
+/// row is tinted as a whole; no cell of it is framed.
 class GridDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -37,6 +55,8 @@ public:
             return;
         if (option.state.testFlag(QStyle::State_Selected))
             painter->fillRect(option.rect, option.palette.highlight());
+        else if (index.row() % 2 == 1)
+            painter->fillRect(option.rect, option.palette.alternateBase());
         const QVariant number = index.data(GridModel::PictureRole);
         if (number.isValid()) {
             const QPixmap image = picture(number.toInt(), painter->device()->devicePixelRatio());
@@ -45,15 +65,13 @@ public:
                                 option.rect.y() + (option.rect.height() - size.height()) / 2, image);
             return;
         }
-        const QString text = index.data(Qt::DisplayRole).toString();
-        if (text.isEmpty())
+        const FittedText shown = text_in_cell(index, option.rect.width());
+        if (shown.text.isEmpty())
             return;
-        const QFont font = index.data(Qt::FontRole).value<QFont>();
-        const QRect cell = option.rect.adjusted(text_margin, 0, -1, 0);
-        painter->setFont(font);
+        painter->setFont(shown.font);
         painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
-        painter->drawText(cell, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                          QFontMetrics(font, painter->device()).elidedText(text, Qt::ElideRight, cell.width()));
+        painter->drawText(option.rect.adjusted(text_margin, 0, -1, 0),
+                          Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
     }
 
     /// Tells the whole text of a cell that shows only a part of it.
@@ -63,8 +81,7 @@ public:
         if (event->type() != QEvent::ToolTip)
             return QStyledItemDelegate::helpEvent(event, view, option, index);
         const QString text = index.data(Qt::ToolTipRole).toString().trimmed();
-        const QFontMetrics metrics(index.data(Qt::FontRole).value<QFont>());
-        const bool cut_off = metrics.horizontalAdvance(text) > option.rect.width() - text_margin - 1;
+        const bool cut_off = text_in_cell(index, option.rect.width()).cut;
         QToolTip::showText(event->globalPos(), cut_off ? plain_tool_tip(text) : QString(), view);
         return true;
     }
@@ -76,12 +93,6 @@ public:
     using QScrollBar::QScrollBar;
     QSize sizeHint() const override { return {scroll_bar_width, QScrollBar::sizeHint().height()}; }
 };
-
-QColor blend(const QColor& base, const QColor& tint, double share)
-{
-    const auto mix = [share](int a, int b) { return qRound(a + (b - a) * share); };
-    return {mix(base.red(), tint.red()), mix(base.green(), tint.green()), mix(base.blue(), tint.blue())};
-}
 
 } // namespace
 
@@ -115,6 +126,8 @@ ListGrid::ListGrid(QWidget* parent)
     set_page_color(Qt::white, 0);
 
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ListGrid::scrolled);
+    // The mark of the current row goes over the whole width, also where no cell is.
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, viewport(), qOverload<>(&QWidget::update));
     connect(model_, &GridModel::modelReset, this, &ListGrid::follow_scroll_test);
     connect(model_, &GridModel::rowsInserted, this, &ListGrid::follow_scroll_test);
     connect(model_, &GridModel::rowsRemoved, this, &ListGrid::follow_scroll_test);
@@ -189,11 +202,13 @@ void ListGrid::set_page_color(const QColor& color, int color_index)
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         colors.setColor(group, QPalette::Base, color);
         colors.setColor(group, QPalette::Window, color);
+        colors.setColor(group, QPalette::AlternateBase, blend(color, text, 0.04));
         colors.setColor(group, QPalette::Text, text);
-        colors.setColor(group, QPalette::Highlight, blend(color, QColor(60, 110, 170), 0.16));
+        colors.setColor(group, QPalette::Highlight, blend(color, QColor(60, 110, 170), 0.28));
         colors.setColor(group, QPalette::HighlightedText, text);
     }
     setPalette(colors);
+    mark_color_ = is_light ? QColor(31, 78, 140) : QColor(170, 205, 245);
     model_->set_text_color(text);
     model_->set_color_index(color_index);
 }
@@ -246,6 +261,41 @@ int ListGrid::row_at(int y) const
         return -1;
     const int row = (y - first_row_top()) / row_height();
     return row < model_->rows() ? row : -1;
+}
+
+void ListGrid::set_empty_hint(const QString& hint)
+{
+    empty_hint_ = hint;
+    viewport()->update();
+}
+
+void ListGrid::paint_hint(QPainter& painter)
+{
+    constexpr int margin = 24;
+    constexpr double softer = 0.3;
+    const QPalette colors = palette();
+    const QRect all = viewport()->rect();
+    painter.setFont(model_->plain_font());
+    painter.setPen(blend(colors.color(QPalette::Text), colors.color(QPalette::Base), softer));
+    painter.drawText(all.adjusted(margin, margin, -margin, 0), Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
+                     empty_hint_);
+}
+
+/// The current row has a bar at its left end; while the keyboard is in the grid the whole row is framed, or the
+/// grid where no row is current.
+void ListGrid::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    const bool marked = selectionModel()->isRowSelected(std::max(current_row(), 0));
+    const QRect all = viewport()->rect();
+    const QRect row(0, first_row_top() + current_row() * row_height(), all.width(), row_height());
+    QPainter painter(viewport());
+    if (model_->rows() == 0)
+        paint_hint(painter);
+    if (marked)
+        painter.fillRect(QRect(row.topLeft(), QSize(bar_width, row.height())), mark_color_);
+    if (hasFocus())
+        draw_frame(painter, marked ? row : all, mark_color_);
 }
 
 /// The bar stands exactly when the scroll test says so, because the column widths go by that test.
@@ -365,9 +415,16 @@ bool ListGrid::act_on_row(const QKeyEvent& event)
     return true;
 }
 
+void ListGrid::focusInEvent(QFocusEvent* event)
+{
+    QTableView::focusInEvent(event);
+    viewport()->update();
+}
+
 void ListGrid::focusOutEvent(QFocusEvent* event)
 {
     QTableView::focusOutEvent(event);
+    viewport()->update();
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
         emit lost_focus();
 }

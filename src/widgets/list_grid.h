@@ -2,6 +2,7 @@
 
 #include "widgets/grid_model.h"
 
+#include <QColor>
 #include <QPersistentModelIndex>
 #include <QTableView>
 
@@ -51,6 +52,9 @@ public:
     /// Page colour of cells and empty area, with readable text on it, and the pictures' colour index.
     void set_page_color(const QColor& color, int color_index);
 
+    /// A sentence for a grid without rows; empty for none.
+    void set_empty_hint(const QString& hint);
+
     void set_enter_edits(bool edits) { enter_edits_ = edits; } ///< else Enter is the form's; so it is at first
 
     /// Whether the rows exceed the height: rows > height / row height - 0.2.
@@ -94,16 +98,21 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     bool has_first_press(QPoint position) const;
+    void paint_hint(QPainter& painter);
     int first_row_top() const; ///< pixels from the viewport's top, negative when scrolled
     void follow_scroll_test();
     int row_of_key(int key) const;
     bool act_on_row(const QKeyEvent& event);
 
     GridModel* model_;
+    QString empty_hint_;
+    QColor mark_color_; ///< of the current row's bar and frame
     int pressed_row_ = -1;
     int pressed_column_ = -1;
     QPersistentModelIndex pressed_; ///< a cell of the pressed row, wherever the row has gone since; none outside

@@ -32,6 +32,7 @@ namespace {
 constexpr QSize small_size(16, 16);
 constexpr QSize tree_size(32, 16);
 constexpr QSize tool_size(24, 24);
+constexpr QSize sign_size(32, 32);
 
 /// What lies around a picture: a page in one of its light colours, or the desktop's own colours.
 enum class Ground { page, window };
@@ -187,6 +188,15 @@ constexpr auto toolbar_images = std::to_array<Drawing>({
     {18, tool_size, "tool_sort_category"},
 });
 
+constexpr auto sign_images = std::to_array<Drawing>({
+    {1, sign_size, "sign_information"},
+    {2, sign_size, "sign_question"},
+    {3, sign_size, "sign_warning"},
+    {4, sign_size, "sign_stop"},
+    {5, small_size, "arrow_left"},
+    {6, small_size, "arrow_right"},
+});
+
 const Drawing* find_in(std::span<const Drawing> drawings, int number)
 {
     const auto found = std::ranges::lower_bound(drawings, number, {}, &Drawing::number);
@@ -217,6 +227,8 @@ const Drawing* find_list_image(ImageList list, int index)
         return find_in(list_manager_images, index);
     case ImageList::toolbar:
         return find_in(toolbar_images, index);
+    case ImageList::signs:
+        return find_in(sign_images, index);
     }
     return nullptr;
 }

@@ -6,8 +6,9 @@
 
 namespace tarnwick {
 
-/// The picture lists of the main window's controls; the numbers are the lists' identities.
-enum class ImageList { recipe_tree = 1, tabs = 2, stock_tree = 3, list_manager = 4, toolbar = 5 };
+/// The picture lists of the main window's controls; the numbers are the lists' identities. The signs are those of
+/// message boxes (information, question, warning, stop) and the calendar's arrows.
+enum class ImageList { recipe_tree = 1, tabs = 2, stock_tree = 3, list_manager = 4, toolbar = 5, signs = 6 };
 
 /// The picture with this resource number, drawn for `scale` device pixels to a logical pixel
 /// (devicePixelRatio is set to it). What lies on the desktop's own colours, not on the page, has light outlines

@@ -2,10 +2,17 @@
 
 #include "household/grid_row.h"
 #include "widgets/drawn_controls.h"
+#include "widgets/fitted_text.h"
+#include "widgets/frame_lines.h"
 #include "widgets/one_line_box.h"
 #include "widgets/pictures.h"
+#include "widgets/tool_tip.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
+#include <QTextCharFormat>
+#include <QToolTip>
 
 #include <limits>
 
@@ -27,9 +34,76 @@ void CellBox::set_page_color(const QColor& color)
 {
     QPalette colors = palette();
     colors.setColor(QPalette::Base, color);
-    colors.setColor(QPalette::Text, color.lightness() < 128 ? Qt::white : Qt::black);
+    const bool is_dark = color.lightness() < 128;
+    colors.setColor(QPalette::Text, is_dark ? Qt::white : Qt::black);
     setPalette(colors);
-    line_ = color.lightness() < 128 ? color.lighter(170) : color.darker(170);
+    line_ = is_dark ? color.lighter(200) : color.darker(200);
+    focus_line_ = is_dark ? QColor(170, 205, 245) : QColor(31, 78, 140);
+}
+
+void CellBox::keep_number_whole()
+{
+    keeps_number_ = true;
+    connect(this, &QLineEdit::textChanged, this, &CellBox::fit_type);
+    fit_type();
+}
+
+/// Where the control itself draws its text.
+QRect CellBox::text_room() const
+{
+    constexpr int own_margin = 2;
+    return rect().marginsRemoved(textMargins()).adjusted(own_margin, 0, -own_margin, 0);
+}
+
+bool CellBox::is_cut() const
+{
+    return fontMetrics().horizontalAdvance(text()) > text_room().width();
+}
+
+void CellBox::fit_type()
+{
+    if (!keeps_number_ || fitting_)
+        return;
+    const QScopedValueRollback fitting(fitting_, true);
+    QFont type = font();
+    type.setStretch(QFont::Unstretched);
+    if (const QFont fitted = fit_text(text(), type, text_room().width()).font; fitted != font())
+        setFont(fitted);
+}
+
+bool CellBox::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+        return QLineEdit::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), is_cut() ? plain_tool_tip(text()) : QString(),
+                       this);
+    return true;
+}
+
+void CellBox::changeEvent(QEvent* event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fit_type();
+}
+
+void CellBox::resizeEvent(QResizeEvent* event)
+{
+    QLineEdit::resizeEvent(event);
+    fit_type();
+}
+
+void CellBox::paint_number()
+{
+    QFont type = font();
+    type.setStretch(QFont::Unstretched);
+    const QRect room = text_room();
+    const FittedText shown = fit_number(text(), type, room.width());
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Base));
+    painter.setFont(shown.font);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
 }
 
 bool CellBox::wholly_marked() const
@@ -49,10 +123,14 @@ bool CellBox::caret_at_end() const
 
 void CellBox::paintEvent(QPaintEvent* event)
 {
-    QLineEdit::paintEvent(event);
+    if (keeps_number_ && !hasFocus() && is_cut())
+        paint_number();
+    else
+        QLineEdit::paintEvent(event);
     QPainter painter(this);
-    painter.setPen(hasFocus() ? palette().color(QPalette::Highlight) : line_);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    draw_frame(painter, rect(), hasFocus() ? focus_line_ : line_);
+    if (hasFocus())
+        draw_frame(painter, rect().adjusted(1, 1, -1, -1), focus_line_);
 }
 
 PictureButton::PictureButton(const QString& name, QWidget* parent)
@@ -145,14 +223,26 @@ MonthView::MonthView(QWidget* parent)
     name("qt_calendar_calendarview", QStringLiteral("Days of the month"));
     setVerticalHeaderFormat(NoVerticalHeader);
     setContentsMargins(1, 1, 1, 1);
+    // The head in the colours of the days: month and year are written in the text colour of a highlight.
+    if (auto* head = findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar"))) {
+        QPalette colors = palette();
+        colors.setColor(QPalette::Highlight, colors.color(QPalette::Base));
+        colors.setColor(QPalette::HighlightedText, colors.color(QPalette::Text));
+        head->setPalette(colors);
+    }
+    constexpr int mid_lightness = 128;
+    const bool is_dark = palette().color(QPalette::Base).lightness() < mid_lightness;
+    QTextCharFormat weekend;
+    weekend.setForeground(is_dark ? QColor(245, 160, 150) : QColor(176, 32, 24));
+    setWeekdayTextFormat(Qt::Saturday, weekend);
+    setWeekdayTextFormat(Qt::Sunday, weekend);
 }
 
 void MonthView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
-    painter.setPen(palette().color(QPalette::Shadow));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    draw_frame(painter, rect(), palette().color(QPalette::Dark));
 }
 
 RowEditor::Controls::Controls(QWidget* parent)
@@ -197,6 +287,8 @@ RowEditor::Controls::Controls(QWidget* parent)
     date->setReadOnly(true);
     for (const Box& box : chain)
         box.edit->setFocusPolicy(Qt::ClickFocus);
+    for (CellBox* box : {qty, date, aisle})
+        box->keep_number_whole();
     for (QWidget* control : all())
         control->hide();
 }

@@ -19,18 +19,32 @@ public:
     /// Background and text on it; the line around the cell is drawn in a darker shade.
     void set_page_color(const QColor& color);
 
+    /// From now on a text that is too long stands in narrower type and, while nobody types in it, is cut behind the
+    /// number that it begins with.
+    void keep_number_whole();
+
     /// Whether the caret stands at the first or last place. A box that takes no typing stands at both
     /// while its whole text is marked.
     bool caret_at_start() const;
     bool caret_at_end() const;
 
 protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     bool wholly_marked() const;
+    QRect text_room() const;
+    bool is_cut() const;
+    void fit_type();
+    void paint_number();
 
     QColor line_;
+    QColor focus_line_;
+    bool keeps_number_ = false;
+    bool fitting_ = false;
 };
 
 /// A small button that is a picture, with another one while it is held where there is one. The

@@ -187,8 +187,10 @@ void RowEditor::apply_type_size()
 void RowEditor::set_margins()
 {
     constexpr int left = 2; // with the box's own 2 and the line, the grid's 3 from the cell's edge
-    const auto set
-        = [](QLineEdit& box, const QWidget& button) { box.setTextMargins(left, 0, button.sizeHint().width(), 0); };
+    constexpr int gap = 1;
+    const auto set = [](QLineEdit& box, const QWidget& button) {
+        box.setTextMargins(left, 0, button.sizeHint().width() + gap, 0);
+    };
     controls_->desc->setTextMargins(left, 0, 0, 0);
     set(*controls_->qty, *controls_->qty_btn[0]);
     set(*controls_->aisle, *controls_->aisle_btn[0]);

@@ -14,11 +14,14 @@
 namespace tarnwick {
 namespace {
 
-constexpr int folder_picture_left = 6;
-constexpr int folder_text_gap = 3;
-constexpr int flat_picture_left = 31;
+// Pixels from the left of the tree, the same in both trees. Whatever stands beside an item goes by its text.
+constexpr int folder_text = 41;
+constexpr int child_text = 75;
+constexpr int flat_text = 61;
+constexpr int text_gap = 3; // between picture and text
 constexpr int flat_text_gap = 8;
 constexpr int text_margin = 2; // of the selection around the text
+constexpr int told_letters = 6; // of a name, in the narrowest pane
 
 } // namespace
 
@@ -30,14 +33,24 @@ TreeDelegate::TreeDelegate(ImageList pictures, TreeView& tree)
 {
 }
 
-int TreeDelegate::picture_left() const
+int TreeDelegate::picture_left(bool in_folder) const
 {
-    return tree_.is_flat() ? flat_picture_left : folder_picture_left;
+    return text_left(in_folder) - (tree_.is_flat() ? flat_text_gap : text_gap) - picture_size_.width();
 }
 
-int TreeDelegate::text_left() const
+int TreeDelegate::text_left(bool in_folder) const
 {
-    return picture_left() + picture_size_.width() + (tree_.is_flat() ? flat_text_gap : folder_text_gap);
+    if (tree_.is_flat())
+        return flat_text;
+    return in_folder ? child_text - 2 * tree_.indentation() : folder_text - tree_.indentation();
+}
+
+FittedText TreeDelegate::shown_name(const QString& name, const QFont& font, int width)
+{
+    const QString cut = QFontMetrics(font).elidedText(name, Qt::ElideRight, width);
+    if (cut == name || cut.size() > told_letters)
+        return {cut, font, cut != name};
+    return fit_text(name, font, width);
 }
 
 int TreeDelegate::row_height() const
@@ -50,21 +63,22 @@ int TreeDelegate::row_height() const
 QSize TreeDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const
 {
     const int width = tree_.fontMetrics().horizontalAdvance(index.data().toString());
-    return {text_left() + width + text_margin, row_height()};
+    return {text_left(index.parent().isValid()) + width + text_margin, row_height()};
 }
 
 void TreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
+    const bool in_folder = index.parent().isValid();
     const int number = index.data(TreeView::PictureRole).toInt();
     if (number > 0 && number < static_cast<int>(icons_.size())) {
         QIcon& icon = icons_[static_cast<size_t>(number)];
         if (icon.isNull())
             icon = list_icon(pictures_, number);
-        const QPoint place(option.rect.left() + picture_left(),
+        const QPoint place(option.rect.left() + picture_left(in_folder),
                            option.rect.top() + (option.rect.height() - picture_size_.height()) / 2);
         icon.paint(painter, QRect(place, picture_size_));
     }
-    paint_text(*painter, option, option.rect.adjusted(text_left(), 0, 0, 0), index);
+    paint_text(*painter, option, option.rect.adjusted(text_left(in_folder), 0, 0, 0), index);
 }
 
 void TreeDelegate::paint_text(QPainter& painter, const QStyleOptionViewItem& option, const QRect& rect,
@@ -75,15 +89,15 @@ void TreeDelegate::paint_text(QPainter& painter, const QStyleOptionViewItem& opt
     const QVariant color = index.data(Qt::ForegroundRole);
     const QPalette::ColorGroup group
         = option.state & QStyle::State_Active && tree_.hasFocus() ? QPalette::Active : QPalette::Inactive;
-    const QString text
-        = option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, rect.width() - text_margin);
+    const FittedText shown = shown_name(index.data().toString(), option.font, rect.width() - text_margin);
 
     painter.save();
-    painter.setFont(option.font);
+    painter.setFont(shown.font);
     QColor pen = color.isValid() ? color.value<QBrush>().color() : option.palette.color(group, QPalette::Text);
     if (option.state & QStyle::State_Selected) {
         const QRect behind(rect.left() - text_margin, rect.top() + 1,
-                           option.fontMetrics.horizontalAdvance(text) + 2 * text_margin, rect.height() - 2);
+                           QFontMetrics(shown.font).horizontalAdvance(shown.text) + 2 * text_margin,
+                           rect.height() - 2);
         const QColor highlight = option.palette.color(group, QPalette::Highlight);
         if (color.isValid()) {
             // A label with a colour of its own keeps it: the highlight becomes a frame around it.
@@ -96,7 +110,7 @@ void TreeDelegate::paint_text(QPainter& painter, const QStyleOptionViewItem& opt
         }
     }
     painter.setPen(pen);
-    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
     painter.restore();
 }
 
@@ -111,10 +125,10 @@ QWidget* TreeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 }
 
 void TreeDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
-                                        const QModelIndex&) const
+                                        const QModelIndex& index) const
 {
     constexpr int frame = 4; // the line edit's frame and margin left of its text
-    editor->setGeometry(option.rect.adjusted(text_left() - frame, 0, 0, 0));
+    editor->setGeometry(option.rect.adjusted(text_left(index.parent().isValid()) - frame, 0, 0, 0));
 }
 
 void TreeDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const
@@ -138,7 +152,8 @@ bool TreeDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
     if (event->type() != QEvent::ToolTip || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString();
-    const bool cut = tree_.fontMetrics().horizontalAdvance(text) > option.rect.width() - text_left() - text_margin;
+    const int room = option.rect.width() - text_left(index.parent().isValid()) - text_margin;
+    const bool cut = shown_name(text, tree_.font(), room).cut;
     QToolTip::showText(event->globalPos(), cut ? plain_tool_tip(text) : QString(), view);
     return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "widgets/fitted_text.h"
 #include "widgets/pictures.h"
 
 #include <QPointer>
@@ -20,8 +21,12 @@ public:
     QWidget* editor() const { return editor_; } ///< the label's editor made last; none when it has gone
 
     /// Left edges in pixels from the left of a node's own row rectangle (behind its indentation).
-    int picture_left() const;
-    int text_left() const;
+    int picture_left(bool in_folder) const;
+    int text_left(bool in_folder) const;
+
+    /// A node's name in a width of pixels: cut at its end, but in narrower type where that would leave less than
+    /// its first six letters.
+    static FittedText shown_name(const QString& name, const QFont& font, int width);
 
     /// Height of every row in pixels for the tree's font.
     int row_height() const;

@@ -16,7 +16,7 @@
 namespace tarnwick {
 namespace {
 
-constexpr int level_indent = 32; // pixels; the places of picture and text in a row build on it
+constexpr int level_indent = 18; // pixels, with the arrow of a folder in the first
 
 /// Popups and other windows take the keyboard for a while; the tree stays the control in use.
 bool is_passing(Qt::FocusReason reason)
@@ -289,7 +289,7 @@ void TreeView::ensure_visible(QTreeWidgetItem* node)
 QRect TreeView::text_rect(const QTreeWidgetItem* node) const
 {
     const QRect row = visualItemRect(node);
-    return row.isNull() ? row : row.adjusted(delegate_->text_left(), 0, 0, 0);
+    return row.isNull() ? row : row.adjusted(delegate_->text_left(node->parent() != nullptr), 0, 0, 0);
 }
 
 QPoint TreeView::menu_place()

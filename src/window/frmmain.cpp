@@ -29,6 +29,7 @@
 #include "window/status_panels.h"
 #include "window/status_words.h"
 #include "window/toolbar.h"
+#include "widgets/pane_tabs.h"
 #include "widgets/tree_view.h"
 #include "window/undo_key.h"
 #include "window/view_state.h"
@@ -72,7 +73,7 @@ int pixels_of(const QString& twips)
 
 QTabBar* make_tabs(const QString& name, QWidget* parent)
 {
-    auto* tabs = new QTabBar(parent);
+    auto* tabs = new PaneTabs(parent);
     tabs->setObjectName(name);
     tabs->setDrawBase(false);
     tabs->setExpanding(false);

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QProgressBar>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -63,13 +64,21 @@ frmSplash::frmSplash()
     progress->setFixedSize(220, 6);
     rows->addWidget(progress, 0, Qt::AlignHCenter);
     setMinimumWidth(320);
+    centre();
 }
 
 void frmSplash::show_warnings()
 {
     for (QLabel* label : lblWarning_)
         label->setVisible(true);
+    centre();
+}
+
+/// In the middle of the screen, whoever places windows.
+void frmSplash::centre()
+{
     adjustSize();
+    move(screen()->availableGeometry().center() - rect().center());
 }
 
 void frmSplash::refresh()

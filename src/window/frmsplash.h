@@ -19,6 +19,8 @@ public:
     void refresh(); ///< paints at once, without waiting for the event loop
 
 private:
+    void centre();
+
     std::array<QLabel*, 3> lblWarning_{};
 };
 

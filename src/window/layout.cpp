@@ -2,6 +2,7 @@
 
 #include "window/frmmain.h"
 #include "widgets/update_lock.h"
+#include "widgets/frame_lines.h"
 #include "widgets/header_bar.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
@@ -9,18 +10,25 @@
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "widgets/separator.h"
+#include "window/status_panels.h"
 #include "window/toolbar.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
 #include "stock/floating_buttons.h"
 #include "stock/stock_tree.h"
 
+#include <QApplication>
+#include <QLayout>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QTabBar>
 
 #include <algorithm>
+#include <optional>
 
 namespace tarnwick {
 namespace {
@@ -68,27 +76,38 @@ void set_points(QWidget& widget, int points)
     widget.setFont(font);
 }
 
-/// The page's colour beside the recipe page, where its scroll bar stands when the page is long.
-class PageEdge : public QWidget {
+} // namespace
+
+/// What lies behind the panes: a line around each, from the same height to the same foot, and the page's colour
+/// beside the recipe page, where its scroll bar stands when the page is long.
+class Layout::Ground : public QWidget {
 public:
-    PageEdge(frmmain& main, QWidget* area)
-        : QWidget(area)
-        , main_(main)
+    using QWidget::QWidget;
+
+    /// Panes with their lines, and the page's colour in the right one; none for the list. Parent's coordinates.
+    void set(const QRect& left, const QRect& right, std::optional<QColor> page)
     {
+        left_ = left.translated(-pos());
+        right_ = right.translated(-pos());
+        page_ = page;
+        update();
     }
 
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        if (!main_.shared.list_pane_shown)
-            QPainter(this).fillRect(rect(), main_.recipe_page().frame4().palette().color(QPalette::Window));
+        QPainter painter(this);
+        if (page_)
+            painter.fillRect(right_, *page_);
+        for (const QRect& pane : {left_, right_})
+            draw_frame(painter, pane, palette().color(QPalette::Mid));
     }
 
 private:
-    frmmain& main_;
+    QRect left_;
+    QRect right_;
+    std::optional<QColor> page_;
 };
-
-} // namespace
 
 Layout::Layout(frmmain& main, QWidget& area, QTabBar& left_tabs, QTabBar& right_tabs)
     : main_(main)
@@ -96,15 +115,16 @@ Layout::Layout(frmmain& main, QWidget& area, QTabBar& left_tabs, QTabBar& right_
     , left_tabs_(left_tabs)
     , right_tabs_(right_tabs)
     , separator_(new Separator(&area))
-    , page_edge_(new PageEdge(main, &area))
+    , ground_(new Ground(&area))
 {
-    page_edge_->lower();
+    for (QFrame* tree :
+         {static_cast<QFrame*>(&main.stock_tree().view()), static_cast<QFrame*>(&main.recipe_tree().view())})
+        tree->setFrameShape(QFrame::NoFrame);
+    ground_->lower();
     static const char* const names[] = {"freize_top", "freize_lft", "freize_rt", "freize_btm"};
     for (int i = 0; i < 4; ++i) {
         freize_[i] = new QFrame(&area);
         freize_[i]->setObjectName(QLatin1String(names[i]));
-        freize_[i]->setAutoFillBackground(true);
-        freize_[i]->setBackgroundRole(QPalette::Mid);
         freize_[i]->lower();
     }
     set_own_fonts(main_.shared.type_size);
@@ -171,7 +191,7 @@ void Layout::place_left()
 {
     const int width = std::max(separator() - tree_left, least_pane);
     const int top = tabs_row_.bottom() + 2;
-    left_tabs_.setGeometry(tree_left, tabs_row_.top(), width, tabs_row_.height());
+    left_tabs_.setGeometry(tree_left - 1, tabs_row_.top() + 1, width + 1, tabs_row_.height());
     const QRect pane(tree_left, top, width, pane_bottom() - top);
     main_.stock_tree().view().setGeometry(pane);
     main_.recipe_tree().view().setGeometry(pane);
@@ -225,7 +245,7 @@ void Layout::frame_refresh(int right_pane_width)
     right_.setBottom(pane_bottom() - 1);
     header_.setLeft(left);
     header_.setWidth(width);
-    right_tabs_.setGeometry(left, tabs_row_.top(), width, tabs_row_.height());
+    right_tabs_.setGeometry(left - 1, tabs_row_.top() + 1, width + 1, tabs_row_.height());
     main_.list_pane().grid().setGeometry(right_);
 
     place_page();
@@ -242,7 +262,6 @@ void Layout::place_page()
     page.frame4().setGeometry(right_.left(), header_.top(), std::max(right_.width() - bar_width, least_pane),
                               height);
     bar.setGeometry(right_.right() + 1 - bar_width, header_.top(), bar_width, height);
-    page_edge_->setGeometry(right_.left(), header_.top(), right_.width(), height);
     if (!main_.shared.list_pane_shown)
         page.layout_page();
 }
@@ -257,6 +276,30 @@ void Layout::freize_refresh()
     freize_[1]->setGeometry(left, top, 1, height);
     freize_[2]->setGeometry(left + width - 1, top, 1, height);
     freize_[3]->setGeometry(left, pane_bottom(), width, 1);
+    ground_->setGeometry(area_.rect());
+    join_panes(QRect(left, top, width, height + 1));
+}
+
+/// Draws the panes' lines, and gives the tabs in front the colours of what lies under them.
+void Layout::join_panes(const QRect& right)
+{
+    const QPalette& page = main_.recipe_page().frame4().palette();
+    const bool list = main_.shared.list_pane_shown;
+    const QRect tree = left_pane();
+    const QRect left(tree.left() - 1, right.top(), tree.width() + 2, right.height());
+    ground_->set(left, right, list ? std::nullopt : std::optional(page.color(QPalette::Window)));
+    const auto join = [](QTabBar& tabs, const QColor& pane, const QColor& text) {
+        QPalette colors = tabs.palette();
+        if (colors.color(QPalette::Base) == pane && colors.color(QPalette::Text) == text)
+            return;
+        colors.setColor(QPalette::Base, pane);
+        colors.setColor(QPalette::Text, text);
+        tabs.setPalette(colors);
+    };
+    const QPalette own = area_.palette();
+    join(left_tabs_, own.color(QPalette::Base), own.color(QPalette::Text));
+    join(right_tabs_, list ? own.color(QPalette::Button) : page.color(QPalette::Window),
+         list ? own.color(QPalette::ButtonText) : page.color(QPalette::Text));
 }
 
 void Layout::lv_resize()
@@ -297,6 +340,17 @@ void Layout::set_own_fonts(int type_size)
     set_points(right_tabs_, points);
     set_points(main_.stock_tree().view(), points);
     set_points(main_.recipe_tree().view(), points);
+    set_command_fonts(std::max(points, QApplication::font().pointSize()));
+}
+
+/// Menus, toolbar and status bar; the desktop's own size is their least.
+void Layout::set_command_fonts(int points)
+{
+    set_points(*main_.menuBar(), points);
+    for (QMenu* menu : main_.findChildren<QMenu*>())
+        set_points(*menu, points);
+    main_.toolbar().set_type_size(points);
+    main_.status_panels().set_type_size(points);
 }
 
 void Layout::font_reset(int type_size)
@@ -305,6 +359,9 @@ void Layout::font_reset(int type_size)
     const int points = usable_points(type_size);
     const int beside_item = main_.floating_buttons().shown();
     set_own_fonts(type_size);
+    // Menu bar and status bar take their new heights now, not when their messages come.
+    QCoreApplication::sendPostedEvents(main_.statusBar(), QEvent::LayoutRequest);
+    main_.layout()->activate();
     main_.list_pane().set_type_size();
     main_.list_pane().header().set_type_size(points);
     main_.row_editor().set_type_size(points);

@@ -51,6 +51,9 @@ public:
     QRect header_row() const; ///< header bar rectangle in the central area
 
 private:
+    class Ground;
+
+    void join_panes(const QRect& right);
     void drag_to_limit();
     void drag_done(int moved);
     void separator_moved(int left);
@@ -58,6 +61,7 @@ private:
     void place_left();
     void place_page();
     void set_own_fonts(int type_size);
+    void set_command_fonts(int points);
     int grid_width(int separator_left) const;
     int fitted(int separator_left) const;
     int bounded(int separator_left) const;
@@ -68,7 +72,7 @@ private:
     QTabBar& left_tabs_;
     QTabBar& right_tabs_;
     Separator* separator_;
-    QWidget* page_edge_;
+    Ground* ground_;
     QFrame* freize_[4] = {};
     QRect tabs_row_;
     QRect header_;

@@ -3,6 +3,7 @@
 #include "dialogs/l_item_edit.h"
 #include "household/household.h"
 #include "household/lists_store.h"
+#include "household/status.h"
 #include "lists/list_list.h"
 #include "lists/list_pane.h"
 #include "lists/lists.h"
@@ -68,6 +69,8 @@ void take_looks(frmmain& main, list_list& manager)
 /// `drop_handle`: on the row of all lists the item editor asks for the lists, none of them being proposed.
 void drop_item(frmmain& main, Key item, Key list)
 {
+    if (!stock_item_name(main.connection(), item))
+        return; // It went while it was dragged.
     if (main.placing().chck_item(item, list) == PlacingAnswer::cancelled)
         return;
     if (list == list_list::all_lists) {

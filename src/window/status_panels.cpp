@@ -1,5 +1,6 @@
 #include "window/status_panels.h"
 
+#include "widgets/fitted_text.h"
 #include "widgets/pictures.h"
 #include "household/status.h"
 #include "widgets/tool_tip.h"
@@ -38,12 +39,21 @@ public:
         setContentsMargins(gap + list_image_size(ImageList::stock_tree, code_).width(), 0, gap, 0);
     }
 
-protected:
-    void paintEvent(QPaintEvent* event) override
+    QSize minimumSizeHint() const override
     {
-        QLabel::paintEvent(event);
+        const int words = fontMetrics().horizontalAdvance(text()) * narrowest_type / 100 + 1;
+        return {contentsMargins().left() + words + contentsMargins().right(), QLabel::minimumSizeHint().height()};
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
         const int top = (height() - list_image_size(ImageList::stock_tree, code_).height()) / 2;
-        QPainter(this).drawPixmap(gap, top, list_image(ImageList::stock_tree, code_, devicePixelRatioF()));
+        const FittedText shown = fit_text(text(), font(), contentsRect().width());
+        QPainter painter(this);
+        painter.drawPixmap(gap, top, list_image(ImageList::stock_tree, code_, devicePixelRatioF()));
+        painter.setFont(shown.font);
+        painter.drawText(contentsRect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown.text);
     }
 
 private:
@@ -95,6 +105,15 @@ void StatusPanels::set_text(const QString& text)
 QString StatusPanels::text() const
 {
     return panels_[1]->text();
+}
+
+void StatusPanels::set_type_size(int points)
+{
+    for (size_t i = 1; i < panels_.size(); ++i) {
+        QFont font = panels_[i]->font();
+        font.setPointSize(points);
+        panels_[i]->setFont(font);
+    }
 }
 
 void StatusPanels::set_visible(int panel, bool visible)

@@ -21,6 +21,7 @@ public:
     QString text() const;
 
     void set_visible(int panel, bool visible); ///< panel 1 to 6
+    void set_type_size(int points);
 
 private:
     std::array<QLabel*, 7> panels_{};

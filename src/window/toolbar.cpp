@@ -26,7 +26,7 @@ constexpr int fit_margin = 8;
 constexpr int icon_size = 24;
 constexpr int least_button_width = 40;
 constexpr int separator_width = 9;
-constexpr int caption_points = 8;
+constexpr int least_caption_points = 8;
 
 constexpr int picture_sort_category = 18;
 constexpr int picture_sort_alpha = 14;
@@ -88,7 +88,7 @@ Toolbar::Toolbar(frmmain& main, QWidget* parent)
 {
     bar_->setObjectName(QStringLiteral("Toolbar1"));
     QFont font = bar_->font();
-    font.setPointSize(caption_points);
+    font.setPointSize(least_caption_points);
     bar_->setFont(font);
     for (int i = first_button; i <= last_button; ++i) {
         if (at_rest(i).picture == 0)
@@ -242,12 +242,27 @@ void Toolbar::restore_standing_state()
         show_button(which, true);
 }
 
+/// The largest captions up to the type size with which the fixed buttons and "More..." stand in the window. Whether
+/// they are smaller than the type size.
+bool Toolbar::fit_type()
+{
+    for (int points = std::max(type_size_, least_caption_points);; --points) {
+        QFont font = bar_->font();
+        font.setPointSize(points);
+        if (font != bar_->font())
+            bar_->setFont(font);
+        place_buttons();
+        if (points == least_caption_points || least_width() <= main_.width())
+            return points < type_size_;
+    }
+}
+
 void Toolbar::toolbar_fit()
 {
     restore_standing_state();
-    place_buttons();
-    const bool sort_fits = fits(ToolButton::sort);
-    if (fits(ToolButton::size)) {
+    const bool too_narrow = fit_type();
+    const bool sort_fits = !too_narrow && fits(ToolButton::sort);
+    if (!too_narrow && fits(ToolButton::size)) {
         set_folder_button();
     } else {
         show_button(ToolButton::size, false);
@@ -258,7 +273,7 @@ void Toolbar::toolbar_fit()
         set_enabled(ToolButton::folders, true);
         place_buttons();
     }
-    if (!fits(ToolButton::folders)) {
+    if (too_narrow || !fits(ToolButton::folders)) {
         for (const char* name : {"mnu_more_sort", "mnu_more_sort_alpha", "mnu_more_sort_cat"})
             main_.commands().set_visible(text_of(name), true);
         show_button(ToolButton::sort, false);

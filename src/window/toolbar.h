@@ -54,6 +54,9 @@ public:
     /// The command of the menus that a button stands for in the present state; empty for one without.
     QString command_of(ToolButton which) const;
 
+    /// Points of the captions; a window that is too narrow for them gets smaller ones.
+    void set_type_size(int points) { type_size_ = points; }
+
     /// Applies pictures, captions and tool tips, then decides which buttons fit the window.
     void toolbar_fit();
 
@@ -81,6 +84,7 @@ private:
     void pop_up_more(ToolButton which);
     void restore_standing_state();
     void place_buttons();
+    bool fit_type();
     bool fits(ToolButton which) const;
     void show_button(ToolButton which, bool shown);
     void set_picture(ToolButton which, int picture);
@@ -88,6 +92,7 @@ private:
 
     frmmain& main_;
     QWidget* bar_;
+    int type_size_ = 0;
     std::array<QWidget*, 19> buttons_{};
     std::array<bool, 19> shown_{};
     bool stock_ = true; ///< the tree on show

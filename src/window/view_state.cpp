@@ -183,6 +183,7 @@ void ViewState::refresh_all()
         refresh_list_side();
     else
         refresh_recipe_side();
+    main_.layout_manager().freize_refresh();
     if (main_.recipe_page().is_edited())
         main_.recipe_page().edit_updt();
     refresh_commands();

@@ -11,7 +11,7 @@ using namespace tarnwick;
 
 namespace {
 
-constexpr int box_in_folder = 79; ///< the middle of an item's check box, pixels in the tree
+constexpr int box_in_folder = 49; ///< the middle of an item's check box, pixels in the tree
 
 /// Milk in a closed folder and on two lists, Weekly on show; a recipe with two lines of it and one of bread. The
 /// marks are such that the plain code and the computed one differ.

@@ -70,6 +70,7 @@ private slots:
     void a_recipe_is_refused();
     void a_drop_beside_the_rows_or_on_the_row_without_lists_does_nothing();
     void a_list_that_vanishes_while_dragged_takes_nothing();
+    void an_item_that_vanishes_while_dragged_is_put_nowhere();
     void a_row_half_out_of_sight_takes_a_drop();
 };
 
@@ -202,6 +203,18 @@ void tst_manager_drops::a_list_that_vanishes_while_dragged_takes_nothing()
         QTest::mouseClick(static_cast<QMessageBox&>(dialog).button(QMessageBox::Ok), Qt::LeftButton);
     });
     w.drop(*w.label(1));
+    QCOMPARE(w.number("SELECT count(*) FROM tie"), 0);
+}
+
+void tst_manager_drops::an_item_that_vanishes_while_dragged_is_put_nowhere()
+{
+    DropWindow w;
+    w.open({});
+    const MessageScript script; // neither a question nor the editor comes up
+    for (const int row : {0, 2}) {
+        Query(w.db(), "DELETE FROM items_1 WHERE key_id = ?", w.eggs).run();
+        w.drop(*w.label(row));
+    }
     QCOMPARE(w.number("SELECT count(*) FROM tie"), 0);
 }
 

@@ -123,7 +123,7 @@ void tst_missing_list::placing_says_so_and_writes_nothing()
     MessageScript script;
     script.expect(QStringLiteral("Shopping list"), no_longer);
     if (way.isEmpty()) {
-        window.click_node(79);
+        window.click_node(49);
     } else {
         window.click_node(200);
         QVERIFY(window.node()->isSelected());
@@ -184,7 +184,7 @@ void tst_missing_list::choosing_a_list_ends_it()
     QVERIFY(weekly.isEnabled());
     weekly.trigger();
     QCOMPARE(main.windowTitle(), QStringLiteral("Tarnwick (Weekly list)"));
-    window.click_node(79);
+    window.click_node(49);
     QCOMPARE(main.list_pane().grid().rows().rows(), 1);
 }
 

@@ -24,7 +24,7 @@ const QString no_lists_text
 /// A stock in the open folder "Dairy", placed by the hands of a user on tree and menus.
 class Stock : public TestWindow {
 public:
-    static constexpr int box_in_folder = 79; ///< the middle of an item's box, pixels in the tree
+    static constexpr int box_in_folder = 49; ///< the middle of an item's box, pixels in the tree
 
     Key item(const QString& name) { return add_item(name, dairy); }
 

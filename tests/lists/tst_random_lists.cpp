@@ -28,6 +28,7 @@ constexpr Act acts[] = {
     {"press_grid_key", 6, press_grid_key},
     {"click_header", 2, click_header},
     {"choose_list", 6, choose_list},
+    {"click_manager", 4, click_manager},
     {"type_text", 10, type_text},
     {"press_any_key", 6, press_any_key},
     {"click_edit_button", 5, click_edit_button},

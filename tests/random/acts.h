@@ -21,6 +21,7 @@ bool right_click_row(User& user);
 bool press_grid_key(User& user);
 bool click_header(User& user); ///< its boxes and column heads
 bool choose_list(User& user);
+bool click_manager(User& user); ///< a row of the list manager, or opens and closes it
 
 // The recipe page.
 bool click_line(User& user); ///< with the left button, seldom the right

@@ -149,6 +149,7 @@ QStringList Oracle::check()
     lagging_before_ = lagging_;
     order_open_before_ = order_open_;
     faults_ += caption_faults(main_, db_);
+    faults_ += manager_faults(main_, db_);
     return faults_;
 }
 

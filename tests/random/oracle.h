@@ -70,6 +70,7 @@ private:
 int true_code(Connection& connection, Key item); ///< 5 to 9, counted from the rows
 
 QStringList store_faults(Connection& connection); ///< records that break the rules of the tables
+QStringList manager_faults(frmmain& main, Connection& connection); ///< what the list manager shows
 QStringList caption_faults(frmmain& main, Connection& connection); ///< commands and captions that name something
 
 } // namespace tarnwick::random_use

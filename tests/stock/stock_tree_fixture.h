@@ -19,7 +19,7 @@ namespace tarnwick {
 /// The window on a small stock, "Milk" and "Butter" in the open folder "Dairy", and two lists without rows.
 class StockTreeTest : public QObject {
 protected:
-    static constexpr int box_in_folder = 79; ///< the middle of an item's check box, pixels in the tree
+    static constexpr int box_in_folder = 49; ///< the middle of an item's check box, pixels in the tree
 
     void set_up();
     void tear_down() { window_.reset(); }

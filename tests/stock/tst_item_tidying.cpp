@@ -311,6 +311,7 @@ void tst_item_tidying::a_line_that_is_being_edited_is_stored_before_its_item_is_
     QCOMPARE(text("SELECT qty || item || item_ref FROM recipe_2"), QStringLiteral("3Milk-1"));
     QCOMPARE(light(0), int(picture_base::light_non_stock));
     QCOMPARE(line(0).ingred->text(), QStringLiteral("3 Milk"));
+    QVERIFY(tree().hasFocus());
 }
 
 void tst_item_tidying::an_item_that_is_gone_already_is_not_asked_about()

@@ -113,16 +113,16 @@ void tst_stock_tree_use::box_band_is_exact_in_both_views()
         return number("SELECT to_get FROM groc_1") != before;
     };
     QCOMPARE(tree().x(), 4);
-    QVERIFY(!hits(72));
-    QVERIFY(hits(73));
-    QVERIFY(hits(85));
-    QVERIFY(!hits(86));
+    QVERIFY(!hits(42));
+    QVERIFY(hits(43));
+    QVERIFY(hits(55));
+    QVERIFY(!hits(56));
     shared().stock_alpha = true;
     window_->main().stock_tree().tv_load(true);
-    QVERIFY(!hits(33));
-    QVERIFY(hits(34));
-    QVERIFY(hits(47));
-    QVERIFY(!hits(48));
+    QVERIFY(!hits(23));
+    QVERIFY(hits(24));
+    QVERIFY(hits(37));
+    QVERIFY(!hits(38));
 }
 
 void tst_stock_tree_use::box_of_an_item_on_two_lists_changes_the_first_row_only()

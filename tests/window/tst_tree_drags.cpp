@@ -111,6 +111,7 @@ private slots:
     void a_stock_item_dropped_on_the_grid_in_the_all_lists_view_goes_to_the_editor();
     void a_second_drop_on_the_grid_asks_and_obeys();
     void a_drop_on_the_grid_without_lists_tells_so();
+    void a_list_that_vanishes_while_an_item_is_dragged_takes_nothing();
 
     void a_stock_item_dropped_on_a_folder_or_on_an_item_in_it_moves_there();
     void a_stock_item_dropped_on_its_own_folder_changes_nothing();
@@ -294,13 +295,35 @@ void tst_tree_drags::a_drop_on_the_grid_without_lists_tells_so()
     Query(w.db(), "DELETE FROM list_name").run();
     w.set_pref(QStringLiteral("alist"), QStringLiteral("-1"));
     w.show();
-    const bool on_grid = w.grid().isVisible();
+    QVERIFY(w.grid().isVisible());
     MessageScript script;
-    if (on_grid)
-        script.drive([](QDialog& dialog) { dialog.reject(); });
+    QString title;
+    script.drive([&title](QDialog& dialog) {
+        title = dialog.windowTitle();
+        dialog.reject();
+    });
     w.hand.press(w.stock(), item_key(w.milk));
     w.hand.drop_on(w.grid(), {20, 20});
     QCOMPARE(script.left(), 0);
+    QCOMPARE(title, QStringLiteral("No lists"));
+    QCOMPARE(w.number("SELECT count(*) FROM groc_1"), 0);
+}
+
+void tst_tree_drags::a_list_that_vanishes_while_an_item_is_dragged_takes_nothing()
+{
+    Home w;
+    w.show();
+    w.take(w.milk);
+    Query(w.db(), "DELETE FROM list_name WHERE key_id = ?", w.home).run();
+    MessageScript script;
+    QString title;
+    script.drive([&title](QDialog& dialog) {
+        title = dialog.windowTitle();
+        dialog.reject();
+    });
+    w.hand.drop_on(w.grid(), {100, 100});
+    QCOMPARE(script.left(), 0);
+    QCOMPARE(title, QStringLiteral("Shopping list"));
     QCOMPARE(w.number("SELECT count(*) FROM groc_1"), 0);
 }
 

@@ -1,4 +1,5 @@
 #include "data/runtime_error.h"
+#include "widgets/tree_delegate.h"
 #include "widgets/tree_view.h"
 #include "support/error_number.h"
 
@@ -67,6 +68,11 @@ private slots:
     void sort_children_orders_by_name_and_keeps_selection_and_open_folders();
     void place_of_a_name_is_behind_its_equals();
     void text_and_picture_stand_at_fixed_places();
+    void names_of_both_trees_stand_at_one_place();
+    void a_folder_stands_beside_its_name_data();
+    void a_folder_stands_beside_its_name();
+    void the_narrowest_pane_shows_six_letters_of_an_item_data();
+    void the_narrowest_pane_shows_six_letters_of_an_item();
     void rows_grow_with_the_type_size();
     void visible_count_is_the_number_of_whole_rows();
     void hit_test_takes_the_whole_row();
@@ -143,8 +149,8 @@ void tst_tree_view::place_of_a_name_is_behind_its_equals()
 void tst_tree_view::text_and_picture_stand_at_fixed_places()
 {
     auto tree = make_tree();
-    QCOMPARE(tree->text_rect(tree->node(QStringLiteral("item0001"))).left(), 105);
-    QCOMPARE(tree->text_rect(tree->node(folder_key)).left(), 73);
+    QCOMPARE(tree->text_rect(tree->node(QStringLiteral("item0001"))).left(), 75);
+    QCOMPARE(tree->text_rect(tree->node(folder_key)).left(), 41);
     const QImage folders = tree->viewport()->grab().toImage();
     const QRgb ground = folders.pixel(290, 390);
     const auto drawn = [&](const QImage& image, int left, int right) {
@@ -157,20 +163,99 @@ void tst_tree_view::text_and_picture_stand_at_fixed_places()
         }
         return false;
     };
-    QVERIFY(!drawn(folders, 40, 70)); // left of the picture
-    QVERIFY(drawn(folders, 73, 86)); // the box
-    QVERIFY(drawn(folders, 87, 102)); // the light
-    QVERIFY(!drawn(folders, 102, 105));
+    QVERIFY(!drawn(folders, 19, 42)); // left of the picture
+    QVERIFY(drawn(folders, 43, 56)); // the box
+    QVERIFY(drawn(folders, 57, 72)); // the light
+    QVERIFY(!drawn(folders, 72, 75));
 
     tree->clear_nodes();
     tree->set_flat(true);
     tree->add_node(nullptr, QStringLiteral("item0003"), QStringLiteral("Milk"), 7, QStringLiteral("7"));
-    QCOMPARE(tree->text_rect(tree->node(QStringLiteral("item0003"))).left(), 71);
+    QCOMPARE(tree->text_rect(tree->node(QStringLiteral("item0003"))).left(), 61);
     const QImage flat = tree->viewport()->grab().toImage();
-    QVERIFY(!drawn(flat, 2, 31));
-    QVERIFY(drawn(flat, 34, 47));
-    QVERIFY(drawn(flat, 48, 63));
-    QVERIFY(!drawn(flat, 63, 71));
+    QVERIFY(!drawn(flat, 2, 23));
+    QVERIFY(drawn(flat, 24, 37));
+    QVERIFY(drawn(flat, 38, 53));
+    QVERIFY(!drawn(flat, 53, 61));
+}
+
+void tst_tree_view::names_of_both_trees_stand_at_one_place()
+{
+    auto stock = make_tree();
+    TreeView recipes(ImageList::recipe_tree, nullptr);
+    recipes.resize(stock->size());
+    QTreeWidgetItem* folder = recipes.add_node(nullptr, QStringLiteral("rct01"), QStringLiteral("Soups"), 4, {});
+    recipes.add_node(folder, QStringLiteral("rcp0001"), QStringLiteral("Leek soup"), 1, {});
+    folder->setExpanded(true);
+    recipes.show();
+    QCOMPARE(recipes.text_rect(folder).left(), stock->text_rect(stock->node(folder_key)).left());
+    QCOMPARE(recipes.text_rect(folder->child(0)).left(),
+             stock->text_rect(stock->node(QStringLiteral("item0001"))).left());
+}
+
+void tst_tree_view::a_folder_stands_beside_its_name_data()
+{
+    QTest::addColumn<int>("picture");
+    for (const int picture : {1, 2, 3, 4})
+        QTest::addRow("picture %d", picture) << picture;
+}
+
+void tst_tree_view::a_folder_stands_beside_its_name()
+{
+    QFETCH(int, picture);
+    auto tree = make_tree();
+    QTreeWidgetItem* folder = tree->node(folder_key);
+    tree->set_picture(folder, picture);
+    tree->select(tree->node(QStringLiteral("item0001")));
+    const QImage image = tree->viewport()->grab().toImage();
+    const QRect text = tree->text_rect(folder);
+    const QRgb ground = image.pixel(290, 390);
+    const auto drawn = [&](int x) {
+        for (int y = text.top() + 2; y < text.bottom() - 1; ++y)
+            if (image.pixel(x, y) != ground)
+                return true;
+        return false;
+    };
+    int right = text.left() - 1;
+    while (right > 0 && !drawn(right))
+        --right;
+    QVERIFY(text.left() - right >= 2 && text.left() - right <= 8);
+    int left = right;
+    while (left > 0 && drawn(left))
+        --left;
+    QVERIFY2(right - left >= 14, "the picture is whole, and apart from the arrow");
+    QVERIFY(left > 12);
+}
+
+void tst_tree_view::the_narrowest_pane_shows_six_letters_of_an_item_data()
+{
+    QTest::addColumn<int>("points");
+    QTest::addColumn<bool>("flat");
+    for (const int points : {9, 10, 12})
+        for (const bool flat : {false, true})
+            QTest::addRow("%d points %s", points, flat ? "by name" : "in folders") << points << flat;
+}
+
+void tst_tree_view::the_narrowest_pane_shows_six_letters_of_an_item()
+{
+    QFETCH(int, points);
+    QFETCH(bool, flat);
+    auto tree = make_tree();
+    QFont font = tree->font();
+    font.setPointSize(points);
+    tree->setFont(font);
+    tree->setFrameShape(QFrame::NoFrame);
+    tree->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    tree->resize(160, 400);
+    tree->set_flat(flat);
+    QTest::qWait(0);
+    const int text = tree->text_rect(tree->node(QStringLiteral("item0001"))).left() - (flat ? 14 : 0);
+    for (const QString& name : {QStringLiteral("Bagels, sesame"), QStringLiteral("Crème fraîche, light"),
+                                QStringLiteral("Hamburger buns"), QStringLiteral("Mushrooms, button")}) {
+        const FittedText shown = TreeDelegate::shown_name(name, font, tree->viewport()->width() - text - 2);
+        QVERIFY2(shown.text.startsWith(name.left(6)), qPrintable(shown.text));
+        QVERIFY(QFontMetrics(shown.font).horizontalAdvance(shown.text) <= tree->viewport()->width() - text - 2);
+    }
 }
 
 void tst_tree_view::rows_grow_with_the_type_size()
@@ -462,7 +547,7 @@ void tst_tree_view::second_click_on_the_picture_does_not_edit()
     QVERIFY(QTest::qWaitForWindowActive(tree.get()));
     click(*tree, label_point(*tree, QStringLiteral("item0001")));
     QTest::qWait(QApplication::doubleClickInterval() + 100);
-    click(*tree, row_point(*tree, QStringLiteral("item0001"), 79));
+    click(*tree, row_point(*tree, QStringLiteral("item0001"), 49));
     QTest::qWait(QApplication::doubleClickInterval() + 100);
     QVERIFY(!tree->findChild<QLineEdit*>());
 }

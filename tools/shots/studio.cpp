@@ -133,7 +133,9 @@ QImage Studio::scene()
                      [&](const QWidget* left, const QWidget* right) { return height_of(left) < height_of(right); });
     if (bounds.isEmpty())
         return {};
-    QImage image(bounds.size(), QImage::Format_RGB32);
+    const qreal scale = windows.front()->devicePixelRatioF();
+    QImage image((QSizeF(bounds.size()) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
     image.fill(QColor(0x60, 0x68, 0x70));
     QPainter painter(&image);
     painter.setPen(QColor(0x40, 0x48, 0x50));

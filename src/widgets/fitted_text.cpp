@@ -1,0 +1,67 @@
+#include "widgets/fitted_text.h"
+
+#include <QFontMetrics>
+#include <QRegularExpression>
+
+#include <optional>
+
+namespace tarnwick {
+namespace {
+
+constexpr int full_type = 100;
+constexpr int type_step = 5;
+constexpr int narrowest_number = 50;
+constexpr QChar ellipsis(0x2026);
+
+/// The font in the widest type, not under `least` percent, in which the text fits.
+std::optional<QFont> fitting_font(const QString& text, QFont font, int width, int least)
+{
+    if (QFontMetrics(font).horizontalAdvance(text) <= width)
+        return font;
+    for (int percent = full_type - type_step; percent >= least; percent -= type_step) {
+        font.setStretch(percent);
+        if (QFontMetrics(font).horizontalAdvance(text) <= width)
+            return font;
+    }
+    return std::nullopt;
+}
+
+/// "2", "1.5", "1/2", "1 1/2", "2½" or "11/28/2026" at the beginning of a text; empty without digits there.
+QString leading_number(const QString& text)
+{
+    static const QRegularExpression number(
+        QStringLiteral("^\\s*(\\d+([.,/:-]\\d+)*(\\s\\d+/\\d+)?\\s?[¼-¾⅐-⅞]?|[¼-¾⅐-⅞])"));
+    return number.match(text).captured();
+}
+
+} // namespace
+
+FittedText fit_text(const QString& text, const QFont& font, int width, int narrowest)
+{
+    if (const auto fitting = fitting_font(text, font, width, narrowest))
+        return {text, *fitting, false};
+    QFont narrow = font;
+    narrow.setStretch(narrowest);
+    const QFontMetrics metrics(narrow);
+    QString shown = metrics.elidedText(text, Qt::ElideRight, width);
+    if (!shown.startsWith(text.front())) { // no room for more than the sign of the cut: rather a letter or two
+        shown = text;
+        while (!shown.isEmpty() && metrics.horizontalAdvance(shown) > width)
+            shown.chop(1);
+    }
+    return {shown, narrow, true};
+}
+
+FittedText fit_number(const QString& text, const QFont& font, int width)
+{
+    FittedText fitted = fit_text(text, font, width);
+    const QString number = fitted.cut ? leading_number(text) : QString();
+    if (number.isEmpty() || fitted.text.startsWith(number.trimmed()))
+        return fitted;
+    if (const auto fitting = fitting_font(number.trimmed(), font, width, narrowest_number))
+        return {number.trimmed(), *fitting, number.trimmed() != text.trimmed()};
+    fitted.text = ellipsis;
+    return fitted;
+}
+
+} // namespace tarnwick

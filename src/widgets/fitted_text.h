@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+namespace tarnwick {
+
+/// The narrowest type, in percent of its own width, that a text is shown in before it is cut.
+inline constexpr int narrowest_type = 75;
+
+/// A text as it is shown in a narrow place.
+struct FittedText {
+    QString text;
+    QFont font;
+    bool cut = false; ///< it is not the whole text
+};
+
+/// The text for a width in pixels: in its own type, in a narrower one down to so many percent, or cut at its end.
+FittedText fit_text(const QString& text, const QFont& font, int width, int narrowest = narrowest_type);
+
+/// The same for a quantity, a date or an aisle, which is never cut inside the number that it begins with: rather
+/// the number alone is shown, in still narrower type where it must, or else no part of it.
+FittedText fit_number(const QString& text, const QFont& font, int width);
+
+} // namespace tarnwick

@@ -1,0 +1,56 @@
+#include "widgets/frame_lines.h"
+
+#include <QPainter>
+#include <QTransform>
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+namespace tarnwick {
+namespace {
+
+/// The rectangle in device pixels, each edge rounded by itself, as that of a filled ground is.
+QRect in_device_pixels(const QPainter& painter, const QRect& rect)
+{
+    const QRectF exact = painter.deviceTransform().mapRect(QRectF(rect));
+    return {QPoint(qRound(exact.left()), qRound(exact.top())),
+            QPoint(qRound(exact.right()) - 1, qRound(exact.bottom()) - 1)};
+}
+
+int line_width(const QPainter& painter)
+{
+    return std::max(1, static_cast<int>(painter.deviceTransform().m11()));
+}
+
+void fill(QPainter& painter, std::span<const QRect> device_rects, const QColor& color)
+{
+    const QTransform to_logical = painter.deviceTransform().inverted();
+    for (const QRect& rect : device_rects)
+        painter.fillRect(to_logical.mapRect(QRectF(rect)), color);
+}
+
+QRect lower_edge(const QRect& device_rect, int width)
+{
+    return {device_rect.left(), device_rect.bottom() + 1 - width, device_rect.width(), width};
+}
+
+} // namespace
+
+void draw_frame(QPainter& painter, const QRect& rect, const QColor& color)
+{
+    const QRect outer = in_device_pixels(painter, rect);
+    const int width = line_width(painter);
+    const int right = outer.right() + 1 - width;
+    const std::array edges = {QRect(outer.left(), outer.top(), outer.width(), width), lower_edge(outer, width),
+                              QRect(outer.left(), outer.top(), width, outer.height()),
+                              QRect(right, outer.top(), width, outer.height())};
+    fill(painter, edges, color);
+}
+
+void draw_lower_line(QPainter& painter, const QRect& rect, const QColor& color)
+{
+    fill(painter, std::array{lower_edge(in_device_pixels(painter, rect), line_width(painter))}, color);
+}
+
+} // namespace tarnwick

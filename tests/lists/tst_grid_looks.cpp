@@ -1,0 +1,195 @@
+#include "lists/editing_window.h"
+
+#include "widgets/shared_values.h"
+#include "support/contrast.h"
+#include "widgets/plain_style.h"
+#include "widgets/tree_view.h"
+#include "window/page_colors.h"
+#include "window/view_state.h"
+
+#include <QImage>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QTest>
+#include <QToolTip>
+
+using namespace tarnwick;
+
+/// What the list looks like, measured from its rendered pictures.
+class tst_grid_looks : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { QApplication::setStyle(new PlainStyle); }
+    void init() { window_ = std::make_unique<EditingWindow>(); }
+    void cleanup() { window_.reset(); }
+
+    void every_second_row_is_a_shade_darker_data() { page_colors(); }
+    void every_second_row_is_a_shade_darker();
+    void the_current_row_stands_out_with_and_without_the_keyboard_data() { page_colors(); }
+    void the_current_row_stands_out_with_and_without_the_keyboard();
+    void a_box_with_the_keyboard_stands_out_data() { page_colors(); }
+    void a_box_with_the_keyboard_stands_out();
+    void a_quantity_stands_clear_of_its_steppers_data() { type_sizes(); }
+    void a_quantity_stands_clear_of_its_steppers();
+    void a_long_quantity_is_told_whole();
+    void captions_and_boxes_of_the_header_have_one_type_size_data() { type_sizes(); }
+    void captions_and_boxes_of_the_header_have_one_type_size();
+
+private:
+    static void page_colors()
+    {
+        QTest::addColumn<int>("color");
+        for (int color = 0; color < 4; ++color)
+            QTest::addRow("page %d", color) << color;
+    }
+
+    static void type_sizes()
+    {
+        QTest::addColumn<int>("points");
+        for (const int points : {9, 10, 12})
+            QTest::addRow("%d points", points) << points;
+    }
+
+    void open(int color)
+    {
+        window_->rows(6);
+        window_->open();
+        set_color(window_->main(), color);
+        window_->grid().set_current(2, grid_column::item);
+    }
+
+    QImage picture() { return window_->grid().viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32); }
+
+    /// A place of a row where nothing is written: right of the description's text.
+    QPoint empty_place(int row)
+    {
+        const ListGrid& grid = window_->grid();
+        const QRect cell = grid.cell_rect(row, grid_column::desc).translated(-grid.pos());
+        return {cell.right() - 4, cell.center().y()};
+    }
+
+    std::unique_ptr<EditingWindow> window_;
+};
+
+void tst_grid_looks::every_second_row_is_a_shade_darker()
+{
+    QFETCH(int, color);
+    open(color);
+    const QImage image = picture();
+    const auto lightness = [&](int row) { return qGray(image.pixel(empty_place(row))); };
+    QCOMPARE(image.pixelColor(empty_place(0)), *page_color_of(color));
+    QCOMPARE(lightness(4), lightness(0));
+    QCOMPARE(lightness(3), lightness(1));
+    const double darker = 100.0 * (lightness(0) - lightness(1)) / lightness(0);
+    QVERIFY2(darker >= 2 && darker <= 6, qPrintable(QString::number(darker)));
+}
+
+void tst_grid_looks::the_current_row_stands_out_with_and_without_the_keyboard()
+{
+    QFETCH(int, color);
+    open(color);
+    const QColor page = *page_color_of(color);
+    const ListGrid& grid = window_->grid();
+    const QRect row(0, 2 * grid.row_height(), grid.viewport()->width(), grid.row_height());
+    const QRect bar(1, row.top() + 3, 1, row.height() - 6);
+    const QRect upper_line(row.width() / 2, row.top(), 40, 1);
+    window_->main().visible_tree().setFocus();
+    const QImage without = picture();
+    QVERIFY(contrast(without.pixelColor(empty_place(2)), page) >= 1.2);
+    QVERIFY(best_contrast(without, bar, page) >= 3);
+    QVERIFY(best_contrast(without, upper_line, page) < 2);
+    window_->grid().setFocus();
+    const QImage with = picture();
+    QVERIFY(best_contrast(with, bar, page) >= 3);
+    for (int x = 0; x < row.width(); ++x)
+        for (const int y : {row.top(), row.bottom()})
+            QVERIFY(contrast(with.pixelColor(x, y), page) >= 3);
+    for (int y = row.top(); y <= row.bottom(); ++y)
+        QVERIFY(contrast(with.pixelColor(row.right(), y), page) >= 3);
+}
+
+void tst_grid_looks::a_box_with_the_keyboard_stands_out()
+{
+    QFETCH(int, color);
+    open(color);
+    window_->click_cell(2, grid_column::desc);
+    auto* box = window_->find<QLineEdit>(QStringLiteral("desc_brdr"));
+    QVERIFY(box->isVisible());
+    window_->grid().setFocus();
+    const QImage without = box->grab().toImage();
+    box->setFocus();
+    const QImage with = box->grab().toImage();
+    QVERIFY(without != with);
+    const QColor page = *page_color_of(color);
+    for (const QImage& image : {without, with})
+        for (const QPoint edge :
+             {QPoint(40, 0), QPoint(40, image.height() - 1), QPoint(0, 5), QPoint(image.width() - 1, 5)})
+            QVERIFY(contrast(image.pixelColor(edge), page) >= 3);
+    for (const QPoint second : {QPoint(40, 1), QPoint(40, with.height() - 2), QPoint(1, 5)})
+        QVERIFY(contrast(with.pixelColor(second), without.pixelColor(second)) >= 3);
+}
+
+void tst_grid_looks::a_quantity_stands_clear_of_its_steppers()
+{
+    QFETCH(int, points);
+    window_->row(QStringLiteral("Flour"), QStringLiteral(" "), QStringLiteral("500 grams"), QStringLiteral("12A"));
+    window_->open();
+    window_->main().view_state().set_type_size(points);
+    window_->click_cell(0, grid_column::desc);
+    window_->find<QLineEdit>(QStringLiteral("desc_brdr"))->setFocus();
+    for (const QString& name : {QStringLiteral("qty"), QStringLiteral("aisle")}) {
+        auto* box = window_->find<QLineEdit>(name + QStringLiteral("_brdr"));
+        auto* stepper = window_->find<QAbstractButton>(name + QStringLiteral("_btn(0)"));
+        const QImage image = box->grab().toImage();
+        const int steppers = box->mapFrom(stepper->parentWidget(), stepper->pos()).x();
+        const QColor page = box->palette().color(QPalette::Base);
+        QVERIFY(best_contrast(image, QRect(4, 3, steppers - 4, image.height() - 6), page) > 3);
+        const QRect beside(steppers, 2, image.width() - 2 - steppers, image.height() - 4);
+        QCOMPARE(best_contrast(image, beside, page), 1.0);
+    }
+}
+
+void tst_grid_looks::a_long_quantity_is_told_whole()
+{
+    window_->row(QStringLiteral("Flour"), QStringLiteral(" "), QStringLiteral("500 grams of it"));
+    window_->open();
+    const auto tip_at = [](QWidget* widget, QPoint place) {
+        QToolTip::hideText();
+        QHelpEvent event(QEvent::ToolTip, place, widget->mapToGlobal(place));
+        QApplication::sendEvent(widget, &event);
+        return QToolTip::text();
+    };
+    ListGrid& grid = window_->grid();
+    const QPoint cell = grid.cell_rect(0, grid_column::qty).translated(-grid.pos()).center();
+    QVERIFY(tip_at(grid.viewport(), cell).contains(QStringLiteral("500 grams of it")));
+    window_->click_cell(0, grid_column::desc);
+    auto* box = window_->find<QLineEdit>(QStringLiteral("qty_brdr"));
+    QVERIFY(tip_at(box, box->rect().center()).contains(QStringLiteral("500 grams of it")));
+    box->setText(QStringLiteral("2"));
+    QVERIFY(!tip_at(box, box->rect().center()).contains(QStringLiteral("2")));
+}
+
+void tst_grid_looks::captions_and_boxes_of_the_header_have_one_type_size()
+{
+    QFETCH(int, points);
+    window_->rows(2);
+    window_->open({560, 480});
+    window_->main().view_state().set_type_size(points);
+    for (int i = 0; i < 5; ++i)
+        QCOMPARE(window_->find<QLabel>(QStringLiteral("listheader_lbl(%1)").arg(i))->font().pointSize(), points);
+    for (int i = 0; i < 2; ++i) {
+        const auto* box = window_->find<QCheckBox>(QStringLiteral("Cmd_ShowCol(%1)").arg(i));
+        const auto* label = window_->find<QLabel>(QStringLiteral("listheader_lbl(%1)").arg(3 + i));
+        const auto* grip = window_->find<QWidget>(QStringLiteral("listheader_sprtr(%1)").arg(i));
+        QCOMPARE(box->font().pointSize(), points);
+        QVERIFY(label->geometry().right() < box->x() + box->width() - 14); // where its tick begins
+        // The grip's lines end at the column's border, where the next caption has not begun.
+        const auto* before = window_->find<QLabel>(QStringLiteral("listheader_lbl(%1)").arg(i == 0 ? 0 : 2));
+        QVERIFY(before->geometry().right() < grip->x() + 17 - 4);
+        const auto* after = window_->find<QLabel>(QStringLiteral("listheader_lbl(%1)").arg(i == 0 ? 1 : 3));
+        QVERIFY(after->x() >= grip->x() + 17 + 2);
+    }
+}
+
+QTEST_MAIN(tst_grid_looks)
+#include "tst_grid_looks.moc"

@@ -1,0 +1,50 @@
+#include "widgets/frame_lines.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QTest>
+
+using namespace tarnwick;
+
+class tst_frame_lines : public QObject {
+    Q_OBJECT
+private slots:
+    void no_scale_factor_loses_or_blurs_a_line_data();
+    void no_scale_factor_loses_or_blurs_a_line();
+};
+
+void tst_frame_lines::no_scale_factor_loses_or_blurs_a_line_data()
+{
+    QTest::addColumn<qreal>("scale");
+    for (const char* scale : {"1", "1.25", "1.5", "1.75", "2"})
+        QTest::newRow(scale) << QByteArray(scale).toDouble();
+}
+
+void tst_frame_lines::no_scale_factor_loses_or_blurs_a_line()
+{
+    QFETCH(qreal, scale);
+    const int thickness = static_cast<int>(scale);
+    for (int place = 0; place < 8; ++place) {
+        for (int size = 15; size < 20; ++size) {
+            QImage image(QSize(40, 40) * scale, QImage::Format_RGB32);
+            image.setDevicePixelRatio(scale);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            painter.translate(place, place); // as a widget stands in its window
+            draw_frame(painter, QRect(0, 0, size, size), Qt::black);
+            painter.end();
+            const int first = qRound(place * scale);
+            const int end = qRound((place + size) * scale);
+            const int middle = (first + end) / 2;
+            for (int i = 0; i < image.width(); ++i) {
+                const bool on_line = i >= first && i < end && (i < first + thickness || i >= end - thickness);
+                const QRgb wanted = on_line ? qRgb(0, 0, 0) : qRgb(255, 255, 255);
+                QCOMPARE(image.pixel(i, middle), wanted);
+                QCOMPARE(image.pixel(middle, i), wanted);
+            }
+        }
+    }
+}
+
+QTEST_MAIN(tst_frame_lines)
+#include "tst_frame_lines.moc"
