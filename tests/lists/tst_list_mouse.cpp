@@ -579,7 +579,7 @@ void tst_list_mouse::the_editor_covers_its_row_on_the_last_page()
     grid.set_top_row(80);
     for (const int row : {79, grid.top_row() + 1, grid.top_row() - 1}) {
         const QRect drawn = grid.visualRect(grid.rows().index(row, grid_column::desc));
-        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(drawn.center().x(), drawn.bottom() - 1));
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(drawn.center().x(), drawn.bottom()));
         QVERIFY(w().editor().is_open());
         QCOMPARE(w().editor().edit_row(), row);
         const QRect shown = grid.visualRect(grid.rows().index(row, grid_column::desc));
