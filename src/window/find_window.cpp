@@ -28,7 +28,8 @@ find_item* make_dialog(frmmain& main)
     auto* dialog = new find_item(main.connection(), main.shared.type_size, &main);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(dialog, &find_item::leaving, &main, [&main](bool& allowed) { allowed = leave_editors(main); });
-    QObject::connect(dialog, &find_item::kind_found, &main, [&main](FindKind kind) { main.program().show_stock(kind == FindKind::stock); });
+    QObject::connect(dialog, &find_item::kind_found, &main,
+                     [&main](FindKind kind) { main.program().show_stock(kind == FindKind::stock); });
     QObject::connect(dialog, &find_item::match, &main, [&main](FindKind kind, Key key, bool& shown) {
         shown = kind == FindKind::stock ? show_item(main, key) : main.recipe_tree().choose(key);
     });

@@ -122,8 +122,7 @@ void tst_recipe_lights::clearing_redraws_the_lines_with_their_tool_tips_data()
     const QString eggs = QStringLiteral("Not listed :: OTHER category");
     QTest::newRow("uncheck") << ClearMode::uncheck << QList<int>{7, 6, 7, 9}
                              << QStringLiteral("Inactive On Weekly list :: ") + milk << QString();
-    QTest::newRow("delete unchecked") << ClearMode::delete_unchecked << QList<int>{8, 5, 7, 9} << QString()
-                                      << eggs;
+    QTest::newRow("delete unchecked") << ClearMode::delete_unchecked << QList<int>{8, 5, 7, 9} << QString() << eggs;
     QTest::newRow("delete all") << ClearMode::delete_all << QList<int>{7, 5, 7, 9} << milk << eggs;
 }
 
