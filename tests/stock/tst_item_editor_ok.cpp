@@ -290,7 +290,11 @@ void tst_item_editor_ok::unchanged_editor_writes_only_the_status()
     for (const int mode : {1, 2, 3, 4}) {
         test.window.main().shared.current_list = test.weekly;
         test.open(mode, test.milk, [&](EditorHands& hands) {
+            if (mode == 1)
+                hands.messages.expect(QStringLiteral("Add to list"),
+                                      QStringLiteral("Milk was not added to any list"));
             hands.press_ok();
+            QCOMPARE(hands.messages.left(), 0);
             QVERIFY(!hands.dialog.isVisible());
         });
         QCOMPARE(test.window.text("SELECT desc || '|' || qty || '|' || aisle || '|' || to_get FROM groc_1"),

@@ -23,7 +23,7 @@ private slots:
     void row_taken_off_and_put_back_is_merely_kept();
     void row_placed_taken_off_and_placed_again_comes_once();
     void buy_it_box_flips_and_is_written();
-    void buy_it_box_of_a_row_not_on_the_list_does_nothing();
+    void buy_it_box_of_a_row_not_on_the_list_puts_the_item_there();
     void texts_are_written_and_empty_ones_become_one_blank();
     void text_on_a_list_without_the_item_writes_nothing();
     void text_typed_before_the_tick_is_placed();
@@ -253,18 +253,19 @@ void tst_item_editor_rows::buy_it_box_flips_and_is_written()
     QCOMPARE(test.window.text("SELECT group_concat(to_get) FROM groc_1"), QStringLiteral("0,1"));
 }
 
-void tst_item_editor_rows::buy_it_box_of_a_row_not_on_the_list_does_nothing()
+void tst_item_editor_rows::buy_it_box_of_a_row_not_on_the_list_puts_the_item_there()
 {
     EditorCase test;
     test.add_lists();
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
         hands.click_cell(0, grid_column::check);
-        QCOMPARE(hands.row(0).light, picture_base::light_unlisted);
-        QCOMPARE(hands.row(0).check, picture_base::check_off);
+        QCOMPARE(hands.row(0).light, picture_base::light_on);
+        QCOMPARE(hands.row(0).check, picture_base::check_on);
         hands.press_ok();
     });
-    QCOMPARE(test.count("SELECT count(*) FROM groc_1"), 0);
+    QCOMPARE(test.window.text("SELECT tie.list || ':' || to_get FROM groc_1 JOIN tie ON groc_id = groc_1.key_id"),
+             QStringLiteral("%1:1").arg(test.weekly));
 }
 
 void tst_item_editor_rows::texts_are_written_and_empty_ones_become_one_blank()
@@ -429,7 +430,11 @@ void tst_item_editor_rows::main_grid_follows_in_every_mode()
             hands.type_cell(1, "desc_brdr", QStringLiteral("cold"));
             hands.type_cell(1, "qty_brdr", QStringLiteral("3"));
             hands.type_cell(1, "aisle_brdr", QStringLiteral("7"));
+            if (mode == 1)
+                hands.messages.expect(QStringLiteral("Add to list"),
+                                      QStringLiteral("Milk was not added to any list"));
             hands.press_ok();
+            QCOMPARE(hands.messages.left(), 0);
         },
         line);
     const GridRow row = main.list_pane().grid().rows().row(0);
