@@ -152,9 +152,7 @@ QImage Studio::scene()
 void Studio::keep(const QString& name, const QImage& image)
 {
     const QString file = QStringLiteral("%1/%2.png").arg(pictures_, name);
-    const QImage small
-        = image.hasAlphaChannel() ? image : image.convertToFormat(QImage::Format_Indexed8, Qt::AvoidDither);
-    if (image.isNull() || !small.save(file, "PNG", 0))
+    if (image.isNull() || !image.save(file, "PNG", 0))
         fault(QStringLiteral("cannot write ") + file);
     else
         ++taken_;
