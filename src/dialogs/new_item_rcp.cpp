@@ -183,6 +183,8 @@ bool new_item_rcp::ok_recipe(const QString& name)
 
 bool new_item_rcp::ok_category(const QString& name)
 {
+    if (name.isEmpty())
+        return false;
     if (category_name_taken(program_.connection, name)) {
         msg_box(this, QStringLiteral("There is already a stock \ncategory named ") + name, box::ok,
                 QStringLiteral("Stock category"));

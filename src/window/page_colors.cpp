@@ -50,7 +50,8 @@ void set_color(frmmain& main, int index)
 {
     {
         const UpdateLock lock(main);
-        main.shared.color_index = index;
+        if (page_color_of(index))
+            main.shared.color_index = index;
         redraw_list(main);
         redraw_recipe(main);
         main.l_r_refresh();

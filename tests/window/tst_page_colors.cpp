@@ -272,6 +272,8 @@ void tst_page_colors::an_index_above_3_is_stored_and_leaves_the_color_as_it_was(
     w.open();
     set_color(w.main(), 4);
     QCOMPARE(ground(w.grid()), blue);
+    QCOMPARE(ground(*w.find<QWidget>(QStringLiteral("Frame4"))), blue);
+    QCOMPARE(w.main().shared.color_index, 3);
     QCOMPARE(w.pref(QStringLiteral("color")), QStringLiteral("4"));
 }
 
