@@ -122,6 +122,12 @@ TreeView::TreeView(ImageList pictures, QWidget* parent)
     });
 }
 
+// An open label editor tells the delegate when it goes, which must not find half a tree.
+TreeView::~TreeView()
+{
+    delete delegate_;
+}
+
 void TreeView::set_flat(bool flat)
 {
     flat_ = flat;

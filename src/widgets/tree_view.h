@@ -19,6 +19,7 @@ public:
     enum Role { KeyRole = Qt::UserRole, TagRole, PictureRole };
 
     TreeView(ImageList pictures, QWidget* parent);
+    ~TreeView() override;
 
     /// Folders with children, or one flat list: decides the indents of pictures and texts.
     void set_flat(bool flat);
