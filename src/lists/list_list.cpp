@@ -237,7 +237,7 @@ void list_list::show_picture(const ListRow& row) const
         number = new_picture;
     row.picture->setProperty("picture", number);
     row.picture->setPixmap(list_image(ImageList::list_manager, number, devicePixelRatioF()));
-    QFont font = row.label->font();
+    QFont font; // nothing but the weight is set, so that the size stays the window's
     font.setBold(number == chosen_picture);
     row.label->setFont(font);
 }
@@ -280,6 +280,7 @@ void list_list::set_type_size(int points)
     QFont dialog_font = font();
     dialog_font.setPointSize(points == 10 || points == 12 ? points : 9);
     setFont(dialog_font);
+    resize(size().expandedTo({sizeHint().width(), 0}));
     place_rows();
 }
 

@@ -389,7 +389,9 @@ void tst_list_manager::page_color_and_type_size_are_taken_over_at_once()
     QCOMPARE(ground(*w.part<QFrame>(QStringLiteral("frmCreateList"))), pink);
     for (const int size : {12, 10, 9}) {
         w.main().view_state().set_type_size(size);
-        QCOMPARE(w.label(0)->font().pointSize(), size);
+        for (int row = 0; row < 3; ++row)
+            QCOMPARE(w.label(row)->font().pointSize(), size);
+        QVERIFY(w.manager()->width() >= w.manager()->sizeHint().width());
         QCOMPARE(w.label(1)->font().bold(), true);
         QCOMPARE(w.part<QFrame>("frm_list", 3)->y(), (3 * 380 + 80) / 15);
         QVERIFY(w.label(0)->fontMetrics().height() <= w.label(0)->height());
