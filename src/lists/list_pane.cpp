@@ -2,7 +2,7 @@
 
 #include "data/settings.h"
 #include "widgets/program.h"
-#include "widgets/shared_values.h"
+#include "widgets/page_ground.h"
 #include "widgets/update_lock.h"
 #include "widgets/column_layout.h"
 #include "widgets/fitted_text.h"
@@ -246,10 +246,7 @@ bool ListPane::notice_shown() const
 
 void ListPane::set_page_color()
 {
-    const auto color = program_.shared.page_color();
-    if (!color)
-        return;
-    grid_->set_page_color(*color, program_.shared.color_index);
+    grid_->set_page_color(page_ground(program_.shared), page_picture_index(program_.shared));
     for (QWidget* part : {static_cast<QWidget*>(frmCreateList_), static_cast<QWidget*>(txtCreateList_)})
         part->setPalette(grid_->palette());
 }

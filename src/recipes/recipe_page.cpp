@@ -2,7 +2,7 @@
 
 #include "data/settings.h"
 #include "widgets/program.h"
-#include "widgets/shared_values.h"
+#include "widgets/page_ground.h"
 #include "widgets/message_box.h"
 #include "widgets/one_line_box.h"
 #include "widgets/update_lock.h"
@@ -48,7 +48,6 @@ constexpr int low_text = 200; ///< twips above the viewport's lower edge
 constexpr int hint_indent = 4; ///< with the margin of the instructions
 constexpr int scroll_step = 20; ///< pixels that a click on the scroll bar moves the page by
 constexpr int text_gap = 8; ///< least distance of the instructions from the last line
-constexpr QColor design_color(240, 240, 240);
 constexpr QColor hint_color(80, 80, 80);
 
 const QString no_lines_hint = QStringLiteral("Drag a stock item here, or click Ingrdnt, to add an ingredient.");
@@ -459,7 +458,7 @@ void RecipePage::set_lites(int index, int code)
 
 int RecipePage::color_index() const
 {
-    return std::clamp(program_.shared.color_index, 0, 3);
+    return page_picture_index(program_.shared);
 }
 
 void RecipePage::show_stretch(int top, int bottom)
@@ -501,7 +500,7 @@ void RecipePage::show_pane(bool shown)
 void RecipePage::set_page_color()
 {
     QPalette colors = frame4_->palette();
-    const QColor page = program_.shared.page_color().value_or(design_color);
+    const QColor page = page_ground(program_.shared);
     for (const auto role : {QPalette::Window, QPalette::Base})
         colors.setColor(role, page);
     for (const auto role : {QPalette::WindowText, QPalette::Text})

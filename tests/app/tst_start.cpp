@@ -337,6 +337,11 @@ void tst_start::a_color_above_3_leaves_the_page_color_unset()
     frmmain& main = window.load();
     QVERIFY(!main.shared.page_color().has_value());
     QVERIFY(main.isVisible());
+    const auto ground = [&](const char* name) {
+        return window.find<QWidget>(QLatin1String(name))->palette().color(QPalette::Base);
+    };
+    QCOMPARE(ground("Listview1"), ground("Frame4"));
+    QVERIFY(ground("Listview1") != QColor(Qt::white));
 }
 
 void tst_start::a_value_that_is_no_text_ends_the_load()
