@@ -23,6 +23,7 @@ private slots:
     void the_folder_that_falls_empty_is_closed();
     void a_move_into_other_shows_it_open();
     void rows_and_marks_stay_and_the_tree_shows_the_true_status();
+    void a_move_with_all_lists_on_show_keeps_every_row();
     void tool_tips_on_the_recipe_page_name_the_new_category();
     void a_move_to_the_items_own_category_changes_nothing_and_no_status_bar_text();
     void a_category_or_an_item_that_is_gone_is_told();
@@ -205,6 +206,24 @@ void tst_move_stock_item::rows_and_marks_stay_and_the_tree_shows_the_true_status
     QCOMPARE(rows().row(0).groc_key, row);
     QCOMPARE(rows().row(0).desc, QStringLiteral("cold"));
     QCOMPARE(status(), QStringLiteral("Active On Home list :: Active On Party list :: Produce category"));
+}
+
+void tst_move_stock_item::a_move_with_all_lists_on_show_keeps_every_row()
+{
+    window_->add_row(milk_, home_, true, QStringLiteral("cold"));
+    window_->add_row(milk_, party_, false);
+    Query(window_->db(), "UPDATE items_1 SET status = 8, to_get = 1 WHERE key_id = ?", milk_).run();
+    window_->set_pref(QStringLiteral("alist"), QStringLiteral("0"));
+    window_->set_pref(QStringLiteral("s_all"), QStringLiteral("1"));
+    load();
+    QVERIFY(window_->main().shared.all_lists_view);
+    move(milk_, QStringLiteral("Produce"));
+    QCOMPARE(rows().rows(), 2);
+    QCOMPARE(rows().row(0).item, QStringLiteral("Milk"));
+    QCOMPARE(text("SELECT group_concat(item || to_get) FROM groc_1"), QStringLiteral("Milk1,Milk0"));
+    QCOMPARE(text("SELECT cat_desc FROM cat JOIN items_1 ON cat = cat.key_id WHERE item = 'Milk'"),
+             QStringLiteral("Produce"));
+    QCOMPARE(node(milk_)->parent()->text(0), QStringLiteral("Produce"));
 }
 
 void tst_move_stock_item::tool_tips_on_the_recipe_page_name_the_new_category()
