@@ -62,7 +62,8 @@ LineEditor::LineEditor(Program& program, RecipePage& page)
     connect(keys_.get(), &LineKeys::given_up, this, &LineEditor::give_up);
     connect(&list_, &PickList::given_up, this, &LineEditor::give_up);
     connect(keys_.get(), &LineKeys::row_picked, this, &LineEditor::picked);
-    connect(picks_.get(), &LinePicks::out_of_sight, this, &LineEditor::go_to);
+    connect(picks_.get(), &LinePicks::out_of_sight, this,
+            [this](IngredientField field) { boxes_->edit(field).setFocus(Qt::NoFocusReason); });
     connect(&list_, &PickList::picked, this, &LineEditor::picked);
     connect(&list_, &PickList::left, this, &LineEditor::list_left);
     connect(buttons_.get(), &LineButtons::line_wanted, clicks_.get(), &LineClicks::open_line);
@@ -289,6 +290,7 @@ bool LineEditor::eventFilter(QObject* watched, QEvent* event)
 void LineEditor::go_to(IngredientField field)
 {
     QLineEdit& edit = boxes_->edit(field);
+    page_.show_control(edit);
     const bool had_focus = edit.hasFocus();
     if (!had_focus)
         edit.setFocus(Qt::OtherFocusReason);

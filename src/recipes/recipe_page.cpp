@@ -9,6 +9,7 @@
 #include "recipes/line_widgets.h"
 #include "widgets/fitted_label.h"
 #include "widgets/focus_question.h"
+#include "widgets/key_kinds.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
 #include "household/recipe_store.h"
@@ -96,6 +97,10 @@ RecipePage::RecipePage(Program& program, QWidget* parent)
     connect(text1_, &PageText::caret_moved, this, &RecipePage::show_caret);
     connect(text1_, &PageText::up_from_top, this, [this] { go_to_line(recipe_lines_->count() - 1); });
     connect(text1_, &PageText::left, this, &RecipePage::edit_updt);
+    connect(recipe_lines_, &RecipeLines::keyboard_came, this, [this](int index) {
+        if (index < recipe_lines_->count())
+            show_control(*recipe_lines_->lines()[static_cast<size_t>(index)].ingred);
+    });
     line_stock_ = new LineStock(program_, *this);
     title_->installEventFilter(this);
     frame4_->installEventFilter(this);
@@ -317,6 +322,9 @@ bool RecipePage::eventFilter(QObject* watched, QEvent* event)
         go_to_line(0);
         return true;
     }
+    if (watched == title_ && event->type() == QEvent::FocusIn
+        && comes_by_key(static_cast<QFocusEvent*>(event)->reason()))
+        show_control(*title_);
     if (watched == title_ && event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (!leaves_control(reason))
@@ -474,6 +482,12 @@ void RecipePage::show_stretch(int top, int bottom)
     scroll();
 }
 
+void RecipePage::show_control(const QWidget& control)
+{
+    if (!page_busy_)
+        show_stretch(control.geometry().top(), control.geometry().bottom());
+}
+
 // The page scrolls after the caret, so that the text never moves inside its box.
 void RecipePage::show_caret()
 {
@@ -545,14 +559,11 @@ void RecipePage::go_to_line(int index)
     const int count = recipe_lines_->count();
     if (index < 0) {
         title_->setFocus(Qt::OtherFocusReason);
-        show_stretch(0, title_->geometry().bottom());
     } else if (index >= count) {
         text1_->setFocus(Qt::OtherFocusReason);
     } else {
-        IngredientText* line = recipe_lines_->lines()[static_cast<size_t>(index)].ingred;
         state.cur_line = index;
-        line->setFocus(Qt::OtherFocusReason);
-        show_stretch(line->geometry().top(), line->geometry().bottom());
+        recipe_lines_->lines()[static_cast<size_t>(index)].ingred->setFocus(Qt::OtherFocusReason);
     }
 }
 
