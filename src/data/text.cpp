@@ -88,11 +88,6 @@ QString key_str(int key)
     return QStringLiteral("%1").arg(key, 4, 10, QLatin1Char('0'));
 }
 
-Key record_key(QStringView node_key)
-{
-    return to_int16(node_key.last(qMin<qsizetype>(4, node_key.size())));
-}
-
 QString strip_apostrophes(QString& text)
 {
     text.remove(u'\'');
