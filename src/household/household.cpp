@@ -2,6 +2,7 @@
 
 #include "household/category_store.h"
 #include "household/ingredient_store.h"
+#include "household/line_draft.h"
 #include "household/list_store.h"
 #include "household/lists_store.h"
 #include "household/recipe_store.h"
@@ -128,9 +129,27 @@ void Household::remove_row(Key groc_key)
     emit item_changed(change);
 }
 
+std::optional<IngredientRow> Household::save_line(const LineDraft& draft)
+{
+    auto stored = tarnwick::save_line(connection_, draft);
+    if (stored && draft.is_new())
+        emit line_added(draft.recipe, *stored);
+    else if (stored)
+        emit line_changed(*stored);
+    return stored;
+}
+
+void Household::restore_line(const IngredientRow& line)
+{
+    tarnwick::restore_line(connection_, line);
+    if (const auto stored = read_line(connection_, line.key))
+        emit line_changed(*stored);
+}
+
 void Household::remove_line(Key line)
 {
     removal_.remove_line(line);
+    emit line_gone(line);
 }
 
 std::optional<Key> Household::removed_from()
