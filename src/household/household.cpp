@@ -68,7 +68,6 @@ Refusal Household::place(const Placement& placement)
     const auto placed = insert_list_row(connection_, placement);
     if (!placed)
         return Refusal::no_item;
-    last_groc_key_ = placed->groc_key;
     ItemChange change;
     change.cause = Cause::placing;
     change.items.push_back(codes_of(change.cause, {placement.item_key, placed->status}, placement.to_get));
@@ -211,9 +210,6 @@ void Household::announce_cleared(Key list, const ClearedRows& cleared, ClearMode
 Key Household::save_item(const ItemEdit& edit)
 {
     const ItemChange change = write_item_edit(connection_, edit);
-    for (const WrittenRow& written : change.written)
-        if (written.kind == WrittenRow::Kind::placed)
-            last_groc_key_ = written.row.groc_key;
     emit item_changed(change);
     return change.items.front().item;
 }

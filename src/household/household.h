@@ -137,8 +137,6 @@ public:
     /// either has gone, or the line stands there.
     void move_line(Key recipe, Key line, Key after);
 
-    Key last_groc_key() const { return last_groc_key_; } ///< the list row placed last; -1 none
-
 signals:
     void item_changed(const ItemChange& change);
     void lists_changed(const ListsChange& change);
@@ -158,7 +156,6 @@ private:
 
     Connection& connection_;
     LastRemoval removal_;
-    Key last_groc_key_ = -1;
 };
 
 } // namespace tarnwick
