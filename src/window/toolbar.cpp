@@ -27,6 +27,7 @@ constexpr int icon_size = 24;
 constexpr int least_button_width = 40;
 constexpr int separator_width = 9;
 constexpr int least_caption_points = 8;
+constexpr int largest_caption_points = 12;
 
 constexpr int picture_sort_category = 18;
 constexpr int picture_sort_alpha = 14;
@@ -87,9 +88,6 @@ Toolbar::Toolbar(frmmain& main, QWidget* parent)
     , bar_(new QWidget(parent))
 {
     bar_->setObjectName(QStringLiteral("Toolbar1"));
-    QFont font = bar_->font();
-    font.setPointSize(least_caption_points);
-    bar_->setFont(font);
     for (int i = first_button; i <= last_button; ++i) {
         if (at_rest(i).picture == 0)
             make_separator(i);
@@ -105,7 +103,16 @@ Toolbar::Toolbar(frmmain& main, QWidget* parent)
     add_drop_down(ToolButton::size, "MDM", QStringLiteral("Medium"));
     add_drop_down(ToolButton::size, "LRG", QStringLiteral("Large"));
     set_tag(ToolButton::folders, QStringLiteral("DFLT"));
+    measure_widest();
     place_buttons();
+}
+
+void Toolbar::measure_widest()
+{
+    set_caption_points(largest_caption_points);
+    for (int i = first_button; i <= last_button; ++i)
+        widest_.at(static_cast<size_t>(i)) = width_of(i);
+    set_caption_points(least_caption_points);
 }
 
 void Toolbar::make_button(int number)
@@ -207,6 +214,20 @@ void Toolbar::show_button(ToolButton which, bool shown)
     button(which).setVisible(shown);
 }
 
+void Toolbar::set_caption_points(int points)
+{
+    QFont font = bar_->font();
+    font.setPointSize(points);
+    if (font != bar_->font())
+        bar_->setFont(font);
+}
+
+int Toolbar::width_of(int number) const
+{
+    return at_rest(number).picture == 0 ? separator_width
+                                        : std::max(part(number).sizeHint().width(), least_button_width);
+}
+
 void Toolbar::place_buttons()
 {
     const int row = height() - edge_margin;
@@ -214,9 +235,8 @@ void Toolbar::place_buttons()
     for (int i = first_button; i <= last_button; ++i) {
         if (!shown_.at(static_cast<size_t>(i)))
             continue;
-        const bool is_separator = at_rest(i).picture == 0;
-        const int width = is_separator ? separator_width : std::max(part(i).sizeHint().width(), least_button_width);
-        if (is_separator)
+        const int width = std::max(width_of(i), room_.at(static_cast<size_t>(i)));
+        if (at_rest(i).picture == 0)
             part(i).setGeometry(left + separator_width / 2 - 1, edge_margin + 4, 2, row - 8);
         else
             part(i).setGeometry(left, edge_margin / 2, width, row);
@@ -246,15 +266,29 @@ void Toolbar::restore_standing_state()
 /// they are smaller than the type size.
 bool Toolbar::fit_type()
 {
+    room_ = {};
     for (int points = std::max(type_size_, least_caption_points);; --points) {
-        QFont font = bar_->font();
-        font.setPointSize(points);
-        if (font != bar_->font())
-            bar_->setFont(font);
+        set_caption_points(points);
         place_buttons();
-        if (points == least_caption_points || least_width() <= main_.width())
+        if (points == least_caption_points || least_width() <= main_.width()) {
+            give_room();
             return points < type_size_;
+        }
     }
+}
+
+/// Where all buttons stand in the window with the largest captions, each gets the room of those at every type size:
+/// a second click on Size must not meet what has moved under the pointer.
+void Toolbar::give_room()
+{
+    if (!fits(ToolButton::size))
+        return;
+    room_ = widest_;
+    place_buttons();
+    if (fits(ToolButton::size))
+        return;
+    room_ = {};
+    place_buttons();
 }
 
 void Toolbar::toolbar_fit()

@@ -83,8 +83,12 @@ private:
     void drop_down_clicked(const QString& key);
     void pop_up_more(ToolButton which);
     void restore_standing_state();
+    void set_caption_points(int points);
+    void measure_widest();
+    int width_of(int number) const;
     void place_buttons();
     bool fit_type();
+    void give_room();
     bool fits(ToolButton which) const;
     void show_button(ToolButton which, bool shown);
     void set_picture(ToolButton which, int picture);
@@ -95,6 +99,8 @@ private:
     int type_size_ = 0;
     std::array<QWidget*, 19> buttons_{};
     std::array<bool, 19> shown_{};
+    std::array<int, 19> widest_{}; ///< widths with the largest captions, pixels
+    std::array<int, 19> room_{}; ///< least widths that the buttons are given: the widest, or 0
     bool stock_ = true; ///< the tree on show
     bool by_name_ = false; ///< its order
 };

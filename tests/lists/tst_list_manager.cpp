@@ -3,6 +3,7 @@
 #include "data/query.h"
 #include "household/household.h"
 #include "recipes/recipe_page.h"
+#include "widgets/plain_style.h"
 #include "widgets/row_editor.h"
 #include "window/page_colors.h"
 #include "window/view_state.h"
@@ -74,6 +75,7 @@ private slots:
     void choosing_turns_back_from_the_recipe_page();
     void the_text_of_an_open_row_is_stored();
     void keys_go_through_the_rows_and_choose();
+    void the_frame_round_the_row_with_the_keyboard_is_whole();
 
     // In step with the main window
     void the_list_chosen_in_the_menu_is_marked();
@@ -322,6 +324,25 @@ void tst_list_manager::keys_go_through_the_rows_and_choose()
     QVERIFY(w.main().shared.all_lists_view);
     QTest::keyClick(w.manager()->focusWidget(), Qt::Key_Tab);
     QVERIFY(w.manager()->isVisible());
+}
+
+void tst_list_manager::the_frame_round_the_row_with_the_keyboard_is_whole()
+{
+    PlainStyle style;
+    ManagerWindow w;
+    w.open(three);
+    QApplication::setActiveWindow(w.manager());
+    QFrame& row = *w.part<QFrame>("frm_list", 0);
+    row.setStyle(&style);
+    row.setFocus();
+    QVERIFY(row.hasFocus());
+    const QImage image = row.grab().toImage();
+    const QRgb line = image.pixel(4, 1);
+    QVERIFY(line != ground(row).rgb());
+    for (int x = 4; x < image.width() - 4; ++x) {
+        QCOMPARE(image.pixel(x, 1), line);
+        QCOMPARE(image.pixel(x, image.height() - 2), line);
+    }
 }
 
 void tst_list_manager::the_list_chosen_in_the_menu_is_marked()

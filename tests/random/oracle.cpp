@@ -9,6 +9,7 @@
 #include "stock/stock_tree.h"
 #include "support/test_window.h"
 #include "widgets/list_grid.h"
+#include "widgets/node_key.h"
 #include "widgets/tree_view.h"
 #include "window/status_panels.h"
 
@@ -231,7 +232,7 @@ void Oracle::check_words()
     const QTreeWidgetItem* const node = main_.shared.stock_view ? main_.stock_tree().view().selected() : nullptr;
     const QString key = node ? TreeView::key(node) : QString();
     const bool item = key.startsWith(QLatin1String("item"));
-    const QString words = item ? get_status(db_, record_key(key)) : QString();
+    const QString words = item ? get_status(db_, NodeKey::parse(key).record) : QString();
     const QString shown = main_.status_panels().text();
     const bool hint = shown.startsWith(QLatin1String("No recipe is open."));
     if (item && key != selected_ && !renamed_ && !hint && !selected_.isEmpty() && shown != words)

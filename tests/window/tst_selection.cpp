@@ -5,6 +5,7 @@
 #include "stock/stock_tree_fixture.h"
 #include "support/table_dump.h"
 #include "widgets/list_grid.h"
+#include "widgets/node_key.h"
 #include "window/toolbar.h"
 #include "window/view_state.h"
 
@@ -67,7 +68,7 @@ void tst_selection::check_selected()
         QCOMPARE(caption("mnu_edit_stock_to_list"),
                  QStringLiteral("Add ") + name + QStringLiteral(" to shopping list"));
         QVERIFY(visible("mnu_tv_rename") && !visible("mnu_tv_dc"));
-        QCOMPARE(status(), get_status(window_->db(), record_key(key)));
+        QCOMPARE(status(), get_status(window_->db(), NodeKey::parse(key).record));
         return;
     }
     QCOMPARE(caption("mnu_tv_di"), QStringLiteral("Delete stock item"));
