@@ -44,7 +44,7 @@ constexpr int title_top = 8;
 constexpr int title_height = 24;
 constexpr int text_left = 14;
 constexpr int caret_room = 6; ///< under the caret's row, or its box would scroll
-constexpr int text_margin = 14; ///< under the instructions
+constexpr int room_below = 14; ///< under the instructions
 constexpr int least_text = 16; ///< height of the instructions when the page has no room for them
 constexpr int low_text = 200; ///< twips above the viewport's lower edge
 constexpr int hint_indent = 4; ///< with the margin of the instructions
@@ -388,7 +388,7 @@ void RecipePage::place_text()
     const int top = text_top();
     const int shown = frame4_->height() - (top - scrolled_);
     const bool too_low = shown < page_geometry::to_pixels(low_text);
-    const int height = too_low ? least_text : std::max(least_text, shown - text_margin);
+    const int height = too_low ? least_text : std::max(least_text, shown - room_below);
     text1_->setGeometry(text_left, top, text_width(), height);
     text1_->verticalScrollBar()->setValue(0);
 }
@@ -436,7 +436,7 @@ int RecipePage::get_scroll_scale() const
 // The estimate counts a row of text lower than any font draws it: the page ends where its text ends.
 int RecipePage::content_height() const
 {
-    return std::max(get_scroll_scale(), text_top() + text1_->full_height() + text_margin);
+    return std::max(get_scroll_scale(), text_top() + text1_->full_height() + room_below);
 }
 
 bool RecipePage::has_room(const QString& text) const
@@ -498,7 +498,7 @@ void RecipePage::show_caret()
     scroll_bar_refresh();
     const int caret_top = text1_->y() + text1_->caret_top();
     const int caret_bottom = text1_->y() + text1_->caret_bottom();
-    show_stretch(caret_top, caret_bottom + text_margin + caret_room);
+    show_stretch(caret_top, caret_bottom + room_below + caret_room);
     text1_->verticalScrollBar()->setValue(0);
 }
 
