@@ -248,9 +248,19 @@ void RecipePage::add_unstored(Rescue& rescue) const
 
 bool RecipePage::write_page()
 {
-    if (!save_recipe(program_.connection, page_key(), title_->text(), text1_->text()))
+    const RecipeText shown{trim(title_->text()), trim(text1_->text())};
+    bool is_saved = false;
+    const auto save = [&](Connection& connection) {
+        is_saved = save_recipe(connection, page_key(), title_->text(), text1_->text());
+    };
+    // A key that changes nothing, such as an arrow, marks the text as well.
+    if (shown.name == stored_.name && shown.body == stored_.body)
+        program_.household.write_aside(save);
+    else
+        save(program_.connection);
+    if (!is_saved)
         return false;
-    stored_ = {trim(title_->text()), trim(text1_->text())};
+    stored_ = shown;
     mark_name(false);
     mark_text(false);
     return true;

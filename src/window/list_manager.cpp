@@ -40,7 +40,7 @@ void show_list(frmmain& main, Key list)
     const UpdateLock lock(main);
     write(main, "s_all", list == list_list::all_lists ? QStringLiteral("1") : QStringLiteral("0"));
     main.shared.current_list = list;
-    clear_active_marks(main.connection());
+    main.household().write_aside(clear_active_marks);
     main.list_pane().lv_load(list);
     write(main, "alist", QString::number(list));
     main.l_r_refresh();

@@ -35,7 +35,7 @@ UndoKey::UndoKey(frmmain& main)
     qApp->installEventFilter(this);
 }
 
-/// A row comes back to a list on show, a line to its recipe on the page.
+/// A row comes back to its list on show, a line to its recipe on the page.
 bool UndoKey::can_bring_back() const
 {
     if (!main_.shared.started || main_.shared.ending)
@@ -43,9 +43,11 @@ bool UndoKey::can_bring_back() const
     const auto from = main_.household().removed_from();
     if (!from)
         return false;
-    const bool list = main_.shared.list_pane_shown;
-    return *from == 0 ? list
-                      : !list && *from == main_.recipe_page().page_key() && !main_.recipe_page().editor_open();
+    const SharedValues& shared = main_.shared;
+    if (from->list > 0)
+        return shared.list_pane_shown && (shared.all_lists_view || from->list == shared.current_list);
+    const RecipePage& page = main_.recipe_page();
+    return !shared.list_pane_shown && from->recipe == page.page_key() && !page.editor_open();
 }
 
 /// Text boxes claim the key even where they have nothing to undo.
