@@ -29,6 +29,7 @@ namespace {
 constexpr QStringView box_date = u"M/d/yy";
 constexpr const char* tag = "Tag";
 constexpr const char* text_before = "text_before"; ///< of a box: its text when the keyboard came
+constexpr const char* coupon_before = "coupon_before"; ///< of the date box, as above
 
 namespace number_of {
 constexpr int calendar = 163;
@@ -257,11 +258,22 @@ void RowEditor::fill_coupon()
     controls_->chck_box->set_picture(grid_.rows().data(cell, GridModel::PictureRole).toInt());
     const QString text = grid_.rows().cell_text(row, grid_column::date);
     const QDate date = QDate::fromString(trim(text), screen_date_format);
-    controls_->date->setText(date.isValid() ? date.toString(box_date) : text);
+    show_date(date.isValid() ? date.toString(box_date) : text);
     controls_->date->setProperty(tag, controls_->date->text());
-    controls_->date->home(false);
+    controls_->date->setAccessibleName(QStringLiteral("Coupon expiry date")
+                                       + (on ? QString() : QStringLiteral(", no coupon")));
     if (!on)
         close_calendar();
+}
+
+/// A box that takes no typing is marked while it has the keyboard, and left by one arrow key.
+void RowEditor::show_date(const QString& text)
+{
+    controls_->date->setText(text);
+    if (controls_->date->hasFocus() || from_date_box_)
+        controls_->date->selectAll();
+    else
+        controls_->date->home(false);
 }
 
 void RowEditor::fill_end_frame()
@@ -312,7 +324,7 @@ void RowEditor::choose_date(QDate date)
     if (row < 0 || controls_->month_view->isHidden())
         return;
     grid_.rows().set_cell_text(row, grid_column::date, date.toString(screen_date_format));
-    controls_->date->setText(date.toString(box_date));
+    show_date(date.toString(box_date));
     close_calendar();
     host_.date_chosen(row, date);
 }
@@ -353,9 +365,8 @@ bool RowEditor::eventFilter(QObject* watched, QEvent* event)
         return qobject_cast<QAbstractButton*>(widget) && !LastPress::was_on(*widget);
     case QEvent::FocusIn:
         if (const auto reason = static_cast<QFocusEvent*>(event)->reason();
-            reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
-            if (const auto* box = qobject_cast<QLineEdit*>(widget))
-                widget->setProperty(text_before, box->text());
+            reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason && !from_date_box_)
+            note_before(*widget);
         return false;
     case QEvent::FocusOut:
         focus_left();
@@ -368,6 +379,26 @@ bool RowEditor::eventFilter(QObject* watched, QEvent* event)
     default:
         return false;
     }
+}
+
+void RowEditor::note_before(QWidget& box) const
+{
+    const bool is_date = &box == controls_->date;
+    if (const auto* edit = qobject_cast<QLineEdit*>(&box))
+        box.setProperty(text_before,
+                        is_date ? grid_.rows().cell_text(edit_row(), grid_column::date) : edit->text());
+    if (is_date)
+        box.setProperty(coupon_before, host_.coupon_on(edit_row()));
+}
+
+/// The date box takes no typing: its keys are those of the coupon box and of the calendar's button.
+bool RowEditor::key_on_coupon(int key)
+{
+    if (key == Qt::Key_Space)
+        controls_->chck_box->click();
+    else if (key == Qt::Key_Down && controls_->dtp_btn->isVisible())
+        show_calendar();
+    return key == Qt::Key_Space || key == Qt::Key_Down;
 }
 
 bool RowEditor::key_in_box(const QWidget* widget, int key)
@@ -396,6 +427,8 @@ bool RowEditor::key_in_box(const QWidget* widget, int key)
         grid_.setFocus(Qt::OtherFocusReason);
         return true;
     }
+    if (box->edit == controls_->date && key_on_coupon(key))
+        return true;
     switch (key) {
     case Qt::Key_Right:
         return box->edit->caret_at_end() && go_to_box(place, 1);
@@ -409,8 +442,26 @@ bool RowEditor::key_in_box(const QWidget* widget, int key)
 void RowEditor::give_back(const Box& box)
 {
     const QVariant before = box.edit->property(text_before);
-    if (before.isValid() && !box.edit->isReadOnly())
+    if (box.edit == controls_->date)
+        give_coupon_back();
+    else if (before.isValid())
         box.edit->setText(before.toString());
+}
+
+void RowEditor::give_coupon_back()
+{
+    const QVariant was_on = controls_->date->property(coupon_before);
+    const int row = edit_row();
+    if (!was_on.isValid() || row < 0)
+        return;
+    if (host_.coupon_on(row) != was_on.toBool())
+        switch_coupon(row, was_on.toBool());
+    const QString text = controls_->date->property(text_before).toString();
+    const QDate date = QDate::fromString(trim(text), screen_date_format);
+    if (!date.isValid() || text == grid_.rows().cell_text(row, grid_column::date))
+        return;
+    grid_.rows().set_cell_text(row, grid_column::date, text);
+    host_.date_chosen(row, date);
 }
 
 /// The box of a column of the current row, with the keyboard; null where there is none.
@@ -667,6 +718,7 @@ void RowEditor::show_calendar()
     const QDate shown
         = QDate::fromString(trim(grid_.rows().cell_text(edit_row(), grid_column::date)), screen_date_format);
     QCalendarWidget& calendar = *controls_->month_view;
+    from_date_box_ = controls_->date->hasFocus();
     calendar.setSelectedDate(shown.isValid() ? shown : host_.today());
     calendar.setCurrentPage(calendar.selectedDate().year(), calendar.selectedDate().month());
     place_calendar();
@@ -692,7 +744,8 @@ void RowEditor::place_calendar()
 void RowEditor::close_calendar()
 {
     if (controls_->month_view->isAncestorOf(grid_.window()->focusWidget()))
-        grid_.setFocus(Qt::OtherFocusReason);
+        (from_date_box_ ? controls_->date : static_cast<QWidget*>(&grid_))->setFocus(Qt::OtherFocusReason);
+    from_date_box_ = false;
     controls_->month_view->hide();
 }
 

@@ -96,6 +96,7 @@ private:
     void bring_into_view(int row);
     void fill();
     void fill_coupon();
+    void show_date(const QString& text);
     void fill_end_frame();
     void place();
     void place_steppers(const QWidget& box, const std::array<PictureButton*, 2>& buttons);
@@ -120,9 +121,12 @@ private:
     void edit_clicked();
 
     bool key_in_box(const QWidget* box, int key);
+    bool key_on_coupon(int key);
+    void note_before(QWidget& box) const;
     bool go_to_box(int from, int step);
     CellBox* open_box(int column);
     void give_back(const Box& box);
+    void give_coupon_back();
     void focus_left();
     void rows_scrolled();
 
@@ -133,6 +137,7 @@ private:
     QColor page_color_ = Qt::white;
     int type_size_ = 9;
     int unstored_column_ = -1;
+    bool from_date_box_ = false; ///< the calendar gives the keyboard back to it
     bool filling_ = false; ///< texts are being shown, not typed
     bool writing_ = false; ///< the grid's own moves must not close the editor
 };

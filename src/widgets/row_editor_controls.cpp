@@ -274,6 +274,7 @@ RowEditor::Controls::Controls(QWidget* parent)
     qty->setAccessibleName(QStringLiteral("Quantity"));
     cpn_brdr->setAccessibleName(QStringLiteral("Coupon expiry date"));
     date->setAccessibleName(QStringLiteral("Coupon expiry date"));
+    date->setAccessibleDescription(QStringLiteral("Space switches the coupon, Down opens the calendar"));
     aisle->setAccessibleName(QStringLiteral("Aisle"));
     chck_box->setAccessibleName(QStringLiteral("Coupon"));
     set_drawn_control(*chck_box, DrawnControl::check_box);
