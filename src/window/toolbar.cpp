@@ -3,6 +3,7 @@
 #include "window/frmmain.h"
 #include "window/commands.h"
 #include "window/layout.h"
+#include "window/menu_table.h"
 #include "window/output_commands.h"
 #include "widgets/pictures.h"
 #include "widgets/tool_tip.h"
@@ -69,11 +70,6 @@ constexpr StandingButton standing[last_button + 1] = {
 const StandingButton& at_rest(int number)
 {
     return standing[static_cast<size_t>(number)];
-}
-
-QString text_of(const char* text)
-{
-    return QString::fromUtf8(text);
 }
 
 QString more_caption()
