@@ -2,6 +2,7 @@
 
 #include "data/text.h"
 #include "household/recipe_store.h"
+#include "widgets/key_kinds.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
@@ -205,6 +206,8 @@ void PageText::focusInEvent(QFocusEvent* event)
 {
     empty_help_text();
     QPlainTextEdit::focusInEvent(event);
+    if (comes_by_key(event->reason()))
+        emit caret_moved();
 }
 
 /// A box that had the focus when the help text was loaded gets no focus event more.

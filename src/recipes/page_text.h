@@ -44,7 +44,7 @@ signals:
     void key_up();
     void left(); ///< the focus goes to another control of the window
     void up_from_top(); ///< the key Up in the first row
-    void caret_moved(); ///< by the user, or to a degree sign
+    void caret_moved(); ///< by the user, to a degree sign, or with the keyboard into the text
 
 protected:
     bool event(QEvent* event) override;

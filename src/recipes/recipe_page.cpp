@@ -9,6 +9,7 @@
 #include "recipes/line_widgets.h"
 #include "widgets/fitted_label.h"
 #include "widgets/focus_question.h"
+#include "widgets/key_kinds.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
 #include "household/recipe_store.h"
@@ -43,7 +44,7 @@ constexpr int title_top = 8;
 constexpr int title_height = 24;
 constexpr int text_left = 14;
 constexpr int caret_room = 6; ///< under the caret's row, or its box would scroll
-constexpr int text_margin = 14; ///< under the instructions
+constexpr int room_below = 14; ///< under the instructions
 constexpr int least_text = 16; ///< height of the instructions when the page has no room for them
 constexpr int low_text = 200; ///< twips above the viewport's lower edge
 constexpr int hint_indent = 4; ///< with the margin of the instructions
@@ -97,6 +98,10 @@ RecipePage::RecipePage(Program& program, QWidget* parent)
     connect(text1_, &PageText::caret_moved, this, &RecipePage::show_caret);
     connect(text1_, &PageText::up_from_top, this, [this] { go_to_line(recipe_lines_->count() - 1); });
     connect(text1_, &PageText::left, this, &RecipePage::edit_updt);
+    connect(recipe_lines_, &RecipeLines::keyboard_came, this, [this](int index) {
+        if (index < recipe_lines_->count())
+            show_control(*recipe_lines_->lines()[static_cast<size_t>(index)].ingred);
+    });
     line_stock_ = new LineStock(program_, *this);
     line_listener_ = std::make_unique<LineListener>(program_, *this);
     title_->installEventFilter(this);
@@ -313,6 +318,9 @@ bool RecipePage::eventFilter(QObject* watched, QEvent* event)
         go_to_line(0);
         return true;
     }
+    if (watched == title_ && event->type() == QEvent::FocusIn
+        && comes_by_key(static_cast<QFocusEvent*>(event)->reason()))
+        show_control(*title_);
     if (watched == title_ && event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (!leaves_control(reason))
@@ -374,7 +382,7 @@ void RecipePage::place_text()
     const int top = text_top();
     const int shown = frame4_->height() - (top - scrolled_);
     const bool too_low = shown < page_geometry::to_pixels(low_text);
-    const int height = too_low ? least_text : std::max(least_text, shown - text_margin);
+    const int height = too_low ? least_text : std::max(least_text, shown - room_below);
     text1_->setGeometry(text_left, top, text_width(), height);
     text1_->verticalScrollBar()->setValue(0);
 }
@@ -423,7 +431,7 @@ int RecipePage::get_scroll_scale() const
 // The estimate counts a row of text lower than any font draws it: the page ends where its text ends.
 int RecipePage::content_height() const
 {
-    return std::max(get_scroll_scale(), text_top() + text1_->full_height() + text_margin);
+    return std::max(get_scroll_scale(), text_top() + text1_->full_height() + room_below);
 }
 
 bool RecipePage::has_room(const QString& text) const
@@ -471,6 +479,12 @@ void RecipePage::show_stretch(int top, int bottom)
     scroll();
 }
 
+void RecipePage::show_control(const QWidget& control)
+{
+    if (!page_busy_)
+        show_stretch(control.geometry().top(), control.geometry().bottom());
+}
+
 // The page scrolls after the caret, so that the text never moves inside its box.
 void RecipePage::show_caret()
 {
@@ -479,7 +493,7 @@ void RecipePage::show_caret()
     scroll_bar_refresh();
     const int caret_top = text1_->y() + text1_->caret_top();
     const int caret_bottom = text1_->y() + text1_->caret_bottom();
-    show_stretch(caret_top, caret_bottom + text_margin + caret_room);
+    show_stretch(caret_top, caret_bottom + room_below + caret_room);
     text1_->verticalScrollBar()->setValue(0);
 }
 
@@ -542,14 +556,11 @@ void RecipePage::go_to_line(int index)
     const int count = recipe_lines_->count();
     if (index < 0) {
         title_->setFocus(Qt::OtherFocusReason);
-        show_stretch(0, title_->geometry().bottom());
     } else if (index >= count) {
         text1_->setFocus(Qt::OtherFocusReason);
     } else {
-        IngredientText* line = recipe_lines_->lines()[static_cast<size_t>(index)].ingred;
         state.cur_line = index;
-        line->setFocus(Qt::OtherFocusReason);
-        show_stretch(line->geometry().top(), line->geometry().bottom());
+        recipe_lines_->lines()[static_cast<size_t>(index)].ingred->setFocus(Qt::OtherFocusReason);
     }
 }
 

@@ -92,6 +92,7 @@ public:
 
     /// Scrolls as little as needed to bring a stretch of the page into the viewport, pixels from its top.
     void show_stretch(int top, int bottom);
+    void show_control(const QWidget& control); ///< one that lies on the page
 
     /// The line's item name.
     QString rcp_item(int index) const;

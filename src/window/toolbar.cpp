@@ -1,6 +1,7 @@
 #include "window/toolbar.h"
 
 #include "window/commands.h"
+#include "window/menu_table.h"
 #include "widgets/pictures.h"
 #include "widgets/shared_values.h"
 #include "widgets/tool_tip.h"
@@ -67,11 +68,6 @@ constexpr StandingButton standing[last_button + 1] = {
 const StandingButton& at_rest(int number)
 {
     return standing[static_cast<size_t>(number)];
-}
-
-QString text_of(const char* text)
-{
-    return QString::fromUtf8(text);
 }
 
 QString more_caption()

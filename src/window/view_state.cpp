@@ -14,6 +14,7 @@
 #include "window/commands.h"
 #include "window/keyboard_round.h"
 #include "window/layout.h"
+#include "window/menu_table.h"
 #include "widgets/pictures.h"
 #include "window/status_panels.h"
 #include "widgets/tool_tip.h"
@@ -39,25 +40,19 @@ namespace {
 
 constexpr int non_stock_panel = 6;
 
-QString text_of(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 CommandInputs::Selection selection_of(const TreeView& tree)
 {
-    using Node = CommandInputs::Node;
     CommandInputs::Selection selection;
     const QTreeWidgetItem* node = tree.selected();
     if (!node)
         return selection;
     const NodeKey key = NodeKey::of(node);
     if (key.is_item())
-        selection.kind = Node::item;
+        selection.kind = CommandInputs::Node::item;
     else if (key.is_recipe())
-        selection.kind = Node::recipe;
+        selection.kind = CommandInputs::Node::recipe;
     else if (key.is_category())
-        selection.kind = key.is_other() ? Node::other : Node::category;
+        selection.kind = key.is_other() ? CommandInputs::Node::other : CommandInputs::Node::category;
     selection.text = node->text(0);
     selection.has_light = TreeView::picture(node) >= status_code::unlisted;
     return selection;
