@@ -113,7 +113,6 @@ void LineEditor::show_r_line(const LineDraft& draft, std::optional<int> index)
 
 void LineEditor::fill_boxes()
 {
-    boxes_->make_buttons();
     for (const IngredientField field : ingredient_fields) {
         const QString& text = draft_.text(field);
         boxes_->show_text(field, text);
@@ -217,6 +216,8 @@ void LineEditor::picked(int row)
     }
 }
 
+/// Takes a row of the stock list as the line's item; the name that is in the box already changes nothing. Goes on
+/// to the comment.
 void LineEditor::ListIngred_select(int row)
 {
     const Key chosen = list_.item_data(row);

@@ -76,14 +76,10 @@ bool PageText::is_help_text() const
     return document()->characterCount() <= longest && trim(text()) == help_text();
 }
 
-qsizetype PageText::length() const
+PageText::Extent PageText::extent() const
 {
-    return document()->characterCount() - 1 + line_ends();
-}
-
-int PageText::line_ends() const
-{
-    return document()->blockCount() - 1;
+    const int line_ends = document()->blockCount() - 1;
+    return {document()->characterCount() - 1 + line_ends, line_ends};
 }
 
 void PageText::set_border_style(int style)

@@ -19,8 +19,12 @@ public:
 
     bool is_blank() const; ///< nothing but blanks
     bool is_help_text() const; ///< the help text of an unwritten recipe
-    qsizetype length() const; ///< characters of the text, two for a line end
-    int line_ends() const;
+
+    struct Extent {
+        qsizetype length; ///< characters, two for a line end
+        int line_ends;
+    };
+    Extent extent() const; ///< of the text
 
     int border_style() const { return border_style_; } ///< 1 while the box invites input
     void set_border_style(int style);

@@ -189,6 +189,8 @@ void RecipePage::fill_text(Key recipe)
     const auto text = read_recipe(program_.connection, recipe);
     stored_ = text.value_or(RecipeText());
     set_page_key(text ? recipe : Key(-1));
+    program_.shared.cur_recipe = recipe;
+    program_.shared.cur_recipe_name = stored_.name;
     title_->setText(text ? text->name : QString());
     title_->setCursorPosition(0);
     text1_->set_text(text ? text->body : QString());
@@ -222,14 +224,6 @@ void RecipePage::mark_text(bool edited)
 }
 
 void RecipePage::edit_updt()
-{
-    if (!is_edited())
-        return;
-    program_.shared.cur_recipe = page_key();
-    write_page();
-}
-
-void RecipePage::store_edited()
 {
     if (is_edited())
         write_page();
@@ -439,7 +433,8 @@ void RecipePage::scroll_bar_refresh()
 
 int RecipePage::get_scroll_scale() const
 {
-    return page_geometry::scroll_scale(recipe_lines_->upper_bound(), text1_->length(), text1_->line_ends(),
+    const auto [length, line_ends] = text1_->extent();
+    return page_geometry::scroll_scale(recipe_lines_->upper_bound(), length, line_ends,
                                        page_geometry::px_x(text1_->width()), program_.shared.type_size);
 }
 

@@ -50,13 +50,12 @@ public:
     QLineEdit& title() { return *title_; }
     PageText& Text1() { return *text1_; }
 
-    /// Rebuilds the page, however long. Below 1, or without such a recipe, it is empty and closed to typing.
+    /// Rebuilds the page, however long, with a recipe, which is the current one from now on. Below 1, or without
+    /// such a recipe, it is empty and closed to typing.
     void set_recipe(Key recipe);
 
-    /// Saves name and instructions when either was edited, and makes the page's recipe the current one. Throws
-    /// SQLite::Exception.
+    /// Saves name and instructions when either was edited. Throws SQLite::Exception.
     void edit_updt();
-    void store_edited(); ///< the same, but whatever recipe is the current one stays it
 
     /// What a rescue of the page would hold: texts of the boxes that are not stored.
     void add_unstored(Rescue& rescue) const;
