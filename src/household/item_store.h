@@ -11,6 +11,8 @@
 
 namespace tarnwick {
 
+enum class StatusCode;
+
 /// A category as the item editor offers it.
 struct CategoryEntry {
     Key key = 0;
@@ -110,7 +112,7 @@ public:
     void move_item(Key item, Key category, QDate today);
 
     /// Writes the computed status code of an item and returns it.
-    int write_status(Key item);
+    StatusCode write_status(Key item);
 
 private:
     Connection& connection_;

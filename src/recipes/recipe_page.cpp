@@ -150,7 +150,7 @@ void RecipePage::set_recipe(Key recipe)
     const UpdateLock lock(*frame4_);
     const QScopedValueRollback<bool> busy(page_busy_, true);
     recipe_lines_->clear();
-    set_lites(0, status_code::non_stock);
+    set_lites(0, StatusCode::non_stock);
     title_->setVisible(recipe >= 0);
     text1_->setVisible(recipe >= 0);
     if (recipe > 0)
@@ -173,7 +173,7 @@ void RecipePage::fill_lines(Key recipe)
         line.tool_tip = named ? get_ttt(connection, row.item_ref) : QStringLiteral("Unlisted stock item");
         const int index = recipe_lines_->upper_bound();
         recipe_lines_->refresh(index);
-        set_lites(index, named ? lite_status(connection, row.item_ref) : status_code::non_stock);
+        set_lites(index, named ? lite_status(connection, row.item_ref) : StatusCode::non_stock);
     }
 }
 
@@ -451,7 +451,7 @@ void RecipePage::drop_last_line()
     layout_page();
 }
 
-void RecipePage::set_lites(int index, int code)
+void RecipePage::set_lites(int index, StatusCode code)
 {
     recipe_lines_->set_lites(index, code, color_index());
 }
@@ -638,8 +638,7 @@ void RecipePage::line_moved(const LineMove& move)
     for (int i = std::min(from, move.place); i <= std::max(from, move.place); ++i) {
         const IngredientLine& line = lines()[static_cast<size_t>(i)];
         refresh_line(i);
-        set_lites(i,
-                  line.item.isEmpty() ? status_code::non_stock : lite_status(program_.connection, line.item_ref));
+        set_lites(i, line.item.isEmpty() ? StatusCode::non_stock : lite_status(program_.connection, line.item_ref));
     }
     layout_page();
     // A key that is meant for the line that was moved must not reach the one that took its place.

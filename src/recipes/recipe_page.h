@@ -26,6 +26,7 @@ class LineEditor;
 class LineStock;
 class FocusQuestion;
 class PageText;
+enum class StatusCode;
 struct Rescue;
 struct LineMove;
 struct ListsChange;
@@ -87,8 +88,7 @@ public:
     /// Shows text, tool tip and Tags of a line as its members have them.
     void refresh_line(int index) { recipe_lines_->refresh(index); }
 
-    /// Light and check box of a line; codes outside 5 to 9 change nothing.
-    void set_lites(int index, int code);
+    void set_lites(int index, StatusCode code); ///< light and check box of a line
 
     /// Scrolls as little as needed to bring a stretch of the page into the viewport, pixels from its top.
     void show_stretch(int top, int bottom);

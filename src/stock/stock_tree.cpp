@@ -191,13 +191,13 @@ QTreeWidgetItem* StockTree::category_node(Key category) const
     return tree_.node(category_key(category));
 }
 
-void StockTree::set_item_code(Key item, int code)
+void StockTree::set_item_code(Key item, StatusCode code)
 {
     QTreeWidgetItem* node = item_node(item);
-    if (!node || code == code_untouched)
+    if (!node)
         return;
-    tree_.set_picture(node, code);
-    TreeView::set_tag(node, QString::number(code));
+    tree_.set_picture(node, code_number(code));
+    TreeView::set_tag(node, QString::number(code_number(code)));
 }
 
 void StockTree::item_changed(const ItemChange& change)
@@ -205,7 +205,7 @@ void StockTree::item_changed(const ItemChange& change)
     if (change.record) {
         const ItemCodes& codes = change.items.front();
         if (change.record->is_new)
-            add_item_node(codes.item, change.record->category, change.record->name, codes.node);
+            add_item_node(codes.item, change.record->category, change.record->name, codes.status);
         else if (QTreeWidgetItem* node = item_node(codes.item))
             node->setText(0, change.record->name);
         // The node's new place goes by its new name.
@@ -213,7 +213,8 @@ void StockTree::item_changed(const ItemChange& change)
             move_item_node(codes.item, change.record->category);
     }
     for (const ItemCodes& codes : change.items) {
-        set_item_code(codes.item, codes.node);
+        if (codes.node)
+            set_item_code(codes.item, *codes.node);
         QTreeWidgetItem* node = treatment_of(change.cause).node_shown ? item_node(codes.item) : nullptr;
         if (node)
             tree_.ensure_visible(node);
@@ -247,12 +248,12 @@ void StockTree::add_category_node(Key category, const QString& name)
     tree_.ensure_visible(node);
 }
 
-QTreeWidgetItem* StockTree::add_item_node(Key item, Key category, const QString& name, int code)
+QTreeWidgetItem* StockTree::add_item_node(Key item, Key category, const QString& name, StatusCode code)
 {
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &tree_.require_node(category_key(category));
     const int count = folder ? folder->childCount() : tree_.topLevelItemCount();
     QTreeWidgetItem* node = tree_.insert_node(folder, tree_.place_of(folder, name, count), item_key(item), name,
-                                              code, QString::number(code));
+                                              code_number(code), QString::number(code_number(code)));
     tree_.sort_children(folder);
     tree_.select(node);
     tree_.ensure_visible(node);

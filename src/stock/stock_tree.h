@@ -14,6 +14,7 @@ namespace tarnwick {
 struct Program;
 class StockClicks;
 class TreeView;
+enum class StatusCode;
 struct CatalogueFolder;
 struct CategoryChange;
 struct ItemChange;
@@ -38,8 +39,8 @@ public:
     QTreeWidgetItem* item_node(Key item) const;
     QTreeWidgetItem* category_node(Key category) const;
 
-    /// Sets picture and Tag of an item's node to a status code. No node, or `code_untouched`: nothing.
-    void set_item_code(Key item, int code);
+    /// Sets picture and Tag of an item's node to a status code. No node: nothing.
+    void set_item_code(Key item, StatusCode code);
 
     // Each shows in the tree what an operation did to stock items or a category.
     void item_changed(const ItemChange& change);
@@ -58,7 +59,7 @@ public:
 
     /// Adds a node for a stock item under its category, or at root level in the flat view, sorts these nodes
     /// by name, selects and shows the new one. Throws error 35601 when the category has no folder.
-    QTreeWidgetItem* add_item_node(Key item, Key category, const QString& name, int code);
+    QTreeWidgetItem* add_item_node(Key item, Key category, const QString& name, StatusCode code);
 
     /// Moves an item's node to another folder, which is sorted by name; keeps picture and Tag. No node, or
     /// the flat view: nothing. Throws error 35601 when the category has no folder.

@@ -56,7 +56,7 @@ CommandInputs::Selection selection_of(const TreeView& tree)
     else if (key.is_category())
         selection.kind = key.is_other() ? Node::other : Node::category;
     selection.text = node->text(0);
-    selection.has_light = TreeView::picture(node) >= status_code::unlisted;
+    selection.has_light = TreeView::picture(node) >= code_number(StatusCode::unlisted);
     return selection;
 }
 

@@ -119,7 +119,7 @@ void tst_placing::placing_writes_the_three_tables()
     QVERIFY(placed.has_value());
     QCOMPARE(int(placed->groc_key), 1);
     QCOMPARE(placed->item, QStringLiteral("Milk"));
-    QCOMPARE(placed->status, 7);
+    QCOMPARE(placed->status, StatusCode::buy_it);
     QCOMPARE(home.text("SELECT key_id || '|' || item || '|' || desc || '|' || aisle || '|' || to_get || '|' || qty"
                        " || '|' || list || '|' || item_id || '|' || modified || '|' || created || '|' || cpn"
                        " FROM groc_1"),

@@ -57,7 +57,7 @@ public:
         for (int line = 0; line < 4; ++line) {
             int code_found = 0;
             for (const int code : {5, 6, 7, 8, 9}) {
-                const StatusPictures pictures = status_pictures(code);
+                const StatusPictures pictures = status_pictures(code_of_number(code).value());
                 if (shown("lite", line) == pictures.light && shown("Check1", line) == pictures.check)
                     code_found = code;
             }

@@ -279,13 +279,13 @@ void tst_item_store::write_status_stores_the_computed_code()
     TestWindow window;
     const Key milk = window.add_item(QStringLiteral("Milk"), 0, 8);
     ItemStore store(window.db());
-    QCOMPARE(store.write_status(milk), int(status_code::unlisted));
+    QCOMPARE(store.write_status(milk), StatusCode::unlisted);
     window.add_row(milk, 1, false);
-    QCOMPARE(store.write_status(milk), int(status_code::inactive));
+    QCOMPARE(store.write_status(milk), StatusCode::inactive);
     window.add_row(milk, 2, true);
-    QCOMPARE(store.write_status(milk), int(status_code::buy_it));
+    QCOMPARE(store.write_status(milk), StatusCode::buy_it);
     window.add_row(milk, 2, true);
-    QCOMPARE(store.write_status(milk), int(status_code::buy_it_plus));
+    QCOMPARE(store.write_status(milk), StatusCode::buy_it_plus);
     QCOMPARE(window.number("SELECT status FROM items_1"), 8);
 }
 

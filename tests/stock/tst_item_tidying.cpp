@@ -127,7 +127,7 @@ void tst_item_tidying::an_item_on_one_list_is_deleted_after_a_question()
     QCOMPARE(number("SELECT count(*) FROM groc_1"), 1);
     QCOMPARE(number("SELECT count(*) FROM tie"), 1);
     QVERIFY(!node(milk_));
-    QCOMPARE(lite_status(window_->db(), milk_), int(status_code::non_stock));
+    QCOMPARE(lite_status(window_->db(), milk_), StatusCode::non_stock);
     QCOMPARE(get_status(window_->db(), milk_), QStringLiteral("Non-stock item"));
 }
 

@@ -413,20 +413,20 @@ void tst_stock_tree::new_nodes_go_to_their_places_by_name()
     stock.add_category_node(window_->add_category(QStringLiteral("Zoo")), QStringLiteral("Zoo"));
     QCOMPARE(tree().topLevelItem(3)->text(0), QStringLiteral("Zoo"));
     QCOMPARE(tree().topLevelItem(4)->text(0), QStringLiteral("OTHER"));
-    const QTreeWidgetItem* cheese = stock.add_item_node(50, dairy_, QStringLiteral("Cheese"), 5);
+    const QTreeWidgetItem* cheese = stock.add_item_node(50, dairy_, QStringLiteral("Cheese"), StatusCode::unlisted);
     QCOMPARE(cheese->parent()->child(1), cheese);
     QCOMPARE(TreeView::key(cheese), QStringLiteral("item0050"));
     QCOMPARE(TreeView::tag(cheese), QStringLiteral("5"));
     QCOMPARE(tree().selected(), cheese);
     stock.tv_load(true);
-    stock.add_item_node(51, dairy_, QStringLiteral("Cheese"), 5);
+    stock.add_item_node(51, dairy_, QStringLiteral("Cheese"), StatusCode::unlisted);
     QCOMPARE(tree().topLevelItem(1)->text(0), QStringLiteral("Cheese"));
 }
 
 void tst_stock_tree::moved_item_keeps_picture_and_tag()
 {
     load();
-    window_->main().stock_tree().set_item_code(milk_, 8);
+    window_->main().stock_tree().set_item_code(milk_, StatusCode::buy_it_plus);
     window_->main().stock_tree().move_item_node(milk_, produce_);
     QCOMPARE(node(milk_)->parent()->text(0), QStringLiteral("Produce"));
     QCOMPARE(TreeView::picture(node(milk_)), 8);

@@ -158,7 +158,7 @@ void tst_stock_tree_nodes::new_item_leaves_no_button_at_a_stale_place()
     click(node(milk_));
     QVERIFY(button(0).isVisible());
     const Key cheese = window_->add_item(QStringLiteral("Cheese"), dairy_, 7);
-    window_->main().stock_tree().add_item_node(cheese, dairy_, QStringLiteral("Cheese"), 7);
+    window_->main().stock_tree().add_item_node(cheese, dairy_, QStringLiteral("Cheese"), StatusCode::buy_it);
     QVERIFY(!any_button());
 }
 

@@ -71,7 +71,7 @@ void tst_stock_tree_use::load_with_lagging_status()
     click(node(milk_), box_in_folder);
     QCOMPARE(number("SELECT status FROM items_1 WHERE item = 'Milk'"), 6);
     QCOMPARE(TreeView::picture(node(milk_)), 6);
-    QCOMPARE(lite_status(window_->db(), milk_), 7);
+    QCOMPARE(lite_status(window_->db(), milk_), StatusCode::buy_it);
 }
 
 void tst_stock_tree_use::box_of_an_inactive_item_activates_its_row()
@@ -137,7 +137,7 @@ void tst_stock_tree_use::box_of_an_item_on_two_lists_changes_the_first_row_only(
     QCOMPARE(number("SELECT to_get FROM groc_1 WHERE key_id = 2"), 1);
     QCOMPARE(TreeView::picture(node(milk_)), 6);
     QCOMPARE(number("SELECT status FROM items_1 WHERE item = 'Milk'"), 6);
-    QCOMPARE(lite_status(window_->db(), milk_), 7);
+    QCOMPARE(lite_status(window_->db(), milk_), StatusCode::buy_it);
 }
 
 void tst_stock_tree_use::placing_again_restores_the_true_status_after_a_box_click()
@@ -152,7 +152,7 @@ void tst_stock_tree_use::placing_again_restores_the_true_status_after_a_box_clic
     commands().action(QStringLiteral("mnu_tv_ai")).trigger();
     QCOMPARE(script.left(), 0);
     QCOMPARE(number("SELECT sum(to_get) FROM groc_1"), 2);
-    QCOMPARE(lite_status(window_->db(), milk_), 8);
+    QCOMPARE(lite_status(window_->db(), milk_), StatusCode::buy_it_plus);
     QCOMPARE(number("SELECT status FROM items_1 WHERE item = 'Milk'"), 8);
     QCOMPARE(TreeView::picture(node(milk_)), 8);
 }

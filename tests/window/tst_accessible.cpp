@@ -225,10 +225,9 @@ void tst_accessible::every_status_has_other_words()
 {
     QSet<QString> words;
     for (int code = 5; code <= 9; ++code)
-        words.insert(status_name(code));
+        words.insert(status_name(code_of_number(code).value()));
     QCOMPARE(words.size(), 5);
     QVERIFY(!words.contains(QString()));
-    QCOMPARE(status_name(4), QString());
 }
 
 void tst_accessible::boxes_of_the_grid_are_checked_as_the_row_says()

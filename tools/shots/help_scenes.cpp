@@ -98,7 +98,7 @@ void preview(Studio& studio)
 void lights(Studio& studio)
 {
     constexpr qreal scale = 2;
-    for (int code = status_code::unlisted; code <= status_code::non_stock; ++code)
+    for (int code = code_number(StatusCode::unlisted); code <= code_number(StatusCode::non_stock); ++code)
         studio.keep(QStringLiteral("light_%1").arg(code), list_image(ImageList::stock_tree, code, scale).toImage());
 }
 
