@@ -211,18 +211,18 @@ void ItemEditGrid::cell_clicked(int row, int column, int x)
     }
 }
 
-void ItemEditGrid::key_down(int key)
+void ItemEditGrid::key_down(GridKey key)
 {
     const int row = grid_->current_row();
     if (row < 0)
         return;
-    if (key == key_code::check)
+    if (key == GridKey::check)
         toggle_buy_it(row);
-    else if (key == key_code::remove && edit_row_of(row).is_listed())
+    else if (key == GridKey::remove && edit_row_of(row).is_listed())
         toggle_on_list(row);
-    else if (key == key_code::up && row > 0)
+    else if (key == GridKey::up && row > 0)
         move_to(row - 1);
-    else if (key == key_code::down && row < grid_->rows().rows() - 1)
+    else if (key == GridKey::down && row < grid_->rows().rows() - 1)
         move_to(row + 1);
 }
 

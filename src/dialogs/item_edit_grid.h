@@ -16,6 +16,7 @@ struct Program;
 struct SharedValues;
 class HeaderBar;
 class ListGrid;
+enum class GridKey;
 
 /// The dialog's type size in points: that of the main window, 9 where this is none of 9, 10 and 12.
 int item_editor_type_size(const SharedValues& shared);
@@ -92,7 +93,7 @@ private:
     void mouse_up(Qt::MouseButton button, QPoint position);
     void cell_clicked(int row, int column, int x);
     void move_to(int row);
-    void key_down(int key);
+    void key_down(GridKey key);
     void toggle_on_list(int row);
     void toggle_buy_it(int row);
     void show_state(int row);

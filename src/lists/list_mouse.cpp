@@ -98,20 +98,20 @@ void ListMouse::row_clicked(Qt::MouseButton button, int x)
         editor.enter_box_at(column, x);
 }
 
-void ListMouse::lv1_keyhandler(int key)
+void ListMouse::lv1_keyhandler(GridKey key)
 {
     const int row = grid().current_row();
     if (row < 0 || !program_.shared.list_pane_shown)
         return;
-    if (key == key_code::remove)
+    if (key == GridKey::remove)
         remove_row(row);
-    else if (key == key_code::check)
+    else if (key == GridKey::check)
         placing_.toggle_buy_it(row);
-    else if (key == key_code::menu)
+    else if (key == GridKey::menu)
         show_menu(row);
-    else if (key == key_code::up && row > 0)
+    else if (key == GridKey::up && row > 0)
         move_to(row - 1);
-    else if (key == key_code::down && row < grid().rows().rows() - 1)
+    else if (key == GridKey::down && row < grid().rows().rows() - 1)
         move_to(row + 1);
 }
 

@@ -366,9 +366,9 @@ void ListGrid::keyPressEvent(QKeyEvent* event)
 {
     event->accept();
     if (event->key() == Qt::Key_Up)
-        emit key_down(key_code::up);
+        emit key_down(GridKey::up);
     else if (event->key() == Qt::Key_Down)
-        emit key_down(key_code::down);
+        emit key_down(GridKey::down);
     else if (current_row() < 0 || !act_on_row(*event))
         event->ignore();
 }
@@ -402,9 +402,9 @@ bool ListGrid::act_on_row(const QKeyEvent& event)
             emit row_wanted(row);
     } else if (key == Qt::Key_Delete || key == Qt::Key_Space) {
         if (!event.isAutoRepeat())
-            emit key_down(key == Qt::Key_Space ? key_code::check : key_code::remove);
+            emit key_down(key == Qt::Key_Space ? GridKey::check : GridKey::remove);
     } else if (is_menu_key(event)) {
-        emit key_down(key_code::menu);
+        emit key_down(GridKey::menu);
     } else if (key == Qt::Key_F2 || (enter && enter_edits_)) {
         emit edit_wanted();
     } else if (const QString text = typed_text(event); !text.isEmpty()) {

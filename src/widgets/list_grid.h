@@ -14,14 +14,8 @@ struct TextRatio {
     int desc = 1;
 };
 
-/// The keys that a list grid reports.
-namespace key_code {
-inline constexpr int up = 38;
-inline constexpr int down = 40;
-inline constexpr int remove = 46;
-inline constexpr int check = 32;
-inline constexpr int menu = 93;
-} // namespace key_code
+/// What a key asks of the form that a list grid is in.
+enum class GridKey { up, down, remove, check, menu };
 
 /// The grid control `Listview1` of the main window and of the item editor.
 class ListGrid : public QTableView {
@@ -83,7 +77,7 @@ signals:
     void mouse_up(Qt::MouseButton button, QPoint position);
     void current_set(); ///< a cell was made current; not when the current row has gone and another takes its place
     void mouse_done(); ///< what the release had to do is done
-    void key_down(int key); ///< one of `key_code`; the grid itself does not move
+    void key_down(GridKey key); ///< the grid itself does not move
     void row_wanted(int row); ///< Home, End and the Page keys; the grid itself does not move
     void edit_wanted(); ///< F2 on a row, and Enter where `set_enter_edits` says so
     void typed(const QString& text); ///< a key with a character, on a row

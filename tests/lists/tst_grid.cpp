@@ -357,9 +357,9 @@ void tst_grid::arrows_and_delete_are_told_and_do_not_move()
     QTest::keyClick(grid, Qt::Key_Left);
     QTest::keyClick(grid, Qt::Key_I);
     QCOMPARE(keys.count(), 3);
-    QCOMPARE(keys[0][0].toInt(), 38);
-    QCOMPARE(keys[1][0].toInt(), 40);
-    QCOMPARE(keys[2][0].toInt(), 46);
+    QCOMPARE(keys[0][0].value<GridKey>(), GridKey::up);
+    QCOMPARE(keys[1][0].value<GridKey>(), GridKey::down);
+    QCOMPARE(keys[2][0].value<GridKey>(), GridKey::remove);
     QCOMPARE(grid->current_row(), 2);
     QCOMPARE(grid->rows().rows(), 5);
 }
