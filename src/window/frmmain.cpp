@@ -284,7 +284,7 @@ void frmmain::restore_window()
         return to_int16(settings_.read(QLatin1String(settings_app::main), QStringLiteral("reports"),
                                        QLatin1String(key), QLatin1String(standard)));
     };
-    shared.reports.sort = report("sort", "1");
+    shared.reports.sort = report_sort_of(report("sort", "1"));
     shared.reports.col_ct = report("col_ct", "2");
     shared.reports.active = report("active", "1");
 

@@ -129,7 +129,7 @@ void tst_list_printing::rows_come_in_the_order_of_the_options()
     w.add_row(w.add_item(QStringLiteral("apple"), 0), list, true, none, none, QStringLiteral("2"));
     w.add_row(w.add_item(QStringLiteral("Bread"), bakery), list, true, none, none, QStringLiteral("2"));
     QStringList items;
-    for (const ListRow& row : read_list_rows(w.db(), list, {static_cast<Key>(sort), 1, 1, 0}))
+    for (const ListRow& row : read_list_rows(w.db(), list, {static_cast<ReportSort>(sort), 1, 1, 0}))
         items.append(row.item);
     QTEST(items.join(QLatin1Char(' ')), "order");
 }
@@ -156,7 +156,7 @@ void tst_list_printing::buy_it_rows_alone_when_the_option_says_so()
     w.add_row(w.add_item(QStringLiteral("Milk"), 0), list, true, QStringLiteral("skimmed"), QStringLiteral("2"),
               QStringLiteral("7"));
     w.add_row(w.add_item(QStringLiteral("Wine"), 0), list, false);
-    const auto bought = read_list_rows(w.db(), list, {0, 1, 1, 0});
+    const auto bought = read_list_rows(w.db(), list, {ReportSort::by_item, 1, 1, 0});
     QCOMPARE(bought.size(), size_t(1));
     QCOMPARE(bought[0].item, QStringLiteral("Milk"));
     QCOMPARE(bought[0].desc, QStringLiteral("skimmed"));
@@ -165,7 +165,7 @@ void tst_list_printing::buy_it_rows_alone_when_the_option_says_so()
     QCOMPARE(bought[0].category, QStringLiteral("OTHER"));
     QVERIFY(bought[0].to_get);
     QCOMPARE(bought[0].created, w.date);
-    QCOMPARE(read_list_rows(w.db(), list, {0, 1, 0, 0}).size(), size_t(2));
+    QCOMPARE(read_list_rows(w.db(), list, {ReportSort::by_item, 1, 0, 0}).size(), size_t(2));
 }
 
 void tst_list_printing::the_menu_prints_the_list_on_the_printer_in_one_job()
