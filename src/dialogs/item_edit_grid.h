@@ -77,7 +77,7 @@ protected:
 private:
     int type_size() const override;
     bool column_group_shown(int group) const override;
-    void text_edited(int row, int column, const QString& text) override;
+    void text_edited(int row, GridColumn column, const QString& text) override;
     bool coupon_on(int row) const override;
     QString set_coupon(int row, bool on) override;
     void date_chosen(int row, QDate date) override;
@@ -91,7 +91,7 @@ private:
     void make_header();
     void append(const ListOfItem& list, std::vector<GridRow>& rows);
     void mouse_up(Qt::MouseButton button, QPoint position);
-    void cell_clicked(int row, int column, int x);
+    void cell_clicked(int row, GridColumn column, int x);
     void move_to(int row);
     void key_down(GridKey key);
     void toggle_on_list(int row);

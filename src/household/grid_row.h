@@ -8,17 +8,15 @@
 namespace tarnwick {
 
 /// The columns of a list grid, in the main window and in the item editor alike.
-namespace grid_column {
-inline constexpr int light = 0;
-inline constexpr int check = 1;
-inline constexpr int item = 2;
-inline constexpr int desc = 3;
-inline constexpr int qty = 4;
-inline constexpr int coupon = 5;
-inline constexpr int date = 6;
-inline constexpr int aisle = 7;
-inline constexpr int count = 8;
-} // namespace grid_column
+enum class GridColumn { light, check, item, desc, qty, coupon, date, aisle };
+
+inline constexpr int grid_column_count = 8;
+
+/// Where a column stands in the grid, from 0.
+constexpr int column_number(GridColumn column)
+{
+    return static_cast<int>(column);
+}
 
 /// Dates as the screen shows them.
 inline constexpr QStringView screen_date_format = u"M/d/yyyy";

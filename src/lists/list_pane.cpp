@@ -87,7 +87,7 @@ void ListPane::lv_load(Key list_key)
     program_.shared.all_lists_view = list_key < 1;
     show_rows(list_store::read_rows(program_.connection, list_key));
     if (grid_->scroll_bar_shown() != bar_was_shown && grid_->rows().rows() > 0)
-        grid_->set_current(0, grid_column::desc);
+        grid_->set_current(0, GridColumn::desc);
     list_store::mark_active(program_.connection, list_key);
     show_hint(list_key);
     set_col_widths();
@@ -117,7 +117,7 @@ void ListPane::show_rows(std::vector<GridRow> rows)
     if (grid_->rows().rows() == 0)
         return;
     grid_->set_top_row(0);
-    grid_->set_current(0, grid_column::item);
+    grid_->set_current(0, GridColumn::item);
 }
 
 bool ListPane::set_row(Key groc_key)
@@ -125,7 +125,7 @@ bool ListPane::set_row(Key groc_key)
     const int row = grid_->rows().find_row(groc_key);
     if (row < 0)
         return false;
-    grid_->set_current(row, std::max(grid_->current_col(), 0));
+    grid_->set_current(row, grid_->current_col());
     return true;
 }
 
@@ -176,8 +176,8 @@ void ListPane::make_room_for_columns()
     if (left_for_grid >= least_grid_width)
         return;
     around_.separator_fix();
-    grid_->set_col_width(grid_column::item, text_width);
-    grid_->set_col_width(grid_column::desc, text_width);
+    grid_->set_col_width(GridColumn::item, text_width);
+    grid_->set_col_width(GridColumn::desc, text_width);
 }
 
 bool ListPane::column_group_shown(int group) const
@@ -270,7 +270,7 @@ void ListPane::show_pane(bool shown)
 void ListPane::leave_for_tree()
 {
     if (grid_->current_row() >= 0)
-        grid_->set_current(grid_->current_row(), grid_column::item);
+        grid_->set_current(grid_->current_row(), GridColumn::item);
     grid_->clearSelection();
     if (row_editor_->is_open())
         row_editor_->lv_edit_off();
@@ -281,7 +281,7 @@ int ListPane::add_row(GridRow row, bool make_current)
     const bool bar_was_shown = grid_->scroll_bar_shown();
     const int index = grid_->rows().insert_sorted(std::move(row));
     if (make_current || grid_->current_row() < 0)
-        grid_->set_current(index, grid_column::item);
+        grid_->set_current(index, GridColumn::item);
     follow_scroll_state(bar_was_shown);
     return index;
 }
@@ -292,7 +292,7 @@ void ListPane::remove_row(Key groc_key)
         return;
     const bool bar_was_shown = grid_->scroll_bar_shown();
     const int index = grid_->current_row();
-    const int column = grid_->current_col();
+    const GridColumn column = grid_->current_col();
     grid_->rows().remove_row(index);
     if (grid_->rows().rows() == 0)
         row_editor_->lv_edit_off();

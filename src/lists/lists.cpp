@@ -181,7 +181,7 @@ void Lists::locate(Key item)
     const int row = grid.rows().find_row(tied->groc_key);
     if (row < 0)
         return;
-    grid.set_current(row, grid_column::item);
+    grid.set_current(row, GridColumn::item);
     grid.set_top_row(std::max(0, row - grid.rows_in_view() / 2));
     grid.rows().change_row(row, [](GridRow& located) { located.located = true; });
 }

@@ -41,9 +41,11 @@ public:
     void change_row(int index, const std::function<void(GridRow&)>& change);
     void change_all(const std::function<void(GridRow&)>& change);
 
-    /// The text of a cell 2 to 7 (5 has none).
-    QString cell_text(int row, int column) const;
-    void set_cell_text(int row, int column, const QString& text);
+    QModelIndex cell(int row, GridColumn column) const;
+
+    /// The text of a cell; empty, and no change, where it has none: light, check and coupon.
+    QString cell_text(int row, GridColumn column) const;
+    void set_cell_text(int row, GridColumn column, const QString& text);
 
     /// The first row of this `groc_1` key; -1 when there is none.
     int find_row(Key groc_key) const;
@@ -58,11 +60,11 @@ public:
     void set_text_color(const QColor& color);
 
 private:
-    static QString GridRow::*text_field(int column);
-    QVariant font(const GridRow& row, int column) const;
-    QVariant spoken(const GridRow& row, int column) const;
-    bool is_checked(const GridRow& row, int column) const;
-    int picture_number(const GridRow& row, int column) const;
+    static QString GridRow::*text_field(GridColumn column);
+    QVariant font(const GridRow& row, GridColumn column) const;
+    QVariant spoken(const GridRow& row, GridColumn column) const;
+    bool is_checked(const GridRow& row, GridColumn column) const;
+    int picture_number(const GridRow& row, GridColumn column) const;
     void repaint_all();
     void sort_rows();
 

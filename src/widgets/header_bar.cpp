@@ -175,24 +175,25 @@ void HeaderBar::set_headers(int top, int height)
     show_parts();
 }
 
-int HeaderBar::column_left(int column) const
+int HeaderBar::column_left(GridColumn column) const
 {
-    return grid_.x() + grid_.columnViewportPosition(column);
+    return grid_.x() + grid_.col_left(column);
 }
 
-int HeaderBar::column_right(int column) const
+int HeaderBar::column_right(GridColumn column) const
 {
     return column_left(column) + grid_.col_width(column);
 }
 
 void HeaderBar::place_cells(const QRect& bar)
 {
-    using namespace grid_column;
+    using enum GridColumn;
     const int bar_end = bar.right() + 1;
-    const int last_column = group_shown(1) ? aisle : group_shown(0) ? date : qty;
+    const GridColumn last_column = group_shown(1) ? aisle : group_shown(0) ? date : qty;
     // The last cell goes on over the scroll bar to the end of the grid.
-    const auto end_of
-        = [&](int column) { return column == last_column ? bar_end : std::min(column_right(column), bar_end); };
+    const auto end_of = [&](GridColumn column) {
+        return column == last_column ? bar_end : std::min(column_right(column), bar_end);
+    };
     const auto place = [&bar](QWidget* part, int left, int right) {
         part->setGeometry(left, bar.top(), std::max(right - left, 0), bar.height());
     };
@@ -294,7 +295,7 @@ bool HeaderBar::eventFilter(QObject* watched, QEvent* event)
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
         drag_from_ = mouse->globalPosition().toPoint().x();
-        drag_item_width_ = grid_.col_width(grid_column::item);
+        drag_item_width_ = grid_.col_width(GridColumn::item);
         return true;
     }
     if (event->type() == QEvent::MouseMove && mouse->buttons().testFlag(Qt::LeftButton)) {

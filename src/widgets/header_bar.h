@@ -12,6 +12,7 @@ class QWidget;
 namespace tarnwick {
 
 class ListGrid;
+enum class GridColumn;
 
 /// The header bar over a list grid: `listheader`, `listheader_lbl`, the draggable `listheader_sprtr` and
 /// the boxes `Cmd_ShowCol`.
@@ -46,8 +47,8 @@ private:
     int waiting_boxes_width() const; ///< of the boxes whose group is hidden
     void place_boxes(const QRect& bar);
     void show_parts();
-    int column_left(int column) const;
-    int column_right(int column) const;
+    int column_left(GridColumn column) const;
+    int column_right(GridColumn column) const;
 
     ListGrid& grid_;
     bool shown_ = true;

@@ -48,11 +48,11 @@ int size_step(int points)
 }
 
 /// Points of a column's text. Dates would not fit their column at the largest size.
-int points_of(int size, int column)
+int points_of(int size, GridColumn column)
 {
     constexpr std::array points = {9, 10, 12};
     const int step = size_step(size);
-    return step == 2 && column == grid_column::date ? 10 : points[static_cast<size_t>(step)];
+    return step == 2 && column == GridColumn::date ? 10 : points[static_cast<size_t>(step)];
 }
 
 } // namespace
@@ -72,9 +72,9 @@ RowEditor::RowEditor(ListGrid& grid, RowEditorHost& host, QWidget* parent)
             follow_current_row();
     });
     connect(&grid_.rows(), &QAbstractItemModel::modelReset, this, &RowEditor::hide_line);
-    connect(&grid_, &ListGrid::edit_wanted, this, [this] { enter_box(grid_column::desc); });
+    connect(&grid_, &ListGrid::edit_wanted, this, [this] { enter_box(GridColumn::desc); });
     connect(&grid_, &ListGrid::typed, this, [this](const QString& text) {
-        enter_box(text[0].isDigit() ? grid_column::qty : grid_column::desc, text);
+        enter_box(text[0].isDigit() ? GridColumn::qty : GridColumn::desc, text);
     });
     for (auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&grid_.rows(), change, this, &RowEditor::place_again);
@@ -145,14 +145,14 @@ void RowEditor::show_l_line()
     const UpdateLock lock(*grid_.window());
     const QScopedValueRollback grid_moves(writing_, true);
     bring_into_view(row);
-    edit_row_ = grid_.rows().index(row, grid_column::light);
+    edit_row_ = grid_.rows().cell(row, GridColumn::light);
     type_size_ = host_.type_size();
     apply_type_size();
     set_page_color(grid_.palette().color(QPalette::Base));
     fill();
     place();
     grid_.rows().change_row(row, [](GridRow& opened) { opened.bold = true; });
-    grid_.set_current(row, grid_column::item);
+    grid_.set_current(row, GridColumn::item);
 }
 
 void RowEditor::bring_into_view(int row)
@@ -251,11 +251,11 @@ void RowEditor::fill_coupon()
     const int row = edit_row();
     const bool on = host_.coupon_on(row);
     // The cell's own picture carries the page colour.
-    const QModelIndex cell = grid_.rows().index(row, grid_column::coupon);
+    const QModelIndex cell = grid_.rows().cell(row, GridColumn::coupon);
     set_drawn_check(*controls_->chck_box, on);
     controls_->chck_box->setProperty(tag, on ? QStringLiteral("ON") : QStringLiteral("OFF"));
     controls_->chck_box->set_picture(grid_.rows().data(cell, GridModel::PictureRole).toInt());
-    const QString text = grid_.rows().cell_text(row, grid_column::date);
+    const QString text = grid_.rows().cell_text(row, GridColumn::date);
     const QDate date = QDate::fromString(trim(text), screen_date_format);
     controls_->date->setText(date.isValid() ? date.toString(box_date) : text);
     controls_->date->setProperty(tag, controls_->date->text());
@@ -284,7 +284,7 @@ void RowEditor::write_text(const Box& box)
     grid_.rows().set_cell_text(row, box.column, text);
     unstored_column_ = box.column;
     host_.text_edited(row, box.column, text);
-    unstored_column_ = -1;
+    unstored_column_.reset();
 }
 
 void RowEditor::step(const Box& box, bool up)
@@ -311,7 +311,7 @@ void RowEditor::choose_date(QDate date)
     const int row = edit_row();
     if (row < 0 || controls_->month_view->isHidden())
         return;
-    grid_.rows().set_cell_text(row, grid_column::date, date.toString(screen_date_format));
+    grid_.rows().set_cell_text(row, GridColumn::date, date.toString(screen_date_format));
     controls_->date->setText(date.toString(box_date));
     close_calendar();
     host_.date_chosen(row, date);
@@ -414,7 +414,7 @@ void RowEditor::give_back(const Box& box)
 }
 
 /// The box of a column of the current row, with the keyboard; null where there is none.
-CellBox* RowEditor::open_box(int column)
+CellBox* RowEditor::open_box(GridColumn column)
 {
     if (grid_.current_row() < 0)
         return nullptr;
@@ -429,7 +429,7 @@ CellBox* RowEditor::open_box(int column)
     return box->edit;
 }
 
-void RowEditor::enter_box(int column, const QString& typed)
+void RowEditor::enter_box(GridColumn column, const QString& typed)
 {
     CellBox* box = open_box(column);
     if (!box)
@@ -441,7 +441,7 @@ void RowEditor::enter_box(int column, const QString& typed)
     box->insert(typed);
 }
 
-void RowEditor::enter_box_at(int column, int x)
+void RowEditor::enter_box_at(GridColumn column, int x)
 {
     CellBox* box = open_box(column);
     if (!box)
@@ -499,7 +499,7 @@ void RowEditor::show_at(QWidget& control, const QRect& rect)
 
 /// What a cell's box covers: the cell and the last pixel of its left neighbour, so that boxes side by side
 /// share their line. It is cut at the grid's edge.
-QRect RowEditor::box_rect(int column, int less_wide) const
+QRect RowEditor::box_rect(GridColumn column, int less_wide) const
 {
     if (grid_.col_width(column) == 0)
         return {};
@@ -512,13 +512,13 @@ QRect RowEditor::box_rect(int column, int less_wide) const
 
 void RowEditor::place()
 {
-    show_at(*controls_->desc, box_rect(grid_column::desc));
+    show_at(*controls_->desc, box_rect(GridColumn::desc));
     const bool is_last = !host_.column_group_shown(0) && !host_.column_group_shown(1);
-    show_at(*controls_->qty, box_rect(grid_column::qty, is_last ? 1 : 0));
+    show_at(*controls_->qty, box_rect(GridColumn::qty, is_last ? 1 : 0));
     place_coupon_and_date();
     if (controls_->cpn_brdr->isHidden())
         close_calendar();
-    show_at(*controls_->aisle, host_.column_group_shown(1) ? box_rect(grid_column::aisle) : QRect());
+    show_at(*controls_->aisle, host_.column_group_shown(1) ? box_rect(GridColumn::aisle) : QRect());
     place_steppers(*controls_->qty, controls_->qty_btn);
     place_steppers(*controls_->aisle, controls_->aisle_btn);
     place_end_frame();
@@ -539,11 +539,11 @@ void RowEditor::place_steppers(const QWidget& box, const std::array<PictureButto
 void RowEditor::place_coupon_and_date()
 {
     const bool shown = host_.column_group_shown(0);
-    const QRect coupon = shown ? box_rect(grid_column::coupon) : QRect();
+    const QRect coupon = shown ? box_rect(GridColumn::coupon) : QRect();
     show_at(*controls_->cpn_bkgrnd, coupon.adjusted(1, 0, 0, 0));
     show_at(*controls_->chck_box, coupon.adjusted(1, 0, 0, 0));
 
-    const QRect date = shown ? box_rect(grid_column::date) : QRect();
+    const QRect date = shown ? box_rect(GridColumn::date) : QRect();
     show_at(*controls_->cpn_brdr, date);
     show_at(*controls_->dp_frame, date);
     controls_->date->setGeometry(controls_->dp_frame->rect());
@@ -565,7 +565,7 @@ void RowEditor::place_end_frame()
     constexpr int readable = 32;
     constexpr int least = 16;
 
-    const QRect name = box_rect(grid_column::item);
+    const QRect name = box_rect(GridColumn::item);
     const auto frame_width = [](bool large, int fade) {
         return fade + 2 * picture_size(large ? number_of::edit_large : number_of::edit).width() + between;
     };
@@ -612,7 +612,7 @@ void RowEditor::set_type_size(int points)
 void RowEditor::apply_type_size()
 {
     const int step = size_step(type_size_);
-    const auto set_font = [this](QWidget* box, int column) {
+    const auto set_font = [this](QWidget* box, GridColumn column) {
         QFont font = QGuiApplication::font();
         font.setPointSize(points_of(type_size_, column));
         box->setFont(font);
@@ -665,7 +665,7 @@ void RowEditor::apply_page_color()
 void RowEditor::show_calendar()
 {
     const QDate shown
-        = QDate::fromString(trim(grid_.rows().cell_text(edit_row(), grid_column::date)), screen_date_format);
+        = QDate::fromString(trim(grid_.rows().cell_text(edit_row(), GridColumn::date)), screen_date_format);
     QCalendarWidget& calendar = *controls_->month_view;
     calendar.setSelectedDate(shown.isValid() ? shown : host_.today());
     calendar.setCurrentPage(calendar.selectedDate().year(), calendar.selectedDate().month());

@@ -263,8 +263,8 @@ RowEditor::Controls::Controls(QWidget* parent)
     , imgedit(new PictureButton(QStringLiteral("imgedit"), frmEditDel))
     , imgScratch(new PictureButton(QStringLiteral("imgScratch"), frmEditDel))
     , month_view(new MonthView(parent))
-    , chain{Box{desc, grid_column::desc}, Box{qty, grid_column::qty}, Box{date, grid_column::date},
-            Box{aisle, grid_column::aisle}}
+    , chain{Box{desc, GridColumn::desc}, Box{qty, GridColumn::qty}, Box{date, GridColumn::date},
+            Box{aisle, GridColumn::aisle}}
 {
     dp_frame->setObjectName(QStringLiteral("dp_frame"));
     cpn_bkgrnd->setObjectName(QStringLiteral("cpn_bkgrnd"));

@@ -99,7 +99,7 @@ protected:
 
 struct RowEditor::Box {
     CellBox* edit;
-    int column;
+    GridColumn column;
 };
 
 struct RowEditor::Controls {

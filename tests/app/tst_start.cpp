@@ -163,7 +163,7 @@ void tst_start::settings_without_load_get_every_default()
     QVERIFY(main.isMaximized());
     for (const int group : {0, 1})
         QVERIFY(window.main().list_pane().column_group_shown(group));
-    QVERIFY(window.main().list_pane().grid().col_width(grid_column::aisle) > 0);
+    QVERIFY(window.main().list_pane().grid().col_width(GridColumn::aisle) > 0);
 }
 
 void tst_start::a_value_other_than_1_in_clean_shows_no_warnings_data()
@@ -233,7 +233,7 @@ void tst_start::the_column_switches_come_back_as_they_stood_under_the_main_name(
     frmmain& again = window.load();
     QVERIFY(again.list_pane().column_group_shown(0));
     QVERIFY(again.list_pane().column_group_shown(1));
-    QVERIFY(again.list_pane().grid().col_width(grid_column::aisle) > 0);
+    QVERIFY(again.list_pane().grid().col_width(GridColumn::aisle) > 0);
 }
 
 void tst_start::an_arcp_of_a_deleted_recipe_leaves_name_and_page_empty()

@@ -56,7 +56,7 @@ public:
 
     void click_grid_box()
     {
-        const QRect cell = grid().cell_rect(rows().find_row(row), grid_column::check);
+        const QRect cell = grid().cell_rect(rows().find_row(row), GridColumn::check);
         QTest::mouseClick(grid().viewport(), Qt::LeftButton, {},
                           grid().viewport()->mapFrom(grid().parentWidget(), cell.center()));
     }
@@ -75,7 +75,7 @@ public:
         MessageScript script;
         script.drive([&](QDialog& dialog) {
             EditorHands hands(dialog, script);
-            hands.click_cell(0, grid_column::check);
+            hands.click_cell(0, GridColumn::check);
             hands.press_ok();
         });
         show_item_editor(main().program(), {EditMode::edit_item, milk, -1, row});

@@ -278,11 +278,11 @@ void tst_clearing::groc_del_of_the_last_row_empties_the_grid_and_closes_the_edit
     HomeWithLists home;
     home.set_pref(QStringLiteral("alist"), QString::number(home.camping));
     frmmain& main = home.load();
-    main.list_pane().grid().set_current(0, grid_column::item);
+    main.list_pane().grid().set_current(0, GridColumn::item);
     main.row_editor().show_l_line();
     main.clearing().groc_del(home.eggs_camping);
     QCOMPARE(home.rows().rows(), 1);
-    main.list_pane().grid().set_current(0, grid_column::item);
+    main.list_pane().grid().set_current(0, GridColumn::item);
     main.row_editor().show_l_line();
     main.clearing().groc_del(home.milk_camping);
     QCOMPARE(home.rows().rows(), 0);

@@ -386,7 +386,7 @@ void tst_clearing_dialog::deleting_the_last_row_of_a_list_leaves_the_list_itself
     };
     // Row by row with the Delete key ...
     ListGrid& grid = main.list_pane().grid();
-    const QRect cell = grid.cell_rect(0, grid_column::item);
+    const QRect cell = grid.cell_rect(0, GridColumn::item);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
                       grid.viewport()->mapFrom(grid.parentWidget(), cell.center()));
     for (int rows = 3; rows > 0; --rows) {
@@ -576,7 +576,7 @@ void tst_clearing_dialog::a_row_under_edit_is_written_before()
     main.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&main));
     ListGrid& grid = main.list_pane().grid();
-    const QRect cell = grid.cell_rect(1, grid_column::item);
+    const QRect cell = grid.cell_rect(1, GridColumn::item);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
                       grid.viewport()->mapFrom(grid.parentWidget(), cell.center()));
     QVERIFY(main.row_editor().is_open());
@@ -592,7 +592,7 @@ void tst_clearing_dialog::a_row_under_edit_is_written_before()
     });
     click_clear(home);
     QCOMPARE(home.text("SELECT desc FROM groc_1 WHERE key_id = 3"), QStringLiteral("brown"));
-    QCOMPARE(home.rows().cell_text(1, grid_column::desc), QStringLiteral("brown"));
+    QCOMPARE(home.rows().cell_text(1, GridColumn::desc), QStringLiteral("brown"));
 }
 
 namespace {

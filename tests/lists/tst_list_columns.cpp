@@ -21,8 +21,8 @@ private slots:
 
 private:
     EditingWindow& w() { return *window_; }
-    int item_width() { return w().grid().col_width(grid_column::item); }
-    int desc_width() { return w().grid().col_width(grid_column::desc); }
+    int item_width() { return w().grid().col_width(GridColumn::item); }
+    int desc_width() { return w().grid().col_width(GridColumn::desc); }
 
     static void drag(QWidget& grip, int by)
     {

@@ -292,7 +292,7 @@ void tst_list_manager::the_text_of_an_open_row_is_stored()
     const Key row = w.add_row(eggs, 1, true);
     w.open(three);
     ListGrid& grid = w.main().list_pane().grid();
-    const QPoint cell = grid.cell_rect(0, grid_column::item).center();
+    const QPoint cell = grid.cell_rect(0, GridColumn::item).center();
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.viewport()->mapFrom(grid.parentWidget(), cell));
     QVERIFY(w.main().row_editor().is_open());
     auto* box = w.find<QLineEdit>(QStringLiteral("desc_brdr"));

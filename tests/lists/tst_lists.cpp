@@ -543,8 +543,8 @@ void tst_lists::deleting_the_last_list_hides_both_column_groups_for_good()
     make_list(window, QStringLiteral("Camping"));
     QVERIFY(!header.group_shown(0));
     QVERIFY(!header.group_shown(1));
-    QCOMPARE(main.list_pane().grid().col_width(grid_column::aisle), 0);
-    QCOMPARE(main.list_pane().grid().col_width(grid_column::date), 0);
+    QCOMPARE(main.list_pane().grid().col_width(GridColumn::aisle), 0);
+    QCOMPARE(main.list_pane().grid().col_width(GridColumn::date), 0);
 }
 
 void tst_lists::list_with_dead_links_only_says_so_and_goes()

@@ -56,7 +56,7 @@ public:
     void click_grid_check(int place)
     {
         ListGrid& grid = main().list_pane().grid();
-        const QRect cell = grid.cell_rect(place, grid_column::check);
+        const QRect cell = grid.cell_rect(place, GridColumn::check);
         QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
                           grid.viewport()->mapFrom(grid.parentWidget(), cell.center()));
     }
@@ -384,7 +384,7 @@ void tst_recipe_check::a_check_shows_on_every_line_of_its_item()
         window.click_check(wanted ? 2 : 0);
         QCOMPARE(window.number("SELECT to_get FROM groc_1"), wanted ? 1 : 0);
         for (const char* picture : {"lite", "Check1"})
-            QCOMPARE(window.picture(picture, 2), window.picture(picture, 0));
+            QCOMPARE(window.picture(picture, GridColumn::item), window.picture(picture, GridColumn::light));
         QCOMPARE(window.picture("lite", 0), wanted ? 179 : 183);
         const QString words = get_status(window.db(), window.item);
         for (const char* line : {"ingred(0)", "ingred(2)"})

@@ -624,7 +624,7 @@ void tst_item_tidying::the_notice_after_a_click_elsewhere_comes_once_and_the_cli
     script.expect(QStringLiteral("Quendary notice"),
                   notice(QStringLiteral("Milk"), QStringLiteral("Home"), QStringLiteral("Cream")));
     ListGrid& grid = window_->main().list_pane().grid();
-    const QRect box = grid.cell_rect(0, grid_column::check);
+    const QRect box = grid.cell_rect(0, GridColumn::check);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
                       grid.viewport()->mapFrom(grid.parentWidget(), box.center()));
     QTRY_COMPARE(script.left(), 0);

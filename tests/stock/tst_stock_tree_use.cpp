@@ -414,11 +414,11 @@ void tst_stock_tree_use::locate_marks_the_row_red_in_the_middle_of_the_grid()
     const int place = grid.rows().find_row(row);
     QCOMPARE(place, 45);
     QCOMPARE(grid.current_row(), place);
-    QCOMPARE(grid.current_col(), grid_column::item);
+    QCOMPARE(grid.current_col(), GridColumn::item);
     QVERIFY(grid.rows().row(place).located);
     QVERIFY(!grid.rows().row(place - 1).located);
     QVERIFY(std::abs(grid.top_row() + grid.rows_in_view() / 2 - place) <= 1);
-    const QVariant color = grid.rows().data(grid.rows().index(place, grid_column::item), Qt::ForegroundRole);
+    const QVariant color = grid.rows().data(grid.rows().cell(place, GridColumn::item), Qt::ForegroundRole);
     QCOMPARE(color.value<QBrush>().color(), QColor(255, 0, 0));
 }
 
@@ -512,12 +512,12 @@ void tst_stock_tree_use::press_on_a_node_closes_the_editor_of_the_grid()
     window_->add_row(butter_, home_, false);
     load();
     ListGrid& grid = window_->main().list_pane().grid();
-    grid.set_current(0, grid_column::qty);
+    grid.set_current(0, GridColumn::qty);
     window_->main().row_editor().show_l_line();
     QVERIFY(window_->main().row_editor().is_open());
     QTest::mousePress(tree().viewport(), Qt::LeftButton, {}, point(node(milk_), 200));
     QVERIFY(!window_->main().row_editor().is_open());
-    QCOMPARE(grid.current_col(), grid_column::item);
+    QCOMPARE(grid.current_col(), GridColumn::item);
     QVERIFY(!grid.selectionModel()->hasSelection());
     QTest::mouseRelease(tree().viewport(), Qt::LeftButton, {}, point(node(milk_), 200));
 }

@@ -142,7 +142,7 @@ void tst_accessible::every_control_of_the_main_window_has_a_name()
     w.start();
     QCOMPARE(nameless().join(u'|'), QString());
     w.grid().setFocus();
-    w.grid().set_current(1, grid_column::item);
+    w.grid().set_current(1, GridColumn::item);
     w.main().row_editor().show_l_line();
     QVERIFY(w.main().row_editor().is_open());
     QCOMPARE(nameless().join(u'|'), QString());
@@ -255,7 +255,7 @@ void tst_accessible::boxes_of_the_grid_are_checked_as_the_row_says()
     QVERIFY(!table->cellAt(0, 2)->state().checkable);
     QCOMPARE(table->cellAt(0, 2)->text(QAccessible::Name), QStringLiteral("Item 6"));
     w.grid().setFocus();
-    w.grid().set_current(0, grid_column::item);
+    w.grid().set_current(0, GridColumn::item);
     QTest::keyClick(&w.grid(), Qt::Key_Space);
     QVERIFY(table->cellAt(0, 1)->state().checked);
 }
@@ -285,7 +285,7 @@ void tst_accessible::the_coupon_box_of_an_open_row_is_a_check_box()
 {
     Window w;
     w.start();
-    w.grid().set_current(1, grid_column::item);
+    w.grid().set_current(1, GridColumn::item);
     w.main().row_editor().show_l_line();
     QAccessibleInterface& box = access(w.control(QStringLiteral("chck_box")));
     QCOMPARE(box.role(), QAccessible::CheckBox);

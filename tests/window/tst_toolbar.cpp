@@ -495,7 +495,7 @@ void tst_toolbar::a_change_of_size_closes_the_open_row_first()
     for (const char* box : {"desc_brdr", "qty_brdr", "aisle_brdr", "frmEditDel"})
         QVERIFY2(!w.shown(box), box);
     QVERIFY(!w.grid().rows().row(1).bold);
-    QCOMPARE(w.cell(1, grid_column::desc), QStringLiteral("ripe"));
+    QCOMPARE(w.cell(1, GridColumn::desc), QStringLiteral("ripe"));
     QVERIFY(w.grid().hasFocus());
 }
 

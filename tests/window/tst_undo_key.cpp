@@ -45,7 +45,7 @@ public:
     void remove_row(int row)
     {
         grid().setFocus();
-        grid().set_current(row, grid_column::item);
+        grid().set_current(row, GridColumn::item);
         QTest::keyClick(&grid(), Qt::Key_Delete);
     }
     void remove_line(int line)
@@ -57,7 +57,7 @@ public:
     {
         QStringList names;
         for (int i = 0; i < grid().rows().rows(); ++i)
-            names << grid().rows().cell_text(i, grid_column::item);
+            names << grid().rows().cell_text(i, GridColumn::item);
         return names;
     }
 };
@@ -100,7 +100,7 @@ void tst_undo_key::a_removed_row_comes_back_as_it_was()
     const QStringList names = w.names();
     if (by_cross) {
         w.grid().setFocus();
-        w.grid().set_current(row, grid_column::item);
+        w.grid().set_current(row, GridColumn::item);
         w.main().row_editor().show_l_line();
         QTest::mouseClick(&w.control(QStringLiteral("imgScratch")), Qt::LeftButton);
     } else {

@@ -48,7 +48,7 @@ public:
     ListGrid& grid() { return main().list_pane().grid(); }
     void click_row(int row)
     {
-        const QPoint middle = grid().cell_rect(row, grid_column::item).center();
+        const QPoint middle = grid().cell_rect(row, GridColumn::item).center();
         QTest::mouseClick(grid().viewport(), Qt::LeftButton, {},
                           grid().viewport()->mapFrom(grid().parentWidget(), middle));
         QVERIFY(main().row_editor().is_open());

@@ -51,7 +51,7 @@ void window_and_row(Studio& studio)
     studio.keep(QStringLiteral("window"), studio.main().grab().toImage());
 
     ListGrid& grid = studio.main().list_pane().grid();
-    const QPoint name = grid.cell_rect(2, grid_column::item).center();
+    const QPoint name = grid.cell_rect(2, GridColumn::item).center();
     studio.click(grid.viewport(), grid.viewport()->mapFrom(grid.parentWidget(), name));
     studio.settle();
     constexpr int rows = 6;
