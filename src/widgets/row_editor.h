@@ -7,10 +7,8 @@
 #include <QDate>
 #include <QObject>
 #include <QPersistentModelIndex>
-#include <QRect>
 #include <QString>
 
-#include <array>
 #include <memory>
 #include <optional>
 
@@ -20,7 +18,8 @@ namespace tarnwick {
 
 class CellBox;
 class ListGrid;
-class PictureButton;
+class RowBoxes;
+struct RowBox;
 
 /// What the floating editors of a grid tell their form. One for the main window, one for the item editor.
 class RowEditorHost {
@@ -91,49 +90,31 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct Controls;
-    struct Box;
-
     void connect_controls();
     void bring_into_view(int row);
     void fill();
     void fill_coupon();
     void fill_end_frame();
-    void place();
-    void place_steppers(const QWidget& box, const std::array<PictureButton*, 2>& buttons);
-    void place_coupon_and_date();
-    void place_end_frame();
-    void place_calendar();
-    QRect box_rect(GridColumn column, int less_wide = 0) const;
-    void apply_type_size();
-    void set_margins();
-    void apply_page_color();
-    void hide_controls();
     void clear_bold();
-    void show_at(QWidget& control, const QRect& rect);
-    void give_up_focus(const QWidget& control);
     void follow_current_row();
 
-    void write_text(const Box& box);
-    void step(const Box& box, bool up);
+    void write_text(const RowBox& box);
+    void step(const RowBox& box, bool up);
     void show_calendar();
-    void close_calendar();
     void choose_date(QDate date);
     void edit_clicked();
 
     bool key_in_box(const QWidget* box, int key);
     bool go_to_box(int from, int step);
     CellBox* open_box(GridColumn column);
-    void give_back(const Box& box);
+    void give_back(const RowBox& box);
     void focus_left();
     void rows_scrolled();
 
     ListGrid& grid_;
     RowEditorHost& host_;
-    std::unique_ptr<Controls> controls_;
+    std::unique_ptr<RowBoxes> boxes_;
     QPersistentModelIndex edit_row_; ///< follows the row when others come and go
-    QColor page_color_ = Qt::white;
-    int type_size_ = 9;
     std::optional<GridColumn> unstored_column_;
     bool filling_ = false; ///< texts are being shown, not typed
     bool writing_ = false; ///< the grid's own moves must not close the editor
