@@ -2,12 +2,14 @@
 
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
+#include "household/household.h"
 #include "household/status.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_boxes.h"
 #include "recipes/line_buttons.h"
 #include "recipes/line_clicks.h"
 #include "recipes/line_keys.h"
+#include "recipes/line_listener.h"
 #include "recipes/line_name.h"
 #include "recipes/line_picks.h"
 #include "recipes/line_widgets.h"
@@ -348,7 +350,7 @@ void LineEditor::left_box(IngredientField field)
 void LineEditor::write()
 {
     if (!draft_.is_new() && draft_.is_changed())
-        draft_.stored_as(save_line(program_.connection, draft_));
+        draft_.stored_as(program_.household.save_line(draft_));
 }
 
 void LineEditor::leave()
@@ -371,7 +373,7 @@ void LineEditor::give_up()
             return std::tie(row.item_ref, row.qty, row.measure, row.item, row.comment);
         };
         if (fields(draft_.stored) != fields(before_))
-            restore_line(program_.connection, before_);
+            program_.household.restore_line(before_);
         draft_.stored = before_;
         hide_line();
     }
@@ -491,7 +493,7 @@ void LineEditor::lf_finish()
         }
     } else if (finished >= 0) {
         write();
-        ingredients_->ingred_updt(finished, draft_);
+        page_.line_listener().show_stored(finished, draft_.stored);
     }
     blacken_lines();
     open_ = false;
@@ -531,7 +533,7 @@ void LineEditor::hide_line()
     }
     // The line shows what was written while its boxes were left one by one.
     if (hidden >= 0 && !draft_.is_new())
-        ingredients_->ingred_updt(hidden, LineDraft::of(draft_.stored));
+        page_.line_listener().show_stored(hidden, draft_.stored);
     blacken_lines();
 }
 

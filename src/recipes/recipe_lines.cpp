@@ -195,7 +195,7 @@ bool RecipeLines::has_room(const QString& text, int page_width, int type_size) c
     line.count_capitals();
     const int width = page_geometry::px_x(text_width(page_width));
     const int more_rows = page_geometry::estimated_rows(line.upper, line.other, width, 0) - 1;
-    const int index = count() - (count() > 0 && lines_.back().is_new() ? 1 : 0);
+    const int index = count() - (has_new_line() ? 1 : 0);
     return page_geometry::lite_top(index, wrap_extra_ + more_rows, type_size) <= page_geometry::lowest_lite;
 }
 

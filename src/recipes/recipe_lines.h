@@ -49,6 +49,9 @@ public:
     const std::vector<IngredientLine>& lines() const { return lines_; }
     int count() const { return static_cast<int>(lines_.size()); }
 
+    /// The last line is under the editor and not in the database yet.
+    bool has_new_line() const { return count() > 0 && lines_.back().is_new(); }
+
     /// The highest index of the control arrays: 0 for an empty page as well.
     int upper_bound() const { return count() > 0 ? count() - 1 : 0; }
 

@@ -16,6 +16,7 @@
 #include "household/rescue.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_editor.h"
+#include "recipes/line_listener.h"
 #include "recipes/line_stock.h"
 #include "widgets/tree_view.h"
 #include "household/status.h"
@@ -97,6 +98,7 @@ RecipePage::RecipePage(Program& program, QWidget* parent)
     connect(text1_, &PageText::up_from_top, this, [this] { go_to_line(recipe_lines_->count() - 1); });
     connect(text1_, &PageText::left, this, &RecipePage::edit_updt);
     line_stock_ = new LineStock(program_, *this);
+    line_listener_ = std::make_unique<LineListener>(program_, *this);
     title_->installEventFilter(this);
     frame4_->installEventFilter(this);
 }
@@ -556,15 +558,6 @@ void RecipePage::go_to_line(int index)
     }
 }
 
-void RecipePage::line_returned(Key recipe, int place)
-{
-    if (recipe != page_key())
-        return;
-    set_recipe(recipe);
-    if (!frame4_->isHidden())
-        go_to_line(place);
-}
-
 bool RecipePage::editor_open() const
 {
     return line_editor_->is_open();
@@ -626,24 +619,6 @@ bool RecipePage::shows_item(Key item) const
 {
     const auto& all = recipe_lines_->lines();
     return item > 0 && std::any_of(all.begin(), all.end(), [&](const auto& line) { return line.item_ref == item; });
-}
-
-void RecipePage::line_moved(const LineMove& move)
-{
-    const int from = recipe_lines_->index_of(move.line);
-    if (move.recipe != page_key() || from < 0 || move.place >= recipe_lines_->count() || move.place == from)
-        return;
-    const bool had_focus = lines()[static_cast<size_t>(from)].ingred->hasFocus();
-    recipe_lines_->move(from, move.place);
-    for (int i = std::min(from, move.place); i <= std::max(from, move.place); ++i) {
-        const IngredientLine& line = lines()[static_cast<size_t>(i)];
-        refresh_line(i);
-        set_lites(i, line.item.isEmpty() ? StatusCode::non_stock : lite_status(program_.connection, line.item_ref));
-    }
-    layout_page();
-    // A key that is meant for the line that was moved must not reach the one that took its place.
-    if (had_focus)
-        lines()[static_cast<size_t>(move.place)].ingred->setFocus(Qt::OtherFocusReason);
 }
 
 void RecipePage::lists_changed(const ListsChange& change)

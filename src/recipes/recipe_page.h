@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -23,12 +24,12 @@ namespace tarnwick {
 struct Program;
 class Ingredients;
 class LineEditor;
+class LineListener;
 class LineStock;
 class FocusQuestion;
 class PageText;
 enum class StatusCode;
 struct Rescue;
-struct LineMove;
 struct ListsChange;
 
 /// What the page's own procedures hand to each other.
@@ -116,12 +117,6 @@ public:
 
     bool shows_item(Key item) const; ///< a line has this stock item
 
-    /// Shows a line of the recipe at its new place.
-    void line_moved(const LineMove& move);
-
-    /// Shows a line that has come back to the recipe on the page, and gives it the keyboard.
-    void line_returned(Key recipe, int place);
-
     /// Loads the page again when a list has gone, whose rows its lights depend on.
     void lists_changed(const ListsChange& change);
 
@@ -137,6 +132,7 @@ public:
 
     LineEditor& line_editor() { return *line_editor_; }
     LineStock& line_stock() { return *line_stock_; }
+    LineListener& line_listener() { return *line_listener_; }
     Ingredients& ingredients();
 
     // As of `Ingredients`, where the page takes lines: it has a recipe, and a title that may be left.
@@ -201,6 +197,7 @@ private:
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
     LineStock* line_stock_ = nullptr;
+    std::unique_ptr<LineListener> line_listener_;
     // The Tags of title, Frame1 and instructions mirror these three.
     Key page_key_ = -1;
     bool name_edited_ = false;

@@ -16,6 +16,7 @@
 #include "lists/lists.h"
 #include "lists/placing.h"
 #include "widgets/row_editor.h"
+#include "recipes/line_listener.h"
 #include "recipes/line_stock.h"
 #include "recipes/recipe_page.h"
 #include "household/recipe_store.h"
@@ -187,13 +188,19 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *floating_buttons_, &FloatingButtons::item_changed);
     listen(&Household::item_changed, recipe_page_->line_stock(), &LineStock::item_changed);
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
-    listen(&Household::line_moved, *recipe_page_, &RecipePage::line_moved);
+    listen(&Household::line_changed, recipe_page_->line_listener(), &LineListener::line_changed);
+    listen(&Household::line_moved, recipe_page_->line_listener(), &LineListener::line_moved);
+    listen(&Household::line_gone, recipe_page_->line_listener(), &LineListener::line_gone);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
     listen(&Household::items_gone, *grid_listener_, &GridListener::items_gone);
     listen(&Household::items_gone, *stock_tree_, &StockTree::items_gone);
     listen(&Household::items_gone, recipe_page_->line_stock(), &LineStock::items_gone);
-    connect(household_.get(), &Household::line_returned, recipe_page_.get(), &RecipePage::line_returned);
+    connect(household_.get(), &Household::line_added, this, [this](Key recipe, const IngredientRow& line) {
+        recipe_page_->line_listener().line_added(recipe, line);
+    });
+    connect(household_.get(), &Household::line_returned, this,
+            [this](Key recipe, int place) { recipe_page_->line_listener().line_returned(recipe, place); });
     listen(&Household::category_changed, *stock_tree_, &StockTree::category_changed);
     listen(&Household::category_changed, recipe_page_->line_stock(), &LineStock::category_changed);
     connect(household_.get(), &Household::recipe_changed, this,

@@ -32,6 +32,7 @@ User::User(frmmain& main, Habit habit, quint32 seed, const QString& log_file)
     , habit_(habit)
     , random_(seed)
     , log_(::open(qPrintable(log_file), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600))
+    , last_placed_(main.household())
 {
     qApp->installEventFilter(this);
 }
@@ -133,7 +134,7 @@ void User::place()
     operation.list = main_.shared.current_list;
     note(begin_line(operation));
     command(QStringLiteral("mnu_tv_ai"));
-    note(QStringLiteral("done %1").arg(main_.household().last_groc_key()));
+    note(QStringLiteral("done %1").arg(last_placed_.key()));
 }
 
 void User::tick()

@@ -82,7 +82,7 @@ void recipe(Studio& studio)
 void preview(Studio& studio)
 {
     studio.start(look(true), window_size);
-    studio.main().shared.reports = {1, 2, 0, 1};
+    studio.main().shared.reports = {ReportSort::by_category, 2, 0, 1};
     studio.with_dialog(
         [&] {
             studio.click(studio.visible_child(QStringLiteral("Toolbar1(11)")), {10, 20});
