@@ -9,6 +9,7 @@
 #include "lists/list_pane.h"
 #include "lists/lists.h"
 #include "widgets/row_editor.h"
+#include "recipes/page_texts.h"
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
@@ -184,8 +185,8 @@ void ViewState::refresh_all()
     else
         refresh_recipe_side();
     main_.layout_manager().freize_refresh();
-    if (main_.recipe_page().is_edited())
-        main_.recipe_page().edit_updt();
+    if (main_.recipe_page().texts().is_edited())
+        main_.recipe_page().texts().edit_updt();
     refresh_commands();
 }
 
@@ -304,8 +305,8 @@ void ViewState::sort_tree(bool by_name)
     bool& order = stock ? main_.shared.stock_alpha : main_.shared.recipe_alpha;
     if (order == by_name)
         return;
-    if (!stock && main_.recipe_page().is_edited())
-        main_.recipe_page().edit_updt(); // the tree is read from the table
+    if (!stock && main_.recipe_page().texts().is_edited())
+        main_.recipe_page().texts().edit_updt(); // the tree is read from the table
     if (stock)
         main_.stock_tree().tv_load(by_name);
     else

@@ -4,6 +4,7 @@
 #include "lists/list_pane.h"
 #include "recipes/page_geometry.h"
 #include "recipes/recipe_fixture.h"
+#include "recipes/page_texts.h"
 #include "recipes/recipe_page.h"
 #include "window/commands.h"
 #include "window/layout.h"
@@ -544,7 +545,7 @@ void tst_start::the_close_box_saves_an_edited_recipe()
 {
     TestWindow window;
     frmmain& main = with_edited_title(window);
-    QVERIFY(main.recipe_page().is_edited());
+    QVERIFY(main.recipe_page().texts().is_edited());
     QVERIFY(main.close());
     QCOMPARE(window.text("SELECT r_name FROM recipe_1"), QStringLiteral("Soups"));
 }
@@ -553,12 +554,12 @@ void tst_start::exit_from_the_menu_does_not_save_an_edited_recipe()
 {
     TestWindow window;
     frmmain& main = with_edited_title(window);
-    QVERIFY(main.recipe_page().is_edited());
+    QVERIFY(main.recipe_page().texts().is_edited());
     QAction& exit = main.commands().action(QStringLiteral("mnu_list_exit"));
     QVERIFY(exit.isEnabled());
     exit.trigger();
     QCOMPARE(window.ends, 1);
-    QVERIFY(main.recipe_page().is_edited());
+    QVERIFY(main.recipe_page().texts().is_edited());
     QCOMPARE(window.text("SELECT r_name FROM recipe_1"), QStringLiteral("Soup"));
 }
 

@@ -4,6 +4,7 @@
 #include "data/query.h"
 #include "recipes/line_widgets.h"
 #include "recipes/page_text.h"
+#include "recipes/page_texts.h"
 #include "recipes/recipe_page.h"
 #include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
@@ -100,7 +101,7 @@ public:
     QWidget& control(const QString& name) { return *find<QWidget>(name); }
     QString tag(const QString& name) { return control(name).property("Tag").toString(); }
     QString ingred(int i) { return page().lines().at(static_cast<size_t>(i)).ingred->text(); }
-    bool edited() { return page().is_edited(); }
+    bool edited() { return page().texts().is_edited(); }
 
     void click_node(const QString& key, Qt::MouseButton button = Qt::LeftButton)
     {
