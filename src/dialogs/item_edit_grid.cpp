@@ -287,7 +287,7 @@ int ItemEditGrid::type_size() const
     return item_editor_type_size(program_.shared);
 }
 
-bool ItemEditGrid::column_group_shown(int group) const
+bool ItemEditGrid::column_group_shown(ColumnGroup group) const
 {
     return header_->group_shown(group);
 }
@@ -323,7 +323,7 @@ QDate ItemEditGrid::today() const
     return program_.today();
 }
 
-void ItemEditGrid::show_column_group(int group)
+void ItemEditGrid::show_column_group(ColumnGroup group)
 {
     column_layout::apply_column_group(*grid_, *header_, group);
     column_layout::level_text_columns(*grid_);

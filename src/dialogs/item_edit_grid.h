@@ -76,7 +76,7 @@ protected:
 
 private:
     int type_size() const override;
-    bool column_group_shown(int group) const override;
+    bool column_group_shown(ColumnGroup group) const override;
     void text_edited(int row, GridColumn column, const QString& text) override;
     bool coupon_on(int row) const override;
     QString set_coupon(int row, bool on) override;
@@ -98,7 +98,7 @@ private:
     void toggle_buy_it(int row);
     void show_state(int row);
     void mark_changed(int row);
-    void show_column_group(int group);
+    void show_column_group(ColumnGroup group);
     void set_headers();
     EditRow& edit_row_of(int row) { return list_rows_edit_.at(static_cast<size_t>(row)); }
 

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <array>
+
 namespace tarnwick {
 
 /// The columns of a list grid, in the main window and in the item editor alike.
@@ -17,6 +19,11 @@ constexpr int column_number(GridColumn column)
 {
     return static_cast<int>(column);
 }
+
+/// The columns that a box of the header shows and hides: the coupon with its expiry, and the aisle.
+enum class ColumnGroup { coupon, aisle };
+
+inline constexpr std::array column_groups{ColumnGroup::coupon, ColumnGroup::aisle};
 
 /// Dates as the screen shows them.
 inline constexpr QStringView screen_date_format = u"M/d/yyyy";

@@ -31,9 +31,9 @@ namespace {
 constexpr int notice_picture_number = 167;
 
 /// The setting of a column group.
-QLatin1String group_setting(int group)
+QLatin1String group_setting(ColumnGroup group)
 {
-    return QLatin1String(group == 0 ? "cpn" : "aisle");
+    return QLatin1String(group == ColumnGroup::coupon ? "cpn" : "aisle");
 }
 
 } // namespace
@@ -145,7 +145,7 @@ void ListPane::set_headers()
         tabs->raise();
 }
 
-void ListPane::show_column_group(int group)
+void ListPane::show_column_group(ColumnGroup group)
 {
     program_.settings.write(QLatin1String(settings_app::columns), QStringLiteral("prefs"), group_setting(group),
                             column_group_shown(group) ? QStringLiteral("1") : QStringLiteral("0"));
@@ -180,14 +180,14 @@ void ListPane::make_room_for_columns()
     grid_->set_col_width(GridColumn::desc, text_width);
 }
 
-bool ListPane::column_group_shown(int group) const
+bool ListPane::column_group_shown(ColumnGroup group) const
 {
     return header_->group_shown(group);
 }
 
 void ListPane::restore_column_groups()
 {
-    for (const int group : {0, 1}) {
+    for (const ColumnGroup group : column_groups) {
         const QString stored = program_.settings.pref(group_setting(group), QStringLiteral("0"));
         header_->show_box(group).setChecked(val(stored) == 1);
         column_layout::set_group_widths(*grid_, *header_, group);

@@ -188,7 +188,7 @@ void Lists::locate(Key item)
 
 void Lists::hide_column_groups()
 {
-    for (const int group : {0, 1}) {
+    for (const ColumnGroup group : column_groups) {
         QCheckBox& box = pane_.header().show_box(group);
         if (!box.isChecked())
             continue;

@@ -27,7 +27,7 @@ int MainRowEditorHost::type_size() const
 {
     return program_.shared.type_size;
 }
-bool MainRowEditorHost::column_group_shown(int group) const
+bool MainRowEditorHost::column_group_shown(ColumnGroup group) const
 {
     return pane_.column_group_shown(group);
 }

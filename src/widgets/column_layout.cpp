@@ -19,9 +19,9 @@ int shared_part(int own, int both, int available)
 bool share_text_columns(ListGrid& grid, const HeaderBar& header)
 {
     int available = grid.width() - other_columns;
-    if (!header.group_shown(0))
+    if (!header.group_shown(ColumnGroup::coupon))
         available += coupon_group;
-    if (!header.group_shown(1))
+    if (!header.group_shown(ColumnGroup::aisle))
         available += aisle_width;
     if (grid.scroll_bar_shown())
         available -= scroll_bar;
@@ -37,10 +37,10 @@ bool share_text_columns(ListGrid& grid, const HeaderBar& header)
     return true;
 }
 
-void set_group_widths(ListGrid& grid, const HeaderBar& header, int group)
+void set_group_widths(ListGrid& grid, const HeaderBar& header, ColumnGroup group)
 {
     const bool shown = header.group_shown(group);
-    if (group == 0) {
+    if (group == ColumnGroup::coupon) {
         grid.set_col_width(GridColumn::coupon, shown ? coupon_width : 0);
         grid.set_col_width(GridColumn::date, shown ? date_width : 0);
     } else {
@@ -48,13 +48,13 @@ void set_group_widths(ListGrid& grid, const HeaderBar& header, int group)
     }
 }
 
-void apply_column_group(ListGrid& grid, const HeaderBar& header, int group)
+void apply_column_group(ListGrid& grid, const HeaderBar& header, ColumnGroup group)
 {
     const bool shown = header.group_shown(group);
-    const bool was_shown = grid.col_width(group == 0 ? GridColumn::date : GridColumn::aisle) > 0;
+    const bool was_shown = grid.col_width(group == ColumnGroup::coupon ? GridColumn::date : GridColumn::aisle) > 0;
     if (shown == was_shown)
         return;
-    const int half = (group == 0 ? coupon_group : aisle_width) / 2;
+    const int half = (group == ColumnGroup::coupon ? coupon_group : aisle_width) / 2;
     for (const GridColumn column : {GridColumn::item, GridColumn::desc})
         grid.set_col_width(column, std::max(grid.col_width(column) + (shown ? -half : half), narrowest_text));
     set_group_widths(grid, header, group);

@@ -157,12 +157,13 @@ QRect RowBoxes::box_rect(int row, GridColumn column, int less_wide) const
 void RowBoxes::place(int row)
 {
     show_at(*desc, box_rect(row, GridColumn::desc));
-    const bool is_last = !host_.column_group_shown(0) && !host_.column_group_shown(1);
+    const bool is_last
+        = !host_.column_group_shown(ColumnGroup::coupon) && !host_.column_group_shown(ColumnGroup::aisle);
     show_at(*qty, box_rect(row, GridColumn::qty, is_last ? 1 : 0));
     place_coupon_and_date(row);
     if (cpn_brdr->isHidden())
         close_calendar();
-    show_at(*aisle, host_.column_group_shown(1) ? box_rect(row, GridColumn::aisle) : QRect());
+    show_at(*aisle, host_.column_group_shown(ColumnGroup::aisle) ? box_rect(row, GridColumn::aisle) : QRect());
     place_steppers(*qty, qty_btn);
     place_steppers(*aisle, aisle_btn);
     place_end_frame(row);
@@ -182,7 +183,7 @@ void RowBoxes::place_steppers(const QWidget& box, const std::array<PictureButton
 
 void RowBoxes::place_coupon_and_date(int row)
 {
-    const bool shown = host_.column_group_shown(0);
+    const bool shown = host_.column_group_shown(ColumnGroup::coupon);
     const QRect coupon = shown ? box_rect(row, GridColumn::coupon) : QRect();
     show_at(*cpn_bkgrnd, coupon.adjusted(1, 0, 0, 0));
     show_at(*chck_box, coupon.adjusted(1, 0, 0, 0));

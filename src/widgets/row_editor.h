@@ -27,7 +27,7 @@ public:
     virtual ~RowEditorHost() = default;
 
     virtual int type_size() const = 0;
-    virtual bool column_group_shown(int group) const = 0;
+    virtual bool column_group_shown(ColumnGroup group) const = 0;
 
     /// The trimmed text of a text box changed; the cell has it already. Columns desc, qty, date, aisle.
     virtual void text_edited(int row, GridColumn column, const QString& text) = 0;

@@ -157,7 +157,7 @@ CommandInputs ViewState::inputs() const
     inputs.page_has_recipe = main_.recipe_page().has_recipe();
     inputs.page_title = main_.recipe_page().title().text();
     inputs.recipe_name = shared.cur_recipe_name;
-    for (const int group : {0, 1})
+    for (const ColumnGroup group : column_groups)
         inputs.columns_shown.at(static_cast<size_t>(group)) = main_.list_pane().column_group_shown(group);
     return inputs;
 }

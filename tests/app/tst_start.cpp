@@ -162,7 +162,7 @@ void tst_start::settings_without_load_get_every_default()
     QCOMPARE(window.pref(QStringLiteral("font")), QStringLiteral("9"));
     QCOMPARE(main.shared.type_size, 9);
     QVERIFY(main.isMaximized());
-    for (const int group : {0, 1})
+    for (const ColumnGroup group : column_groups)
         QVERIFY(window.main().list_pane().column_group_shown(group));
     QVERIFY(window.main().list_pane().grid().col_width(GridColumn::aisle) > 0);
 }
@@ -225,15 +225,15 @@ void tst_start::the_column_switches_come_back_as_they_stood_under_the_main_name(
             QVERIFY(command.isEnabled());
             command.trigger();
         }
-        QVERIFY(!main.list_pane().column_group_shown(0));
-        QVERIFY(!main.list_pane().column_group_shown(1));
+        QVERIFY(!main.list_pane().column_group_shown(ColumnGroup::coupon));
+        QVERIFY(!main.list_pane().column_group_shown(ColumnGroup::aisle));
         QVERIFY(main.close());
     }
     QCOMPARE(window.pref(QStringLiteral("cpn")), QStringLiteral("1"));
     QCOMPARE(window.pref(QStringLiteral("cpn"), QStringLiteral("Velora")), QStringLiteral("0"));
     frmmain& again = window.load();
-    QVERIFY(again.list_pane().column_group_shown(0));
-    QVERIFY(again.list_pane().column_group_shown(1));
+    QVERIFY(again.list_pane().column_group_shown(ColumnGroup::coupon));
+    QVERIFY(again.list_pane().column_group_shown(ColumnGroup::aisle));
     QVERIFY(again.list_pane().grid().col_width(GridColumn::aisle) > 0);
 }
 

@@ -128,7 +128,7 @@ public:
         return query.next() ? query.text(0) : QStringLiteral("gone");
     }
 
-    void set_group(int group, bool on)
+    void set_group(ColumnGroup group, bool on)
     {
         if (main().list_pane().column_group_shown(group) == on)
             return;

@@ -414,15 +414,15 @@ void tst_grid::text_columns_share_what_is_left()
 
 void tst_grid::both_groups_hidden_give_134_pixels_by_ratio()
 {
-    header->show_box(0).setChecked(false);
-    header->show_box(1).setChecked(false);
+    header->show_box(ColumnGroup::coupon).setChecked(false);
+    header->show_box(ColumnGroup::aisle).setChecked(false);
     grid->set_col_width(GridColumn::item, 100);
     grid->set_col_width(GridColumn::desc, 300);
     QVERIFY(column_layout::share_text_columns(*grid, *header));
     QCOMPARE(grid->col_width(GridColumn::item) + grid->col_width(GridColumn::desc) - 2, 294 + 134);
     QCOMPARE(grid->col_width(GridColumn::item), 107 + 1);
     QCOMPARE(grid->col_width(GridColumn::desc), 321 + 1);
-    header->show_box(0).setChecked(true);
+    header->show_box(ColumnGroup::coupon).setChecked(true);
     QVERIFY(column_layout::share_text_columns(*grid, *header));
     QCOMPARE(grid->col_width(GridColumn::item) + grid->col_width(GridColumn::desc) - 2, 294 + 36);
 }
@@ -527,9 +527,9 @@ void tst_grid::header_stands_over_its_columns()
 void tst_grid::boxes_stand_23_pixels_in_and_stay_when_hidden()
 {
     lay_out();
-    for (const int group : {0, 1}) {
+    for (const ColumnGroup group : column_groups) {
         QCheckBox& box = header->show_box(group);
-        const QWidget* cell = part(group == 0 ? "listheader(2)" : "listheader(3)");
+        const QWidget* cell = part(group == ColumnGroup::coupon ? "listheader(2)" : "listheader(3)");
         QCOMPARE(box.x(), cell->geometry().right() + 1 - 23);
         box.setChecked(false);
         column_layout::set_group_widths(*grid, *header, group);
@@ -540,11 +540,13 @@ void tst_grid::boxes_stand_23_pixels_in_and_stay_when_hidden()
         QVERIFY(box.geometry().right() < grid->geometry().right());
         QVERIFY(box.x() >= grid->x());
     }
-    QCOMPARE(header->show_box(0).text(), QStringLiteral("Cpn"));
-    QCOMPARE(header->show_box(1).text(), QStringLiteral("Asl"));
-    QCOMPARE(header->show_box(0).toolTip(), QStringLiteral("Hide/show coupon-and-expiry column"));
-    QCOMPARE(header->show_box(1).toolTip(), QStringLiteral("Hide/show aisle column"));
-    QVERIFY(!header->show_box(0).geometry().intersects(header->show_box(1).geometry()));
+    QCOMPARE(header->show_box(ColumnGroup::coupon).text(), QStringLiteral("Cpn"));
+    QCOMPARE(header->show_box(ColumnGroup::aisle).text(), QStringLiteral("Asl"));
+    QCOMPARE(header->show_box(ColumnGroup::coupon).toolTip(), QStringLiteral("Hide/show coupon-and-expiry column"));
+    QCOMPARE(header->show_box(ColumnGroup::aisle).toolTip(), QStringLiteral("Hide/show aisle column"));
+    QVERIFY(!header->show_box(ColumnGroup::coupon)
+                 .geometry()
+                 .intersects(header->show_box(ColumnGroup::aisle).geometry()));
 }
 
 void tst_grid::header_hides_as_a_whole()
@@ -564,7 +566,7 @@ void tst_grid::box_reacts_to_the_left_button_alone()
 {
     lay_out();
     QSignalSpy toggled(header, &HeaderBar::group_toggled);
-    QCheckBox& box = header->show_box(1);
+    QCheckBox& box = header->show_box(ColumnGroup::aisle);
     QTest::mouseClick(&box, Qt::RightButton);
     QTest::mouseClick(&box, Qt::MiddleButton);
     QTest::mousePress(&box, Qt::LeftButton);
@@ -572,14 +574,14 @@ void tst_grid::box_reacts_to_the_left_button_alone()
     QVERIFY(box.isChecked());
     QTest::mouseRelease(&box, Qt::LeftButton);
     QCOMPARE(toggled.count(), 1);
-    QCOMPARE(toggled[0][0].toInt(), 1);
-    QVERIFY(!header->group_shown(1));
-    QVERIFY(header->group_shown(0));
+    QCOMPARE(toggled[0][0].value<ColumnGroup>(), ColumnGroup::aisle);
+    QVERIFY(!header->group_shown(ColumnGroup::aisle));
+    QVERIFY(header->group_shown(ColumnGroup::coupon));
 }
 
 void tst_grid::hidden_columns_paint_nothing()
 {
-    for (const int group : {0, 1}) {
+    for (const ColumnGroup group : column_groups) {
         header->show_box(group).setChecked(false);
         column_layout::set_group_widths(*grid, *header, group);
     }

@@ -68,10 +68,10 @@ private:
     }
     int text_columns_width() { return grid().col_width(GridColumn::item) + grid().col_width(GridColumn::desc); }
 
-    void toggle_by_menu(int group)
+    void toggle_by_menu(ColumnGroup group)
     {
-        QAction& entry = window->main().commands().action(group == 0 ? QStringLiteral("mnu_view_cpn")
-                                                                     : QStringLiteral("mnu_view_aisle"));
+        QAction& entry = window->main().commands().action(
+            group == ColumnGroup::coupon ? QStringLiteral("mnu_view_cpn") : QStringLiteral("mnu_view_aisle"));
         QVERIFY(entry.isEnabled());
         entry.trigger();
     }
@@ -313,11 +313,11 @@ void tst_list_pane::box_hides_its_columns_and_stores_the_switch()
 {
     open(window->add_list(QStringLiteral("A")));
     const QString application = QStringLiteral("Velora");
-    for (const int group : {0, 1}) {
-        const QString key = group == 0 ? QStringLiteral("cpn") : QStringLiteral("aisle");
-        auto* box = window->find<QCheckBox>(QStringLiteral("Cmd_ShowCol(%1)").arg(group));
+    for (const ColumnGroup group : column_groups) {
+        const QString key = group == ColumnGroup::coupon ? QStringLiteral("cpn") : QStringLiteral("aisle");
+        auto* box = window->find<QCheckBox>(QStringLiteral("Cmd_ShowCol(%1)").arg(static_cast<int>(group)));
         QVERIFY(box->isEnabled() && box->isVisible() && box->isChecked());
-        const GridColumn last = group == 0 ? GridColumn::date : GridColumn::aisle;
+        const GridColumn last = group == ColumnGroup::coupon ? GridColumn::date : GridColumn::aisle;
         QTest::mouseClick(box, Qt::RightButton);
         QVERIFY(grid().col_width(last) > 0);
         QTest::mousePress(box, Qt::LeftButton);
@@ -341,12 +341,12 @@ void tst_list_pane::toggle_levels_the_text_columns()
     grid().resize(grid_width + 1, ten_rows_high);
     grid().set_col_width(GridColumn::item, 201);
     grid().set_col_width(GridColumn::desc, 96);
-    toggle_by_menu(0);
+    toggle_by_menu(ColumnGroup::coupon);
     QCOMPARE(grid().col_width(GridColumn::item), (297 + 98) / 2);
     QCOMPARE(grid().col_width(GridColumn::desc), 297 + 98 - (297 + 98) / 2);
-    toggle_by_menu(1);
+    toggle_by_menu(ColumnGroup::aisle);
     QCOMPARE(text_columns_width(), 297 + 98 + 36);
-    toggle_by_menu(0);
+    toggle_by_menu(ColumnGroup::coupon);
     QCOMPARE(text_columns_width(), 297 + 36);
 }
 
@@ -356,14 +356,14 @@ void tst_list_pane::toggle_twice_returns_to_the_first_widths()
     const int item = grid().col_width(GridColumn::item);
     const int desc = grid().col_width(GridColumn::desc);
     QCOMPARE(item, 148);
-    for (const int group : {0, 1}) {
+    for (const ColumnGroup group : column_groups) {
         toggle_by_menu(group);
         toggle_by_menu(group);
         QCOMPARE(grid().col_width(GridColumn::item), item);
         QCOMPARE(grid().col_width(GridColumn::desc), desc);
     }
     // A call without a change of the box moves nothing.
-    pane.show_column_group(0);
+    pane.show_column_group(ColumnGroup::coupon);
     QCOMPARE(grid().col_width(GridColumn::item), item);
     QCOMPARE(grid().col_width(GridColumn::date), 80);
 }
@@ -374,15 +374,15 @@ void tst_list_pane::toggle_in_a_small_window_sets_both_text_columns_to_115()
     window->main().resize(560, 450);
     QCoreApplication::processEvents();
     QVERIFY(grid().width() < 436);
-    toggle_by_menu(0);
+    toggle_by_menu(ColumnGroup::coupon);
     QCOMPARE(grid().col_width(GridColumn::item), 115);
     QCOMPARE(grid().col_width(GridColumn::desc), 115);
     // With both groups on show 115 is too wide for such a grid: the columns are fitted in.
-    toggle_by_menu(0);
+    toggle_by_menu(ColumnGroup::coupon);
     QCOMPARE(grid().horizontalHeader()->length(), grid().width() + 2);
     QVERIFY(std::abs(grid().col_width(GridColumn::item) - grid().col_width(GridColumn::desc)) <= 1);
-    const QRect first = window->main().list_pane().header().show_box(0).geometry();
-    const QRect second = window->main().list_pane().header().show_box(1).geometry();
+    const QRect first = window->main().list_pane().header().show_box(ColumnGroup::coupon).geometry();
+    const QRect second = window->main().list_pane().header().show_box(ColumnGroup::aisle).geometry();
     QVERIFY(!first.intersects(second));
     QVERIFY(second.right() <= grid().geometry().right());
 }
@@ -394,12 +394,12 @@ void tst_list_pane::menu_captions_follow_the_groups()
         = [this](const char* name) { return window->main().commands().action(QLatin1String(name)).text(); };
     QCOMPARE(caption("mnu_view_cpn"), QStringLiteral("Hide coupon-expiry column"));
     QCOMPARE(caption("mnu_view_aisle"), QStringLiteral("Hide aisle column"));
-    toggle_by_menu(0);
+    toggle_by_menu(ColumnGroup::coupon);
     QCOMPARE(caption("mnu_view_cpn"), QStringLiteral("Show coupon-expiry column"));
     QCOMPARE(caption("mnu_view_aisle"), QStringLiteral("Hide aisle column"));
-    toggle_by_menu(1);
+    toggle_by_menu(ColumnGroup::aisle);
     QCOMPARE(caption("mnu_view_aisle"), QStringLiteral("Show aisle column"));
-    toggle_by_menu(0);
+    toggle_by_menu(ColumnGroup::coupon);
     QCOMPARE(caption("mnu_view_cpn"), QStringLiteral("Hide coupon-expiry column"));
 }
 
@@ -407,8 +407,8 @@ void tst_list_pane::restore_reads_the_switches_and_stores_nothing()
 {
     window->set_pref(QStringLiteral("cpn"), QStringLiteral("0"));
     ListPane& pane = open(window->add_list(QStringLiteral("A")));
-    QVERIFY(!pane.column_group_shown(0));
-    QVERIFY(pane.column_group_shown(1));
+    QVERIFY(!pane.column_group_shown(ColumnGroup::coupon));
+    QVERIFY(pane.column_group_shown(ColumnGroup::aisle));
     QCOMPARE(grid().col_width(GridColumn::coupon), 0);
     QCOMPARE(grid().col_width(GridColumn::date), 0);
     QCOMPARE(grid().col_width(GridColumn::aisle), 36);

@@ -111,8 +111,8 @@ void tst_row_editor::open_at(int size, bool coupon_group, bool aisle_group)
     w().coupon(2, QStringLiteral("2026-12-31"), true);
     w().open();
     QCOMPARE(w().grid().row_height(), size == 9 ? 19 : size == 10 ? 24 : 28);
-    w().set_group(0, coupon_group);
-    w().set_group(1, aisle_group);
+    w().set_group(ColumnGroup::coupon, coupon_group);
+    w().set_group(ColumnGroup::aisle, aisle_group);
     w().open_row(1);
 }
 

@@ -282,7 +282,7 @@ void tst_row_editor_use::the_chain_skips_hidden_columns()
 {
     w().rows(1);
     w().open();
-    w().set_group(0, false);
+    w().set_group(ColumnGroup::coupon, false);
     w().open_row(0);
     QTest::mouseClick(&w().box("qty_brdr"), Qt::LeftButton, {}, QPoint(5, 5));
     QTest::keyClick(&w().box("qty_brdr"), Qt::Key_End);
@@ -291,7 +291,7 @@ void tst_row_editor_use::the_chain_skips_hidden_columns()
     QTest::keyClick(&w().box("aisle_brdr"), Qt::Key_Home);
     QTest::keyClick(&w().box("aisle_brdr"), Qt::Key_Left);
     QVERIFY(w().box("qty_brdr").hasFocus());
-    w().set_group(1, false);
+    w().set_group(ColumnGroup::aisle, false);
     QVERIFY(w().editor().is_open());
     QTest::keyClick(&w().box("qty_brdr"), Qt::Key_End);
     QTest::keyClick(&w().box("qty_brdr"), Qt::Key_Right);
@@ -464,7 +464,7 @@ void tst_row_editor_use::a_column_group_comes_and_goes_with_its_editors()
     w().open_row(1);
     w().press("dtp_btn");
     w().type_into("desc_brdr", QStringLiteral("half typed "));
-    w().set_group(0, false);
+    w().set_group(ColumnGroup::coupon, false);
     QVERIFY(w().editor().is_open());
     QVERIFY(!w().shown("MonthView1"));
     for (const char* name : {"chck_box", "cpn_bkgrnd", "dp_frame", "dp_brdr", "cpn_brdr", "dtp_btn"})
@@ -472,10 +472,10 @@ void tst_row_editor_use::a_column_group_comes_and_goes_with_its_editors()
     QVERIFY(w().shown("aisle_brdr"));
     QCOMPARE(w().in_form("desc_brdr").right(), w().cell_in_form(GridColumn::desc).right());
     QCOMPARE(w().box("desc_brdr").text(), QStringLiteral("half typed "));
-    w().set_group(1, false);
+    w().set_group(ColumnGroup::aisle, false);
     for (const char* name : {"aisle_brdr", "aisle_btn(0)", "aisle_btn(1)"})
         QVERIFY2(!w().shown(name), name);
-    w().set_group(0, true);
+    w().set_group(ColumnGroup::coupon, true);
     for (const char* name : {"chck_box", "cpn_bkgrnd", "dp_frame", "dp_brdr", "cpn_brdr", "dtp_btn"})
         QVERIFY2(w().shown(name), name);
 }

@@ -74,7 +74,7 @@ bool click_header(User& user)
 {
     if (!grid_of(user).isVisible())
         return false;
-    QWidget& box = user.main().list_pane().header().show_box(user.below(2));
+    QWidget& box = user.main().list_pane().header().show_box(column_groups[static_cast<size_t>(user.below(2))]);
     if (!box.isVisible())
         return false;
     user.click(box, {box.height() / 2, box.height() / 2});
