@@ -151,9 +151,4 @@ void ItemStore::move_item(Key item, Key category, QDate today)
     Query(connection_, "UPDATE items_1 SET cat = ?, modified = ? WHERE key_id = ?", category, today, item).run();
 }
 
-StatusCode ItemStore::write_status(Key item)
-{
-    return tarnwick::write_status(connection_, item);
-}
-
 } // namespace tarnwick

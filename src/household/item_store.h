@@ -11,8 +11,6 @@
 
 namespace tarnwick {
 
-enum class StatusCode;
-
 /// A category as the item editor offers it.
 struct CategoryEntry {
     Key key = 0;
@@ -110,9 +108,6 @@ public:
     void link_line(Key line, Key item);
 
     void move_item(Key item, Key category, QDate today);
-
-    /// Writes the computed status code of an item and returns it.
-    StatusCode write_status(Key item);
 
 private:
     Connection& connection_;

@@ -50,13 +50,6 @@ StatusCode lite_status(Connection& connection, Key item)
     return active == 1 ? StatusCode::buy_it : StatusCode::inactive;
 }
 
-StatusCode write_status(Connection& connection, Key item)
-{
-    const StatusCode code = lite_status(connection, item);
-    Query(connection, "UPDATE items_1 SET status = ? WHERE key_id = ?", code_number(code), item).run();
-    return code;
-}
-
 QString get_status(Connection& connection, Key item)
 {
     if (item < 1)

@@ -52,10 +52,6 @@ StatusPictures status_pictures(StatusCode code);
 /// throws SQLite::Exception on a database error.
 StatusCode lite_status(Connection& connection, Key item);
 
-/// Computes the status code of a stock item, stores it with the item and returns it. Joins the caller's
-/// transaction.
-StatusCode write_status(Connection& connection, Key item);
-
 /// The status of a stock item in words: its lists and its category, joined by " :: ".
 QString get_status(Connection& connection, Key item);
 
