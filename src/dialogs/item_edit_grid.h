@@ -65,8 +65,6 @@ public:
     /// Whether the item stands twice on one of the lists.
     bool has_repeats() const { return has_repeats_; }
 
-    ListGrid& grid() { return *grid_; }
-
 signals:
     void changed(); ///< after each change that the user made
 

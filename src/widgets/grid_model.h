@@ -30,7 +30,6 @@ public:
     int rows() const { return static_cast<int>(rows_.size()); }
 
     void set_rows(std::vector<GridRow> rows);
-    void clear() { set_rows({}); }
 
     /// Inserts a row at its place by name, then key, and sorts the others first where a change of a name left
     /// them out of order. Returns the grid row.

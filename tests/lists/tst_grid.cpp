@@ -254,7 +254,7 @@ void tst_grid::scroll_bar_counts_by_the_scroll_test()
     grid->set_type_size(12);
     QVERIFY(grid->scroll_bar_shown());
     grid->resize(500, 1);
-    grid->rows().clear();
+    grid->rows().set_rows({});
     QVERIFY(!grid->scroll_bar_shown());
 }
 
