@@ -10,6 +10,7 @@
 #include "window/layout.h"
 #include "support/test_window.h"
 #include "support/error_number.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QFile>
@@ -252,8 +253,8 @@ void tst_start::an_arcp_of_a_deleted_recipe_leaves_name_and_page_empty()
     QCOMPARE(window.Text1().text(), QString());
     for (const char* control : {"ingred(0)", "lite(0)", "Check1(0)"})
         QVERIFY2(!window.control(QLatin1String(control)).isVisible(), control);
-    for (int button = 10; button <= 13; ++button)
-        QVERIFY(!window.find<QToolButton>(QStringLiteral("Toolbar1(%1)").arg(button))->isEnabled());
+    for (const auto which : {ToolButton::print, ToolButton::preview, ToolButton::word_processor, ToolButton::email})
+        QVERIFY(!window.find<QToolButton>(tool_button(which))->isEnabled());
     QCOMPARE(window.pref(QStringLiteral("arcp")), QStringLiteral("9"));
 }
 

@@ -5,6 +5,7 @@
 #include "support/table_dump.h"
 #include "widgets/row_editor.h"
 #include "window/commands.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QMessageBox>
@@ -146,13 +147,13 @@ void tst_clearing::clearing_is_not_offered_in_the_all_lists_view()
 {
     HomeWithLists home;
     frmmain& main = home.load();
-    QVERIFY(home.find<QToolButton>(QStringLiteral("Toolbar1(2)"))->isEnabled());
+    QVERIFY(home.find<QToolButton>(tool_button(ToolButton::clear))->isEnabled());
     QVERIFY(main.commands().action(QStringLiteral("mnu_list_del")).isEnabled());
     QAction& all = main.commands().list_entry(2);
     QVERIFY(all.isEnabled());
     all.trigger();
     QVERIFY(main.shared.all_lists_view);
-    QVERIFY(!home.find<QToolButton>(QStringLiteral("Toolbar1(2)"))->isEnabled());
+    QVERIFY(!home.find<QToolButton>(tool_button(ToolButton::clear))->isEnabled());
     QVERIFY(!main.commands().action(QStringLiteral("mnu_list_del")).isEnabled());
 }
 

@@ -7,6 +7,7 @@
 #include "widgets/row_editor.h"
 #include "window/page_colors.h"
 #include "window/view_state.h"
+#include "support/tool_button.h"
 
 #include <QStatusBar>
 #include <QtTest>
@@ -427,7 +428,7 @@ void tst_list_manager::menu_entry_and_button_open_and_close_the_window()
     w.add_list(QStringLiteral("Weekly"));
     w.load();
     QVERIFY(!w.manager() && !w.ticked());
-    auto* button = w.find<QToolButton>(QStringLiteral("Toolbar1(3)"));
+    auto* button = w.find<QToolButton>(tool_button(ToolButton::lists));
     QVERIFY(button->isEnabled());
     QTest::mouseClick(button, Qt::LeftButton);
     QVERIFY(w.manager()->isVisible());

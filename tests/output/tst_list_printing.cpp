@@ -5,6 +5,7 @@
 #include "output/print_fixture.h"
 #include "output/printing.h"
 #include "window/view_state.h"
+#include "support/tool_button.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -196,7 +197,7 @@ void tst_list_printing::the_print_button_prints_the_list_on_show()
     TestPrinter printer(w);
     w.rows(3);
     w.open();
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QCOMPARE(printer.jobs, 1);
     QVERIFY(printer.job(0).value(0).text().contains(QLatin1String("Corner shop list")));
 }
@@ -466,14 +467,14 @@ void tst_list_printing::the_proposed_name_holds_no_slash_and_ends_in_pdf()
 
 void tst_list_printing::an_empty_list_is_told()
 {
-    for (const int index : {print_button, preview_button}) {
+    for (const ToolButton which : {ToolButton::print, ToolButton::preview}) {
         EditingWindow w;
         TestPrinter printer(w);
         set_report(w, "active", "0");
         w.load();
         MessageScript script;
         script.expect(QStringLiteral("Valora info"), QStringLiteral("No items to print"));
-        click_button(w, index);
+        click_button(w, which);
         QCOMPARE(printer.jobs, 0);
     }
 }
@@ -508,8 +509,8 @@ void tst_list_printing::without_a_list_print_and_preview_are_disabled()
     w.set_pref(QStringLiteral("alist"), QStringLiteral("-1"));
     w.load();
     QVERIFY(!w.main().commands().action(QStringLiteral("mnu_list_Print")).isEnabled());
-    for (const int index : {print_button, preview_button})
-        QVERIFY(!w.find<QWidget>(QStringLiteral("Toolbar1(%1)").arg(index))->isEnabled());
+    for (const ToolButton which : {ToolButton::print, ToolButton::preview})
+        QVERIFY(!w.find<QWidget>(tool_button(which))->isEnabled());
 }
 
 void tst_list_printing::an_open_row_is_written_before_it_is_printed()
@@ -521,7 +522,7 @@ void tst_list_printing::an_open_row_is_written_before_it_is_printed()
     w.open();
     w.open_row(1);
     w.type_into("desc_brdr", QStringLiteral("ripe"));
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QVERIFY(!w.editor().is_open());
     QVERIFY(printer.job(0).value(0).text().contains(QLatin1String("Item 001: ripe")));
 }

@@ -20,7 +20,7 @@ void preview(EditingWindow& w, const std::function<void(QDialog&)>& look)
         look(window);
         window.reject(); // where a failed check left it open
     });
-    click_button(w, preview_button);
+    click_button(w, ToolButton::preview);
 }
 
 QString shown_number(QDialog& window)

@@ -2,6 +2,7 @@
 #include "support/message_script.h"
 #include "support/test_window.h"
 #include "window/commands.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -106,7 +107,7 @@ void tst_print_setup::menu_and_drop_down_open_it()
     if (menu)
         action = &main.commands().action(QStringLiteral("mnu_list_prntsetup"));
     else
-        action = window_->find<QToolButton>(QStringLiteral("Toolbar1(10)"))->menu()->actions().front();
+        action = window_->find<QToolButton>(tool_button(ToolButton::print))->menu()->actions().front();
     QCOMPARE(action->objectName(), menu ? QStringLiteral("mnu_list_prntsetup") : QStringLiteral("PRNT_OPT"));
     QVERIFY(action->isEnabled());
     action->trigger();

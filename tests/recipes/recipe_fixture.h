@@ -15,6 +15,7 @@
 #include "stock/stock_tree.h"
 #include "support/message_script.h"
 #include "support/test_window.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QFrame>
@@ -120,8 +121,9 @@ public:
     /// All buttons that print, preview, export and send the page are enabled; or all disabled.
     bool page_buttons_enabled(bool enabled)
     {
-        for (int i = 10; i <= 13; ++i) {
-            if (control(QStringLiteral("Toolbar1(%1)").arg(i)).isEnabled() != enabled)
+        for (const auto which :
+             {ToolButton::print, ToolButton::preview, ToolButton::word_processor, ToolButton::email}) {
+            if (control(tool_button(which)).isEnabled() != enabled)
                 return false;
         }
         return true;

@@ -1,6 +1,7 @@
 #include "stock/tidying_fixture.h"
 
 #include "widgets/row_editor.h"
+#include "support/tool_button.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -655,7 +656,7 @@ void tst_item_tidying::a_sort_stores_the_name_that_is_being_typed()
     load();
     const MessageScript no_message;
     begin_edit(node(milk_), QStringLiteral("Almond milk"));
-    auto* sort = window_->find<QToolButton>(QStringLiteral("Toolbar1(16)"));
+    auto* sort = window_->find<QToolButton>(tool_button(ToolButton::sort));
     QVERIFY(sort->isVisible() && sort->isEnabled());
     QTest::mouseClick(sort, Qt::LeftButton, {}, QPoint(10, 10));
     QVERIFY(shared().stock_alpha);

@@ -4,6 +4,7 @@
 #include "stock/stock_tree.h"
 #include "widgets/list_grid.h"
 #include "widgets/row_editor.h"
+#include "support/tool_button.h"
 
 #include <QAccessible>
 #include <QAbstractScrollArea>
@@ -300,8 +301,8 @@ void tst_accessible::the_two_new_buttons_differ()
 {
     Window w;
     w.start();
-    const QString list = access(w.control(QStringLiteral("Toolbar1(1)"))).text(QAccessible::Name);
-    const QString recipe = access(w.control(QStringLiteral("Toolbar1(5)"))).text(QAccessible::Name);
+    const QString list = access(w.control(tool_button(ToolButton::new_list))).text(QAccessible::Name);
+    const QString recipe = access(w.control(tool_button(ToolButton::new_recipe))).text(QAccessible::Name);
     QCOMPARE(list, QStringLiteral("New shopping list"));
     QCOMPARE(recipe, QStringLiteral("New recipe"));
 }

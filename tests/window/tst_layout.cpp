@@ -10,6 +10,7 @@
 #include "window/view_state.h"
 #include "stock/stock_tree.h"
 #include "support/test_window.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QFrame>
@@ -496,13 +497,13 @@ void tst_layout::three_sizes_by_toolbar_menu_and_restart_give_the_same_rows()
     QCOMPARE(w.pref(QStringLiteral("font")), QString::number(size));
 
     start_at_another();
-    auto* button = w.find<QToolButton>(QStringLiteral("Toolbar1(18)"));
+    auto* button = w.find<QToolButton>(tool_button(ToolButton::size));
     button->menu()->findChild<QAction*>(drop_down)->trigger();
     QCOMPARE(row_heights(w.main()), by_restart);
 
     w.set_pref(QStringLiteral("font"), QStringLiteral("9"));
     w.load();
-    button = w.find<QToolButton>(QStringLiteral("Toolbar1(18)"));
+    button = w.find<QToolButton>(tool_button(ToolButton::size));
     QVERIFY(button->isVisible());
     for (int i = 0; i < presses; ++i)
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, 8));

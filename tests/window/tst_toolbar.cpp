@@ -7,6 +7,7 @@
 #include "stock/stock_tree.h"
 #include "support/message_script.h"
 #include "support/test_window.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QDialog>
@@ -21,7 +22,7 @@ namespace {
 
 QToolButton* button(frmmain& main, ToolButton which)
 {
-    return main.findChild<QToolButton*>(QStringLiteral("Toolbar1(%1)").arg(static_cast<int>(which)));
+    return main.findChild<QToolButton*>(tool_button(which));
 }
 
 void click(frmmain& main, ToolButton which)
