@@ -85,7 +85,10 @@ QString key_str(int key)
 {
     if (key < 0 || key > 9999)
         return {};
-    return QStringLiteral("%1").arg(key, 4, 10, QLatin1Char('0'));
+    QString digits(4, u'0');
+    for (qsizetype i = digits.size(); key > 0; key /= 10)
+        digits[--i] = QChar(u'0' + key % 10);
+    return digits;
 }
 
 QString strip_apostrophes(QString& text)

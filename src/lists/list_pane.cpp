@@ -205,7 +205,7 @@ void ListPane::set_CreateList(bool show)
                                                     "on the toolbar (notepad icon marked 'New' on the far left) \n"
                                                     " - or choose 'Shopping list/New list' from the menu bar"));
         QFont font = txtCreateList_->font();
-        font.setStretch(QFont::Unstretched);
+        font.setStretch(QFont::AnyStretch);
         font.setPointSize(program_.shared.type_size > 0 ? program_.shared.type_size : font.pointSize());
         txtCreateList_->setFont(font);
         place_notice();

@@ -36,6 +36,16 @@ QString category_key(Key category)
     return NodeKey{NodeKind::category, category}.text();
 }
 
+/// A picture or status as Tag. There are few, and each is one text for all nodes.
+QString tag_of(int number)
+{
+    static QHash<int, QString> tags;
+    QString& tag = tags[number];
+    if (tag.isEmpty())
+        tag = QString::number(number);
+    return tag;
+}
+
 int folder_picture(bool other, bool open)
 {
     if (other)
@@ -109,7 +119,7 @@ QTreeWidgetItem* StockTree::make_folder(const CatalogueFolder& category)
     const int picture = other && category.items == 0 ? 0 : folder_picture(other, open);
     const QString key = category_key(category.key);
     QTreeWidgetItem* node = tree_.make_node(key, other ? QStringLiteral("OTHER") : category.name, picture,
-                                            picture > 0 ? QString::number(picture) : QString());
+                                            picture > 0 ? tag_of(picture) : QString());
     if (other && category.items > 0)
         node->setForeground(0, other_color);
     if (open && !other)
@@ -120,26 +130,35 @@ QTreeWidgetItem* StockTree::make_folder(const CatalogueFolder& category)
 /// Adds the items folder by folder in one piece each; the query has them in name order already.
 void StockTree::load_items(bool alpha)
 {
+    struct Folder {
+        QTreeWidgetItem* node;
+        QList<QTreeWidgetItem*> items;
+    };
     QList<QTreeWidgetItem*> flat;
-    QHash<Key, QList<QTreeWidgetItem*>> by_category;
+    QHash<Key, Folder> folders;
+    const auto folder_of = [&](Key category) -> Folder& {
+        const auto known = folders.find(category);
+        return known != folders.end() ? *known : *folders.insert(category, {category_node(category), {}});
+    };
     const auto take = [&](const CatalogueItem& item) {
-        if (!alpha && !category_node(item.category))
+        Folder* folder = alpha ? nullptr : &folder_of(item.category);
+        if (folder && !folder->node)
             return;
-        QTreeWidgetItem* node
-            = tree_.make_node(item_key(item.key), item.name, item.status, QString::number(item.status));
-        (alpha ? flat : by_category[item.category]).append(node);
+        QTreeWidgetItem* node = tree_.make_node(item_key(item.key), item.name, item.status, tag_of(item.status));
+        (folder ? folder->items : flat).append(node);
     };
     try {
         read_items(program_.connection, take);
     } catch (...) {
-        for (const auto& nodes : std::as_const(by_category))
-            flat.append(nodes);
+        for (const Folder& folder : std::as_const(folders))
+            flat.append(folder.items);
         tree_.drop_unplaced(flat);
         throw;
     }
     tree_.addTopLevelItems(flat);
-    for (auto folder = by_category.cbegin(); folder != by_category.cend(); ++folder)
-        category_node(folder.key())->addChildren(folder.value());
+    for (const Folder& folder : std::as_const(folders))
+        if (folder.node)
+            folder.node->addChildren(folder.items);
 }
 
 void StockTree::open_folders()
@@ -197,7 +216,7 @@ void StockTree::set_item_code(Key item, StatusCode code)
     if (!node)
         return;
     tree_.set_picture(node, code_number(code));
-    TreeView::set_tag(node, QString::number(code_number(code)));
+    TreeView::set_tag(node, tag_of(code_number(code)));
 }
 
 void StockTree::item_changed(const ItemChange& change)
@@ -242,8 +261,8 @@ void StockTree::add_category_node(Key category, const QString& name)
     // The table tells the place: a folder that was renamed may stand out of order in the tree.
     const auto before = category_before(program_.connection, category);
     const int place = before ? tree_.indexOfTopLevelItem(&tree_.require_node(category_key(*before))) + 1 : 0;
-    QTreeWidgetItem* node = tree_.insert_node(nullptr, place, category_key(category), name, category_closed,
-                                              QString::number(category_closed));
+    QTreeWidgetItem* node
+        = tree_.insert_node(nullptr, place, category_key(category), name, category_closed, tag_of(category_closed));
     tree_.select(node);
     tree_.ensure_visible(node);
 }
@@ -253,7 +272,7 @@ QTreeWidgetItem* StockTree::add_item_node(Key item, Key category, const QString&
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &tree_.require_node(category_key(category));
     const int count = folder ? folder->childCount() : tree_.topLevelItemCount();
     QTreeWidgetItem* node = tree_.insert_node(folder, tree_.place_of(folder, name, count), item_key(item), name,
-                                              code_number(code), QString::number(code_number(code)));
+                                              code_number(code), tag_of(code_number(code)));
     tree_.sort_children(folder);
     tree_.select(node);
     tree_.ensure_visible(node);
