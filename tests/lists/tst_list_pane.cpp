@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QFrame>
+#include <QHeaderView>
 #include <QTest>
 #include <QTextBrowser>
 

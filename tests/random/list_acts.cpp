@@ -47,7 +47,7 @@ bool click_some_cell(User& user, GridColumn column, Qt::MouseButton button)
 
 bool click_cell(User& user)
 {
-    return click_some_cell(user, user.below(grid_column_count), Qt::LeftButton);
+    return click_some_cell(user, static_cast<GridColumn>(user.below(grid_column_count)), Qt::LeftButton);
 }
 
 bool click_row_box(User& user)

@@ -124,7 +124,7 @@ void Oracle::check_stock_tree()
 void Oracle::check_recipe_tree()
 {
     TreeView& tree = main_.recipe_tree().view();
-    const RecipePage& page = main_.recipe_page();
+    RecipePage& page = main_.recipe_page();
     int expected = tree.is_flat() ? 0 : 15;
     Query recipes(db_, "SELECT key_id, r_name, cat FROM recipe_1");
     for (; recipes.next(); ++expected) {

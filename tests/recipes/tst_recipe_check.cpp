@@ -384,7 +384,7 @@ void tst_recipe_check::a_check_shows_on_every_line_of_its_item()
         window.click_check(wanted ? 2 : 0);
         QCOMPARE(window.number("SELECT to_get FROM groc_1"), wanted ? 1 : 0);
         for (const char* picture : {"lite", "Check1"})
-            QCOMPARE(window.picture(picture, GridColumn::item), window.picture(picture, GridColumn::light));
+            QCOMPARE(window.picture(picture, 2), window.picture(picture, 0));
         QCOMPARE(window.picture("lite", 0), wanted ? 179 : 183);
         const QString words = get_status(window.db(), window.item);
         for (const char* line : {"ingred(0)", "ingred(2)"})
@@ -398,7 +398,7 @@ void tst_recipe_check::unlinked_and_linked_lines_change_their_kind()
     window.load();
     ItemChange change;
     change.cause = Cause::item_editor;
-    change.items.push_back({window.item, 6, 6, 6});
+    change.items.push_back({window.item, StatusCode::inactive, StatusCode::inactive, StatusCode::inactive});
     change.record.emplace();
     Query(window.db(), "UPDATE recipe_2 SET item_ref = -1").run();
     window.page().line_stock().item_changed(change);

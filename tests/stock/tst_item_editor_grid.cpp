@@ -114,9 +114,9 @@ void tst_item_editor_grid::a_press_below_the_rows_that_ends_on_one_acts_on_none(
 
 void tst_item_editor_grid::a_press_that_slips_to_another_cell_acts_on_its_own_data()
 {
-    QTest::addColumn<int>("pressed");
+    QTest::addColumn<GridColumn>("pressed");
     QTest::addColumn<int>("released_row");
-    QTest::addColumn<int>("released");
+    QTest::addColumn<GridColumn>("released");
     QTest::newRow("from the description to the on-list box") << GridColumn::desc << 0 << GridColumn::light;
     QTest::newRow("from the buy-it box to the on-list box") << GridColumn::check << 0 << GridColumn::light;
     QTest::newRow("from the buy-it box to that of the next row") << GridColumn::check << 1 << GridColumn::check;
@@ -126,9 +126,9 @@ void tst_item_editor_grid::a_press_that_slips_to_another_cell_acts_on_its_own_da
 
 void tst_item_editor_grid::a_press_that_slips_to_another_cell_acts_on_its_own()
 {
-    QFETCH(int, pressed);
+    QFETCH(GridColumn, pressed);
     QFETCH(int, released_row);
-    QFETCH(int, released);
+    QFETCH(GridColumn, released);
     EditorCase test;
     open(test, [&](RowHands& hands) {
         hands.press_at(hands.middle_of(0, pressed));
@@ -203,7 +203,7 @@ void tst_item_editor_grid::boxes_cover_their_cells()
     open(test, [&](RowHands& hands) {
         QCOMPARE(hands.grid().row_height(), size == 9 ? 19 : size == 10 ? 24 : 28);
         hands.click_cell(1, GridColumn::coupon);
-        const std::pair<const char*, int> boxes[]
+        const std::pair<const char*, GridColumn> boxes[]
             = {{"desc_brdr", GridColumn::desc}, {"qty_brdr", GridColumn::qty}, {"chck_box", GridColumn::coupon},
                {"dp_frame", GridColumn::date},  {"dp_brdr", GridColumn::date}, {"aisle_brdr", GridColumn::aisle}};
         const QRect grid(hands.grid().mapTo(&hands.dialog, QPoint()), hands.grid().size());

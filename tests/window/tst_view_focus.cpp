@@ -234,7 +234,7 @@ void tst_view_focus::tab_keys_move_nothing()
     QWidget* const focus = QApplication::focusWidget();
     QCOMPARE(focus, &w.control(control));
     const int row = w.grid().current_row();
-    const int column = w.grid().current_col();
+    const GridColumn column = w.grid().current_col();
     const QString title = w.title().text();
     const QTreeWidgetItem* chosen = w.main().visible_tree().selected();
 
