@@ -38,7 +38,7 @@ using enum IngredientField;
 
 namespace {
 
-constexpr const char* tag = "Tag";
+constexpr const char* tag_property = "Tag";
 constexpr int room_for_list = 160; ///< pixels kept free under a line that is opened
 
 } // namespace
@@ -64,7 +64,8 @@ LineEditor::LineEditor(Program& program, RecipePage& page)
     connect(keys_.get(), &LineKeys::given_up, this, &LineEditor::give_up);
     connect(&list_, &PickList::given_up, this, &LineEditor::give_up);
     connect(keys_.get(), &LineKeys::row_picked, this, &LineEditor::picked);
-    connect(picks_.get(), &LinePicks::out_of_sight, this, &LineEditor::go_to);
+    connect(picks_.get(), &LinePicks::out_of_sight, this,
+            [this](IngredientField field) { boxes_->edit(field).setFocus(Qt::NoFocusReason); });
     connect(&list_, &PickList::picked, this, &LineEditor::picked);
     connect(&list_, &PickList::left, this, &LineEditor::list_left);
     connect(buttons_.get(), &LineButtons::line_wanted, clicks_.get(), &LineClicks::open_line);
@@ -112,7 +113,6 @@ void LineEditor::show_r_line(const LineDraft& draft, std::optional<int> index)
 
 void LineEditor::fill_boxes()
 {
-    boxes_->make_buttons();
     for (const IngredientField field : ingredient_fields) {
         const QString& text = draft_.text(field);
         boxes_->show_text(field, text);
@@ -128,11 +128,11 @@ void LineEditor::fill_boxes()
     pencil.setVisible(!is_new);
     QAbstractButton& cross = boxes_->imgScratch();
     cross.setToolTip(is_new ? QStringLiteral("Cancel adding ingredient") : QStringLiteral("Delete ingredient"));
-    cross.setProperty(tag, is_new ? QStringLiteral("ns") : QStringLiteral("edit"));
+    cross.setProperty(tag_property, is_new ? QStringLiteral("ns") : QStringLiteral("edit"));
     cross.show();
-    page_.frame3().setProperty(tag, QString::number(index_));
+    page_.frame3().setProperty(tag_property, QString::number(index_));
     if (is_new)
-        line().ingred->setProperty(tag, QStringLiteral(" "));
+        line().ingred->setProperty(tag_property, QStringLiteral(" "));
 }
 
 void LineEditor::show_controls()
@@ -216,6 +216,8 @@ void LineEditor::picked(int row)
     }
 }
 
+/// Takes a row of the stock list as the line's item; the name that is in the box already changes nothing. Goes on
+/// to the comment.
 void LineEditor::ListIngred_select(int row)
 {
     const Key chosen = list_.item_data(row);
@@ -230,7 +232,7 @@ void LineEditor::ListIngred_select(int row)
             name += text.back();
         name_->choose(name, chosen);
         if (draft_.is_new())
-            boxes_->imgScratch().setProperty(tag, QStringLiteral("edit"));
+            boxes_->imgScratch().setProperty(tag_property, QStringLiteral("edit"));
         write();
         name_->show_chosen();
         list_.set_content(PickList::Content::chosen);
@@ -291,6 +293,7 @@ bool LineEditor::eventFilter(QObject* watched, QEvent* event)
 void LineEditor::go_to(IngredientField field)
 {
     QLineEdit& edit = boxes_->edit(field);
+    page_.show_control(edit);
     const bool had_focus = edit.hasFocus();
     if (!had_focus)
         edit.setFocus(Qt::OtherFocusReason);
@@ -509,7 +512,7 @@ void LineEditor::hide_controls()
         focus->clearFocus();
     boxes_->hide();
     if (open_)
-        boxes_->imgScratch().setProperty(tag, QStringLiteral("edit"));
+        boxes_->imgScratch().setProperty(tag_property, QStringLiteral("edit"));
     list_.clear_and_hide();
     for (const IngredientLine& shown : page_.lines()) {
         shown.ingred->set_selected(false);

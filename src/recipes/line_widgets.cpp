@@ -126,6 +126,13 @@ void IngredientText::changeEvent(QEvent* event)
         laid_out_width_ = -1;
 }
 
+void IngredientText::focusInEvent(QFocusEvent* event)
+{
+    QLabel::focusInEvent(event);
+    if (comes_by_key(event->reason()))
+        emit keyboard_came();
+}
+
 void IngredientText::mousePressEvent(QMouseEvent* event)
 {
     press_place_ = event->pos();

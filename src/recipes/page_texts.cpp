@@ -60,6 +60,8 @@ void PageTexts::read(Key recipe)
     const auto text = read_recipe(program_.connection, recipe);
     stored_ = text.value_or(RecipeText());
     set_recipe(text ? recipe : Key(-1));
+    program_.shared.cur_recipe = recipe;
+    program_.shared.cur_recipe_name = stored_.name;
     title_.setText(stored_.name);
     title_.setCursorPosition(0);
     text_.set_text(stored_.body);
@@ -80,14 +82,6 @@ void PageTexts::mark_text(bool edited)
 }
 
 void PageTexts::edit_updt()
-{
-    if (!is_edited())
-        return;
-    program_.shared.cur_recipe = recipe_;
-    write();
-}
-
-void PageTexts::store_edited()
 {
     if (is_edited())
         write();

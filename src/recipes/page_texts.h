@@ -27,12 +27,11 @@ public:
     Key recipe() const { return recipe_; } ///< whose they are; -1 none
     bool is_edited() const { return name_edited_ || text_edited_; } ///< since they were read or stored
 
-    /// Reads the texts of a recipe, unmarked. Without such a recipe they are empty and closed to typing.
+    /// Reads the texts of a recipe, unmarked, and makes it the current one. Without such a recipe they are empty
+    /// and closed to typing.
     void read(Key recipe);
 
-    /// Stores both when either was edited, and makes their recipe the current one. Throws SQLite::Exception.
-    void edit_updt();
-    void store_edited(); ///< the same, but whatever recipe is the current one stays it
+    void edit_updt(); ///< stores both when either was edited; throws SQLite::Exception
 
     void add_unstored(Rescue& rescue) const; ///< what of them is not stored
 

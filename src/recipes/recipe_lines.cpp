@@ -81,6 +81,7 @@ RecipeLines::Controls& RecipeLines::controls(int index)
                 [this, i](QPoint global) { emit drag_wanted(i, global); });
         connect(made.ingred, &IngredientText::mouse_up, this,
                 [this, i](Qt::MouseButton button, QPoint position) { emit mouse_up(i, button, position); });
+        connect(made.ingred, &IngredientText::keyboard_came, this, [this, i] { emit keyboard_came(i); });
         connect(made.ingred, &IngredientText::key_down, this, [this, i](int key) { emit key_down(i, key); });
         connect(made.Check1, &PagePicture::clicked, this, [this, i] { emit check_clicked(i); });
         pool_.push_back(made);

@@ -94,6 +94,7 @@ signals:
     void mouse_down(int index, Qt::MouseButton button, QPoint position);
     void drag_wanted(int index, QPoint global); ///< a line is dragged; place on the screen
     void mouse_up(int index, Qt::MouseButton button, QPoint position);
+    void keyboard_came(int index); ///< to a line; not by a press, nor with the window
     void key_down(int index, int key); ///< Qt::Key on the line that has the focus
     void check_clicked(int index);
 

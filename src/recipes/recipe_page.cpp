@@ -7,6 +7,7 @@
 #include "widgets/update_lock.h"
 #include "recipes/line_widgets.h"
 #include "widgets/fitted_label.h"
+#include "widgets/key_kinds.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
 #include "recipes/page_texts.h"
@@ -21,6 +22,7 @@
 #include "household/status.h"
 
 #include <QApplication>
+#include <QFocusEvent>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLabel>
@@ -40,7 +42,7 @@ constexpr int title_top = 8;
 constexpr int title_height = 24;
 constexpr int text_left = 14;
 constexpr int caret_room = 6; ///< under the caret's row, or its box would scroll
-constexpr int text_margin = 14; ///< under the instructions
+constexpr int room_below = 14; ///< under the instructions
 constexpr int least_text = 16; ///< height of the instructions when the page has no room for them
 constexpr int low_text = 200; ///< twips above the viewport's lower edge
 constexpr int hint_indent = 4; ///< with the margin of the instructions
@@ -80,6 +82,10 @@ RecipePage::RecipePage(Program& program, QWidget* parent)
     connect(text1_, &PageText::key_up, this, &RecipePage::scroll_bar_refresh);
     connect(text1_, &PageText::caret_moved, this, &RecipePage::show_caret);
     connect(text1_, &PageText::up_from_top, this, [this] { go_to_line(recipe_lines_->count() - 1); });
+    connect(recipe_lines_, &RecipeLines::keyboard_came, this, [this](int index) {
+        if (index < recipe_lines_->count())
+            show_control(*recipe_lines_->lines()[static_cast<size_t>(index)].ingred);
+    });
     line_stock_ = new LineStock(program_, *this);
     line_listener_ = std::make_unique<LineListener>(program_, *this);
     title_->installEventFilter(this);
@@ -120,7 +126,7 @@ void RecipePage::set_recipe(Key recipe)
 {
     // Whatever the way to another recipe, what was typed into this one is kept.
     close_line_editor();
-    texts_->store_edited();
+    texts_->edit_updt();
     texts_->tell_name_left(false);
     const UpdateLock lock(*frame4_);
     const QScopedValueRollback<bool> busy(page_busy_, true);
@@ -177,6 +183,9 @@ bool RecipePage::eventFilter(QObject* watched, QEvent* event)
         go_to_line(0);
         return true;
     }
+    if (watched == title_ && event->type() == QEvent::FocusIn
+        && comes_by_key(static_cast<QFocusEvent*>(event)->reason()))
+        show_control(*title_);
     if (watched == frame4_ && event->type() == QEvent::Wheel)
         return scroll_bar_->isVisible() && QCoreApplication::sendEvent(scroll_bar_, event);
     return QObject::eventFilter(watched, event);
@@ -228,7 +237,7 @@ void RecipePage::place_text()
     const int top = text_top();
     const int shown = frame4_->height() - (top - scrolled_);
     const bool too_low = shown < page_geometry::to_pixels(low_text);
-    const int height = too_low ? least_text : std::max(least_text, shown - text_margin);
+    const int height = too_low ? least_text : std::max(least_text, shown - room_below);
     text1_->setGeometry(text_left, top, text_width(), height);
     text1_->verticalScrollBar()->setValue(0);
 }
@@ -269,14 +278,15 @@ void RecipePage::scroll_bar_refresh()
 
 int RecipePage::get_scroll_scale() const
 {
-    return page_geometry::scroll_scale(recipe_lines_->upper_bound(), text1_->length(), text1_->line_ends(),
+    const auto [length, line_ends] = text1_->extent();
+    return page_geometry::scroll_scale(recipe_lines_->upper_bound(), length, line_ends,
                                        page_geometry::px_x(text1_->width()), program_.shared.type_size);
 }
 
 // The estimate counts a row of text lower than any font draws it: the page ends where its text ends.
 int RecipePage::content_height() const
 {
-    return std::max(get_scroll_scale(), text_top() + text1_->full_height() + text_margin);
+    return std::max(get_scroll_scale(), text_top() + text1_->full_height() + room_below);
 }
 
 bool RecipePage::has_room(const QString& text) const
@@ -324,6 +334,12 @@ void RecipePage::show_stretch(int top, int bottom)
     scroll();
 }
 
+void RecipePage::show_control(const QWidget& control)
+{
+    if (!page_busy_)
+        show_stretch(control.geometry().top(), control.geometry().bottom());
+}
+
 // The page scrolls after the caret, so that the text never moves inside its box.
 void RecipePage::show_caret()
 {
@@ -332,7 +348,7 @@ void RecipePage::show_caret()
     scroll_bar_refresh();
     const int caret_top = text1_->y() + text1_->caret_top();
     const int caret_bottom = text1_->y() + text1_->caret_bottom();
-    show_stretch(caret_top, caret_bottom + text_margin + caret_room);
+    show_stretch(caret_top, caret_bottom + room_below + caret_room);
     text1_->verticalScrollBar()->setValue(0);
 }
 
@@ -400,14 +416,11 @@ void RecipePage::go_to_line(int index)
     const int count = recipe_lines_->count();
     if (index < 0) {
         title_->setFocus(Qt::OtherFocusReason);
-        show_stretch(0, title_->geometry().bottom());
     } else if (index >= count) {
         text1_->setFocus(Qt::OtherFocusReason);
     } else {
-        IngredientText* line = recipe_lines_->lines()[static_cast<size_t>(index)].ingred;
         state.cur_line = index;
-        line->setFocus(Qt::OtherFocusReason);
-        show_stretch(line->geometry().top(), line->geometry().bottom());
+        recipe_lines_->lines()[static_cast<size_t>(index)].ingred->setFocus(Qt::OtherFocusReason);
     }
 }
 

@@ -51,7 +51,8 @@ public:
     QLineEdit& title() { return *title_; }
     PageText& Text1() { return *text1_; }
 
-    /// Rebuilds the page, however long. Below 1, or without such a recipe, it is empty and closed to typing.
+    /// Rebuilds the page, however long, with a recipe, which is the current one from now on. Below 1, or without
+    /// such a recipe, it is empty and closed to typing.
     void set_recipe(Key recipe);
 
     PageTexts& texts() { return *texts_; } ///< name and instructions: what is typed, and its storing
@@ -89,6 +90,7 @@ public:
 
     /// Scrolls as little as needed to bring a stretch of the page into the viewport, pixels from its top.
     void show_stretch(int top, int bottom);
+    void show_control(const QWidget& control); ///< one that lies on the page
 
     /// The line's item name.
     QString rcp_item(int index) const;

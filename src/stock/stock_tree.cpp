@@ -210,6 +210,7 @@ QTreeWidgetItem* StockTree::category_node(Key category) const
     return tree_.node(category_key(category));
 }
 
+/// Picture and Tag of an item's node.
 void StockTree::set_item_code(Key item, StatusCode code)
 {
     QTreeWidgetItem* node = item_node(item);
@@ -254,6 +255,7 @@ Key StockTree::selected_category() const
     return NodeKey::of(node).record;
 }
 
+/// Behind the folder of the row before it in name order; in the category view only.
 void StockTree::add_category_node(Key category, const QString& name)
 {
     if (program_.shared.stock_alpha)
@@ -267,7 +269,8 @@ void StockTree::add_category_node(Key category, const QString& name)
     tree_.ensure_visible(node);
 }
 
-QTreeWidgetItem* StockTree::add_item_node(Key item, Key category, const QString& name, StatusCode code)
+/// Under its category, or at root level in the flat view; these nodes are sorted by name.
+void StockTree::add_item_node(Key item, Key category, const QString& name, StatusCode code)
 {
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &tree_.require_node(category_key(category));
     const int count = folder ? folder->childCount() : tree_.topLevelItemCount();
@@ -276,9 +279,9 @@ QTreeWidgetItem* StockTree::add_item_node(Key item, Key category, const QString&
     tree_.sort_children(folder);
     tree_.select(node);
     tree_.ensure_visible(node);
-    return node;
 }
 
+/// Keeps picture and Tag. In the flat view nothing moves.
 void StockTree::move_item_node(Key item, Key category)
 {
     QTreeWidgetItem* node = item_node(item);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "widgets/type_size.h"
+
 #include <QWidget>
 
 namespace tarnwick {
@@ -8,7 +10,7 @@ namespace tarnwick {
 inline void set_dialog_font(QWidget& dialog, int type_size)
 {
     QFont font = dialog.font();
-    font.setPointSize(type_size == 10 || type_size == 12 ? type_size : 9);
+    font.setPointSize(type_size == 10 || type_size == 12 ? type_size : first_type_size);
     dialog.setFont(font);
 }
 

@@ -25,7 +25,7 @@ namespace {
 
 constexpr int first_row_height = 19;
 constexpr int scroll_bar_width = 17;
-constexpr int text_margin = 3;
+constexpr int cell_margin = 3;
 constexpr int picture_margin = 1;
 constexpr std::array full_widths = {18, 18, 120, 120, 36, 18, 80, 36};
 
@@ -36,7 +36,7 @@ FittedText text_in_cell(const QModelIndex& index, int cell_width)
 {
     const QString text = index.data(Qt::DisplayRole).toString();
     const QFont font = index.data(Qt::FontRole).value<QFont>();
-    const int room = cell_width - text_margin - 1;
+    const int room = cell_width - cell_margin - 1;
     if (index.column() != column_number(GridColumn::item) && index.column() != column_number(GridColumn::desc))
         return fit_number(text, font, room);
     const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, room);
@@ -70,7 +70,7 @@ public:
             return;
         painter->setFont(shown.font);
         painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
-        painter->drawText(option.rect.adjusted(text_margin, 0, -1, 0),
+        painter->drawText(option.rect.adjusted(cell_margin, 0, -1, 0),
                           Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
     }
 

@@ -326,8 +326,10 @@ void TreeView::start_label_edit()
         return;
     bool cancel = false;
     emit before_label_edit(node, cancel);
-    if (!cancel)
-        editItem(node);
+    if (cancel)
+        return;
+    ensure_visible(node);
+    editItem(node);
 }
 
 void TreeView::finish_label_edit()

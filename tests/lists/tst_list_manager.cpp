@@ -5,7 +5,6 @@
 #include "recipes/recipe_page.h"
 #include "widgets/plain_style.h"
 #include "widgets/row_editor.h"
-#include "window/page_colors.h"
 #include "window/view_state.h"
 #include "support/tool_button.h"
 
@@ -402,7 +401,7 @@ void tst_list_manager::page_color_and_type_size_are_taken_over_at_once()
     w.open(three);
     const QColor pink(255, 204, 204);
     QVERIFY(ground(*w.label(0)) != pink);
-    set_color(w.main(), 1);
+    w.main().view_state().set_color(1);
     for (int i = 0; i < 4; ++i) {
         QCOMPARE(ground(*w.label(i)), pink);
         QCOMPARE(ground(*w.part<QLabel>("pct_list", i)), pink);

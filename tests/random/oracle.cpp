@@ -132,7 +132,7 @@ void Oracle::note_rows(const ItemChange& change)
     }
 }
 
-QStringList Oracle::check()
+QStringList Oracle::check(bool scrolled)
 {
     faults_ = store_faults(db_);
     if (window_.ends > 0)
@@ -145,6 +145,7 @@ QStringList Oracle::check()
     check_recipe_tree();
     check_page();
     check_words();
+    check_keyboard(scrolled);
     placed_before_ = placed_;
     lit_before_ = lit_;
     lagging_before_ = lagging_;

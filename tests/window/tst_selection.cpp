@@ -120,9 +120,8 @@ void tst_selection::menus_and_status_follow_the_keys()
 void tst_selection::menus_follow_a_new_node_a_sort_a_collapse_and_a_removal()
 {
     load();
-    StockTree& stock = window_->main().stock_tree();
     click(node(milk_));
-    stock.add_category_node(window_->add_category(QStringLiteral("Frozen")), QStringLiteral("Frozen"));
+    window_->main().household().make_category(QStringLiteral("Frozen"));
     QCOMPARE(text_of_selected(), QStringLiteral("Frozen"));
     check_selected();
     click(node(milk_));

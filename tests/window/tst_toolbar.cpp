@@ -319,7 +319,7 @@ void tst_toolbar::folder_button_is_enabled_only_in_category_order()
     TestWindow w;
     frmmain& main = w.load();
     QVERIFY(button(main, ToolButton::folders)->isEnabled());
-    main.view_state().sort_by_alpha();
+    main.view_state().sort(true);
     QVERIFY(!button(main, ToolButton::folders)->isEnabled());
     main.resize(990, 700);
     QApplication::processEvents();
