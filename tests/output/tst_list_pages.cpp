@@ -380,7 +380,7 @@ void tst_list_pages::a_page_beyond_the_last_is_refused()
 
 void tst_list_pages::damaged_options_count_as_the_nearest()
 {
-    const ListPages odd = pages(rows(60), {-7, 31, 1, 99});
+    const ListPages odd = pages(rows(60), {report_sort_of(-7), 31, 1, 99});
     QCOMPARE(odd.count(), 3); // one column of 27 rows, by item
     QVERIFY(!thing(odd.page(1), QStringLiteral("txtItem(0)")).bold);
 }
