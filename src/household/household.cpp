@@ -152,13 +152,13 @@ void Household::remove_line(Key line)
     emit line_gone(line);
 }
 
-std::optional<Key> Household::removed_from()
+std::optional<Household::RemovedFrom> Household::removed_from()
 {
     switch (removal_.kind()) {
     case LastRemoval::Kind::row:
-        return Key(0);
+        return RemovedFrom{.list = removal_.list()};
     case LastRemoval::Kind::line:
-        return removal_.recipe();
+        return RemovedFrom{.recipe = removal_.recipe()};
     default:
         return std::nullopt;
     }

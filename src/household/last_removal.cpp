@@ -49,11 +49,25 @@ LastRemoval::Kind LastRemoval::kind()
     return kind_;
 }
 
+void LastRemoval::pass_by(const std::function<void(Connection&)>& write)
+{
+    const Kind kept = kind();
+    write(connection_);
+    if (kept != Kind::none)
+        hold(kept);
+}
+
 std::optional<ItemStatus> LastRemoval::remove_row(Key groc_key)
 {
     Transaction transaction(connection_);
     keep("groc_1", "key_id", groc_key);
     keep("tie", "groc_id", groc_key);
+    list_ = -1;
+    {
+        Query kept(connection_, "SELECT list FROM temp.kept_tie");
+        if (kept.next())
+            list_ = kept.key(0);
+    }
     const auto item = remove_list_row(connection_, groc_key);
     transaction.commit();
     hold(item ? Kind::row : Kind::none);

@@ -8,6 +8,7 @@
 #include "widgets/fitted_text.h"
 #include "widgets/header_bar.h"
 #include "widgets/list_grid.h"
+#include "household/household.h"
 #include "household/list_store.h"
 #include "household/status.h"
 #include "widgets/row_editor.h"
@@ -89,7 +90,8 @@ void ListPane::lv_load(Key list_key)
     show_rows(list_store::read_rows(program_.connection, list_key));
     if (grid_->scroll_bar_shown() != bar_was_shown && grid_->rows().rows() > 0)
         grid_->set_current(0, GridColumn::desc);
-    list_store::mark_active(program_.connection, list_key);
+    program_.household.write_aside(
+        [list_key](Connection& connection) { list_store::mark_active(connection, list_key); });
     show_hint(list_key);
     set_col_widths();
     set_headers();

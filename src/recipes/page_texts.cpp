@@ -1,5 +1,6 @@
 #include "recipes/page_texts.h"
 
+#include "household/household.h"
 #include "household/rescue.h"
 #include "recipes/page_text.h"
 #include "widgets/focus_question.h"
@@ -89,9 +90,18 @@ void PageTexts::edit_updt()
 
 void PageTexts::write()
 {
-    if (!save_recipe(program_.connection, recipe_, title_.text(), text_.text()))
+    const RecipeText shown{trim(title_.text()), trim(text_.text())};
+    bool is_saved = false;
+    const auto save
+        = [&](Connection& connection) { is_saved = save_recipe(connection, recipe_, title_.text(), text_.text()); };
+    // A key that changes nothing, such as an arrow, marks the text as well.
+    if (shown.name == stored_.name && shown.body == stored_.body)
+        program_.household.write_aside(save);
+    else
+        save(program_.connection);
+    if (!is_saved)
         return;
-    stored_ = {trim(title_.text()), trim(text_.text())};
+    stored_ = shown;
     mark_name(false);
     mark_text(false);
 }

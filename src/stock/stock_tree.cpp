@@ -95,7 +95,7 @@ void StockTree::tv_load(bool alpha)
 void StockTree::load_folders()
 {
     open_at_load_.clear();
-    prepare_folders(program_.connection);
+    program_.household.write_aside(prepare_folders);
     QList<QTreeWidgetItem*> folders;
     const auto categories = read_categories(program_.connection);
     int nodes = static_cast<int>(categories.size());
@@ -183,7 +183,7 @@ void StockTree::close_folders()
             }
         }
     }
-    store_all_closed(program_.connection);
+    program_.household.write_aside(store_all_closed);
 }
 
 void StockTree::expanded(QTreeWidgetItem* node, bool open)
@@ -192,7 +192,8 @@ void StockTree::expanded(QTreeWidgetItem* node, bool open)
     if (program_.shared.form_loading || quiet_ || !key.is_category())
         return;
     tree_.set_picture(node, folder_picture(key.is_other(), open));
-    store_expand(program_.connection, key.record, open);
+    program_.household.write_aside(
+        [&key, open](Connection& connection) { store_expand(connection, key.record, open); });
 }
 
 void StockTree::show_closed(QTreeWidgetItem& folder)

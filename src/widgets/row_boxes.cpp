@@ -88,6 +88,7 @@ void RowBoxes::name_for_the_ear()
     qty->setAccessibleName(QStringLiteral("Quantity"));
     cpn_brdr->setAccessibleName(QStringLiteral("Coupon expiry date"));
     date->setAccessibleName(QStringLiteral("Coupon expiry date"));
+    date->setAccessibleDescription(QStringLiteral("Space switches the coupon, Down opens the calendar"));
     aisle->setAccessibleName(QStringLiteral("Aisle"));
     chck_box->setAccessibleName(QStringLiteral("Coupon"));
     set_drawn_control(*chck_box, DrawnControl::check_box);
@@ -283,6 +284,7 @@ void RowBoxes::set_page_color(const QColor& color)
 
 void RowBoxes::open_calendar(QDate shown)
 {
+    from_date_box_ = date->hasFocus();
     month_view->setSelectedDate(shown);
     month_view->setCurrentPage(shown.year(), shown.month());
     place_calendar();
@@ -308,7 +310,8 @@ void RowBoxes::place_calendar()
 void RowBoxes::close_calendar()
 {
     if (month_view->isAncestorOf(grid_.window()->focusWidget()))
-        grid_.setFocus(Qt::OtherFocusReason);
+        (from_date_box_ ? date : static_cast<QWidget*>(&grid_))->setFocus(Qt::OtherFocusReason);
+    from_date_box_ = false;
     month_view->hide();
 }
 

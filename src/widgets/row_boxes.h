@@ -41,7 +41,11 @@ public:
 
     void open_calendar(QDate shown); ///< under the date box, with the keyboard
     void place_calendar();
-    void close_calendar();
+    void close_calendar(); ///< the keyboard goes back to where it was, date box or grid
+    bool calendar_is_of_date_box() const
+    {
+        return from_date_box_;
+    } ///< it is open and gives the keyboard back to it
 
     void set_type_size(int points);
     void set_page_color(const QColor& color);
@@ -75,6 +79,7 @@ private:
     ListGrid& grid_;
     const RowEditorHost& host_;
     int type_size_ = 9;
+    bool from_date_box_ = false; ///< the calendar gives the keyboard back to it
 };
 
 } // namespace tarnwick

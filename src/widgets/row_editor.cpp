@@ -27,6 +27,7 @@ namespace {
 constexpr QStringView box_date = u"M/d/yy";
 constexpr const char* tag = "Tag";
 constexpr const char* text_before = "text_before"; ///< of a box: its text when the keyboard came
+constexpr const char* coupon_before = "coupon_before"; ///< of the date box, as above
 
 } // namespace
 
@@ -209,11 +210,22 @@ void RowEditor::fill_coupon()
     boxes_->chck_box->set_picture(grid_.rows().data(cell, GridModel::PictureRole).toInt());
     const QString text = grid_.rows().cell_text(row, GridColumn::date);
     const QDate date = QDate::fromString(trim(text), screen_date_format);
-    boxes_->date->setText(date.isValid() ? date.toString(box_date) : text);
+    show_date(date.isValid() ? date.toString(box_date) : text);
     boxes_->date->setProperty(tag, boxes_->date->text());
-    boxes_->date->home(false);
+    boxes_->date->setAccessibleName(QStringLiteral("Coupon expiry date")
+                                    + (on ? QString() : QStringLiteral(", no coupon")));
     if (!on)
         boxes_->close_calendar();
+}
+
+/// A box that takes no typing is marked while it has the keyboard, and left by one arrow key.
+void RowEditor::show_date(const QString& text)
+{
+    boxes_->date->setText(text);
+    if (boxes_->date->hasFocus() || boxes_->calendar_is_of_date_box())
+        boxes_->date->selectAll();
+    else
+        boxes_->date->home(false);
 }
 
 void RowEditor::fill_end_frame()
@@ -264,7 +276,7 @@ void RowEditor::choose_date(QDate date)
     if (row < 0 || boxes_->month_view->isHidden())
         return;
     grid_.rows().set_cell_text(row, GridColumn::date, date.toString(screen_date_format));
-    boxes_->date->setText(date.toString(box_date));
+    show_date(date.toString(box_date));
     boxes_->close_calendar();
     host_.date_chosen(row, date);
 }
@@ -304,10 +316,9 @@ bool RowEditor::eventFilter(QObject* watched, QEvent* event)
         // A button that the first click brought up under the pointer was not what the user meant.
         return qobject_cast<QAbstractButton*>(widget) && !LastPress::was_on(*widget);
     case QEvent::FocusIn:
-        if (const auto reason = static_cast<QFocusEvent*>(event)->reason();
-            reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
-            if (const auto* box = qobject_cast<QLineEdit*>(widget))
-                widget->setProperty(text_before, box->text());
+        if (const auto reason = static_cast<QFocusEvent*>(event)->reason(); reason != Qt::PopupFocusReason
+            && reason != Qt::ActiveWindowFocusReason && !boxes_->calendar_is_of_date_box())
+            note_before(*widget);
         return false;
     case QEvent::FocusOut:
         focus_left();
@@ -320,6 +331,25 @@ bool RowEditor::eventFilter(QObject* watched, QEvent* event)
     default:
         return false;
     }
+}
+
+void RowEditor::note_before(QWidget& box) const
+{
+    const bool is_date = &box == boxes_->date;
+    if (const auto* edit = qobject_cast<QLineEdit*>(&box))
+        box.setProperty(text_before, is_date ? grid_.rows().cell_text(edit_row(), GridColumn::date) : edit->text());
+    if (is_date)
+        box.setProperty(coupon_before, host_.coupon_on(edit_row()));
+}
+
+/// The date box takes no typing: its keys are those of the coupon box and of the calendar's button.
+bool RowEditor::key_on_coupon(int key)
+{
+    if (key == Qt::Key_Space)
+        boxes_->chck_box->click();
+    else if (key == Qt::Key_Down && boxes_->dtp_btn->isVisible())
+        show_calendar();
+    return key == Qt::Key_Space || key == Qt::Key_Down;
 }
 
 bool RowEditor::key_in_box(const QWidget* widget, int key)
@@ -349,6 +379,8 @@ bool RowEditor::key_in_box(const QWidget* widget, int key)
         grid_.setFocus(Qt::OtherFocusReason);
         return true;
     }
+    if (box->edit == boxes_->date && key_on_coupon(key))
+        return true;
     switch (key) {
     case Qt::Key_Right:
         return box->edit->caret_at_end() && go_to_box(place, 1);
@@ -362,8 +394,26 @@ bool RowEditor::key_in_box(const QWidget* widget, int key)
 void RowEditor::give_back(const RowBox& box)
 {
     const QVariant before = box.edit->property(text_before);
-    if (before.isValid() && !box.edit->isReadOnly())
+    if (box.edit == boxes_->date)
+        give_coupon_back();
+    else if (before.isValid())
         box.edit->setText(before.toString());
+}
+
+void RowEditor::give_coupon_back()
+{
+    const QVariant was_on = boxes_->date->property(coupon_before);
+    const int row = edit_row();
+    if (!was_on.isValid() || row < 0)
+        return;
+    if (host_.coupon_on(row) != was_on.toBool())
+        switch_coupon(row, was_on.toBool());
+    const QString text = boxes_->date->property(text_before).toString();
+    const QDate date = QDate::fromString(trim(text), screen_date_format);
+    if (!date.isValid() || text == grid_.rows().cell_text(row, GridColumn::date))
+        return;
+    grid_.rows().set_cell_text(row, GridColumn::date, text);
+    host_.date_chosen(row, date);
 }
 
 /// The box of a column of the current row, with the keyboard; null where there is none.

@@ -94,6 +94,7 @@ private:
     void bring_into_view(int row);
     void fill();
     void fill_coupon();
+    void show_date(const QString& text);
     void fill_end_frame();
     void clear_bold();
     void follow_current_row();
@@ -105,9 +106,12 @@ private:
     void edit_clicked();
 
     bool key_in_box(const QWidget* box, int key);
+    bool key_on_coupon(int key);
+    void note_before(QWidget& box) const;
     bool go_to_box(int from, int step);
     CellBox* open_box(GridColumn column);
     void give_back(const RowBox& box);
+    void give_coupon_back();
     void focus_left();
     void rows_scrolled();
 

@@ -5,6 +5,7 @@
 #include "household/status.h"
 #include "widgets/tool_tip.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QStatusBar>
