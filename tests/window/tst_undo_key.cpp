@@ -294,9 +294,9 @@ void tst_undo_key::a_line_comes_back_wherever_the_keyboard_has_been_data()
     add("an arrow key in the instructions", [](Window& w) {
         w.Text1().setFocus();
         w.press(Qt::Key_Right);
-        QVERIFY(w.page().is_edited());
+        QVERIFY(w.page().texts().is_edited());
         w.press(Qt::Key_F6);
-        QVERIFY(!w.page().is_edited());
+        QVERIFY(!w.page().texts().is_edited());
     });
     add("a line opened and left", [](Window& w) {
         w.press(Qt::Key_Return);
