@@ -107,9 +107,9 @@ std::optional<LastRemoval::ReturnedRow> LastRemoval::bring_back_row()
                    "SELECT t.groc_id, t.list, t.item_id, g.to_get FROM temp.kept_tie t, temp.kept_groc_1 g");
         if (link.next()) {
             const Key item = link.key(2);
-            returned = {link.key(0), link.key(1), {item, status_code::non_stock}};
-            returned->item.status = store_status(connection_, Cause::row_removal, item, link.flag(3))
-                                        .value_or(status_code::non_stock);
+            returned = {link.key(0), link.key(1), {item, StatusCode::non_stock}};
+            returned->item.status
+                = store_status(connection_, Cause::row_removal, item, link.flag(3)).value_or(StatusCode::non_stock);
         }
     }
     transaction.commit();

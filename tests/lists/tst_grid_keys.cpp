@@ -149,7 +149,7 @@ void tst_grid_keys::the_menu_key_opens_the_pop_up_of_the_row()
     QVERIFY(w.grid().rows().row(1).bold);
     menu.close();
     w.main().commands().action(QStringLiteral("mnu_lv_di")).trigger();
-    QCOMPARE(w.cell(1, grid_column::item), QStringLiteral("Item 002"));
+    QCOMPARE(w.cell(1, GridColumn::item), QStringLiteral("Item 002"));
 }
 
 void tst_grid_keys::escape_gives_back_what_the_box_had_and_closes_data()
@@ -178,7 +178,7 @@ void tst_grid_keys::escape_gives_back_what_the_box_had_and_closes()
     QCOMPARE(w.field(butter, field.constData()), QStringLiteral("[other]"));
     QTest::keyClick(&w.box(box.constData()), Qt::Key_Escape);
     QCOMPARE(w.field(butter, field.constData()), u'[' + before + u']');
-    QCOMPARE(w.cell(0, grid_column::item), QStringLiteral("Butter"));
+    QCOMPARE(w.cell(0, GridColumn::item), QStringLiteral("Butter"));
     QVERIFY(!w.editor().is_open());
     QVERIFY(w.grid().hasFocus());
 }
@@ -235,7 +235,7 @@ void tst_grid_keys::space_in_the_date_box_switches_the_coupon()
     QVERIFY(w.box("dp_brdr").hasFocus());
     press(Qt::Key_Space);
     QCOMPARE(w.field(butter, "cpn"), QStringLiteral("[0]"));
-    QCOMPARE(trim(w.cell(0, grid_column::date)), QString());
+    QCOMPARE(trim(w.cell(0, GridColumn::date)), QString());
     press(Qt::Key_Space);
     press(Qt::Key_Return);
     QVERIFY(w.grid().hasFocus());
@@ -296,7 +296,7 @@ void tst_grid_keys::escape_in_the_date_box_gives_coupon_and_date_back()
     if (on)
         w.coupon(butter, expiry, true);
     w.open();
-    const QString cell = w.cell(0, grid_column::date);
+    const QString cell = w.cell(0, GridColumn::date);
     go_to_date(w);
     press(Qt::Key_Space);
     if (on)
@@ -304,28 +304,28 @@ void tst_grid_keys::escape_in_the_date_box_gives_coupon_and_date_back()
     press(Qt::Key_Down);
     press(Qt::Key_Right);
     press(Qt::Key_Return);
-    QVERIFY(w.cell(0, grid_column::date) != cell);
+    QVERIFY(w.cell(0, GridColumn::date) != cell);
     press(Qt::Key_Escape);
     QVERIFY(!w.editor().is_open());
     QVERIFY(w.grid().hasFocus());
     QCOMPARE(w.field(butter, "cpn"), on ? QStringLiteral("[1]") : QStringLiteral("[0]"));
-    QCOMPARE(trim(w.cell(0, grid_column::date)), trim(cell));
+    QCOMPARE(trim(w.cell(0, GridColumn::date)), trim(cell));
     if (on)
         QCOMPARE(w.field(butter, "created"), u'[' + expiry + u']');
 }
 
 void tst_grid_keys::one_click_into_a_text_cell_puts_the_caret_there_data()
 {
-    QTest::addColumn<int>("column");
+    QTest::addColumn<GridColumn>("column");
     QTest::addColumn<QByteArray>("box");
-    QTest::newRow("description") << grid_column::desc << QByteArray("desc_brdr");
-    QTest::newRow("quantity") << grid_column::qty << QByteArray("qty_brdr");
-    QTest::newRow("aisle") << grid_column::aisle << QByteArray("aisle_brdr");
+    QTest::newRow("description") << GridColumn::desc << QByteArray("desc_brdr");
+    QTest::newRow("quantity") << GridColumn::qty << QByteArray("qty_brdr");
+    QTest::newRow("aisle") << GridColumn::aisle << QByteArray("aisle_brdr");
 }
 
 void tst_grid_keys::one_click_into_a_text_cell_puts_the_caret_there()
 {
-    QFETCH(int, column);
+    QFETCH(GridColumn, column);
     QFETCH(QByteArray, box);
     EditingWindow w;
     w.row(QStringLiteral("Butter"), QStringLiteral("aaaaaaaa"), QStringLiteral("aa"), QStringLiteral("aa"));
@@ -351,7 +351,7 @@ void tst_grid_keys::a_click_on_a_name_leaves_the_keyboard_in_the_grid()
     EditingWindow w;
     w.row(QStringLiteral("Butter"));
     w.open();
-    for (const int column : {grid_column::item, grid_column::coupon, grid_column::check}) {
+    for (const GridColumn column : {GridColumn::item, GridColumn::coupon, GridColumn::check}) {
         w.click_cell(0, column);
         QVERIFY(w.grid().hasFocus());
         w.editor().lv_edit_off();

@@ -57,7 +57,7 @@ public:
     void remove_row(int row)
     {
         grid().setFocus();
-        grid().set_current(row, grid_column::item);
+        grid().set_current(row, GridColumn::item);
         QTest::keyClick(&grid(), Qt::Key_Delete);
     }
     void remove_line(int line)
@@ -69,7 +69,7 @@ public:
     {
         QStringList names;
         for (int i = 0; i < grid().rows().rows(); ++i)
-            names << grid().rows().cell_text(i, grid_column::item);
+            names << grid().rows().cell_text(i, GridColumn::item);
         return names;
     }
     void choose_list(int entry) { main().commands().list_entry(entry).trigger(); }
@@ -121,7 +121,7 @@ void tst_undo_key::a_removed_row_comes_back_as_it_was()
     const QStringList names = w.names();
     if (by_cross) {
         w.grid().setFocus();
-        w.grid().set_current(row, grid_column::item);
+        w.grid().set_current(row, GridColumn::item);
         w.main().row_editor().show_l_line();
         QTest::mouseClick(&w.control(QStringLiteral("imgScratch")), Qt::LeftButton);
     } else {
@@ -294,9 +294,9 @@ void tst_undo_key::a_line_comes_back_wherever_the_keyboard_has_been_data()
     add("an arrow key in the instructions", [](Window& w) {
         w.Text1().setFocus();
         w.press(Qt::Key_Right);
-        QVERIFY(w.page().is_edited());
+        QVERIFY(w.page().texts().is_edited());
         w.press(Qt::Key_F6);
-        QVERIFY(!w.page().is_edited());
+        QVERIFY(!w.page().texts().is_edited());
     });
     add("a line opened and left", [](Window& w) {
         w.press(Qt::Key_Return);
