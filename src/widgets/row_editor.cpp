@@ -582,6 +582,7 @@ void RowEditor::place_end_frame()
     const bool fits
         = host_.has_edit_buttons() && !controls_->desc->isHidden() && name.width() >= width + gap + least;
     show_at(*controls_->frmEditDel, fits ? frame : QRect());
+    grid_.set_name_end(fits ? gap : 0);
     const int picture = controls_->imgedit->sizeHint().width();
     controls_->imgedit->setGeometry(fade, 0, picture, frame.height());
     controls_->imgScratch->setGeometry(fade + picture + between, 0, picture, frame.height());
