@@ -7,6 +7,7 @@
 #include "widgets/tree_view.h"
 #include "window/frmmain.h"
 #include "window/output_commands.h"
+#include "window/view_state.h"
 
 namespace tarnwick {
 namespace {
@@ -33,6 +34,8 @@ find_item* make_dialog(frmmain& main)
     QObject::connect(dialog, &find_item::match, &main, [&main](FindKind kind, Key key, bool& shown) {
         shown = kind == FindKind::stock ? show_item(main, key) : main.recipe_tree().choose(key);
     });
+    QObject::connect(&main.view_state(), &ViewState::looks_changed, dialog,
+                     [&main, dialog] { dialog->set_type_size(main.shared.type_size); });
     return dialog;
 }
 

@@ -25,7 +25,7 @@ void launch_help(frmmain& main)
 
 void show_about(frmmain& main)
 {
-    frmhelpabout(&main, main.environment().open_url).exec();
+    frmhelpabout(&main, main.shared.type_size, main.environment().open_url).exec();
 }
 
 } // namespace tarnwick

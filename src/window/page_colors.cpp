@@ -63,7 +63,9 @@ void set_color(frmmain& main, int index)
 
 void choose_color(frmmain& main)
 {
-    frmColor(&main, main.shared.color_index, [&main](int index) { set_color(main, index); }).exec();
+    frmColor(&main, main.shared.color_index, main.shared.type_size, [&main](int index) {
+        set_color(main, index);
+    }).exec();
 }
 
 } // namespace tarnwick
