@@ -110,12 +110,34 @@ void IngredientText::paintEvent(QPaintEvent*)
         marks.append(mark);
     }
     layout_.draw(&painter, {}, marks, rect());
-    if (!hasFocus())
+}
+
+void IngredientText::focusInEvent(QFocusEvent* event)
+{
+    QLabel::focusInEvent(event);
+    parentWidget()->update();
+}
+
+void IngredientText::focusOutEvent(QFocusEvent* event)
+{
+    QLabel::focusOutEvent(event);
+    parentWidget()->update();
+}
+
+/// Around the line that has the keyboard, clear of its text.
+void PageGround::paintEvent(QPaintEvent* event)
+{
+    constexpr int gap = 4;
+    QFrame::paintEvent(event);
+    const auto* line = qobject_cast<const IngredientText*>(focusWidget());
+    if (!line || !line->hasFocus() || line->parentWidget() != this)
         return;
     QStyleOptionFocusRect frame;
     frame.initFrom(this);
+    frame.rect = line->geometry().adjusted(-gap, 0, gap, 0);
     frame.state |= QStyle::State_KeyboardFocusChange;
     frame.backgroundColor = palette().color(QPalette::Window);
+    QPainter painter(this);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
 }
 

@@ -36,7 +36,8 @@ FittedText text_in_cell(const QModelIndex& index, int cell_width)
 {
     const QString text = index.data(Qt::DisplayRole).toString();
     const QFont font = index.data(Qt::FontRole).value<QFont>();
-    const int room = cell_width - text_margin - 1;
+    constexpr int before_box = 3; // the box of the coupon follows the quantity
+    const int room = cell_width - text_margin - (index.column() == grid_column::qty ? before_box : 1);
     if (index.column() != grid_column::item && index.column() != grid_column::desc)
         return fit_number(text, font, room);
     const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, room);

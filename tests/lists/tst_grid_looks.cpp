@@ -35,6 +35,8 @@ private slots:
     void a_long_quantity_is_told_whole();
     void captions_and_boxes_of_the_header_have_one_type_size_data() { type_sizes(); }
     void captions_and_boxes_of_the_header_have_one_type_size();
+    void no_quantity_touches_the_box_of_the_coupon_data() { type_sizes(); }
+    void no_quantity_touches_the_box_of_the_coupon();
     void no_caption_touches_its_box_data() { type_sizes(); }
     void no_caption_touches_its_box();
     void no_name_looks_out_behind_the_buttons_of_its_row_data() { type_sizes(); }
@@ -195,6 +197,27 @@ void tst_grid_looks::captions_and_boxes_of_the_header_have_one_type_size()
         QVERIFY(before->geometry().right() < grip->x() + 17 - 4);
         const auto* after = window_->find<QLabel>(QStringLiteral("listheader_lbl(%1)").arg(i == 0 ? 1 : 3));
         QVERIFY(after->x() >= grip->x() + 17 + 2);
+    }
+}
+
+void tst_grid_looks::no_quantity_touches_the_box_of_the_coupon()
+{
+    QFETCH(int, points);
+    const QStringList quantities{QStringLiteral("1 kg"), QStringLiteral("200 g"), QStringLiteral("8 oz"),
+                                 QStringLiteral("1 1/2"), QStringLiteral("1 pack")};
+    for (int i = 0; i < quantities.size(); ++i)
+        window_->row(QStringLiteral("Item %1").arg(i), QStringLiteral("some"), quantities[i]);
+    window_->open();
+    window_->main().view_state().set_type_size(points);
+    window_->main().visible_tree().setFocus();
+    const ListGrid& grid = window_->grid();
+    const QImage image = picture();
+    for (int row = 0; row < quantities.size(); ++row) {
+        const QRect cell = grid.cell_rect(row, grid_column::qty).translated(-grid.pos());
+        const QColor ground = image.pixelColor(empty_place(row));
+        const QRect end(cell.right() - 1, cell.top() + 1, 2, cell.height() - 2);
+        QVERIFY(best_contrast(image, cell.adjusted(3, 1, -4, -1), ground) >= 4.5);
+        QCOMPARE(best_contrast(image, end, ground), 1.0);
     }
 }
 

@@ -167,7 +167,7 @@ void tst_recipe_looks::no_row_of_instructions_is_cut_at_the_lower_edge()
         return w_->Text1().grab(QRect(0, 0, 120, w_->Text1().height())).toImage();
     };
     const QImage tall = text_at(900);
-    for (int height = 400; height < 800; height += 3) {
+    for (int height = 400; height < 800; height += 7) {
         const QImage image = text_at(height);
         QVERIFY(image.height() < tall.height());
         int last = image.height() - 1;
@@ -213,15 +213,20 @@ void tst_recipe_looks::the_line_with_the_keyboard_stands_out()
     open(9);
     set_color(w_->main(), color);
     IngredientText& line = *w_->page().lines().front().ingred;
-    const QImage without = line.grab().toImage();
+    const QRect frame = line.geometry().adjusted(-4, 0, 4, 0);
+    const auto picture = [&] { return line.parentWidget()->grab(frame).toImage(); };
+    const QImage without = picture();
     line.setFocus();
     QVERIFY(line.hasFocus());
-    const QImage with = line.grab().toImage();
+    const QImage with = picture();
     for (const QPoint edge :
          {QPoint(40, 0), QPoint(40, with.height() - 1), QPoint(0, 8), QPoint(with.width() - 1, 8)}) {
         QVERIFY(contrast(with.pixelColor(edge), page_color()) >= 3);
         QVERIFY(contrast(with.pixelColor(edge), without.pixelColor(edge)) >= 3);
     }
+    QCOMPARE(best_contrast(with, QRect(1, 1, 3, with.height() - 2), page_color()), 1.0); // clear of its text
+    w_->Text1().setFocus();
+    QCOMPARE(picture(), without);
 }
 
 void tst_recipe_looks::an_empty_recipe_says_what_to_do_next()
