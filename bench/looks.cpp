@@ -9,7 +9,6 @@
 #include "window/commands.h"
 #include "window/find_window.h"
 #include "window/layout.h"
-#include "window/page_colors.h"
 #include "window/view_state.h"
 
 #include <QFrame>
@@ -66,7 +65,7 @@ void measure_separator(Window& window)
 void measure_find()
 {
     Window window({9999, 200, 1, 10});
-    show_find(window.main(), FindKind::stock);
+    show_find(window.main().program(), window.main().panes(), FindKind::stock);
     auto* dialog = window->findChild<find_item*>(QStringLiteral("find_item"));
     auto* text = dialog->findChild<QLineEdit*>(QStringLiteral("Text1"));
     auto* button = dialog->findChild<QPushButton*>(QStringLiteral("Command1(0)"));
@@ -97,7 +96,7 @@ void measure_looks()
     const double color = median_ratio(
         9,
         [&] {
-            set_color(window.main(), ++turn % 4);
+            window.main().view_state().set_color(++turn % 4);
             Window::settle();
         },
         loads);

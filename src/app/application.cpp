@@ -1,7 +1,6 @@
 #include "app/application.h"
 
 #include "window/frmmain.h"
-#include "window/rescuer.h"
 #include "widgets/message_box.h"
 #include "widgets/plain_style.h"
 
@@ -31,8 +30,7 @@ bool Application::notify(QObject* receiver, QEvent* event)
         const runtime_error error = current_error();
         if (!main_)
             end_with_start_message(error);
-        main_->shared.ending = true;
-        rescue_typed(*main_);
+        main_->begin_ending();
         end_with_runtime_message(error);
     }
 }

@@ -52,6 +52,19 @@ public:
         return left.size() < right.size() ? -1 : left.size() > right.size() ? 1 : 0;
     }
 
+    /// Whether each character of a text has a rank; if so the ranks of the first ones are told.
+    template <size_t Count> bool tell_ranks(QStringView text, std::array<unsigned char, Count>& ranks) const
+    {
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            const int one = rank(text[i].unicode());
+            if (one == 0)
+                return false;
+            if (i < static_cast<qsizetype>(Count))
+                ranks[static_cast<size_t>(i)] = static_cast<unsigned char>(one);
+        }
+        return true;
+    }
+
     int compare_utf8(std::string_view left, std::string_view right) const
     {
         const size_t common = std::min(left.size(), right.size());
@@ -195,6 +208,22 @@ void check(sqlite3* handle, int result)
 int compare_names(QStringView left, QStringView right)
 {
     return NameOrder::instance().compare(left, right);
+}
+
+NameKey::NameKey(const QString& name)
+    : name_(name)
+    , is_plain_(NameOrder::instance().tell_ranks(name_, ranks_))
+{
+}
+
+bool NameKey::operator<(const NameKey& other) const
+{
+    if (is_plain_ && other.is_plain_) {
+        const auto size = static_cast<qsizetype>(ranks_.size());
+        if (ranks_ != other.ranks_ || (name_.size() <= size && other.name_.size() <= size))
+            return ranks_ < other.ranks_;
+    }
+    return compare_names(name_, other.name_) < 0;
 }
 
 bool like(QStringView text, QStringView pattern)

@@ -13,7 +13,10 @@
 #include <sqlite3.h>
 
 #include <array>
+#include <functional>
+#include <set>
 #include <string>
+#include <string_view>
 
 namespace tarnwick {
 namespace {
@@ -161,10 +164,27 @@ using Step = void (*)(Connection&);
 /// The steps from each version to the next, from version 1 on.
 constexpr std::array<Step, schema_version - 1> steps = {clean_texts};
 
+/// Whether the tables of a file were made with the very words of this version, as nearly all are.
+bool has_tables_as_made(const SQLite::Database& database)
+{
+    std::set<std::string, std::less<>> found;
+    SQLite::Statement made(database, "SELECT sql FROM sqlite_master WHERE type = 'table'");
+    while (made.executeStep())
+        found.insert(made.getColumn(0).getString());
+    const std::string_view all = tables;
+    for (size_t begin = all.find("CREATE TABLE"); begin != all.npos; begin = all.find("CREATE TABLE", begin + 1)) {
+        if (!found.contains(all.substr(begin, all.find(';', begin) - begin)))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 void refuse_incomplete(const SQLite::Database& database, const QString& name)
 {
+    if (has_tables_as_made(database))
+        return;
     SQLite::Database model(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     install_collation(model.getHandle());
     model.exec(tables);

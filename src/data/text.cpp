@@ -85,12 +85,10 @@ QString key_str(int key)
 {
     if (key < 0 || key > 9999)
         return {};
-    return QStringLiteral("%1").arg(key, 4, 10, QLatin1Char('0'));
-}
-
-Key record_key(QStringView node_key)
-{
-    return to_int16(node_key.last(qMin<qsizetype>(4, node_key.size())));
+    QString digits(4, u'0');
+    for (qsizetype i = digits.size(); key > 0; key /= 10)
+        digits[--i] = QChar(u'0' + key % 10);
+    return digits;
 }
 
 QString strip_apostrophes(QString& text)

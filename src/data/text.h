@@ -29,9 +29,6 @@ Key to_int16(QStringView text);
 /// The four digits of a key in a node key, "0000" to "9999"; empty for any other number.
 QString key_str(int key);
 
-/// The record key in the last four characters of a node key.
-Key record_key(QStringView node_key);
-
 /// Removes every apostrophe from the text in place, and returns the result as well.
 QString strip_apostrophes(QString& text);
 

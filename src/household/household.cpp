@@ -2,6 +2,7 @@
 
 #include "household/category_store.h"
 #include "household/ingredient_store.h"
+#include "household/line_draft.h"
 #include "household/list_store.h"
 #include "household/lists_store.h"
 #include "household/recipe_store.h"
@@ -67,7 +68,6 @@ Refusal Household::place(const Placement& placement)
     const auto placed = insert_list_row(connection_, placement);
     if (!placed)
         return Refusal::no_item;
-    last_groc_key_ = placed->groc_key;
     ItemChange change;
     change.cause = Cause::placing;
     change.items.push_back(codes_of(change.cause, {placement.item_key, placed->status}, placement.to_get));
@@ -128,9 +128,27 @@ void Household::remove_row(Key groc_key)
     emit item_changed(change);
 }
 
+std::optional<IngredientRow> Household::save_line(const LineDraft& draft)
+{
+    auto stored = tarnwick::save_line(connection_, draft);
+    if (stored && draft.is_new())
+        emit line_added(draft.recipe, *stored);
+    else if (stored)
+        emit line_changed(*stored);
+    return stored;
+}
+
+void Household::restore_line(const IngredientRow& line)
+{
+    tarnwick::restore_line(connection_, line);
+    if (const auto stored = read_line(connection_, line.key))
+        emit line_changed(*stored);
+}
+
 void Household::remove_line(Key line)
 {
     removal_.remove_line(line);
+    emit line_gone(line);
 }
 
 std::optional<Key> Household::removed_from()
@@ -192,9 +210,6 @@ void Household::announce_cleared(Key list, const ClearedRows& cleared, ClearMode
 Key Household::save_item(const ItemEdit& edit)
 {
     const ItemChange change = write_item_edit(connection_, edit);
-    for (const WrittenRow& written : change.written)
-        if (written.kind == WrittenRow::Kind::placed)
-            last_groc_key_ = written.row.groc_key;
     emit item_changed(change);
     return change.items.front().item;
 }

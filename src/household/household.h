@@ -48,6 +48,9 @@ struct LineMove {
     int place = 0;
 };
 
+struct IngredientRow;
+struct LineDraft;
+
 /// The user's operations on lists and stock. Each is one transaction, and is announced when it is in the file.
 /// Everything throws SQLite::Exception; nothing is written or announced then.
 class Household : public QObject {
@@ -73,6 +76,14 @@ public:
 
     /// Deletes a list row with its link and repairs `tie`.
     void remove_row(Key groc_key);
+
+    /// Writes what a draft changes of its line, or a whole new line, as `save_line` of `line_draft` does. Returns
+    /// the line as it is stored; nothing, and nothing is announced, when line or recipe have gone.
+    std::optional<IngredientRow> save_line(const LineDraft& draft);
+
+    /// Gives a line all its texts and its link back, -1 for a stock item that has gone. A line that has gone:
+    /// nothing.
+    void restore_line(const IngredientRow& line);
 
     /// Deletes an ingredient line and moves up those behind it.
     void remove_line(Key line);
@@ -126,13 +137,14 @@ public:
     /// either has gone, or the line stands there.
     void move_line(Key recipe, Key line, Key after);
 
-    Key last_groc_key() const { return last_groc_key_; } ///< the list row placed last; -1 none
-
 signals:
     void item_changed(const ItemChange& change);
     void lists_changed(const ListsChange& change);
     void items_gone(const ItemsGone& gone);
     void category_changed(const CategoryChange& change);
+    void line_added(Key recipe, const IngredientRow& line); ///< at the recipe's end
+    void line_changed(const IngredientRow& line); ///< as it is stored now
+    void line_gone(Key line);
     void line_returned(Key recipe, int place); ///< counted from 0
     void recipe_changed(const MadeRecord& made);
     void line_moved(const LineMove& move);
@@ -144,7 +156,6 @@ private:
 
     Connection& connection_;
     LastRemoval removal_;
-    Key last_groc_key_ = -1;
 };
 
 } // namespace tarnwick

@@ -57,18 +57,6 @@ std::vector<QString> lists_with_item(Connection& connection, Key item)
     return names;
 }
 
-std::vector<Key> lists_of_rows(Connection& connection, Key item)
-{
-    std::vector<Key> lists;
-    Query query(
-        connection,
-        "SELECT t.list FROM tie t, groc_1 g1 WHERE g1.key_id = t.groc_id AND t.item_id = ? ORDER BY t.key_id",
-        item);
-    while (query.next())
-        lists.push_back(query.key(0));
-    return lists;
-}
-
 std::optional<Key> category_of(Connection& connection, Key item)
 {
     Query row(connection, "SELECT i1.cat FROM items_1 i1 WHERE i1.key_id = ?", item);

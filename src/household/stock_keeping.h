@@ -14,9 +14,6 @@ namespace tarnwick {
 /// list without a record are left out. Everything here throws SQLite::Exception.
 std::vector<QString> lists_with_item(Connection& connection, Key item);
 
-/// The list of each row of a stock item, in the order of their placing, with a record or without.
-std::vector<Key> lists_of_rows(Connection& connection, Key item);
-
 /// The category of a stock item; nothing for no such item.
 std::optional<Key> category_of(Connection& connection, Key item);
 

@@ -1,7 +1,10 @@
 #include "household/stock_store.h"
 
+#include "data/collation.h"
 #include "data/query.h"
 #include "household/treatment.h"
+
+#include <algorithm>
 
 namespace tarnwick {
 
@@ -32,9 +35,24 @@ std::vector<CatalogueFolder> read_categories(Connection& connection)
 
 void read_items(Connection& connection, const std::function<void(const CatalogueItem&)>& take)
 {
-    Query rows(connection, "SELECT key_id, item, cat, status FROM items_1 ORDER BY item");
+    struct Row {
+        NameKey name;
+        Key key;
+        Key category;
+        int status;
+    };
+    std::vector<Row> items;
+    Query rows(connection, "SELECT key_id, item, cat, status FROM items_1 ORDER BY key_id");
     while (rows.next())
-        take({rows.key(0), trim(rows.text(1)), rows.key(2), rows.number(3)});
+        items.push_back({NameKey(rows.text(1)), rows.key(0), rows.key(2), rows.number(3)});
+    // Sorted here, where a name is looked at once: the order of a query would compare texts over and over.
+    std::vector<const Row*> order;
+    order.reserve(items.size());
+    for (const Row& item : items)
+        order.push_back(&item);
+    std::stable_sort(order.begin(), order.end(), [](const Row* a, const Row* b) { return a->name < b->name; });
+    for (const Row* item : order)
+        take({item->key, trim(item->name.name()), item->category, item->status});
 }
 
 void store_expand(Connection& connection, Key category, bool open)

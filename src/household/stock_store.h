@@ -50,7 +50,8 @@ void store_expand(Connection& connection, Key category, bool open);
 /// Stores that all categories are closed.
 void store_all_closed(Connection& connection);
 
-/// The list rows of a stock item that a click on its box may change, first placed first.
+/// The list rows of a stock item, first placed first, whether their lists have a record or not: those that a click
+/// on its box may change.
 std::vector<TiedRow> clickable_rows(Connection& connection, Key item);
 
 /// The box of an item in the tree: sets the buy-it mark of one of its rows, and the item's status to plain

@@ -212,12 +212,12 @@ void list_list::place_rows()
     VScroll1_->setGeometry(area.width() - bar_width, 0, bar_width, area.height());
 
     constexpr int label_right = 4;
-    constexpr int mark = 2; // where the frame of the keyboard's row is drawn
+    constexpr int focus_line = 2; // above and below a name, which has a ground of its own
     int index = -VScroll1_->value();
     for (const ListRow& row : rows_) {
         row.frame->setGeometry(0, row_top(index++), area.width() - bar_width, row_height);
-        row.label->setGeometry(label_left, mark, row.frame->width() - label_left - label_right,
-                               row_height - 2 * mark);
+        row.label->setGeometry(label_left, focus_line, row.frame->width() - label_left - label_right,
+                               row_height - 2 * focus_line);
     }
     const int notice_top = row_top(1);
     const int notice_height = 4 * fontMetrics().lineSpacing();

@@ -84,6 +84,7 @@ void ListPane::lv_load(Key list_key)
     const bool bar_was_shown = grid_->scroll_bar_shown();
     if (row_editor_->is_open())
         row_editor_->lv_edit_off();
+    program_.shared.current_list = list_key;
     program_.shared.all_lists_view = list_key < 1;
     show_rows(list_store::read_rows(program_.connection, list_key));
     if (grid_->scroll_bar_shown() != bar_was_shown && grid_->rows().rows() > 0)
@@ -205,7 +206,7 @@ void ListPane::set_CreateList(bool show)
                                                     "on the toolbar (notepad icon marked 'New' on the far left) \n"
                                                     " - or choose 'Shopping list/New list' from the menu bar"));
         QFont font = txtCreateList_->font();
-        font.setStretch(QFont::Unstretched);
+        font.setStretch(QFont::AnyStretch);
         font.setPointSize(program_.shared.type_size > 0 ? program_.shared.type_size : font.pointSize());
         txtCreateList_->setFont(font);
         place_notice();

@@ -41,7 +41,8 @@ public:
     HeaderBar& header() { return *header_; }
     RowEditor& row_editor() { return *row_editor_; }
 
-    /// Loads the grid with a list; below 1 with all lists together. Marks the list active.
+    /// Loads the grid with a list, which is the current one from now on; below 1 with all lists together. Marks the
+    /// list active.
     void lv_load(Key list_key);
 
     /// Makes the first row of a `groc_1` key current. False, and no change, when there is none.

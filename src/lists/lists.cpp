@@ -53,26 +53,29 @@ void Lists::lists_changed(const ListsChange& change)
 
 void Lists::list_made(Key list)
 {
-    program_.shared.current_list = list;
     program_.settings.write(QLatin1String(settings_app::dialogs), QStringLiteral("prefs"), QStringLiteral("alist"),
                             QString::number(list));
-    set_mnu_lists();
+    read_lists(list);
 }
 
 void Lists::set_mnu_lists()
+{
+    read_lists(program_.shared.current_list);
+}
+
+/// The choice may be older than the lists: there is none without a list, and with lists there is one.
+void Lists::read_lists(Key chosen)
 {
     SharedValues& shared = program_.shared;
     const std::vector<ShoppingList> all = shopping_lists(program_.connection);
     if (all.empty()) {
         shared.current_list = -1;
         shared.all_lists_view = false;
-    } else if (shared.current_list < 0) {
-        shared.current_list = 0; // the stored choice may be older than the lists
     }
     emit lists_read(all);
     pane_.set_CreateList(all.empty() && shared.list_pane_shown);
     if (!all.empty())
-        pane_.lv_load(shared.current_list);
+        pane_.lv_load(std::max(chosen, Key{0}));
 }
 
 void Lists::choose(const QString& caption, const QString& tag)
@@ -90,13 +93,11 @@ void Lists::choose(const QString& caption, const QString& tag)
 
 void Lists::choose_list(const QString& caption, const QString& tag)
 {
-    SharedValues& shared = program_.shared;
     const bool all = caption == QLatin1String("All");
-    shared.all_lists_view = all;
-    shared.current_list = all ? Key{0} : to_int16(tag);
+    const Key list = all ? Key{0} : to_int16(tag);
     program_.settings.set_pref(QStringLiteral("s_all"), all ? QStringLiteral("1") : QStringLiteral("0"));
-    program_.settings.set_pref(QStringLiteral("alist"), QString::number(shared.current_list));
-    pane_.lv_load(shared.current_list);
+    program_.settings.set_pref(QStringLiteral("alist"), QString::number(list));
+    pane_.lv_load(list);
 }
 
 void Lists::rename_list()
@@ -156,27 +157,24 @@ void Lists::list_del()
 
 void Lists::list_deleted(std::optional<Key> first_left)
 {
-    program_.shared.current_list = first_left.value_or(Key{-1});
     // The setting takes "1" and not the key of the list that follows: kept as it is.
     program_.settings.set_pref(QStringLiteral("alist"), first_left ? QStringLiteral("1") : QStringLiteral("-1"));
     if (!first_left)
         hide_column_groups();
+    read_lists(first_left.value_or(Key{-1}));
     program_.l_r_refresh();
-    set_mnu_lists();
 }
 
 void Lists::locate(Key item)
 {
-    SharedValues& shared = program_.shared;
+    const SharedValues& shared = program_.shared;
     if (shared.list_pane_shown)
         pane_.row_editor().lv_edit_off();
     const auto tied = first_tied_row(program_.connection, item);
     if (!tied)
         return;
-    if (!shared.all_lists_view && tied->list_key != shared.current_list) {
-        shared.current_list = tied->list_key;
-        set_mnu_lists();
-    }
+    if (!shared.all_lists_view && tied->list_key != shared.current_list)
+        read_lists(tied->list_key);
     ListGrid& grid = pane_.grid();
     const int row = grid.rows().find_row(tied->groc_key);
     if (row < 0)

@@ -40,6 +40,7 @@ signals:
     void list_renamed(Key list, const QString& name);
 
 private:
+    void read_lists(Key chosen);
     void list_made(Key list);
     void list_deleted(std::optional<Key> first_left);
     void choose_list(const QString& caption, const QString& tag);

@@ -149,14 +149,14 @@ QLayout* pic_frm::place_buttons()
 
 void pic_frm::take_sort(int sort)
 {
-    options_.sort = static_cast<Key>(sort);
+    take_all();
     store("sort", sort);
     show_sample();
 }
 
 void pic_frm::take_col_ct(int index)
 {
-    options_.col_ct = static_cast<Key>(index + 1);
+    take_all();
     store("col_ct", index + 1);
     show_sample();
 }
@@ -165,25 +165,35 @@ void pic_frm::take_size(int index)
 {
     if (index < 0)
         return;
-    options_.size = static_cast<Key>(index);
+    take_all();
     store("size", index);
 }
 
 void pic_frm::take_active(bool active)
 {
-    options_.active = active ? 1 : 0;
-    store("active", options_.active);
+    take_all();
+    store("active", active ? 1 : 0);
 }
 
 /// What the controls show, as the buttons take it before they act.
 void pic_frm::take_all()
 {
+    options_ = chosen();
+}
+
+/// The options as the controls show them; one that they do not show stays.
+ReportOptions pic_frm::chosen() const
+{
+    ReportOptions shown = options_;
     for (size_t i = 0; i < Option2_.size(); ++i) {
         if (Option2_[i]->isChecked())
-            options_.sort = static_cast<Key>(i);
+            shown.sort = static_cast<Key>(i);
     }
-    options_.col_ct = OptionCol_[0]->isChecked() ? 1 : 2;
-    options_.active = Check1_->isChecked() ? 1 : 0;
+    shown.col_ct = OptionCol_[0]->isChecked() ? 1 : 2;
+    if (const int size = ComboSize_->currentIndex(); size >= 0)
+        shown.size = static_cast<Key>(size);
+    shown.active = Check1_->isChecked() ? 1 : 0;
+    return shown;
 }
 
 void pic_frm::command(int index)

@@ -41,6 +41,7 @@ private:
     void take_size(int index);
     void take_active(bool active);
     void take_all();
+    ReportOptions chosen() const;
     void command(int index);
     void show_sample();
     void store(const char* key, int value);

@@ -4,12 +4,6 @@
 #include <QPushButton>
 
 namespace tarnwick {
-namespace {
-
-/// The buttons in the order of their indices.
-enum Button { print, close_window, previous, next };
-
-} // namespace
 
 prev_rcp::prev_rcp(QWidget& owner, int points)
     : PreviewWindow(owner, QStringLiteral("prev_rcp"), points)

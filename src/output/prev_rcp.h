@@ -21,6 +21,9 @@ public:
     int page_count() const { return page_count_; }
 
 private:
+    /// The buttons in the order of their indices.
+    enum Button { print, close_window, previous, next };
+
     int page_no_ = 1;
     int page_count_ = 1;
     Wish wish_ = Wish::close;

@@ -7,13 +7,10 @@
 #include "household/household.h"
 #include "household/ingredient_store.h"
 #include "recipes/line_editor.h"
-#include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
 #include "household/status.h"
 
 #include <QScrollBar>
-
-#include <algorithm>
 
 namespace tarnwick {
 Ingredients::Ingredients(Program& program, RecipePage& page, LineEditor& editor)
@@ -39,14 +36,9 @@ bool Ingredients::begin_line()
     return false;
 }
 
-bool Ingredients::has_new_line() const
-{
-    return page_.next_index() > 0 && page_.lines().back().is_new();
-}
-
 int Ingredients::new_place() const
 {
-    return page_.next_index() - (has_new_line() ? 1 : 0);
+    return page_.next_index() - (page_.recipe_lines().has_new_line() ? 1 : 0);
 }
 
 // False when an error left no line to edit.
@@ -97,72 +89,18 @@ bool Ingredients::add_ingred(const LineDraft& draft)
         return false;
     }
     try {
-        insert(draft);
+        if (!program_.household.save_line(draft))
+            drop_new_line();
     } catch (...) {
         end_after_error(current_error());
     }
     return true;
 }
 
-void Ingredients::insert(const LineDraft& draft)
-{
-    Transaction transaction(program_.connection);
-    if (const auto inserted = save_line(program_.connection, draft)) {
-        show_inserted(*inserted);
-        transaction.commit();
-    } else {
-        drop_new_line();
-    }
-}
-
-void Ingredients::show_inserted(const IngredientRow& row)
-{
-    if (!has_new_line())
-        page_.new_line(row.key, row.item_ref, row.display_text(), row.item);
-    const int index = page_.next_index() - 1;
-    IngredientLine& line = page_.lines().at(static_cast<size_t>(index));
-    line.key = row.key;
-    line.item_ref = row.item_ref;
-    line.item = row.item;
-    line.text = row.display_text();
-    line.tool_tip = get_ttt(program_.connection, row.item_ref);
-    line.count_capitals();
-    page_.refresh_line(index);
-    page_.set_lites(index, lite_status(program_.connection, row.item_ref));
-    page_.layout_page();
-    page_.state.cur_line = index;
-}
-
-// A line that got another name is known by the name of its stock item from now on.
-void Ingredients::ingred_updt(int index, const LineDraft& draft)
-{
-    // The stock item may have gone, or got another name, while the line was open.
-    const IngredientRow row = read_line(program_.connection, draft.stored.key).value_or(draft.edited);
-    IngredientLine& line = page_.lines().at(static_cast<size_t>(index));
-    line.text = row.display_text();
-    line.item_ref = row.item_ref;
-    if (row.item != draft.opened.name)
-        line.item = stock_item_name(program_.connection, line.item_ref).value_or(row.item);
-    page_.refresh_line(index);
-    page_.set_lites(index, lite_status(program_.connection, line.item_ref));
-    page_.layout_page();
-}
-
 void Ingredients::ingred_del(int index)
 {
-    if (index < 0 || index >= page_.next_index())
-        return;
-    PageState& state = page_.state;
-    if (state.sel_line > 0 && state.sel_line == page_.recipe_lines().upper_bound())
-        --state.sel_line;
-    program_.household.remove_line(page_.lines()[static_cast<size_t>(index)].key);
-    const QWidget* focus = program_.window.focusWidget();
-    const bool goes_on = editor_.is_part(focus) || qobject_cast<const IngredientText*>(focus);
-    editor_.hide_line();
-    page_.set_recipe(page_.page_key());
-    page_.state.cur_line = std::min(index, page_.recipe_lines().upper_bound());
-    if (QWidget* place = goes_on ? page_.keyboard_place() : nullptr)
-        place->setFocus(Qt::OtherFocusReason);
+    if (index >= 0 && index < page_.next_index())
+        program_.household.remove_line(page_.lines()[static_cast<size_t>(index)].key);
 }
 
 void Ingredients::cancel()
@@ -177,7 +115,7 @@ void Ingredients::cancel()
 
 void Ingredients::drop_new_line()
 {
-    if (has_new_line())
+    if (page_.recipe_lines().has_new_line())
         page_.drop_last_line();
 }
 

@@ -22,11 +22,8 @@ public:
     /// Starts a line of a stock item with its display name, after a question when the recipe has it already.
     void drag_ingred(Key item, const QString& name);
 
-    /// Inserts the line at the recipe's end and shows it. False when the name is missing, after the message.
+    /// Inserts the line at the recipe's end. False when the name is missing, after the message.
     bool add_ingred(const LineDraft& draft);
-
-    /// Shows an edited line as it is stored, or as the draft has it when it has gone.
-    void ingred_updt(int index, const LineDraft& draft);
 
     void ingred_del(int index); ///< at once, without a question; no line has the focus afterwards
 
@@ -42,11 +39,8 @@ public:
 
 private:
     bool begin_line();
-    bool has_new_line() const;
     bool open(const LineDraft& draft);
     int new_place() const;
-    void insert(const LineDraft& draft);
-    void show_inserted(const IngredientRow& row);
     void drop_new_line();
 
     Program& program_;

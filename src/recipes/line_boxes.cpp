@@ -74,6 +74,18 @@ void LineBoxes::make_buttons()
     connect(imgScratch_, &QAbstractButton::clicked, this, &LineBoxes::scratch_clicked);
 }
 
+PictureButton& LineBoxes::imgedit()
+{
+    make_buttons();
+    return *imgedit_;
+}
+
+PictureButton& LineBoxes::imgScratch()
+{
+    make_buttons();
+    return *imgScratch_;
+}
+
 std::optional<IngredientField> LineBoxes::field_of(const QObject* widget) const
 {
     for (const IngredientField field : ingredient_fields) {

@@ -27,9 +27,8 @@ public:
     LineBoxes(QWidget& page, QObject& filter);
 
     CellBox& edit(IngredientField field) const { return *boxes_[static_cast<size_t>(field)].edit; }
-    PictureButton& imgedit() { return *imgedit_; } ///< from the first `make_buttons` on
-    PictureButton& imgScratch() { return *imgScratch_; }
-    void make_buttons(); ///< once, before they are needed first
+    PictureButton& imgedit();
+    PictureButton& imgScratch();
 
     std::optional<IngredientField> field_of(const QObject* widget) const; ///< nothing for other widgets
     bool is_button(const QObject* widget) const;
@@ -61,6 +60,7 @@ private:
         QString placeholder;
     };
 
+    void make_buttons();
     const Box& box(IngredientField field) const { return boxes_[static_cast<size_t>(field)]; }
     void set_text(IngredientField field, const QString& text, const QColor& color);
     QFont box_font(IngredientField field) const;

@@ -2,12 +2,14 @@
 
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
+#include "household/household.h"
 #include "household/status.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_boxes.h"
 #include "recipes/line_buttons.h"
 #include "recipes/line_clicks.h"
 #include "recipes/line_keys.h"
+#include "recipes/line_listener.h"
 #include "recipes/line_name.h"
 #include "recipes/line_picks.h"
 #include "recipes/line_widgets.h"
@@ -36,7 +38,7 @@ using enum IngredientField;
 
 namespace {
 
-constexpr const char* tag = "Tag";
+constexpr const char* tag_property = "Tag";
 constexpr int room_for_list = 160; ///< pixels kept free under a line that is opened
 
 } // namespace
@@ -62,7 +64,8 @@ LineEditor::LineEditor(Program& program, RecipePage& page)
     connect(keys_.get(), &LineKeys::given_up, this, &LineEditor::give_up);
     connect(&list_, &PickList::given_up, this, &LineEditor::give_up);
     connect(keys_.get(), &LineKeys::row_picked, this, &LineEditor::picked);
-    connect(picks_.get(), &LinePicks::out_of_sight, this, &LineEditor::go_to);
+    connect(picks_.get(), &LinePicks::out_of_sight, this,
+            [this](IngredientField field) { boxes_->edit(field).setFocus(Qt::NoFocusReason); });
     connect(&list_, &PickList::picked, this, &LineEditor::picked);
     connect(&list_, &PickList::left, this, &LineEditor::list_left);
     connect(buttons_.get(), &LineButtons::line_wanted, clicks_.get(), &LineClicks::open_line);
@@ -110,7 +113,6 @@ void LineEditor::show_r_line(const LineDraft& draft, std::optional<int> index)
 
 void LineEditor::fill_boxes()
 {
-    boxes_->make_buttons();
     for (const IngredientField field : ingredient_fields) {
         const QString& text = draft_.text(field);
         boxes_->show_text(field, text);
@@ -126,11 +128,11 @@ void LineEditor::fill_boxes()
     pencil.setVisible(!is_new);
     QAbstractButton& cross = boxes_->imgScratch();
     cross.setToolTip(is_new ? QStringLiteral("Cancel adding ingredient") : QStringLiteral("Delete ingredient"));
-    cross.setProperty(tag, is_new ? QStringLiteral("ns") : QStringLiteral("edit"));
+    cross.setProperty(tag_property, is_new ? QStringLiteral("ns") : QStringLiteral("edit"));
     cross.show();
-    page_.frame3().setProperty(tag, QString::number(index_));
+    page_.frame3().setProperty(tag_property, QString::number(index_));
     if (is_new)
-        line().ingred->setProperty(tag, QStringLiteral(" "));
+        line().ingred->setProperty(tag_property, QStringLiteral(" "));
 }
 
 void LineEditor::show_controls()
@@ -214,6 +216,8 @@ void LineEditor::picked(int row)
     }
 }
 
+/// Takes a row of the stock list as the line's item; the name that is in the box already changes nothing. Goes on
+/// to the comment.
 void LineEditor::ListIngred_select(int row)
 {
     const Key chosen = list_.item_data(row);
@@ -228,7 +232,7 @@ void LineEditor::ListIngred_select(int row)
             name += text.back();
         name_->choose(name, chosen);
         if (draft_.is_new())
-            boxes_->imgScratch().setProperty(tag, QStringLiteral("edit"));
+            boxes_->imgScratch().setProperty(tag_property, QStringLiteral("edit"));
         write();
         name_->show_chosen();
         list_.set_content(PickList::Content::chosen);
@@ -289,6 +293,7 @@ bool LineEditor::eventFilter(QObject* watched, QEvent* event)
 void LineEditor::go_to(IngredientField field)
 {
     QLineEdit& edit = boxes_->edit(field);
+    page_.show_control(edit);
     const bool had_focus = edit.hasFocus();
     if (!had_focus)
         edit.setFocus(Qt::OtherFocusReason);
@@ -348,7 +353,7 @@ void LineEditor::left_box(IngredientField field)
 void LineEditor::write()
 {
     if (!draft_.is_new() && draft_.is_changed())
-        draft_.stored_as(save_line(program_.connection, draft_));
+        draft_.stored_as(program_.household.save_line(draft_));
 }
 
 void LineEditor::leave()
@@ -371,7 +376,7 @@ void LineEditor::give_up()
             return std::tie(row.item_ref, row.qty, row.measure, row.item, row.comment);
         };
         if (fields(draft_.stored) != fields(before_))
-            restore_line(program_.connection, before_);
+            program_.household.restore_line(before_);
         draft_.stored = before_;
         hide_line();
     }
@@ -491,7 +496,7 @@ void LineEditor::lf_finish()
         }
     } else if (finished >= 0) {
         write();
-        ingredients_->ingred_updt(finished, draft_);
+        page_.line_listener().show_stored(finished, draft_.stored);
     }
     blacken_lines();
     open_ = false;
@@ -507,7 +512,7 @@ void LineEditor::hide_controls()
         focus->clearFocus();
     boxes_->hide();
     if (open_)
-        boxes_->imgScratch().setProperty(tag, QStringLiteral("edit"));
+        boxes_->imgScratch().setProperty(tag_property, QStringLiteral("edit"));
     list_.clear_and_hide();
     for (const IngredientLine& shown : page_.lines()) {
         shown.ingred->set_selected(false);
@@ -531,7 +536,7 @@ void LineEditor::hide_line()
     }
     // The line shows what was written while its boxes were left one by one.
     if (hidden >= 0 && !draft_.is_new())
-        ingredients_->ingred_updt(hidden, LineDraft::of(draft_.stored));
+        page_.line_listener().show_stored(hidden, draft_.stored);
     blacken_lines();
 }
 

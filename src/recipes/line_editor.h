@@ -65,10 +65,6 @@ public:
     /// Saves what can be saved and closes without a message: the page is about to change.
     void close_quietly();
 
-    /// Takes a row of the stock list as the line's item; the name that is in the box already changes
-    /// nothing. Goes on to the comment.
-    void ListIngred_select(int row);
-
     Ingredients& ingredients() { return *ingredients_; }
 
 protected:
@@ -85,6 +81,7 @@ private:
     void typed(IngredientField field);
     bool refuse_apostrophe();
     void picked(int row);
+    void ListIngred_select(int row);
 
     // Focus
     void go_to(IngredientField field);

@@ -65,10 +65,15 @@ void LineName::settle()
     show_link(false);
     const Key stock = draft_.edited.item_ref;
     if (another)
-        page_.lines()
-            .at(static_cast<size_t>(index))
-            .ingred->setToolTip(plain_tool_tip(stock > 0 ? get_status(connection_, stock)
-                                                         : u'\'' + name + QStringLiteral("': Non-stock item")));
+        show_tool_tip(
+            index, stock > 0 ? get_status(connection_, stock) : u'\'' + name + QStringLiteral("': Non-stock item"));
+}
+
+void LineName::show_tool_tip(int index, const QString& text)
+{
+    IngredientLine& shown = page_.lines().at(static_cast<size_t>(index));
+    shown.tool_tip = text;
+    shown.ingred->setToolTip(plain_tool_tip(text));
 }
 
 void LineName::choose(const QString& name, Key chosen)
@@ -81,9 +86,7 @@ void LineName::choose(const QString& name, Key chosen)
 void LineName::show_chosen()
 {
     show_link(false);
-    page_.lines()
-        .at(static_cast<size_t>(index_()))
-        .ingred->setToolTip(plain_tool_tip(get_status(connection_, draft_.edited.item_ref)));
+    show_tool_tip(index_(), get_status(connection_, draft_.edited.item_ref));
 }
 
 void LineName::restore()

@@ -45,6 +45,8 @@ public:
     void drop_apostrophes();
 
 private:
+    void show_tool_tip(int index, const QString& text);
+
     Connection& connection_;
     RecipePage& page_;
     LineBoxes& boxes_;

@@ -116,6 +116,8 @@ void IngredientText::focusInEvent(QFocusEvent* event)
 {
     QLabel::focusInEvent(event);
     parentWidget()->update();
+    if (comes_by_key(event->reason()))
+        emit keyboard_came();
 }
 
 void IngredientText::focusOutEvent(QFocusEvent* event)

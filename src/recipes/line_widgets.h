@@ -50,6 +50,7 @@ signals:
     /// Once for a press: the pointer has left its place, the left button alone down, for more than a click.
     void drag_wanted(QPoint global);
     void mouse_up(Qt::MouseButton button, QPoint position);
+    void keyboard_came(); ///< not by a press, nor with the window
     void key_down(int key); ///< Qt::Key, Key_Menu for the menu keys; Up and Down alone repeat
 
 protected:

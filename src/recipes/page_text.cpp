@@ -2,6 +2,7 @@
 
 #include "data/text.h"
 #include "household/recipe_store.h"
+#include "widgets/key_kinds.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
@@ -76,14 +77,10 @@ bool PageText::is_help_text() const
     return document()->characterCount() <= longest && trim(text()) == help_text();
 }
 
-qsizetype PageText::length() const
+PageText::Extent PageText::extent() const
 {
-    return document()->characterCount() - 1 + line_ends();
-}
-
-int PageText::line_ends() const
-{
-    return document()->blockCount() - 1;
+    const int line_ends = document()->blockCount() - 1;
+    return {document()->characterCount() - 1 + line_ends, line_ends};
 }
 
 void PageText::set_border_style(int style)
@@ -217,6 +214,8 @@ void PageText::focusInEvent(QFocusEvent* event)
 {
     empty_help_text();
     QPlainTextEdit::focusInEvent(event);
+    if (comes_by_key(event->reason()))
+        emit caret_moved();
 }
 
 /// A box that had the focus when the help text was loaded gets no focus event more.

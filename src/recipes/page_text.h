@@ -19,8 +19,12 @@ public:
 
     bool is_blank() const; ///< nothing but blanks
     bool is_help_text() const; ///< the help text of an unwritten recipe
-    qsizetype length() const; ///< characters of the text, two for a line end
-    int line_ends() const;
+
+    struct Extent {
+        qsizetype length; ///< characters, two for a line end
+        int line_ends;
+    };
+    Extent extent() const; ///< of the text
 
     int border_style() const { return border_style_; } ///< 1 while the box invites input
     void set_border_style(int style);
@@ -40,7 +44,7 @@ signals:
     void key_up();
     void left(); ///< the focus goes to another control of the window
     void up_from_top(); ///< the key Up in the first row
-    void caret_moved(); ///< by the user, or to a degree sign
+    void caret_moved(); ///< by the user, to a degree sign, or with the keyboard into the text
 
 protected:
     bool event(QEvent* event) override;

@@ -81,6 +81,7 @@ RecipeLines::Controls& RecipeLines::controls(int index)
                 [this, i](QPoint global) { emit drag_wanted(i, global); });
         connect(made.ingred, &IngredientText::mouse_up, this,
                 [this, i](Qt::MouseButton button, QPoint position) { emit mouse_up(i, button, position); });
+        connect(made.ingred, &IngredientText::keyboard_came, this, [this, i] { emit keyboard_came(i); });
         connect(made.ingred, &IngredientText::key_down, this, [this, i](int key) { emit key_down(i, key); });
         connect(made.Check1, &PagePicture::clicked, this, [this, i] { emit check_clicked(i); });
         pool_.push_back(made);
@@ -197,7 +198,7 @@ bool RecipeLines::has_room(const QString& text, int page_width, int type_size) c
     line.count_capitals();
     const int width = page_geometry::px_x(text_width(page_width));
     const int more_rows = page_geometry::estimated_rows(line.upper, line.other, width, 0) - 1;
-    const int index = count() - (count() > 0 && lines_.back().is_new() ? 1 : 0);
+    const int index = count() - (has_new_line() ? 1 : 0);
     return page_geometry::lite_top(index, wrap_extra_ + more_rows, type_size) <= page_geometry::lowest_lite;
 }
 

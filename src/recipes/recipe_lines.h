@@ -48,6 +48,9 @@ public:
     const std::vector<IngredientLine>& lines() const { return lines_; }
     int count() const { return static_cast<int>(lines_.size()); }
 
+    /// The last line is under the editor and not in the database yet.
+    bool has_new_line() const { return count() > 0 && lines_.back().is_new(); }
+
     /// The highest index of the control arrays: 0 for an empty page as well.
     int upper_bound() const { return count() > 0 ? count() - 1 : 0; }
 
@@ -90,6 +93,7 @@ signals:
     void mouse_down(int index, Qt::MouseButton button, QPoint position);
     void drag_wanted(int index, QPoint global); ///< a line is dragged; place on the screen
     void mouse_up(int index, Qt::MouseButton button, QPoint position);
+    void keyboard_came(int index); ///< to a line; not by a press, nor with the window
     void key_down(int index, int key); ///< Qt::Key on the line that has the focus
     void check_clicked(int index);
 

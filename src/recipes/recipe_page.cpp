@@ -9,6 +9,7 @@
 #include "recipes/line_widgets.h"
 #include "widgets/fitted_label.h"
 #include "widgets/focus_question.h"
+#include "widgets/key_kinds.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
 #include "household/recipe_store.h"
@@ -16,6 +17,7 @@
 #include "household/rescue.h"
 #include "recipes/ingredients.h"
 #include "recipes/line_editor.h"
+#include "recipes/line_listener.h"
 #include "recipes/line_stock.h"
 #include "widgets/tree_view.h"
 #include "household/status.h"
@@ -42,7 +44,7 @@ constexpr int title_top = 8;
 constexpr int title_height = 24;
 constexpr int text_left = 14;
 constexpr int caret_room = 6; ///< under the caret's row, or its box would scroll
-constexpr int text_margin = 14; ///< under the instructions
+constexpr int room_below = 14; ///< under the instructions
 constexpr int least_text = 16; ///< height of the instructions when the page has no room for them
 constexpr int low_text = 200; ///< twips above the viewport's lower edge
 constexpr int hint_indent = 4; ///< with the margin of the instructions
@@ -96,7 +98,12 @@ RecipePage::RecipePage(Program& program, QWidget* parent)
     connect(text1_, &PageText::caret_moved, this, &RecipePage::show_caret);
     connect(text1_, &PageText::up_from_top, this, [this] { go_to_line(recipe_lines_->count() - 1); });
     connect(text1_, &PageText::left, this, &RecipePage::edit_updt);
+    connect(recipe_lines_, &RecipeLines::keyboard_came, this, [this](int index) {
+        if (index < recipe_lines_->count())
+            show_control(*recipe_lines_->lines()[static_cast<size_t>(index)].ingred);
+    });
     line_stock_ = new LineStock(program_, *this);
+    line_listener_ = std::make_unique<LineListener>(program_, *this);
     title_->installEventFilter(this);
     frame4_->installEventFilter(this);
 }
@@ -182,6 +189,8 @@ void RecipePage::fill_text(Key recipe)
     const auto text = read_recipe(program_.connection, recipe);
     stored_ = text.value_or(RecipeText());
     set_page_key(text ? recipe : Key(-1));
+    program_.shared.cur_recipe = recipe;
+    program_.shared.cur_recipe_name = stored_.name;
     title_->setText(text ? text->name : QString());
     title_->setCursorPosition(0);
     text1_->set_text(text ? text->body : QString());
@@ -215,14 +224,6 @@ void RecipePage::mark_text(bool edited)
 }
 
 void RecipePage::edit_updt()
-{
-    if (!is_edited())
-        return;
-    program_.shared.cur_recipe = page_key();
-    write_page();
-}
-
-void RecipePage::store_edited()
 {
     if (is_edited())
         write_page();
@@ -317,6 +318,9 @@ bool RecipePage::eventFilter(QObject* watched, QEvent* event)
         go_to_line(0);
         return true;
     }
+    if (watched == title_ && event->type() == QEvent::FocusIn
+        && comes_by_key(static_cast<QFocusEvent*>(event)->reason()))
+        show_control(*title_);
     if (watched == title_ && event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (!leaves_control(reason))
@@ -378,7 +382,7 @@ void RecipePage::place_text()
     const int top = text_top();
     const int shown = frame4_->height() - (top - scrolled_);
     const bool too_low = shown < page_geometry::to_pixels(low_text);
-    const int height = too_low ? least_text : std::max(least_text, shown - text_margin);
+    const int height = too_low ? least_text : std::max(least_text, shown - room_below);
     text1_->setGeometry(text_left, top, text_width(), height);
     text1_->verticalScrollBar()->setValue(0);
 }
@@ -419,14 +423,15 @@ void RecipePage::scroll_bar_refresh()
 
 int RecipePage::get_scroll_scale() const
 {
-    return page_geometry::scroll_scale(recipe_lines_->upper_bound(), text1_->length(), text1_->line_ends(),
+    const auto [length, line_ends] = text1_->extent();
+    return page_geometry::scroll_scale(recipe_lines_->upper_bound(), length, line_ends,
                                        page_geometry::px_x(text1_->width()), program_.shared.type_size);
 }
 
 // The estimate counts a row of text lower than any font draws it: the page ends where its text ends.
 int RecipePage::content_height() const
 {
-    return std::max(get_scroll_scale(), text_top() + text1_->full_height() + text_margin);
+    return std::max(get_scroll_scale(), text_top() + text1_->full_height() + room_below);
 }
 
 bool RecipePage::has_room(const QString& text) const
@@ -474,6 +479,12 @@ void RecipePage::show_stretch(int top, int bottom)
     scroll();
 }
 
+void RecipePage::show_control(const QWidget& control)
+{
+    if (!page_busy_)
+        show_stretch(control.geometry().top(), control.geometry().bottom());
+}
+
 // The page scrolls after the caret, so that the text never moves inside its box.
 void RecipePage::show_caret()
 {
@@ -482,7 +493,7 @@ void RecipePage::show_caret()
     scroll_bar_refresh();
     const int caret_top = text1_->y() + text1_->caret_top();
     const int caret_bottom = text1_->y() + text1_->caret_bottom();
-    show_stretch(caret_top, caret_bottom + text_margin + caret_room);
+    show_stretch(caret_top, caret_bottom + room_below + caret_room);
     text1_->verticalScrollBar()->setValue(0);
 }
 
@@ -545,24 +556,12 @@ void RecipePage::go_to_line(int index)
     const int count = recipe_lines_->count();
     if (index < 0) {
         title_->setFocus(Qt::OtherFocusReason);
-        show_stretch(0, title_->geometry().bottom());
     } else if (index >= count) {
         text1_->setFocus(Qt::OtherFocusReason);
     } else {
-        IngredientText* line = recipe_lines_->lines()[static_cast<size_t>(index)].ingred;
         state.cur_line = index;
-        line->setFocus(Qt::OtherFocusReason);
-        show_stretch(line->geometry().top(), line->geometry().bottom());
+        recipe_lines_->lines()[static_cast<size_t>(index)].ingred->setFocus(Qt::OtherFocusReason);
     }
-}
-
-void RecipePage::line_returned(Key recipe, int place)
-{
-    if (recipe != page_key())
-        return;
-    set_recipe(recipe);
-    if (!frame4_->isHidden())
-        go_to_line(place);
 }
 
 bool RecipePage::editor_open() const
@@ -626,25 +625,6 @@ bool RecipePage::shows_item(Key item) const
 {
     const auto& all = recipe_lines_->lines();
     return item > 0 && std::any_of(all.begin(), all.end(), [&](const auto& line) { return line.item_ref == item; });
-}
-
-void RecipePage::line_moved(const LineMove& move)
-{
-    const int from = recipe_lines_->index_of(move.line);
-    if (move.recipe != page_key() || from < 0 || move.place >= recipe_lines_->count() || move.place == from)
-        return;
-    const bool had_focus = lines()[static_cast<size_t>(from)].ingred->hasFocus();
-    recipe_lines_->move(from, move.place);
-    for (int i = std::min(from, move.place); i <= std::max(from, move.place); ++i) {
-        const IngredientLine& line = lines()[static_cast<size_t>(i)];
-        refresh_line(i);
-        set_lites(i,
-                  line.item.isEmpty() ? status_code::non_stock : lite_status(program_.connection, line.item_ref));
-    }
-    layout_page();
-    // A key that is meant for the line that was moved must not reach the one that took its place.
-    if (had_focus)
-        lines()[static_cast<size_t>(move.place)].ingred->setFocus(Qt::OtherFocusReason);
 }
 
 void RecipePage::lists_changed(const ListsChange& change)

@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -23,11 +24,11 @@ namespace tarnwick {
 struct Program;
 class Ingredients;
 class LineEditor;
+class LineListener;
 class LineStock;
 class FocusQuestion;
 class PageText;
 struct Rescue;
-struct LineMove;
 struct ListsChange;
 
 /// What the page's own procedures hand to each other.
@@ -49,13 +50,12 @@ public:
     QLineEdit& title() { return *title_; }
     PageText& Text1() { return *text1_; }
 
-    /// Rebuilds the page, however long. Below 1, or without such a recipe, it is empty and closed to typing.
+    /// Rebuilds the page, however long, with a recipe, which is the current one from now on. Below 1, or without
+    /// such a recipe, it is empty and closed to typing.
     void set_recipe(Key recipe);
 
-    /// Saves name and instructions when either was edited, and makes the page's recipe the current one. Throws
-    /// SQLite::Exception.
+    /// Saves name and instructions when either was edited. Throws SQLite::Exception.
     void edit_updt();
-    void store_edited(); ///< the same, but whatever recipe is the current one stays it
 
     /// What a rescue of the page would hold: texts of the boxes that are not stored.
     void add_unstored(Rescue& rescue) const;
@@ -92,6 +92,7 @@ public:
 
     /// Scrolls as little as needed to bring a stretch of the page into the viewport, pixels from its top.
     void show_stretch(int top, int bottom);
+    void show_control(const QWidget& control); ///< one that lies on the page
 
     /// The line's item name.
     QString rcp_item(int index) const;
@@ -116,12 +117,6 @@ public:
 
     bool shows_item(Key item) const; ///< a line has this stock item
 
-    /// Shows a line of the recipe at its new place.
-    void line_moved(const LineMove& move);
-
-    /// Shows a line that has come back to the recipe on the page, and gives it the keyboard.
-    void line_returned(Key recipe, int place);
-
     /// Loads the page again when a list has gone, whose rows its lights depend on.
     void lists_changed(const ListsChange& change);
 
@@ -137,6 +132,7 @@ public:
 
     LineEditor& line_editor() { return *line_editor_; }
     LineStock& line_stock() { return *line_stock_; }
+    LineListener& line_listener() { return *line_listener_; }
     Ingredients& ingredients();
 
     // As of `Ingredients`, where the page takes lines: it has a recipe, and a title that may be left.
@@ -201,6 +197,7 @@ private:
     RecipeLines* recipe_lines_;
     LineEditor* line_editor_ = nullptr;
     LineStock* line_stock_ = nullptr;
+    std::unique_ptr<LineListener> line_listener_;
     // The Tags of title, Frame1 and instructions mirror these three.
     Key page_key_ = -1;
     bool name_edited_ = false;

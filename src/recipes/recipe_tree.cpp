@@ -178,8 +178,7 @@ int RecipeTree::proposed_category() const
 void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& category)
 {
     page_.edit_updt();
-    program_.shared.take_recipe(recipe, name);
-    program_.shared.stock_view = false;
+    program_.show_stock(false);
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &category_node(category);
     QTreeWidgetItem* node = tree_.add_node(folder, recipe_key(recipe), name, recipe_picture, {});
     if (folder)
@@ -187,8 +186,8 @@ void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& cat
     tree_.sort_children(folder);
     tree_.select(node);
     tree_.ensure_visible(node);
-    program_.show_list_pane(false);
     page_.set_recipe(recipe);
+    program_.show_list_pane(false);
     page_.Text1().set_border_style(1);
     page_.Text1().setFocus(Qt::OtherFocusReason);
 }
@@ -205,12 +204,8 @@ void RecipeTree::recip_del(Key recipe)
     delete_recipe(program_.connection, recipe);
     if (QTreeWidgetItem* node = recipe_node(recipe))
         take_off(node);
-    const QTreeWidgetItem* next = tree_.selected();
-    if (NodeKey::of(next).is_recipe())
-        program_.shared.take_recipe(NodeKey::of(next).record, trim(next->text(0)));
-    else
-        program_.shared.take_recipe(-1, {});
-    show_page(program_.shared.cur_recipe);
+    const NodeKey next = NodeKey::of(tree_.selected());
+    show_page(next.is_recipe() ? next.record : Key{-1});
 }
 
 // The page comes first: the commands that act on it depend on whether it has a recipe.
@@ -240,7 +235,6 @@ void RecipeTree::mv_rcp(const QString& category, Key recipe)
     const auto row = recipe_for_move(program_.connection, recipe);
     if (row && row->cat == category)
         return;
-    program_.shared.cur_recipe = recipe;
     if (row) {
         QTreeWidgetItem& target = category_node(category);
         set_recipe_category(program_.connection, recipe, category);
@@ -254,7 +248,6 @@ void RecipeTree::mv_rcp(const QString& category, Key recipe)
         tree_.sort_children(&target);
         tree_.select(node);
         tree_.ensure_visible(node);
-        program_.shared.cur_recipe_name = row->name;
     }
     tree_.take_release_back();
     show_page(recipe);
@@ -305,9 +298,8 @@ bool RecipeTree::choose(Key recipe)
 
 void RecipeTree::open(const QTreeWidgetItem& node)
 {
-    program_.shared.take_recipe(NodeKey::of(&node).record, trim(node.text(0)));
     page_.scroll_bar().setValue(0);
-    page_.set_recipe(program_.shared.cur_recipe);
+    page_.set_recipe(NodeKey::of(&node).record);
     program_.show_list_pane(false);
 }
 

@@ -24,8 +24,6 @@ public:
     /// `leave_line_editor` finishes an open edit of an ingredient line; false when none was open.
     StockClicks(Program& program, StockTree& tree, std::function<bool()> leave_line_editor);
 
-    bool tree_mouse_down() const { return tree_mouse_down_; } ///< a press on the tree is not released yet
-
 signals:
     void menu_wanted(QPoint place); ///< a click with another button than the left; place on the screen
     void drag_wanted(const DragPayload& payload, QPoint global); ///< a stock item is dragged out of the tree
@@ -53,7 +51,7 @@ private:
     StockTree& stock_;
     TreeView& tree_;
     std::function<bool()> leave_line_editor_;
-    bool tree_mouse_down_ = false;
+    bool tree_mouse_down_ = false; ///< a press on the tree is not released yet
     QPoint tree_down_; ///< where the last press happened, in the viewport
 };
 

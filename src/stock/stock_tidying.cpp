@@ -3,6 +3,7 @@
 #include "household/category_store.h"
 #include "household/household.h"
 #include "household/status.h"
+#include "household/stock_store.h"
 #include "widgets/message_box.h"
 
 namespace tarnwick {
@@ -159,8 +160,8 @@ bool StockTidying::allows_on_lists(Key item, const QString& old_name, const QStr
     if (status == status_code::unlisted || status == status_code::non_stock)
         return true;
     QString text = u'\'' + old_name + QStringLiteral("' appears on the following list(s):\n");
-    for (const Key list : lists_of_rows(connection_, item))
-        text += get_list_name(connection_, list) + u'\n';
+    for (const TiedRow& row : clickable_rows(connection_, item))
+        text += get_list_name(connection_, row.list_key) + u'\n';
     text += QStringLiteral("\nChanging the item to '") + name
         + QStringLiteral("'\nwill change it on the list(s) too");
     return msg_box(&owner_, text, box::ok_cancel | box::information, QStringLiteral("Quendary notice"))

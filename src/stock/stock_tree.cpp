@@ -36,6 +36,16 @@ QString category_key(Key category)
     return NodeKey{NodeKind::category, category}.text();
 }
 
+/// A picture or status as Tag. There are few, and each is one text for all nodes.
+QString tag_of(int number)
+{
+    static QHash<int, QString> tags;
+    QString& tag = tags[number];
+    if (tag.isEmpty())
+        tag = QString::number(number);
+    return tag;
+}
+
 int folder_picture(bool other, bool open)
 {
     if (other)
@@ -109,7 +119,7 @@ QTreeWidgetItem* StockTree::make_folder(const CatalogueFolder& category)
     const int picture = other && category.items == 0 ? 0 : folder_picture(other, open);
     const QString key = category_key(category.key);
     QTreeWidgetItem* node = tree_.make_node(key, other ? QStringLiteral("OTHER") : category.name, picture,
-                                            picture > 0 ? QString::number(picture) : QString());
+                                            picture > 0 ? tag_of(picture) : QString());
     if (other && category.items > 0)
         node->setForeground(0, other_color);
     if (open && !other)
@@ -120,26 +130,35 @@ QTreeWidgetItem* StockTree::make_folder(const CatalogueFolder& category)
 /// Adds the items folder by folder in one piece each; the query has them in name order already.
 void StockTree::load_items(bool alpha)
 {
+    struct Folder {
+        QTreeWidgetItem* node;
+        QList<QTreeWidgetItem*> items;
+    };
     QList<QTreeWidgetItem*> flat;
-    QHash<Key, QList<QTreeWidgetItem*>> by_category;
+    QHash<Key, Folder> folders;
+    const auto folder_of = [&](Key category) -> Folder& {
+        const auto known = folders.find(category);
+        return known != folders.end() ? *known : *folders.insert(category, {category_node(category), {}});
+    };
     const auto take = [&](const CatalogueItem& item) {
-        if (!alpha && !category_node(item.category))
+        Folder* folder = alpha ? nullptr : &folder_of(item.category);
+        if (folder && !folder->node)
             return;
-        QTreeWidgetItem* node
-            = tree_.make_node(item_key(item.key), item.name, item.status, QString::number(item.status));
-        (alpha ? flat : by_category[item.category]).append(node);
+        QTreeWidgetItem* node = tree_.make_node(item_key(item.key), item.name, item.status, tag_of(item.status));
+        (folder ? folder->items : flat).append(node);
     };
     try {
         read_items(program_.connection, take);
     } catch (...) {
-        for (const auto& nodes : std::as_const(by_category))
-            flat.append(nodes);
+        for (const Folder& folder : std::as_const(folders))
+            flat.append(folder.items);
         tree_.drop_unplaced(flat);
         throw;
     }
     tree_.addTopLevelItems(flat);
-    for (auto folder = by_category.cbegin(); folder != by_category.cend(); ++folder)
-        category_node(folder.key())->addChildren(folder.value());
+    for (const Folder& folder : std::as_const(folders))
+        if (folder.node)
+            folder.node->addChildren(folder.items);
 }
 
 void StockTree::open_folders()
@@ -191,13 +210,14 @@ QTreeWidgetItem* StockTree::category_node(Key category) const
     return tree_.node(category_key(category));
 }
 
+/// Picture and Tag of an item's node.
 void StockTree::set_item_code(Key item, int code)
 {
     QTreeWidgetItem* node = item_node(item);
     if (!node || code == code_untouched)
         return;
     tree_.set_picture(node, code);
-    TreeView::set_tag(node, QString::number(code));
+    TreeView::set_tag(node, tag_of(code));
 }
 
 void StockTree::item_changed(const ItemChange& change)
@@ -234,6 +254,7 @@ Key StockTree::selected_category() const
     return NodeKey::of(node).record;
 }
 
+/// Behind the folder of the row before it in name order; in the category view only.
 void StockTree::add_category_node(Key category, const QString& name)
 {
     if (program_.shared.stock_alpha)
@@ -241,24 +262,25 @@ void StockTree::add_category_node(Key category, const QString& name)
     // The table tells the place: a folder that was renamed may stand out of order in the tree.
     const auto before = category_before(program_.connection, category);
     const int place = before ? tree_.indexOfTopLevelItem(&tree_.require_node(category_key(*before))) + 1 : 0;
-    QTreeWidgetItem* node = tree_.insert_node(nullptr, place, category_key(category), name, category_closed,
-                                              QString::number(category_closed));
+    QTreeWidgetItem* node
+        = tree_.insert_node(nullptr, place, category_key(category), name, category_closed, tag_of(category_closed));
     tree_.select(node);
     tree_.ensure_visible(node);
 }
 
-QTreeWidgetItem* StockTree::add_item_node(Key item, Key category, const QString& name, int code)
+/// Under its category, or at root level in the flat view; these nodes are sorted by name.
+void StockTree::add_item_node(Key item, Key category, const QString& name, int code)
 {
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &tree_.require_node(category_key(category));
     const int count = folder ? folder->childCount() : tree_.topLevelItemCount();
-    QTreeWidgetItem* node = tree_.insert_node(folder, tree_.place_of(folder, name, count), item_key(item), name,
-                                              code, QString::number(code));
+    QTreeWidgetItem* node
+        = tree_.insert_node(folder, tree_.place_of(folder, name, count), item_key(item), name, code, tag_of(code));
     tree_.sort_children(folder);
     tree_.select(node);
     tree_.ensure_visible(node);
-    return node;
 }
 
+/// Keeps picture and Tag. In the flat view nothing moves.
 void StockTree::move_item_node(Key item, Key category)
 {
     QTreeWidgetItem* node = item_node(item);

@@ -38,10 +38,8 @@ public:
     QTreeWidgetItem* item_node(Key item) const;
     QTreeWidgetItem* category_node(Key category) const;
 
-    /// Sets picture and Tag of an item's node to a status code. No node, or `code_untouched`: nothing.
-    void set_item_code(Key item, int code);
-
-    // Each shows in the tree what an operation did to stock items or a category.
+    // Each shows in the tree what an operation did to stock items or a category. A node that is new or was moved is
+    // selected and shown. Each throws error 35601 when the tree lacks a folder that it needs.
     void item_changed(const ItemChange& change);
     void items_gone(const ItemsGone& gone);
     void category_changed(const CategoryChange& change);
@@ -51,18 +49,6 @@ public:
 
     /// Whether an item's node is the selected one.
     bool is_selected(Key item) const;
-
-    /// Adds a node for a category whose row was just made, behind the folder of the row before it in name order;
-    /// selects and shows it. Category view only. Throws error 35601 when that folder is missing.
-    void add_category_node(Key category, const QString& name);
-
-    /// Adds a node for a stock item under its category, or at root level in the flat view, sorts these nodes
-    /// by name, selects and shows the new one. Throws error 35601 when the category has no folder.
-    QTreeWidgetItem* add_item_node(Key item, Key category, const QString& name, int code);
-
-    /// Moves an item's node to another folder, which is sorted by name; keeps picture and Tag. No node, or
-    /// the flat view: nothing. Throws error 35601 when the category has no folder.
-    void move_item_node(Key item, Key category);
 
     /// Left and top of the selected row's text, pixels in the window's central area; 0 without one.
     int get_indent() const;
@@ -85,6 +71,10 @@ private:
     void expanded(QTreeWidgetItem* node, bool open);
     void show_closed(QTreeWidgetItem& folder); ///< its picture alone
 
+    void set_item_code(Key item, int code);
+    void add_category_node(Key category, const QString& name);
+    void add_item_node(Key item, Key category, const QString& name, int code);
+    void move_item_node(Key item, Key category);
     void remove_item_node(QTreeWidgetItem& node);
     void select_neighbour(QTreeWidgetItem& node);
     void tell_after_deletion();

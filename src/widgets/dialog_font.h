@@ -1,5 +1,7 @@
 #pragma once
 
+#include "widgets/type_size.h"
+
 #include <QApplication>
 #include <QWidget>
 
@@ -12,7 +14,7 @@ namespace tarnwick {
 inline void set_dialog_font(QWidget& dialog, int type_size)
 {
     QFont font = dialog.font();
-    const int points = type_size == 10 || type_size == 12 ? type_size : 9;
+    const int points = type_size == 10 || type_size == 12 ? type_size : first_type_size;
     font.setPointSize(std::max(points, QApplication::font().pointSize()));
     dialog.setFont(font);
 }

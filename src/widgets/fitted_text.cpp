@@ -3,27 +3,33 @@
 #include <QFontMetrics>
 #include <QRegularExpression>
 
+#include <array>
 #include <optional>
 
 namespace tarnwick {
 namespace {
 
-constexpr int full_type = 100;
-constexpr int type_step = 5;
+/// Percent of the full width. Few: each is a font of its own, which takes its time to open, and a column in many
+/// different widths is restless.
+constexpr std::array narrow_types = {90, 75, 60};
 constexpr int narrowest_number = 50;
 constexpr QChar ellipsis(0x2026);
 
 /// The font in the widest type, not under `least` percent, in which the text fits.
 std::optional<QFont> fitting_font(const QString& text, QFont font, int width, int least)
 {
-    if (QFontMetrics(font).horizontalAdvance(text) <= width)
+    const auto fits = [&] { return QFontMetrics(font).horizontalAdvance(text) <= width; };
+    if (fits())
         return font;
-    for (int percent = full_type - type_step; percent >= least; percent -= type_step) {
+    for (const int percent : narrow_types) {
+        if (percent <= least)
+            break;
         font.setStretch(percent);
-        if (QFontMetrics(font).horizontalAdvance(text) <= width)
+        if (fits())
             return font;
     }
-    return std::nullopt;
+    font.setStretch(least);
+    return fits() ? std::optional(font) : std::nullopt;
 }
 
 /// "2", "1.5", "1/2", "1 1/2", "2½" or "11/28/2026" at the beginning of a text; empty without digits there.

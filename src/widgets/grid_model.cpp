@@ -2,6 +2,7 @@
 
 #include "data/collation.h"
 #include "household/status.h"
+#include "widgets/type_size.h"
 
 #include <QGuiApplication>
 
@@ -11,7 +12,6 @@
 namespace tarnwick {
 namespace {
 
-constexpr int first_type_size = 9;
 const QColor located_color(255, 0, 0);
 
 bool is_box(int column)

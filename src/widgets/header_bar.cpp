@@ -6,6 +6,7 @@
 #include "widgets/frame_lines.h"
 #include "widgets/list_grid.h"
 #include "widgets/pictures.h"
+#include "widgets/type_size.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -29,7 +30,6 @@ constexpr int tick_size = 12;
 constexpr int tick_margin = 2;
 constexpr int text_margin = 3;
 constexpr int narrowest_caption = 65; ///< percent
-constexpr int first_type_size = 9;
 constexpr int grip_room = 6; ///< what a caption leaves to the grip at its right
 
 /// A flat cell of the bar. It is a button that does nothing, so it shows no press.

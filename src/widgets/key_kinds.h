@@ -19,4 +19,12 @@ inline QString typed_text(const QKeyEvent& event)
     return (event.modifiers() & commands) || text.isEmpty() || !text[0].isPrint() ? QString() : text;
 }
 
+/// Whether the keyboard comes to a control by itself: by a key or a command, not by a press and not with the
+/// window.
+inline bool comes_by_key(Qt::FocusReason reason)
+{
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason
+        || reason == Qt::OtherFocusReason;
+}
+
 } // namespace tarnwick

@@ -25,7 +25,7 @@ namespace {
 
 constexpr int first_row_height = 19;
 constexpr int scroll_bar_width = 17;
-constexpr int text_margin = 3;
+constexpr int cell_margin = 3;
 constexpr int picture_margin = 1;
 constexpr std::array full_widths = {18, 18, 120, 120, 36, 18, 80, 36};
 
@@ -37,7 +37,7 @@ FittedText text_in_cell(const QModelIndex& index, int cell_width)
     const QString text = index.data(Qt::DisplayRole).toString();
     const QFont font = index.data(Qt::FontRole).value<QFont>();
     constexpr int before_box = 3; // the box of the coupon follows the quantity
-    const int room = cell_width - text_margin - (index.column() == grid_column::qty ? before_box : 1);
+    const int room = cell_width - cell_margin - (index.column() == grid_column::qty ? before_box : 1);
     if (index.column() != grid_column::item && index.column() != grid_column::desc)
         return fit_number(text, font, room);
     const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, room);
@@ -76,7 +76,7 @@ public:
         const bool is_open_name = index.column() == grid_column::item && shown.font.bold();
         painter->setFont(shown.font);
         painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
-        painter->drawText(option.rect.adjusted(text_margin, 0, -1 - (is_open_name ? grid_.name_end() : 0), 0),
+        painter->drawText(option.rect.adjusted(cell_margin, 0, -1 - (is_open_name ? grid_.name_end() : 0), 0),
                           Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
     }
 

@@ -40,8 +40,11 @@ QString NodeKey::text() const
     for (const Form& form : forms) {
         if (form.kind != kind)
             continue;
-        return form.prefix
-            + (is_recipe_category() ? QStringLiteral("%1").arg(record, 2, 10, QLatin1Char('0')) : key_str(record));
+        const QString number
+            = is_recipe_category() ? QStringLiteral("%1").arg(record, 2, 10, QLatin1Char('0')) : key_str(record);
+        QString text;
+        text.reserve(form.prefix.size() + number.size());
+        return text.append(form.prefix).append(number);
     }
     return {};
 }

@@ -1,5 +1,7 @@
 #include "widgets/pictures.h"
 
+#include "widgets/drawn_pictures.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QGuiApplication>
@@ -195,7 +197,14 @@ constexpr auto sign_images = std::to_array<Drawing>({
     {4, sign_size, "sign_stop"},
     {5, small_size, "arrow_left"},
     {6, small_size, "arrow_right"},
+    {7, small_size, "arrows_right"},
 });
+
+/// In the order in which the build draws them.
+constexpr std::span<const Drawing> all_drawings[] = {
+    page_pictures,     resource_pictures,   recipe_tree_images, tab_images,
+    stock_tree_images, list_manager_images, toolbar_images,     sign_images,
+};
 
 const Drawing* find_in(std::span<const Drawing> drawings, int number)
 {
@@ -312,7 +321,7 @@ PixmapCache& pixmap_cache()
 }
 
 /// Renders the drawing as large as it fits into `device_size` pixels, without distorting it.
-QPixmap render(const Drawing& drawing, QSize device_size, qreal scale, bool disabled, bool dark)
+QImage render(const Drawing& drawing, QSize device_size, bool dark)
 {
     register_picture_files();
     const qreal zoom = std::min(qreal(device_size.width()) / drawing.size.width(),
@@ -323,19 +332,42 @@ QPixmap render(const Drawing& drawing, QSize device_size, qreal scale, bool disa
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(zoom, zoom);
     draw(painter, drawing, dark);
-    painter.end();
-    if (disabled)
-        grey_out(image);
-    QPixmap pixmap = QPixmap::fromImage(std::move(image));
-    pixmap.setDevicePixelRatio(scale);
-    return pixmap;
+    return image;
+}
+
+size_t pixel_count(const Drawing& drawing)
+{
+    return static_cast<size_t>(drawing.size.width()) * static_cast<size_t>(drawing.size.height());
+}
+
+/// The drawing in its own size on a light window, as the build has drawn it; null when it has not.
+QImage drawn_at_build(const Drawing& drawing)
+{
+    size_t place = 0;
+    for (const auto drawings : all_drawings) {
+        for (const Drawing& one : drawings) {
+            const std::span<const quint32> pixels = drawn_pictures();
+            if (&one == &drawing && place + pixel_count(one) <= pixels.size())
+                return QImage(reinterpret_cast<const uchar*>(&pixels[place]), one.size.width(), one.size.height(),
+                              QImage::Format_ARGB32_Premultiplied);
+            place += pixel_count(one);
+        }
+    }
+    return {};
 }
 
 QPixmap cached(const Drawing& drawing, QSize device_size, qreal scale, bool disabled, bool dark)
 {
     QPixmap& pixmap = pixmap_cache()[{&drawing, device_size, scale, disabled, dark}];
-    if (pixmap.isNull())
-        pixmap = render(drawing, device_size, scale, disabled, dark);
+    if (!pixmap.isNull())
+        return pixmap;
+    QImage image = !dark && device_size == drawing.size ? drawn_at_build(drawing) : QImage();
+    if (image.isNull())
+        image = render(drawing, device_size, dark);
+    if (disabled)
+        grey_out(image);
+    pixmap = QPixmap::fromImage(std::move(image));
+    pixmap.setDevicePixelRatio(scale);
     return pixmap;
 }
 
@@ -401,6 +433,21 @@ QIcon icon_of(const Drawing* drawing)
 }
 
 } // namespace
+
+std::vector<quint32> draw_pictures()
+{
+    std::vector<quint32> pixels;
+    for (const auto drawings : all_drawings) {
+        for (const Drawing& drawing : drawings) {
+            const QImage image = render(drawing, drawing.size, false);
+            for (int y = 0; y < image.height(); ++y) {
+                const auto* line = reinterpret_cast<const quint32*>(image.constScanLine(y));
+                pixels.insert(pixels.end(), line, line + image.width());
+            }
+        }
+    }
+    return pixels;
+}
 
 QPixmap picture(int resource_number, qreal scale)
 {

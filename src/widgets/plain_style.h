@@ -5,7 +5,8 @@
 namespace tarnwick {
 
 /// The look of the program: Fusion, made flat. Pictures of its own in message boxes and calendar, tabs that grow
-/// out of their pane, frames of one line, and a highlight that white text is readable on.
+/// out of their pane, scroll bars without shading, frames of one line, and a highlight that white text is readable
+/// on.
 class PlainStyle : public QProxyStyle {
 public:
     PlainStyle();

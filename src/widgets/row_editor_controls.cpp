@@ -66,7 +66,7 @@ void CellBox::fit_type()
         return;
     const QScopedValueRollback fitting(fitting_, true);
     QFont type = font();
-    type.setStretch(QFont::Unstretched);
+    type.setStretch(QFont::AnyStretch);
     if (const QFont fitted = fit_text(text(), type, text_room().width()).font; fitted != font())
         setFont(fitted);
 }
@@ -96,7 +96,7 @@ void CellBox::resizeEvent(QResizeEvent* event)
 void CellBox::paint_number()
 {
     QFont type = font();
-    type.setStretch(QFont::Unstretched);
+    type.setStretch(QFont::AnyStretch);
     const QRect room = text_room();
     const FittedText shown = fit_number(text(), type, room.width());
     QPainter painter(this);

@@ -13,10 +13,4 @@ std::optional<QColor> page_color_of(int index)
     return colors[static_cast<size_t>(index)];
 }
 
-void SharedValues::take_recipe(Key recipe, const QString& name)
-{
-    cur_recipe = recipe;
-    cur_recipe_name = name;
-}
-
 } // namespace tarnwick

@@ -31,9 +31,6 @@ struct SharedValues {
     ReportOptions reports;
 
     std::optional<QColor> page_color() const { return page_color_of(color_index); }
-
-    /// Makes a recipe the one on the page; -1 and no name for none.
-    void take_recipe(Key recipe, const QString& name);
 };
 
 } // namespace tarnwick

@@ -20,7 +20,7 @@ constexpr int child_text = 75;
 constexpr int flat_text = 61;
 constexpr int text_gap = 3; // between picture and text
 constexpr int flat_text_gap = 8;
-constexpr int text_margin = 2; // of the selection around the text
+constexpr int name_margin = 2; // of the selection around the text
 constexpr int told_letters = 6; // of a name, in the narrowest pane
 
 } // namespace
@@ -63,7 +63,7 @@ int TreeDelegate::row_height() const
 QSize TreeDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const
 {
     const int width = tree_.fontMetrics().horizontalAdvance(index.data().toString());
-    return {text_left(index.parent().isValid()) + width + text_margin, row_height()};
+    return {text_left(index.parent().isValid()) + width + name_margin, row_height()};
 }
 
 void TreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
@@ -89,14 +89,14 @@ void TreeDelegate::paint_text(QPainter& painter, const QStyleOptionViewItem& opt
     const QVariant color = index.data(Qt::ForegroundRole);
     const QPalette::ColorGroup group
         = option.state & QStyle::State_Active && tree_.hasFocus() ? QPalette::Active : QPalette::Inactive;
-    const FittedText shown = shown_name(index.data().toString(), option.font, rect.width() - text_margin);
+    const FittedText shown = shown_name(index.data().toString(), option.font, rect.width() - name_margin);
 
     painter.save();
     painter.setFont(shown.font);
     QColor pen = color.isValid() ? color.value<QBrush>().color() : option.palette.color(group, QPalette::Text);
     if (option.state & QStyle::State_Selected) {
-        const QRect behind(rect.left() - text_margin, rect.top() + 1,
-                           QFontMetrics(shown.font).horizontalAdvance(shown.text) + 2 * text_margin,
+        const QRect behind(rect.left() - name_margin, rect.top() + 1,
+                           QFontMetrics(shown.font).horizontalAdvance(shown.text) + 2 * name_margin,
                            rect.height() - 2);
         const QColor highlight = option.palette.color(group, QPalette::Highlight);
         if (color.isValid()) {
@@ -152,7 +152,7 @@ bool TreeDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
     if (event->type() != QEvent::ToolTip || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString();
-    const int room = option.rect.width() - text_left(index.parent().isValid()) - text_margin;
+    const int room = option.rect.width() - text_left(index.parent().isValid()) - name_margin;
     const bool cut = shown_name(text, tree_.font(), room).cut;
     QToolTip::showText(event->globalPos(), cut ? plain_tool_tip(text) : QString(), view);
     return true;

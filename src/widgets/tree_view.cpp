@@ -137,12 +137,11 @@ void TreeView::set_flat(bool flat)
 
 QTreeWidgetItem* TreeView::make_node(const QString& key, const QString& text, int picture, const QString& tag)
 {
-    auto place = nodes_.find(key);
-    if (place != nodes_.end())
+    QTreeWidgetItem*& place = nodes_[key];
+    if (place)
         throw runtime_error(runtime_error::key_not_unique, QStringLiteral("Key is not unique in collection"));
-    auto* node = new Node(text, key, tag, picture);
-    nodes_.insert(key, node);
-    return node;
+    place = new Node(text, key, tag, picture);
+    return place;
 }
 
 QTreeWidgetItem* TreeView::add_node(QTreeWidgetItem* folder, const QString& key, const QString& text, int picture,
@@ -322,8 +321,10 @@ void TreeView::start_label_edit()
         return;
     bool cancel = false;
     emit before_label_edit(node, cancel);
-    if (!cancel)
-        editItem(node);
+    if (cancel)
+        return;
+    ensure_visible(node);
+    editItem(node);
 }
 
 void TreeView::finish_label_edit()

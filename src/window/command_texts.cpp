@@ -1,6 +1,7 @@
 #include "window/command_texts.h"
 
 #include "window/commands.h"
+#include "window/menu_table.h"
 #include "window/toolbar.h"
 
 #include <QAction>
@@ -9,11 +10,6 @@ namespace tarnwick {
 namespace {
 
 using Node = CommandInputs::Node;
-
-QString text_of(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 QString numbered(int index, const QString& name)
 {

@@ -14,11 +14,6 @@ namespace {
 constexpr char caption_property[] = "Caption";
 constexpr char tag_property[] = "Tag";
 
-QString text_of(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 /// Qt ticks a checkable action on its own when it is chosen. The window's state alone decides about
 /// ticks here, so the choice is taken back before the command runs.
 void undo_own_tick(QAction& action)

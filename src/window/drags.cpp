@@ -14,7 +14,9 @@
 #include "widgets/node_key.h"
 #include "widgets/list_grid.h"
 #include "widgets/tree_view.h"
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
+#include "window/panes.h"
 
 #include <QAbstractScrollArea>
 #include <QScrollBar>
@@ -74,77 +76,79 @@ NodeKey folder_at(const TreeView& tree, QPoint position)
 
 } // namespace
 
-Drags::Drags(frmmain& main, const QWidgetList& outside)
-    : QObject(&main)
-    , main_(main)
-    , page_drops_(std::make_unique<PageDrops>(main.recipe_page(), main.household(), main.drag()))
+Drags::Drags(Program& program, const Panes& panes, Drag& drag, const QWidgetList& outside)
+    : QObject(&program.window)
+    , program_(program)
+    , panes_(panes)
+    , drag_(drag)
+    , page_drops_(std::make_unique<PageDrops>(panes.recipe_page, program.household, drag))
 {
-    StockTree& stock = main_.stock_tree();
-    RecipeTree& recipes = main_.recipe_tree();
+    StockTree& stock = panes_.stock_tree;
+    RecipeTree& recipes = panes_.recipe_tree;
     connect(&stock.clicks(), &StockClicks::drag_wanted, this,
             [this, &stock](const DragPayload& payload, QPoint global) {
-                if (!main_.recipe_page().editor_open())
-                    main_.drag().begin(stock.view(), payload, global);
+                if (!panes_.recipe_page.editor_open())
+                    drag_.begin(stock.view(), payload, global);
             });
     connect(&recipes, &RecipeTree::drag_wanted, this, [this, &recipes](const DragPayload& payload, QPoint global) {
-        main_.drag().begin(recipes.view(), payload, global);
+        drag_.begin(recipes.view(), payload, global);
     });
     connect(page_drops_.get(), &PageDrops::item_dropped, this, &Drags::drop_on_page);
-    add_pane(main_.list_pane().grid(), [this](const DragPayload& payload, QPoint) { drop_on_grid(payload); });
+    add_pane(panes_.list_pane.grid(), [this](const DragPayload& payload, QPoint) { drop_on_grid(payload); });
     add_pane(stock.view(),
              [this](const DragPayload& payload, QPoint position) { drop_on_stock_tree(payload, position); });
     add_pane(recipes.view(),
              [this](const DragPayload& payload, QPoint position) { drop_on_recipe_tree(payload, position); });
     auto& beside = targets_.emplace_back(std::make_unique<OutsideTarget>());
     for (QWidget* widget : outside)
-        main_.drag().add_target(*widget, *beside);
+        drag_.add_target(*widget, *beside);
 }
 
 Drags::~Drags() = default;
 
 void Drags::add_pane(QAbstractScrollArea& pane, const Drop& drop)
 {
-    main_.drag().add_target(pane, *targets_.emplace_back(std::make_unique<PaneTarget>(pane, drop)));
+    drag_.add_target(pane, *targets_.emplace_back(std::make_unique<PaneTarget>(pane, drop)));
 }
 
 /// What is dragged may go while it is under way.
 bool Drags::has_item(Key item) const
 {
-    return stock_item_name(main_.connection(), item).has_value();
+    return stock_item_name(program_.connection, item).has_value();
 }
 
 /// A recipe is not bought: dropped here it does nothing.
 void Drags::drop_on_grid(const DragPayload& payload)
 {
     if (payload.kind == DragKind::stock_item && has_item(payload.key))
-        main_.placing().stock_to_list(payload.key);
+        panes_.placing.stock_to_list(payload.key);
 }
 
 void Drags::drop_on_stock_tree(const DragPayload& payload, QPoint position)
 {
-    if (payload.kind != DragKind::stock_item || main_.shared.stock_alpha || !has_item(payload.key))
+    if (payload.kind != DragKind::stock_item || program_.shared.stock_alpha || !has_item(payload.key))
         return;
-    const NodeKey folder = folder_at(main_.stock_tree().view(), position);
+    const NodeKey folder = folder_at(panes_.stock_tree.view(), position);
     if (folder.is_category())
-        main_.stock_commands().mv_item(folder.record, payload.key);
+        panes_.stock_commands.mv_item(folder.record, payload.key);
 }
 
 void Drags::drop_on_recipe_tree(const DragPayload& payload, QPoint position)
 {
-    if (payload.kind != DragKind::recipe || main_.shared.recipe_alpha
-        || !recipe_name(main_.connection(), payload.key))
+    if (payload.kind != DragKind::recipe || program_.shared.recipe_alpha
+        || !recipe_name(program_.connection, payload.key))
         return;
-    const NodeKey folder = folder_at(main_.recipe_tree().view(), position);
+    const NodeKey folder = folder_at(panes_.recipe_tree.view(), position);
     if (folder.is_recipe_category())
-        main_.recipe_tree().mv_rcp(recipe_category(folder.record - 1), payload.key);
+        panes_.recipe_tree.mv_rcp(recipe_category(folder.record - 1), payload.key);
 }
 
 void Drags::drop_on_page(Key item, const QString& name, bool on_line)
 {
     if (on_line)
-        main_.stock_tree().view().take_release_back();
+        panes_.stock_tree.view().take_release_back();
     if (has_item(item))
-        main_.recipe_page().drag_ingred(item, name);
+        panes_.recipe_page.drag_ingred(item, name);
 }
 
 } // namespace tarnwick

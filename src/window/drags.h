@@ -15,13 +15,14 @@ namespace tarnwick {
 
 class PageDrops;
 class TreeView;
-class frmmain;
+struct Panes;
+struct Program;
 
 /// What can be dragged in the main window, and what a drop on its panes does.
 class Drags : public QObject {
 public:
     /// `outside`: what an ingredient line cannot be dragged across.
-    Drags(frmmain& main, const QWidgetList& outside);
+    Drags(Program& program, const Panes& panes, Drag& drag, const QWidgetList& outside);
     ~Drags() override;
 
 private:
@@ -33,7 +34,9 @@ private:
     void drop_on_page(Key item, const QString& name, bool on_line);
     bool has_item(Key item) const;
 
-    frmmain& main_;
+    Program& program_;
+    const Panes& panes_;
+    Drag& drag_;
     std::vector<std::unique_ptr<DragTarget>> targets_;
     std::unique_ptr<PageDrops> page_drops_;
 };

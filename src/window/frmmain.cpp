@@ -16,6 +16,7 @@
 #include "lists/lists.h"
 #include "lists/placing.h"
 #include "widgets/row_editor.h"
+#include "recipes/line_listener.h"
 #include "recipes/line_stock.h"
 #include "recipes/recipe_page.h"
 #include "household/recipe_store.h"
@@ -24,7 +25,10 @@
 #include "window/drags.h"
 #include "window/keyboard_round.h"
 #include "window/layout.h"
+#include "window/list_manager.h"
+#include "window/output_commands.h"
 #include "window/pane_links.h"
+#include "window/panes.h"
 #include "window/rescuer.h"
 #include "window/status_panels.h"
 #include "window/status_words.h"
@@ -95,7 +99,7 @@ frmmain::frmmain(Environment environment)
     make_panes();
     settings_.set_before_write([this] {
         if (shared.started && !shared.ending)
-            recipe_page_->store_edited();
+            recipe_page_->edit_updt();
     });
     connection_.set_locked_file(locked_file());
 }
@@ -138,7 +142,12 @@ void frmmain::make_panes()
                                                  [this](const runtime_error& error) { shut_down(error); }});
     commands_ = std::make_unique<Commands>(*this, *menuBar());
     status_panels_ = std::make_unique<StatusPanels>(*statusBar());
-    toolbar_ = std::make_unique<Toolbar>(*this, area_);
+    toolbar_ = std::make_unique<Toolbar>(
+        shared, *commands_,
+        Toolbar::Acts{[this] { output_->preview_pane(); }, [this](bool by_name) { view_state_->sort(by_name); },
+                      [this](int points) { view_state_->set_type_size(points); },
+                      [this] { view_state_->size_cycle(); }, [this] { layout_->place_rows(); }},
+        area_);
     auto* stock_view = new TreeView(ImageList::stock_tree, area_);
     stock_view->setObjectName(QStringLiteral("TreeView1(0)"));
     stock_view->setAccessibleName(QStringLiteral("Stock"));
@@ -163,11 +172,15 @@ void frmmain::make_panes()
     clearing_ = std::make_unique<Clearing>(*program_, *placing_);
     lists_ = std::make_unique<Lists>(*program_, *list_pane_, *placing_, *clearing_);
     list_mouse_ = std::make_unique<ListMouse>(*program_, *list_pane_, *placing_, *clearing_);
+    panes_ = std::make_unique<Panes>(
+        Panes{*stock_tree_, *stock_commands_, *recipe_tree_, *recipe_page_, *list_pane_, *lists_, *placing_});
+    output_ = std::make_unique<OutputCommands>(*program_, *panes_);
     layout_ = std::make_unique<Layout>(*this, *area_, *left_tabs, *right_tabs);
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
-    new Drags(*this, {left_tabs, right_tabs, &layout_->Frame1()});
+    list_manager_ = std::make_unique<ListManager>(*program_, *panes_, *drag_, *commands_, *view_state_);
+    new Drags(*program_, *panes_, *drag_, {left_tabs, right_tabs, &layout_->Frame1()});
     keyboard_round_ = new KeyboardRound(*this);
-    new UndoKey(*this);
+    new UndoKey(*program_, *recipe_page_);
     connect_panes(*this);
     connect_household();
 }
@@ -187,13 +200,19 @@ void frmmain::connect_household()
     listen(&Household::item_changed, *floating_buttons_, &FloatingButtons::item_changed);
     listen(&Household::item_changed, recipe_page_->line_stock(), &LineStock::item_changed);
     listen(&Household::item_changed, *status_words_, &StatusWords::item_changed);
-    listen(&Household::line_moved, *recipe_page_, &RecipePage::line_moved);
+    listen(&Household::line_changed, recipe_page_->line_listener(), &LineListener::line_changed);
+    listen(&Household::line_moved, recipe_page_->line_listener(), &LineListener::line_moved);
+    listen(&Household::line_gone, recipe_page_->line_listener(), &LineListener::line_gone);
     listen(&Household::lists_changed, *recipe_page_, &RecipePage::lists_changed);
     listen(&Household::lists_changed, *lists_, &Lists::lists_changed);
     listen(&Household::items_gone, *grid_listener_, &GridListener::items_gone);
     listen(&Household::items_gone, *stock_tree_, &StockTree::items_gone);
     listen(&Household::items_gone, recipe_page_->line_stock(), &LineStock::items_gone);
-    connect(household_.get(), &Household::line_returned, recipe_page_.get(), &RecipePage::line_returned);
+    connect(household_.get(), &Household::line_added, this, [this](Key recipe, const IngredientRow& line) {
+        recipe_page_->line_listener().line_added(recipe, line);
+    });
+    connect(household_.get(), &Household::line_returned, this,
+            [this](Key recipe, int place) { recipe_page_->line_listener().line_returned(recipe, place); });
     listen(&Household::category_changed, *stock_tree_, &StockTree::category_changed);
     listen(&Household::category_changed, recipe_page_->line_stock(), &LineStock::category_changed);
     connect(household_.get(), &Household::recipe_changed, this,
@@ -243,11 +262,6 @@ void frmmain::load()
 
 void frmmain::read_page_color()
 {
-    const auto report = [this](const char* key, const char* standard) {
-        return to_int16(settings_.read(QLatin1String(settings_app::main), QStringLiteral("reports"),
-                                       QLatin1String(key), QLatin1String(standard)));
-    };
-    shared.reports.size = report("size", "0");
     shared.color_index = to_int16(settings_.pref(QStringLiteral("color"), QStringLiteral("3")));
     list_pane_->set_page_color();
     recipe_page_->set_page_color();
@@ -255,12 +269,8 @@ void frmmain::read_page_color()
 
 void frmmain::load_trees()
 {
-    if (shared.cur_recipe > 0) {
-        if (const auto name = recipe_name(connection_, shared.cur_recipe))
-            shared.cur_recipe_name = *name;
-    } else {
-        shared.cur_recipe_name.clear();
-    }
+    if (shared.cur_recipe > 0)
+        shared.cur_recipe_name = recipe_name(connection_, shared.cur_recipe).value_or(QString());
     const auto by_name = [this](const char* key) {
         return settings_.pref(QLatin1String(key), QStringLiteral("cat")) == QLatin1String("alpha");
     };
@@ -278,16 +288,23 @@ void frmmain::read_views()
     shared.stock_view = is_one("tv_view");
 }
 
-void frmmain::restore_window()
+ReportOptions frmmain::read_report_options()
 {
-    const auto report = [this](const char* key, const char* standard) {
+    const auto number = [this](const char* key, const char* standard) {
         return to_int16(settings_.read(QLatin1String(settings_app::main), QStringLiteral("reports"),
                                        QLatin1String(key), QLatin1String(standard)));
     };
-    shared.reports.sort = report("sort", "1");
-    shared.reports.col_ct = report("col_ct", "2");
-    shared.reports.active = report("active", "1");
+    ReportOptions options;
+    options.sort = number("sort", "1");
+    options.col_ct = number("col_ct", "2");
+    options.active = number("active", "1");
+    options.size = number("size", "0");
+    return options;
+}
 
+void frmmain::restore_window()
+{
+    shared.reports = read_report_options();
     layout_->set_separator(pixels_of(settings_.pref(QStringLiteral("seprtr"), twips_text(default_separator_px))));
     const int height = pixels_of(settings_.pref(QStringLiteral("fheight"), twips_text(default_height_px)));
     const int width = pixels_of(settings_.pref(QStringLiteral("fwidth"), twips_text(default_width_px)));
@@ -350,7 +367,7 @@ bool frmmain::eventFilter(QObject* watched, QEvent* event)
 
 TreeView& frmmain::visible_tree()
 {
-    return shared.stock_view ? stock_tree_->view() : recipe_tree_->view();
+    return panes_->tree(shared.stock_view);
 }
 
 RowEditor& frmmain::row_editor()
@@ -373,11 +390,18 @@ void frmmain::exit_at_once()
     environment_.end_program(EXIT_SUCCESS);
 }
 
-void frmmain::shut_down(const runtime_error& error)
+bool frmmain::begin_ending() noexcept
 {
     if (std::exchange(shared.ending, true))
+        return false;
+    rescue_typed(*recipe_page_, *list_pane_, environment_.database_file());
+    return true;
+}
+
+void frmmain::shut_down(const runtime_error& error)
+{
+    if (!begin_ending())
         return;
-    rescue_typed(*this);
     print_cause(error);
     msg_box(this, QStringLiteral("TarnWick has encountered an error\nand must shut down"), box::ok,
             QStringLiteral("TarnWick"));

@@ -21,9 +21,12 @@ class GridListener;
 class Household;
 class KeyboardRound;
 class Layout;
+class ListManager;
 class ListMouse;
 class ListPane;
 class Lists;
+class OutputCommands;
+struct Panes;
 class Placing;
 struct Program;
 class RecipePage;
@@ -69,9 +72,12 @@ public:
     Placing& placing() { return *placing_; }
     Clearing& clearing() { return *clearing_; }
     RowEditor& row_editor();
+    const Panes& panes() const { return *panes_; } ///< those above that several parts of the window work on
     Commands& commands() { return *commands_; }
     Toolbar& toolbar() { return *toolbar_; }
     ViewState& view_state() { return *view_state_; }
+    OutputCommands& output() { return *output_; }
+    ListManager& list_manager() { return *list_manager_; }
     Drag& drag() { return *drag_; } ///< the one drag of the program
     Layout& layout_manager() { return *layout_; }
     StatusPanels& status_panels() { return *status_panels_; }
@@ -89,6 +95,10 @@ public:
     /// `mnu_list_exit`: ends the program at once; nothing is saved.
     void exit_at_once();
 
+    /// Before the message of an error that ends the program: rescues what is typed; nothing is saved any more.
+    /// False when an error has come this far already.
+    bool begin_ending() noexcept;
+
     /// The message of an error that a procedure has trapped, then the end of the program with a failure; nothing is
     /// saved. The message names no cause: that goes to the standard error.
     void shut_down(const runtime_error& error);
@@ -105,6 +115,7 @@ private:
     void make_panes();
     void connect_household();
     void read_page_color();
+    ReportOptions read_report_options();
     void read_views();
     void load_trees();
     void restore_window();
@@ -137,8 +148,11 @@ private:
     std::unique_ptr<Clearing> clearing_;
     std::unique_ptr<GridListener> grid_listener_;
     std::unique_ptr<StatusWords> status_words_;
+    std::unique_ptr<Panes> panes_;
+    std::unique_ptr<OutputCommands> output_;
     std::unique_ptr<ViewState> view_state_;
     std::unique_ptr<Layout> layout_;
+    std::unique_ptr<ListManager> list_manager_;
     KeyboardRound* keyboard_round_ = nullptr;
     bool appeared_ = false; ///< the window stands on the screen in its size: from here on a resize is the user's
 };

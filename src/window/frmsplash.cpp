@@ -12,7 +12,7 @@
 namespace tarnwick {
 namespace {
 
-constexpr QSize small_picture(32, 32);
+constexpr QSize small_picture(24, 24); // as they are drawn
 
 } // namespace
 

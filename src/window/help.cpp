@@ -2,30 +2,31 @@
 
 #include "dialogs/frmhelpabout.h"
 #include "widgets/message_box.h"
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 
 #include <QFileInfo>
 #include <QUrl>
 
 namespace tarnwick {
 
-void launch_help(frmmain& main)
+void launch_help(const Program& program)
 {
     const QString title = QStringLiteral("Help file");
-    const QString file = main.environment().program_folder + QStringLiteral("/help/twhelp.html");
+    const QString file = program.environment.program_folder + QStringLiteral("/help/twhelp.html");
     if (!QFileInfo(file).isFile()) {
-        msg_box(&main, QStringLiteral("Cannot locate help file"), box::ok, title);
+        msg_box(&program.window, QStringLiteral("Cannot locate help file"), box::ok, title);
         return;
     }
-    if (!main.environment().open_url(QUrl::fromLocalFile(file)))
-        msg_box(&main,
+    if (!program.environment.open_url(QUrl::fromLocalFile(file)))
+        msg_box(&program.window,
                 QStringLiteral("There was a problem opening the\ncurrent web browser for the help file\n") + file,
                 box::exclamation, title);
 }
 
-void show_about(frmmain& main)
+void show_about(const Program& program)
 {
-    frmhelpabout(&main, main.shared.type_size, main.environment().open_url).exec();
+    frmhelpabout(&program.window, program.shared.type_size, program.environment.open_url).exec();
 }
 
 } // namespace tarnwick

@@ -8,6 +8,9 @@
 #include "widgets/tree_view.h"
 #include "window/frmmain.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QEvent>
 #include <QFrame>
 #include <QShortcut>
 
@@ -32,6 +35,32 @@ KeyboardRound::KeyboardRound(frmmain& main)
     };
     bind(QKeySequence(Qt::Key_F6), 1);
     bind(QKeySequence(Qt::SHIFT | Qt::Key_F6), -1);
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
+        if (!now)
+            look_after_keyboard();
+    });
+    main_.installEventFilter(this);
+}
+
+bool KeyboardRound::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        look_after_keyboard();
+    return false;
+}
+
+/// What closes the control that has the keyboard may mean another to have it, and goes first.
+void KeyboardRound::look_after_keyboard()
+{
+    QMetaObject::invokeMethod(this, &KeyboardRound::take_up_keyboard, Qt::QueuedConnection);
+}
+
+void KeyboardRound::take_up_keyboard()
+{
+    const QWidget* focus = main_.focusWidget();
+    const bool is_lost = !focus || !focus->isVisibleTo(&main_);
+    if (is_lost && main_.shared.started && !main_.shared.ending && main_.isActiveWindow())
+        go_to_right_pane();
 }
 
 QWidget* KeyboardRound::right_pane_place() const
@@ -42,7 +71,7 @@ QWidget* KeyboardRound::right_pane_place() const
 void KeyboardRound::go_to_right_pane()
 {
     QWidget* place = right_pane_place();
-    (place ? place : &main_.visible_tree())->setFocus(Qt::OtherFocusReason);
+    give_to(place ? *place : main_.visible_tree());
 }
 
 std::vector<KeyboardRound::Stop> KeyboardRound::stops() const
@@ -74,7 +103,15 @@ void KeyboardRound::move(int step)
     const auto here = std::find_if(round.begin(), round.end(), [](const Stop& stop) { return stop.is_here; });
     // From elsewhere, such as a tab strip, the round begins at its first stop or its last.
     const int from = here != round.end() ? static_cast<int>(here - round.begin()) : step > 0 ? -1 : count;
-    round[static_cast<size_t>((from + step + count) % count)].place->setFocus(Qt::OtherFocusReason);
+    give_to(*round[static_cast<size_t>((from + step + count) % count)].place);
+}
+
+/// A row or node that was scrolled away comes back with the keyboard; lines of the page do so by themselves.
+void KeyboardRound::give_to(QWidget& place)
+{
+    place.setFocus(Qt::OtherFocusReason);
+    if (auto* view = qobject_cast<QAbstractItemView*>(&place); view && view->currentIndex().isValid())
+        view->scrollTo(view->currentIndex());
 }
 
 } // namespace tarnwick

@@ -11,7 +11,8 @@ namespace tarnwick {
 class frmmain;
 
 /// The way of the keyboard round the main window: F6 goes on from the tree to the list or page and to the boxes
-/// that stand open there, Shift+F6 goes back.
+/// that stand open there, Shift+F6 goes back. A keyboard that nobody has, since what had it is gone, goes to the
+/// right pane.
 class KeyboardRound : public QObject {
     Q_OBJECT
 public:
@@ -24,6 +25,9 @@ public:
     /// Gives the keyboard to the right pane, or to the tree where the pane takes none.
     void go_to_right_pane();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     /// One stop of the round, none of them null; where the keyboard now is tells `is_here`.
     struct Stop {
@@ -33,6 +37,9 @@ private:
 
     std::vector<Stop> stops() const;
     void move(int step);
+    static void give_to(QWidget& place);
+    void look_after_keyboard();
+    void take_up_keyboard();
 
     frmmain& main_;
 };

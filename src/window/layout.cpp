@@ -235,6 +235,7 @@ void Layout::separator_fix()
         frame_refresh(grid_width(left));
 }
 
+/// What lies in the right pane.
 void Layout::frame_refresh(int right_pane_width)
 {
     const int width = std::max(right_pane_width, least_pane);

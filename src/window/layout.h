@@ -32,7 +32,6 @@ public:
     void set_settled() { settled_ = true; }
 
     void frm_refresh(); ///< the whole window from its present size
-    void frame_refresh(int right_pane_width); ///< what lies in the right pane
     void freize_refresh(); ///< the frame around the right pane
     void lv_resize(); ///< the grid, its columns and what lies over them
 
@@ -53,6 +52,7 @@ public:
 private:
     class Ground;
 
+    void frame_refresh(int right_pane_width);
     void join_panes(const QRect& right);
     void drag_to_limit();
     void drag_done(int moved);

@@ -7,6 +7,7 @@
 #include "lists/list_pane.h"
 #include "lists/lists.h"
 #include "lists/placing.h"
+#include "dialogs/frmColor.h"
 #include "recipes/ingredients.h"
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
@@ -16,7 +17,7 @@
 #include "window/list_manager.h"
 #include "window/move_window.h"
 #include "window/output_commands.h"
-#include "window/page_colors.h"
+#include "window/panes.h"
 #include "widgets/program.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
@@ -76,12 +77,12 @@ void new_list(frmmain& main)
 }
 void clear_list(frmmain& main)
 {
-    if (leave_editors(main))
+    if (main.panes().leave_editors())
         main.lists().clear();
 }
 void delete_list(frmmain& main)
 {
-    if (leave_editors(main))
+    if (main.panes().leave_editors())
         main.lists().list_del();
 }
 void new_recipe(frmmain& main)
@@ -110,11 +111,17 @@ void rename_category(frmmain& main)
 }
 void by_category(frmmain& main)
 {
-    main.view_state().sort_by_cat();
+    main.view_state().sort(false);
 }
 void by_name(frmmain& main)
 {
-    main.view_state().sort_by_alpha();
+    main.view_state().sort(true);
+}
+void choose_color(frmmain& main)
+{
+    frmColor(&main, main.shared.color_index, main.shared.type_size, [&main](int index) {
+        main.view_state().set_color(index);
+    }).exec();
 }
 void close_folders(frmmain& main)
 {
@@ -129,8 +136,8 @@ constexpr MenuRow rows[] = {
     {separator, "mnu_list", "mnu_list_sep", ""},
     {list_array, "mnu_list", "mnu_list_list", "list"},
     {separator, "mnu_list", "mnu_list_sep_2", ""},
-    {command, "mnu_list", "mnu_list_Print", "Print", print_list},
-    {command, "mnu_list", "mnu_list_prntsetup", "Print setup", [](frmmain& m) { show_print_setup(m); }},
+    {command, "mnu_list", "mnu_list_Print", "Print", [](frmmain& m) { m.output().print_list(); }},
+    {command, "mnu_list", "mnu_list_prntsetup", "Print setup", [](frmmain& m) { m.output().show_print_setup(); }},
     {separator, "mnu_list", "mnu_list_sep_3", ""},
     {command, "mnu_list", "mnu_list_clear", "Clear shopping list", clear_list},
     {command, "mnu_list", "mnu_list_del", "Delete shopping list", delete_list},
@@ -143,13 +150,15 @@ constexpr MenuRow rows[] = {
     {command, "mnu_recipe", "mnu_recipe_add_ingred", "Add ingredient", add_ingredient},
     {command, "mnu_recipe", "mnu_recipe_new", "New recipe", new_recipe},
     {separator, "mnu_recipe", "mnu_recipe_sep_1", ""},
-    {command, "mnu_recipe", "mnu_recipe_prnt", "Print recipe", print_recipe},
+    {command, "mnu_recipe", "mnu_recipe_prnt", "Print recipe", [](frmmain& m) { m.output().print_recipe(); }},
     {command, "mnu_recipe", "mnu_recipe_del", "Delete recipe", delete_recipe},
-    {command, "mnu_recipe", "mnu_recipe_move", "Move recipe", [](frmmain& m) { show_move_item(m, false); }},
+    {command, "mnu_recipe", "mnu_recipe_move", "Move recipe",
+     [](frmmain& m) { show_move_item(m.program(), m.panes(), false); }},
 
     {bar_menu, "", "mnu_edit", "Stoc&k"},
     {command, "mnu_edit", "mnu_edit_add_stck", "New stock item", new_item},
-    {command, "mnu_edit", "mnu_edit_move", "Move stock item", [](frmmain& m) { show_move_item(m, true); }},
+    {command, "mnu_edit", "mnu_edit_move", "Move stock item",
+     [](frmmain& m) { show_move_item(m.program(), m.panes(), true); }},
     {command, "mnu_edit", "mnu_edit_stock_to_list", "Add stock item to list", item_to_list},
     {separator, "mnu_edit", "mnu_edit_sep_1", ""},
     {command, "mnu_edit", "mnu_edit_add_cat", "New stock category", new_category},
@@ -157,21 +166,22 @@ constexpr MenuRow rows[] = {
     {command, "mnu_edit", "mnu_edit_del_cat", "Delete stock category", delete_category},
 
     {bar_menu, "", "mnu_tools", "&Tools"},
-    {check, "mnu_tools", "mnu_tools_listlist", "List manager", toggle_list_manager},
+    {check, "mnu_tools", "mnu_tools_listlist", "List manager", [](frmmain& m) { m.list_manager().toggle(); }},
     {bar_menu, "mnu_tools", "mnu_tools_find", "Find"},
     {command, "mnu_tools_find", "mnu_tools_find_item", "Stock item(s)",
-     [](frmmain& m) { show_find(m, FindKind::stock); }},
+     [](frmmain& m) { show_find(m.program(), m.panes(), m.view_state(), FindKind::stock); }},
     {command, "mnu_tools_find", "mnu_tools_find_recipe", "Recipe(s)",
-     [](frmmain& m) { show_find(m, FindKind::recipes); }},
+     [](frmmain& m) { show_find(m.program(), m.panes(), m.view_state(), FindKind::recipes); }},
     {bar_menu, "mnu_tools", "mnu_tools_wp", "Word processor"},
     {command, "mnu_tools_wp", "mnu_tools_wp_rcp", "Open recipe in word processor",
-     [](frmmain& m) { send_to_rtf(m, true); }},
+     [](frmmain& m) { m.output().send_to_rtf(true); }},
     {command, "mnu_tools_wp", "mnu_tools_wp_list", "Open shopping list in word processor",
-     [](frmmain& m) { send_to_rtf(m, false); }},
+     [](frmmain& m) { m.output().send_to_rtf(false); }},
     {bar_menu, "mnu_tools", "mnu_tool_email", "Email"},
-    {command, "mnu_tool_email", "mnu_tools_email_rcp", "Recipe", [](frmmain& m) { send_to_email(m, true); }},
+    {command, "mnu_tool_email", "mnu_tools_email_rcp", "Recipe",
+     [](frmmain& m) { m.output().send_to_email(true); }},
     {command, "mnu_tool_email", "mnu_tools_email_list", "Shopping list",
-     [](frmmain& m) { send_to_email(m, false); }},
+     [](frmmain& m) { m.output().send_to_email(false); }},
 
     {bar_menu, "", "mnu_view", "&View"},
     {check, "mnu_view", "mnu_view_stock", "Stock list", [](frmmain& m) { m.program().show_stock(true); }},
@@ -196,8 +206,8 @@ constexpr MenuRow rows[] = {
     {command, "mnu_view", "mnu_view_color", "page view color...", choose_color},
 
     {bar_menu, "", "mnu_help", "&Help"},
-    {command, "mnu_help", "mnu_help_launch", "Tarnwick help topics", launch_help},
-    {command, "mnu_help", "mnu_help_about", "About TarnWick", show_about},
+    {command, "mnu_help", "mnu_help_launch", "Tarnwick help topics", [](frmmain& m) { launch_help(m.program()); }},
+    {command, "mnu_help", "mnu_help_about", "About TarnWick", [](frmmain& m) { show_about(m.program()); }},
 
     {popup, "", "mnu_lv", ""},
     {command, "mnu_lv", "mnu_lv_ed", "Edit item", [](frmmain& m) { emit m.commands().edit_row_wanted(); }},
@@ -208,7 +218,8 @@ constexpr MenuRow rows[] = {
     {command, "mnu_tv", "mnu_tv_edit", "Edit stock item", [](frmmain& m) { m.stock_commands().edit_stock_item(); }},
     {command, "mnu_tv", "mnu_tv_di", "Delete item", delete_item},
     {command, "mnu_tv", "mnu_tv_rename", "Rename item", [](frmmain& m) { m.stock_commands().rename_item(); }},
-    {command, "mnu_tv", "mnu_tv_move", "Move item", [](frmmain& m) { show_move_item(m, true); }},
+    {command, "mnu_tv", "mnu_tv_move", "Move item",
+     [](frmmain& m) { show_move_item(m.program(), m.panes(), true); }},
     {separator, "mnu_tv", "mnu_tv_sep_1", ""},
     {command, "mnu_tv", "mnu_tv_nc", "New category", new_category},
     {command, "mnu_tv", "mnu_tv_rn", "Rename category", rename_category},
@@ -219,7 +230,8 @@ constexpr MenuRow rows[] = {
 
     {popup, "", "mnu_tv_r", ""},
     {command, "mnu_tv_r", "mnu_tv_r_del", "Delete recipe", delete_recipe},
-    {command, "mnu_tv_r", "mnu_tv_r_move", "Move recipe", [](frmmain& m) { show_move_item(m, false); }},
+    {command, "mnu_tv_r", "mnu_tv_r_move", "Move recipe",
+     [](frmmain& m) { show_move_item(m.program(), m.panes(), false); }},
     {command, "mnu_tv_r", "mnu_tv_r_new", "New recipe", new_recipe},
 
     {popup, "", "mnu_ingred", ""},
@@ -227,7 +239,10 @@ constexpr MenuRow rows[] = {
 
     {popup, "", "mnu_more", ""},
     {command, "mnu_more", "mnu_more_find", "Find",
-     [](frmmain& m) { show_find(m, m.shared.stock_view ? FindKind::stock : FindKind::recipes); }},
+     [](frmmain& m) {
+         show_find(m.program(), m.panes(), m.view_state(),
+                   m.shared.stock_view ? FindKind::stock : FindKind::recipes);
+     }},
     {bar_menu, "mnu_more", "mnu_more_sort", "Sort"},
     {check, "mnu_more_sort", "mnu_more_sort_alpha", "Alphabetically", by_name},
     {check, "mnu_more_sort", "mnu_more_sort_cat", "By category", by_category},

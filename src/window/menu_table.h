@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <span>
 
 namespace tarnwick {
@@ -23,6 +25,12 @@ struct MenuRow {
     const char* caption; ///< of a menu of the bar with '&' before the letter that opens it with Alt
     void (*run)(frmmain&) = nullptr; ///< none: the command has no effect
 };
+
+/// A text of these tables as the program shows it.
+inline QString text_of(const char* text)
+{
+    return QString::fromUtf8(text);
+}
 
 /// All commands of the main window.
 std::span<const MenuRow> menu_table();

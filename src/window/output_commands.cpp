@@ -5,105 +5,107 @@
 #include "output/sending.h"
 #include "recipes/recipe_page.h"
 #include "widgets/message_box.h"
-#include "widgets/row_editor.h"
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
+#include "window/panes.h"
 
 namespace tarnwick {
 namespace {
 
-/// The recipe on the page. A start on the list leaves the page unread: then the one it would show. Tells the user
-/// when there is none.
-std::optional<RecipeSheet> open_recipe(frmmain& main)
+Paper paper_of(const Environment& environment)
 {
-    auto sheet = main.recipe_page().sheet();
-    if (!sheet)
-        sheet = read_recipe_sheet(main.connection(), main.shared.cur_recipe);
-    if (!sheet)
-        msg_box(&main, QStringLiteral("No recipe found"), box::information, QStringLiteral("Tarnwick"));
-    return sheet;
-}
-
-void send(frmmain& main, bool is_recipe, void (Sending::*how)(const std::optional<RecipeSheet>&))
-{
-    if (!leave_editors(main))
-        return;
-    std::optional<RecipeSheet> recipe;
-    if (is_recipe) {
-        recipe = open_recipe(main);
-        if (!recipe)
-            return;
-    }
-    const Environment& environment = main.environment();
-    Sending sending({main, main.connection(), main.settings(), environment.program_folder, main.today(),
-                     environment.open_url, environment.longest_url, main.shared.current_list,
-                     main.shared.type_size});
-    (sending.*how)(recipe);
-}
-
-Paper paper_of(const frmmain& main)
-{
-    return {main.environment().printer, main.environment().documents_folder};
-}
-
-void put_out_list(frmmain& main, QWidget& owner, bool preview)
-{
-    if (!leave_editors(main))
-        return;
-    Key page = 1;
-    print_list_pages({main.connection(), main.shared.current_list, main.shared.reports, main.shared.type_size,
-                      main.today(), paper_of(main)},
-                     owner, page, preview);
-}
-
-void put_out_recipe(frmmain& main, bool preview)
-{
-    if (!leave_editors(main))
-        return;
-    if (const auto recipe = open_recipe(main))
-        print_recipe(paper_of(main), main, main.shared.type_size, *recipe, preview);
+    return {environment.printer, environment.documents_folder};
 }
 
 } // namespace
 
-bool leave_editors(frmmain& main)
+OutputCommands::OutputCommands(Program& program, const Panes& panes)
+    : program_(program)
+    , panes_(panes)
 {
-    main.row_editor().lv_edit_off();
-    return main.recipe_page().leave_editors();
 }
 
-void print_list(frmmain& main)
+/// The recipe on the page. A start on the list leaves the page unread: then the one it would show. Tells the user
+/// when there is none.
+std::optional<RecipeSheet> OutputCommands::open_recipe()
 {
-    put_out_list(main, main, false);
+    auto sheet = panes_.recipe_page.sheet();
+    if (!sheet)
+        sheet = read_recipe_sheet(program_.connection, program_.shared.cur_recipe);
+    if (!sheet)
+        msg_box(&program_.window, QStringLiteral("No recipe found"), box::information, QStringLiteral("Tarnwick"));
+    return sheet;
 }
 
-void print_recipe(frmmain& main)
+void OutputCommands::send(bool is_recipe, void (Sending::*how)(const std::optional<RecipeSheet>&))
 {
-    put_out_recipe(main, false);
+    if (!panes_.leave_editors())
+        return;
+    std::optional<RecipeSheet> recipe;
+    if (is_recipe) {
+        recipe = open_recipe();
+        if (!recipe)
+            return;
+    }
+    const Environment& environment = program_.environment;
+    Sending sending({program_.window, program_.connection, program_.settings, environment.program_folder,
+                     program_.today(), environment.open_url, environment.longest_url, program_.shared.current_list,
+                     program_.shared.type_size});
+    (sending.*how)(recipe);
 }
 
-void preview_pane(frmmain& main)
+void OutputCommands::put_out_list(QWidget& owner, bool preview)
 {
-    if (main.shared.list_pane_shown)
-        put_out_list(main, main, true);
+    if (!panes_.leave_editors())
+        return;
+    const SharedValues& shared = program_.shared;
+    Key page = 1;
+    print_list_pages({program_.connection, shared.current_list, shared.reports, shared.type_size, program_.today(),
+                      paper_of(program_.environment)},
+                     owner, page, preview);
+}
+
+void OutputCommands::put_out_recipe(bool preview)
+{
+    if (!panes_.leave_editors())
+        return;
+    if (const auto recipe = open_recipe())
+        tarnwick::print_recipe(paper_of(program_.environment), program_.window, program_.shared.type_size, *recipe,
+                               preview);
+}
+
+void OutputCommands::print_list()
+{
+    put_out_list(program_.window, false);
+}
+
+void OutputCommands::print_recipe()
+{
+    put_out_recipe(false);
+}
+
+void OutputCommands::preview_pane()
+{
+    if (program_.shared.list_pane_shown)
+        put_out_list(program_.window, true);
     else
-        put_out_recipe(main, true);
+        put_out_recipe(true);
 }
 
-void send_to_rtf(frmmain& main, bool is_recipe)
+void OutputCommands::send_to_rtf(bool is_recipe)
 {
-    send(main, is_recipe, &Sending::send_to_rtf);
+    send(is_recipe, &Sending::send_to_rtf);
 }
 
-void send_to_email(frmmain& main, bool is_recipe)
+void OutputCommands::send_to_email(bool is_recipe)
 {
-    send(main, is_recipe, &Sending::send_to_email);
+    send(is_recipe, &Sending::send_to_email);
 }
 
-void show_print_setup(frmmain& main)
+void OutputCommands::show_print_setup()
 {
-    pic_frm setup(main.shared.reports, main.settings(), main.shared.type_size, &main);
-    QObject::connect(&setup, &pic_frm::print_wanted, &setup,
-                     [&](bool preview) { put_out_list(main, setup, preview); });
+    pic_frm setup(program_.shared.reports, program_.settings, program_.shared.type_size, &program_.window);
+    connect(&setup, &pic_frm::print_wanted, &setup, [&](bool preview) { put_out_list(setup, preview); });
     setup.exec();
 }
 

@@ -1,25 +1,45 @@
 #pragma once
 
+#include "household/recipe_sheet.h"
+
+#include <QObject>
+
+#include <optional>
+
 namespace tarnwick {
 
-class frmmain;
+class Sending;
+struct Panes;
+struct Program;
 
-/// Writes what is being typed into a list row or the recipe page, as leaving its boxes does: it belongs to what
-/// leaves the program next. False when a name was refused; the user has to mend it first.
-bool leave_editors(frmmain& main);
+/// The commands by which a list or a recipe leaves the program. What is being typed belongs to it and is written
+/// first; a name that is refused there ends the command. Without a recipe a message says so.
+class OutputCommands : public QObject {
+    Q_OBJECT
+public:
+    OutputCommands(Program& program, const Panes& panes);
 
-/// Prints the list in use, or the recipe. Without a recipe a message says so.
-void print_list(frmmain& main);
-void print_recipe(frmmain& main);
+    void print_list(); ///< the list in use
+    void print_recipe();
 
-/// Shows how the list, or the recipe, would print, whichever the right pane has.
-void preview_pane(frmmain& main);
+    /// Shows how the list, or the recipe, would print, whichever the right pane has.
+    void preview_pane();
 
-/// Opens the recipe, or the list in use, in the word processor or in a mail. Without a recipe a message says so.
-void send_to_rtf(frmmain& main, bool is_recipe);
-void send_to_email(frmmain& main, bool is_recipe);
+    // Open the recipe, or the list in use, in the word processor or in a mail.
+    void send_to_rtf(bool is_recipe);
+    void send_to_email(bool is_recipe);
 
-/// `pic_frm`, until it is closed.
-void show_print_setup(frmmain& main);
+    /// `pic_frm`, until it is closed.
+    void show_print_setup();
+
+private:
+    std::optional<RecipeSheet> open_recipe();
+    void send(bool is_recipe, void (Sending::*how)(const std::optional<RecipeSheet>&));
+    void put_out_list(QWidget& owner, bool preview);
+    void put_out_recipe(bool preview);
+
+    Program& program_;
+    const Panes& panes_;
+};
 
 } // namespace tarnwick

@@ -6,7 +6,6 @@
 #include "widgets/list_grid.h"
 #include "widgets/message_box.h"
 #include "widgets/row_editor.h"
-#include "window/frmmain.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -21,12 +20,12 @@ RowField field_of(int column)
     return column == grid_column::aisle ? RowField::aisle : RowField::desc;
 }
 
-std::optional<RescuedField> unstored_field(frmmain& main)
+std::optional<RescuedField> unstored_field(ListPane& list)
 {
-    const RowEditor& editor = main.row_editor();
+    const RowEditor& editor = list.row_editor();
     if (!editor.is_open() || editor.unstored_column() < 0)
         return std::nullopt;
-    const GridModel& rows = main.list_pane().grid().rows();
+    const GridModel& rows = list.grid().rows();
     const GridRow& row = rows.row(editor.edit_row());
     return RescuedField{row.groc_key, row.item, field_of(editor.unstored_column()),
                         rows.cell_text(editor.edit_row(), editor.unstored_column())};
@@ -53,14 +52,14 @@ void offer(Connection& connection, const QString& file, const Rescue& rescue)
 
 } // namespace
 
-void rescue_typed(frmmain& main) noexcept
+void rescue_typed(const RecipePage& page, ListPane& list, const QString& database) noexcept
 {
     try {
         Rescue rescue;
-        main.recipe_page().add_unstored(rescue);
-        rescue.field = unstored_field(main);
+        page.add_unstored(rescue);
+        rescue.field = unstored_field(list);
         if (!rescue.is_empty())
-            write_rescue(rescue, main.environment().database_file());
+            write_rescue(rescue, database);
     } catch (...) {
         // The error that is about to be told is the one to tell.
     }

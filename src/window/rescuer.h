@@ -5,10 +5,12 @@
 namespace tarnwick {
 
 class Connection;
-class frmmain;
+class ListPane;
+class RecipePage;
 
-/// Before the message of an error that ends the program: writes what is typed and not stored into a rescue file.
-void rescue_typed(frmmain& main) noexcept;
+/// Before the message of an error that ends the program: writes what is typed on page and list and not stored into
+/// a rescue file for the database.
+void rescue_typed(const RecipePage& page, ListPane& list, const QString& database) noexcept;
 
 /// At a start, before anything of the database is shown: says what earlier runs have rescued, puts it back when the
 /// user wants it, and sets it aside otherwise. Throws SQLite::Exception.

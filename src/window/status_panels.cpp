@@ -5,6 +5,7 @@
 #include "household/status.h"
 #include "widgets/tool_tip.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QStatusBar>
@@ -37,15 +38,19 @@ public:
         setToolTip(QString::fromUtf8(legend.tool_tip));
         setProperty("picture", code_);
         setContentsMargins(gap + list_image_size(ImageList::stock_tree, code_).width(), 0, gap, 0);
+        measure();
     }
 
-    QSize minimumSizeHint() const override
-    {
-        const int words = fontMetrics().horizontalAdvance(text()) * narrowest_type / 100 + 1;
-        return {contentsMargins().left() + words + contentsMargins().right(), QLabel::minimumSizeHint().height()};
-    }
+    /// Asked for by the bar again and again.
+    QSize minimumSizeHint() const override { return least_; }
 
 protected:
+    void changeEvent(QEvent* event) override
+    {
+        QLabel::changeEvent(event);
+        if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+            measure();
+    }
     void paintEvent(QPaintEvent*) override
     {
         const int top = (height() - list_image_size(ImageList::stock_tree, code_).height()) / 2;
@@ -57,8 +62,15 @@ protected:
     }
 
 private:
+    void measure()
+    {
+        const int words = fontMetrics().horizontalAdvance(text()) * narrowest_type / 100 + 1;
+        least_ = {contentsMargins().left() + words + contentsMargins().right(), QLabel::minimumSizeHint().height()};
+    }
+
     static constexpr int gap = 6;
     int code_; ///< status, and image of the stock tree
+    QSize least_;
 };
 
 /// A panel that shows as much of its text as fits.

@@ -1,12 +1,10 @@
 #include "window/toolbar.h"
 
-#include "window/frmmain.h"
 #include "window/commands.h"
-#include "window/layout.h"
-#include "window/output_commands.h"
+#include "window/menu_table.h"
 #include "widgets/pictures.h"
+#include "widgets/shared_values.h"
 #include "widgets/tool_tip.h"
-#include "window/view_state.h"
 
 #include <QAction>
 #include <QFrame>
@@ -15,6 +13,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -27,6 +26,7 @@ constexpr int icon_size = 24;
 constexpr int least_button_width = 40;
 constexpr int separator_width = 9;
 constexpr int least_caption_points = 8;
+constexpr int largest_caption_points = 12;
 
 constexpr int picture_sort_category = 18;
 constexpr int picture_sort_alpha = 14;
@@ -70,11 +70,6 @@ const StandingButton& at_rest(int number)
     return standing[static_cast<size_t>(number)];
 }
 
-QString text_of(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 QString more_caption()
 {
     return QStringLiteral("More...");
@@ -82,14 +77,13 @@ QString more_caption()
 
 } // namespace
 
-Toolbar::Toolbar(frmmain& main, QWidget* parent)
-    : main_(main)
+Toolbar::Toolbar(const SharedValues& shared, Commands& commands, Acts acts, QWidget* parent)
+    : shared_(shared)
+    , commands_(commands)
+    , acts_(std::move(acts))
     , bar_(new QWidget(parent))
 {
     bar_->setObjectName(QStringLiteral("Toolbar1"));
-    QFont font = bar_->font();
-    font.setPointSize(least_caption_points);
-    bar_->setFont(font);
     for (int i = first_button; i <= last_button; ++i) {
         if (at_rest(i).picture == 0)
             make_separator(i);
@@ -105,7 +99,16 @@ Toolbar::Toolbar(frmmain& main, QWidget* parent)
     add_drop_down(ToolButton::size, "MDM", QStringLiteral("Medium"));
     add_drop_down(ToolButton::size, "LRG", QStringLiteral("Large"));
     set_tag(ToolButton::folders, QStringLiteral("DFLT"));
+    measure_widest();
     place_buttons();
+}
+
+void Toolbar::measure_widest()
+{
+    set_caption_points(largest_caption_points);
+    for (int i = first_button; i <= last_button; ++i)
+        widest_.at(static_cast<size_t>(i)) = width_of(i);
+    set_caption_points(least_caption_points);
 }
 
 void Toolbar::make_button(int number)
@@ -207,6 +210,20 @@ void Toolbar::show_button(ToolButton which, bool shown)
     button(which).setVisible(shown);
 }
 
+void Toolbar::set_caption_points(int points)
+{
+    QFont font = bar_->font();
+    font.setPointSize(points);
+    if (font != bar_->font())
+        bar_->setFont(font);
+}
+
+int Toolbar::width_of(int number) const
+{
+    return at_rest(number).picture == 0 ? separator_width
+                                        : std::max(part(number).sizeHint().width(), least_button_width);
+}
+
 void Toolbar::place_buttons()
 {
     const int row = height() - edge_margin;
@@ -214,9 +231,8 @@ void Toolbar::place_buttons()
     for (int i = first_button; i <= last_button; ++i) {
         if (!shown_.at(static_cast<size_t>(i)))
             continue;
-        const bool is_separator = at_rest(i).picture == 0;
-        const int width = is_separator ? separator_width : std::max(part(i).sizeHint().width(), least_button_width);
-        if (is_separator)
+        const int width = std::max(width_of(i), room_.at(static_cast<size_t>(i)));
+        if (at_rest(i).picture == 0)
             part(i).setGeometry(left + separator_width / 2 - 1, edge_margin + 4, 2, row - 8);
         else
             part(i).setGeometry(left, edge_margin / 2, width, row);
@@ -224,9 +240,14 @@ void Toolbar::place_buttons()
     }
 }
 
+int Toolbar::window_width() const
+{
+    return bar_->window()->width();
+}
+
 bool Toolbar::fits(ToolButton which) const
 {
-    return button(which).x() + button(which).width() + fit_margin <= main_.width();
+    return button(which).x() + button(which).width() + fit_margin <= window_width();
 }
 
 void Toolbar::restore_standing_state()
@@ -237,7 +258,7 @@ void Toolbar::restore_standing_state()
     set_picture(ToolButton::folders, picture_close_folders);
     set_tag(ToolButton::folders, QStringLiteral("DFLT"));
     for (const char* name : {"mnu_more_find", "mnu_more_sort", "mnu_more_sort_alpha", "mnu_more_sort_cat"})
-        main_.commands().set_visible(text_of(name), false);
+        commands_.set_visible(text_of(name), false);
     for (const ToolButton which : {ToolButton::find, ToolButton::sort, ToolButton::folders, ToolButton::size})
         show_button(which, true);
 }
@@ -246,15 +267,29 @@ void Toolbar::restore_standing_state()
 /// they are smaller than the type size.
 bool Toolbar::fit_type()
 {
+    room_ = {};
     for (int points = std::max(type_size_, least_caption_points);; --points) {
-        QFont font = bar_->font();
-        font.setPointSize(points);
-        if (font != bar_->font())
-            bar_->setFont(font);
+        set_caption_points(points);
         place_buttons();
-        if (points == least_caption_points || least_width() <= main_.width())
+        if (points == least_caption_points || least_width() <= window_width()) {
+            give_room();
             return points < type_size_;
+        }
     }
+}
+
+/// Where all buttons stand in the window with the largest captions, each gets the room of those at every type size:
+/// a second click on Size must not meet what has moved under the pointer.
+void Toolbar::give_room()
+{
+    if (!fits(ToolButton::size))
+        return;
+    room_ = widest_;
+    place_buttons();
+    if (fits(ToolButton::size))
+        return;
+    room_ = {};
+    place_buttons();
 }
 
 void Toolbar::toolbar_fit()
@@ -275,15 +310,15 @@ void Toolbar::toolbar_fit()
     }
     if (too_narrow || !fits(ToolButton::folders)) {
         for (const char* name : {"mnu_more_sort", "mnu_more_sort_alpha", "mnu_more_sort_cat"})
-            main_.commands().set_visible(text_of(name), true);
+            commands_.set_visible(text_of(name), true);
         show_button(ToolButton::sort, false);
     }
     if (!sort_fits) {
-        main_.commands().set_visible(QStringLiteral("mnu_more_find"), true);
+        commands_.set_visible(QStringLiteral("mnu_more_find"), true);
         show_button(ToolButton::find, false);
     }
     place_buttons();
-    main_.layout_manager().place_rows();
+    acts_.fitted();
 }
 
 void Toolbar::set_folder_button()
@@ -323,12 +358,13 @@ void Toolbar::set_size_button(int image, const QString& tag, const QString& tool
 void Toolbar::pop_up_more(ToolButton which)
 {
     const QWidget& below = button(which);
-    main_.commands().menu(QStringLiteral("mnu_more")).popup(below.mapToGlobal(QPoint(0, below.height())));
+    commands_.menu(QStringLiteral("mnu_more")).popup(below.mapToGlobal(QPoint(0, below.height())));
 }
 
+/// The command of the menus that a button stands for in the present state; empty for one without.
 QString Toolbar::command_of(ToolButton which) const
 {
-    const bool list = main_.shared.list_pane_shown;
+    const bool list = shared_.list_pane_shown;
     switch (which) {
     case ToolButton::new_list:
         return text_of("mnu_list_new");
@@ -349,7 +385,7 @@ QString Toolbar::command_of(ToolButton which) const
     case ToolButton::email:
         return text_of(tag(which) == QLatin1String("list") ? "mnu_tools_email_list" : "mnu_tools_email_rcp");
     case ToolButton::find:
-        return text_of(main_.shared.stock_view ? "mnu_tools_find_item" : "mnu_tools_find_recipe");
+        return text_of(shared_.stock_view ? "mnu_tools_find_item" : "mnu_tools_find_recipe");
     case ToolButton::folders:
         return text_of("mnu_view_cntrct_all");
     default:
@@ -363,32 +399,32 @@ void Toolbar::clicked(ToolButton which)
     if (may_be_more && tag(which) == QLatin1String("MORE"))
         pop_up_more(which);
     else if (which == ToolButton::sort && tag(which) == QLatin1String("CAT"))
-        main_.view_state().sort_by_alpha();
+        acts_.sort(true);
     else if (which == ToolButton::sort)
-        main_.view_state().sort_by_cat();
+        acts_.sort(false);
     else if (which == ToolButton::size)
-        main_.view_state().size_cycle();
+        acts_.next_size();
     else if (which == ToolButton::preview)
-        preview_pane(main_);
+        acts_.preview();
     else if (const QString command = command_of(which); !command.isEmpty())
-        main_.commands().run(command);
+        commands_.run(command);
 }
 
 void Toolbar::drop_down_clicked(const QString& key)
 {
     const QString upper = key.toUpper();
     if (upper == QLatin1String("PRNT_OPT"))
-        main_.commands().run(QStringLiteral("mnu_list_prntsetup"));
+        commands_.run(QStringLiteral("mnu_list_prntsetup"));
     else if (upper == QLatin1String("ALPHA"))
-        main_.view_state().sort_by_alpha();
+        acts_.sort(true);
     else if (upper == QLatin1String("CAT"))
-        main_.view_state().sort_by_cat();
+        acts_.sort(false);
     else if (upper == QLatin1String("SML"))
-        main_.view_state().set_type_size(9);
+        acts_.set_size(9);
     else if (upper == QLatin1String("MDM"))
-        main_.view_state().set_type_size(10);
+        acts_.set_size(10);
     else if (upper == QLatin1String("LRG"))
-        main_.view_state().set_type_size(12);
+        acts_.set_size(12);
 }
 
 } // namespace tarnwick

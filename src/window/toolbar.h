@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <array>
+#include <functional>
 
 class QAction;
 class QToolButton;
@@ -11,7 +12,8 @@ class QWidget;
 
 namespace tarnwick {
 
-class frmmain;
+class Commands;
+struct SharedValues;
 
 /// The buttons and separators of the toolbar by their numbers.
 enum class ToolButton : int {
@@ -39,7 +41,16 @@ enum class ToolButton : int {
 class Toolbar : public QObject {
     Q_OBJECT
 public:
-    Toolbar(frmmain& main, QWidget* parent);
+    /// What the buttons that stand for no command do, and what follows a new fit.
+    struct Acts {
+        std::function<void()> preview;
+        std::function<void(bool by_name)> sort;
+        std::function<void(int points)> set_size;
+        std::function<void()> next_size;
+        std::function<void()> fitted; ///< the bar may have another height
+    };
+
+    Toolbar(const SharedValues& shared, Commands& commands, Acts acts, QWidget* parent);
 
     QWidget& widget() { return *bar_; }
 
@@ -50,9 +61,6 @@ public:
     void set_enabled(ToolButton which, bool enabled);
     QString tag(ToolButton which) const;
     void set_tag(ToolButton which, const QString& tag);
-
-    /// The command of the menus that a button stands for in the present state; empty for one without.
-    QString command_of(ToolButton which) const;
 
     /// Points of the captions; a window that is too narrow for them gets smaller ones.
     void set_type_size(int points) { type_size_ = points; }
@@ -76,6 +84,7 @@ public:
 private:
     QWidget& part(int number) const { return *buttons_.at(static_cast<size_t>(number)); }
     QToolButton& tool_button(ToolButton which) const;
+    QString command_of(ToolButton which) const;
     void make_button(int number);
     void make_separator(int number);
     void add_drop_down(ToolButton owner, const char* key, const QString& caption);
@@ -83,18 +92,27 @@ private:
     void drop_down_clicked(const QString& key);
     void pop_up_more(ToolButton which);
     void restore_standing_state();
+    void set_caption_points(int points);
+    void measure_widest();
+    int width_of(int number) const;
     void place_buttons();
+    int window_width() const;
     bool fit_type();
+    void give_room();
     bool fits(ToolButton which) const;
     void show_button(ToolButton which, bool shown);
     void set_picture(ToolButton which, int picture);
     void set_folder_button();
 
-    frmmain& main_;
+    const SharedValues& shared_;
+    Commands& commands_;
+    Acts acts_;
     QWidget* bar_;
     int type_size_ = 0;
     std::array<QWidget*, 19> buttons_{};
     std::array<bool, 19> shown_{};
+    std::array<int, 19> widest_{}; ///< widths with the largest captions, pixels
+    std::array<int, 19> room_{}; ///< least widths that the buttons are given: the widest, or 0
     bool stock_ = true; ///< the tree on show
     bool by_name_ = false; ///< its order
 };

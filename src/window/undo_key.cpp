@@ -2,7 +2,8 @@
 
 #include "household/household.h"
 #include "recipes/recipe_page.h"
-#include "window/frmmain.h"
+#include "widgets/program.h"
+#include "widgets/shared_values.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -23,14 +24,15 @@ bool has_own_undo(const QObject& control)
 
 } // namespace
 
-UndoKey::UndoKey(frmmain& main)
-    : QObject(&main)
-    , main_(main)
+UndoKey::UndoKey(Program& program, const RecipePage& page)
+    : QObject(&program.window)
+    , program_(program)
+    , page_(page)
 {
-    auto* undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), &main_);
+    auto* undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), &program_.window);
     connect(undo, &QShortcut::activated, this, [this] {
         if (can_bring_back())
-            main_.household().bring_back();
+            program_.household.bring_back();
     });
     qApp->installEventFilter(this);
 }
@@ -38,14 +40,13 @@ UndoKey::UndoKey(frmmain& main)
 /// A row comes back to a list on show, a line to its recipe on the page.
 bool UndoKey::can_bring_back() const
 {
-    if (!main_.shared.started || main_.shared.ending)
+    if (!program_.shared.started || program_.shared.ending)
         return false;
-    const auto from = main_.household().removed_from();
+    const auto from = program_.household.removed_from();
     if (!from)
         return false;
-    const bool list = main_.shared.list_pane_shown;
-    return *from == 0 ? list
-                      : !list && *from == main_.recipe_page().page_key() && !main_.recipe_page().editor_open();
+    const bool list = program_.shared.list_pane_shown;
+    return *from == 0 ? list : !list && *from == page_.page_key() && !page_.editor_open();
 }
 
 /// Text boxes claim the key even where they have nothing to undo.
@@ -54,7 +55,7 @@ bool UndoKey::eventFilter(QObject* watched, QEvent* event)
     if (event->type() != QEvent::ShortcutOverride || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo))
         return false;
     const auto* control = qobject_cast<const QWidget*>(watched);
-    return control && control->window() == &main_ && !has_own_undo(*control) && can_bring_back();
+    return control && control->window() == &program_.window && !has_own_undo(*control) && can_bring_back();
 }
 
 } // namespace tarnwick

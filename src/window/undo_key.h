@@ -4,14 +4,15 @@
 
 namespace tarnwick {
 
-class frmmain;
+class RecipePage;
+struct Program;
 
 /// Ctrl+Z in the main window: brings back the list row or the ingredient line that was removed last. A text box
 /// whose own typing can be undone keeps the key.
 class UndoKey : public QObject {
     Q_OBJECT
 public:
-    explicit UndoKey(frmmain& main);
+    UndoKey(Program& program, const RecipePage& page);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -19,7 +20,8 @@ protected:
 private:
     bool can_bring_back() const;
 
-    frmmain& main_;
+    Program& program_;
+    const RecipePage& page_;
 };
 
 } // namespace tarnwick

@@ -14,6 +14,7 @@
 #include "window/commands.h"
 #include "window/keyboard_round.h"
 #include "window/layout.h"
+#include "window/menu_table.h"
 #include "widgets/pictures.h"
 #include "window/status_panels.h"
 #include "widgets/tool_tip.h"
@@ -25,9 +26,12 @@
 #include "stock/stock_clicks.h"
 #include "stock/stock_tree.h"
 
+#include <QApplication>
+#include <QDialog>
 #include <QEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTabBar>
 
@@ -36,25 +40,19 @@ namespace {
 
 constexpr int non_stock_panel = 6;
 
-QString text_of(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 CommandInputs::Selection selection_of(const TreeView& tree)
 {
-    using Node = CommandInputs::Node;
     CommandInputs::Selection selection;
     const QTreeWidgetItem* node = tree.selected();
     if (!node)
         return selection;
     const NodeKey key = NodeKey::of(node);
     if (key.is_item())
-        selection.kind = Node::item;
+        selection.kind = CommandInputs::Node::item;
     else if (key.is_recipe())
-        selection.kind = Node::recipe;
+        selection.kind = CommandInputs::Node::recipe;
     else if (key.is_category())
-        selection.kind = key.is_other() ? Node::other : Node::category;
+        selection.kind = key.is_other() ? CommandInputs::Node::other : CommandInputs::Node::category;
     selection.text = node->text(0);
     selection.has_light = TreeView::picture(node) >= status_code::unlisted;
     return selection;
@@ -69,6 +67,14 @@ void select_tab(QTabBar& tabs, int index)
 {
     const QSignalBlocker quiet(tabs);
     tabs.setCurrentIndex(index);
+}
+
+void close_item_editor()
+{
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == QLatin1String("l_item_edit") && window->isVisible())
+            static_cast<QDialog*>(window)->reject();
+    }
 }
 
 } // namespace
@@ -247,7 +253,6 @@ void ViewState::show_tree(bool stock)
         main_.floating_buttons().hide_all();
     main_.stock_tree().view().setVisible(stock);
     main_.recipe_tree().view().setVisible(!stock);
-    main_.shared.stock_view = stock;
     if (!main_.shared.form_loading)
         main_.settings().set_pref(QStringLiteral("tv_view"), stock ? QStringLiteral("1") : QStringLiteral("0"));
     select_tab(left_tabs_, stock ? 0 : 1);
@@ -257,10 +262,14 @@ void ViewState::show_list_pane(bool list)
 {
     if (main_.shared.list_pane_shown == list)
         return;
-    main_.shared.list_pane_shown = list;
+    choose_pane(list);
+}
+
+void ViewState::choose_pane(bool list)
+{
     // The reverse of what start and close use; only a run that ends by Exit leaves it standing.
     main_.settings().set_pref(QStringLiteral("lv_view"), list ? QStringLiteral("0") : QStringLiteral("1"));
-    l_r_refresh();
+    main_.program().show_list_pane(list);
 }
 
 /// The wheel does not turn tabs.
@@ -282,23 +291,10 @@ void ViewState::right_tab_clicked(int index)
     if (index < 0)
         return;
     main_.row_editor().lv_edit_off();
-    const bool list = index == 0;
-    main_.shared.list_pane_shown = list;
-    main_.settings().set_pref(QStringLiteral("lv_view"), list ? QStringLiteral("0") : QStringLiteral("1"));
-    l_r_refresh();
+    choose_pane(index == 0);
 }
 
-void ViewState::sort_by_cat()
-{
-    sort_tree(false);
-}
-
-void ViewState::sort_by_alpha()
-{
-    sort_tree(true);
-}
-
-void ViewState::sort_tree(bool by_name)
+void ViewState::sort(bool by_name)
 {
     const bool stock = main_.shared.stock_view;
     bool& order = stock ? main_.shared.stock_alpha : main_.shared.recipe_alpha;
@@ -439,6 +435,42 @@ void ViewState::change_type_size(int size, int image, const QString& tag, const 
     main_.settings().set_pref(QStringLiteral("font"), QString::number(size));
     main_.toolbar().set_tag(ToolButton::size, QString::number(size));
     emit looks_changed();
+}
+
+void ViewState::set_color(int index)
+{
+    {
+        const UpdateLock lock(main_);
+        if (page_color_of(index))
+            main_.shared.color_index = index;
+        redraw_list();
+        redraw_recipe();
+        l_r_refresh();
+    }
+    emit looks_changed();
+    close_item_editor();
+    main_.settings().set_pref(QStringLiteral("color"), QString::number(index));
+}
+
+void ViewState::redraw_list()
+{
+    if (main_.row_editor().is_open())
+        main_.row_editor().lv_edit_off();
+    main_.list_pane().set_page_color();
+}
+
+/// The lights of the lines are drawn on the page colour: the recipe is set again, at the place where it stood.
+void ViewState::redraw_recipe()
+{
+    RecipePage& page = main_.recipe_page();
+    page.set_page_color();
+    if (!page.has_recipe())
+        return;
+    const int scrolled = page.scroll_bar().value();
+    page.set_recipe(page.page_key());
+    if (!main_.shared.list_pane_shown)
+        page.layout_page();
+    page.scroll_bar().setValue(scrolled);
 }
 
 } // namespace tarnwick

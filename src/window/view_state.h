@@ -27,8 +27,7 @@ public:
     /// Shows the lists, or the recipe page when not `list`, and stores the choice; nothing when it is shown.
     void show_list_pane(bool list);
 
-    void sort_by_cat(); ///< loads the visible tree with folders, unless it has them
-    void sort_by_alpha(); ///< loads the visible tree by name, unless it is so
+    void sort(bool by_name); ///< loads the visible tree by name, or with folders, unless it is so
     void close_folders(); ///< of the visible tree
 
     /// Captions, ticks and enabling of all commands, window title and tabs from the present state; nothing
@@ -40,6 +39,10 @@ public:
 
     void size_cycle(); ///< toolbar button 18: the next type size, and its setting
     void set_type_size(int size); ///< 9, 10 or 12 points, and the setting
+
+    /// Gives both pages the colour of an index 0 to 3 and stores it; a higher index is stored and leaves the colour
+    /// as it was. Panes keep their place, an open item editor closes without saving.
+    void set_color(int index);
 
 signals:
     void looks_changed(); ///< another type size or page colour is in use
@@ -55,9 +58,11 @@ private:
     void refresh_recipe_side();
     void set_edit_tool_tips(const QString& edit, const QString& remove);
     void show_tree(bool stock);
-    void sort_tree(bool by_name);
+    void choose_pane(bool list);
     void right_captions(const QString& list, const QString& recipe);
     bool long_captions_fit(const QString& list_name) const;
+    void redraw_list();
+    void redraw_recipe();
     void change_type_size(int size, int image, const QString& tag, const QString& tool_tip);
     void left_tab_clicked(int index);
     void right_tab_clicked(int index);

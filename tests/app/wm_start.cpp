@@ -1,6 +1,7 @@
 #include "probe/real_program.h"
 
 #include "data/settings.h"
+#include "household/rescue.h"
 
 #include <QTest>
 
@@ -20,6 +21,8 @@ private slots:
 
     void the_window_appears_once_in_its_final_size_and_the_separator_stays_data();
     void the_window_appears_once_in_its_final_size_and_the_separator_stays();
+    void the_window_comes_up_once_when_the_splash_goes_data();
+    void the_window_comes_up_once_when_the_splash_goes();
     void a_first_run_appears_maximised_with_the_default_separator();
     void a_separator_for_a_wider_window_is_shown_within_it_and_stays_stored();
     void a_resize_by_the_user_that_leaves_too_little_moves_and_stores_the_separator();
@@ -30,6 +33,7 @@ private slots:
 private:
     void store(int width, int height, int state, int separator) const;
     QString stored(const char* key) const;
+    void leave_something_to_ask() const;
     static bool stands(QProcess& process);
     static QString window_of(const QProcess& process);
 };
@@ -49,6 +53,15 @@ void wm_start::store(int width, int height, int state, int separator) const
 QString wm_start::stored(const char* key) const
 {
     return Settings(settings()).pref(QLatin1String(key), QStringLiteral("(none)"));
+}
+
+/// Something that was typed before an error, which the next start offers.
+void wm_start::leave_something_to_ask() const
+{
+    Rescue rescue;
+    rescue.recipe = 1;
+    rescue.typed = RecipeText{QStringLiteral("Soup"), QStringLiteral("Stir.")};
+    QVERIFY(!write_rescue(rescue, database()).isEmpty());
 }
 
 /// Waits until the main window is on the screen, and for what might come behind that.
@@ -105,6 +118,63 @@ void wm_start::the_window_appears_once_in_its_final_size_and_the_separator_stays
         QCOMPARE(lines_of(*process), QStringList());
         QCOMPARE(stored("seprtr").toInt(), separator * twips_per_pixel);
         QCOMPARE(stored("wstate").toInt(), state);
+    }
+}
+
+void wm_start::the_window_comes_up_once_when_the_splash_goes_data()
+{
+    QTest::addColumn<int>("state");
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("placed") << 0 << QString();
+    QTest::newRow("maximised") << 2 << QString();
+    QTest::newRow("first start") << 2 << QStringLiteral("first");
+    QTest::newRow("recipes on both sides") << 0 << QStringLiteral("recipes");
+    QTest::newRow("a question first") << 0 << QStringLiteral("question");
+}
+
+void wm_start::the_window_comes_up_once_when_the_splash_goes()
+{
+    QFETCH(int, state);
+    QFETCH(QString, kind);
+    if (kind != QLatin1String("first"))
+        store(1000, 650, state, 330);
+    if (kind == QLatin1String("recipes"))
+        for (const char* view : {"tv_view", "lv_view"})
+            Settings(settings()).set_pref(QLatin1String(view), QStringLiteral("0"));
+    for (int start = 0; start < 3; ++start) {
+        if (kind == QLatin1String("question"))
+            leave_something_to_ask();
+        const auto process = start_listening();
+        QVERIFY(process && stands(*process));
+        const QStringList told = ask(*process, "told").split(u',');
+        const auto said = [&told](const QString& window) {
+            QStringList words;
+            for (const QString& one : told)
+                if (one.startsWith(window + u' '))
+                    words.append(one.mid(window.size() + 1));
+            return words;
+        };
+        const QStringList main = said(QStringLiteral("frmmainWindow"));
+        const QStringList splash = said(QStringLiteral("frmSplashWindow"));
+        const QByteArray all = told.join(u',').toUtf8();
+        QVERIFY2(main.count(QStringLiteral("map")) == 1 && !main.contains(QStringLiteral("unmap")),
+                 all.constData());
+        QVERIFY2(splash.count(QStringLiteral("map")) == 1 && splash.count(QStringLiteral("unmap")) == 1,
+                 all.constData());
+        QVERIFY2(splash.last() == QLatin1String("unmap"), all.constData());
+        // From its coming up on the window has one size and one place.
+        const QStringList after = main.mid(main.indexOf(QStringLiteral("map")) + 1);
+        const QString size
+            = QStringLiteral("%1x%2").arg(ask(*process, "get frmmain width"), ask(*process, "get frmmain height"));
+        QStringList places;
+        for (const QString& one : after) {
+            QVERIFY2(one.startsWith(size), all.constData());
+            if (one.contains(u'+') && !places.contains(one))
+                places.append(one);
+        }
+        QVERIFY2(places.size() <= 1, all.constData());
+        tell(*process, "close");
+        lines_of(*process);
     }
 }
 

@@ -30,6 +30,7 @@ private slots:
     void the_screen_and_the_queries_sort_alike();
     void plain_texts_compare_as_the_collator_does();
     void mixed_texts_compare_as_the_collator_does();
+    void keys_of_names_compare_as_the_names_do();
     void percent_and_underscore_are_patterns_data();
     void percent_and_underscore_are_patterns();
     void like_with_an_escape_takes_signs_literally();
@@ -166,6 +167,30 @@ void tst_collation::mixed_texts_compare_as_the_collator_does()
         QVERIFY(query.next());
         QCOMPARE(query.number(0), -sign(compare_names(left, right)));
     }
+}
+
+void tst_collation::keys_of_names_compare_as_the_names_do()
+{
+    const QString beginning = QStringLiteral("Whole Grain Mustard, hot");
+    QCOMPARE(beginning.size(), 24); // as much as a key holds
+    const QString alphabet = QStringLiteral("aAbB -é");
+    QRandomGenerator random(11);
+    const auto text = [&] {
+        QString result = random.bounded(2) == 0 ? beginning.left(20 + random.bounded(5)) : QString();
+        for (int length = random.bounded(6); length > 0; --length)
+            result += alphabet[random.bounded(static_cast<int>(alphabet.size()))];
+        return random.bounded(2) == 0 ? result : result.toUpper();
+    };
+    int different = 0;
+    for (int i = 0; i < 20000; ++i) {
+        const QString left = text();
+        const QString right = text();
+        const bool below = compare_names(left, right) < 0;
+        QVERIFY2((NameKey(left) < NameKey(right)) == below, qPrintable(left + QStringLiteral(" | ") + right));
+        QCOMPARE(NameKey(left).name(), left);
+        different += below ? 1 : 0;
+    }
+    QVERIFY(different > 5000);
 }
 
 void tst_collation::percent_and_underscore_are_patterns_data()

@@ -105,6 +105,7 @@ private slots:
     void every_flipped_bit_that_can_be_found_is_refused_and_left_untouched();
     void a_missing_table_or_column_is_refused_data();
     void a_missing_table_or_column_is_refused();
+    void tables_made_in_other_words_are_as_good();
     void a_damaged_file_beside_a_journal_is_left_untouched_with_it();
     void a_backup_copied_beside_a_journal_is_told_and_left_untouched_with_it();
     void a_journal_of_another_file_is_told();
@@ -295,6 +296,18 @@ void tst_database_file::a_missing_table_or_column_is_refused()
     QFETCH(QString, expected);
     SQLite::Database(path().toStdString(), SQLite::OPEN_READWRITE).exec(sql.constData());
     check_refused(expected);
+}
+
+void tst_database_file::tables_made_in_other_words_are_as_good()
+{
+    SQLite::Database database(path().toStdString(), SQLite::OPEN_READWRITE);
+    const auto words = [&database] {
+        return database.execAndGet("SELECT sql FROM sqlite_master WHERE name = 'cat'").getString();
+    };
+    const std::string made = words();
+    database.exec("ALTER TABLE cat RENAME TO other; ALTER TABLE other RENAME TO cat");
+    QVERIFY(words() != made);
+    QCOMPARE(verdict(path()), QStringLiteral("opened"));
 }
 
 void tst_database_file::a_damaged_file_beside_a_journal_is_left_untouched_with_it()

@@ -20,7 +20,6 @@ private slots:
     void key_str_of_10000_is_empty_and_of_minus_1_too();
     void a_name_with_two_apostrophes_loses_both();
     void the_stripper_leaves_other_quotes();
-    void record_key_comes_from_the_last_four_characters();
     void a_text_of_only_a_blank_counts_as_empty_when_trimmed();
 };
 
@@ -150,16 +149,6 @@ void tst_text::the_stripper_leaves_other_quotes()
     QString name = QStringLiteral("\"a\" `b` \u2019c");
     strip_apostrophes(name);
     QCOMPARE(name, QStringLiteral("\"a\" `b` \u2019c"));
-}
-
-void tst_text::record_key_comes_from_the_last_four_characters()
-{
-    QCOMPARE(record_key(QStringLiteral("item0017")), Key{17});
-    QCOMPARE(record_key(QStringLiteral("cat0000")), Key{0});
-    QCOMPARE(record_key(QStringLiteral("rcp9999")), Key{9999});
-    QCOMPARE(record_key(QStringLiteral("rcat04")), Key{0}); // "at04" has no leading number
-    QCOMPARE(record_key(QStringLiteral("7")), Key{7});
-    QCOMPARE(record_key(QString()), Key{0});
 }
 
 void tst_text::a_text_of_only_a_blank_counts_as_empty_when_trimmed()

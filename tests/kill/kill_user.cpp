@@ -5,6 +5,7 @@
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
 #include "window/commands.h"
+#include "widgets/node_key.h"
 #include "widgets/tree_view.h"
 #include "stock/stock_tree.h"
 
@@ -31,6 +32,7 @@ User::User(frmmain& main, Habit habit, quint32 seed, const QString& log_file)
     , habit_(habit)
     , random_(seed)
     , log_(::open(qPrintable(log_file), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600))
+    , last_placed_(main.household())
 {
     qApp->installEventFilter(this);
 }
@@ -128,11 +130,11 @@ void User::place()
     if (tree.selected() != node)
         give_up(QStringLiteral("a click did not select a node"));
     Operation operation{Kind::place};
-    operation.item = record_key(TreeView::key(node));
+    operation.item = NodeKey::of(node).record;
     operation.list = main_.shared.current_list;
     note(begin_line(operation));
     command(QStringLiteral("mnu_tv_ai"));
-    note(QStringLiteral("done %1").arg(main_.household().last_groc_key()));
+    note(QStringLiteral("done %1").arg(last_placed_.key()));
 }
 
 void User::tick()
@@ -217,7 +219,7 @@ void User::delete_category()
     tree.ensure_visible(folder);
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.text_rect(folder).center());
     Operation operation{Kind::delete_category};
-    operation.key = record_key(TreeView::key(folder));
+    operation.key = NodeKey::of(folder).record;
     prepare(operation);
     command(QStringLiteral("mnu_tv_dc"));
     done(operation);
@@ -241,7 +243,7 @@ void User::rename_category()
     if (TreeView::key(folder) == QLatin1String("cat0000"))
         return;
     Operation operation{Kind::rename_category};
-    operation.key = record_key(TreeView::key(folder));
+    operation.key = NodeKey::of(folder).record;
     operation.name = new_name("Folder");
     prepare(operation);
     rename_node(*folder, operation.name);
@@ -256,7 +258,7 @@ void User::rename_item()
         return;
     QTreeWidgetItem* node = folder->child(random_.bounded(folder->childCount()));
     Operation operation{Kind::rename_item};
-    operation.key = record_key(TreeView::key(node));
+    operation.key = NodeKey::of(node).record;
     operation.name = new_name("thing");
     prepare(operation);
     rename_node(*node, operation.name);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kill/kill_model.h"
+#include "support/last_placed.h"
 
 #include <QObject>
 #include <QRandomGenerator>
@@ -58,6 +59,7 @@ private:
     const Habit habit_;
     QRandomGenerator random_;
     int log_;
+    LastPlaced last_placed_;
     int names_ = 0;
     int mode_ = 0; ///< of the clearing under way
     QString begin_; ///< the log's line of an operation whose last step has not come yet

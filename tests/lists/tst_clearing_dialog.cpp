@@ -665,6 +665,8 @@ void tst_clearing_dialog::lights_and_tool_tips_of_the_recipe_page_follow_data()
     QTest::addColumn<QString>("words");
     QTest::newRow("uncheck") << uncheck_option << int(picture_base::light_off)
                              << QStringLiteral("Inactive On Weekly list :: OTHER category");
+    QTest::newRow("delete the unchecked")
+        << unchecked_option << int(picture_base::light_unlisted) << QStringLiteral("Not listed :: OTHER category");
     QTest::newRow("delete all") << all_option << int(picture_base::light_unlisted)
                                 << QStringLiteral("Not listed :: OTHER category");
     QTest::newRow("delete the list") << list_option << int(picture_base::light_unlisted)
@@ -677,11 +679,16 @@ void tst_clearing_dialog::lights_and_tool_tips_of_the_recipe_page_follow()
     QFETCH(int, light);
     QFETCH(QString, words);
     PageWithMilk window;
+    const bool ticked = way != unchecked_option;
+    if (!ticked)
+        Query(window.db(), "UPDATE groc_1 SET to_get = 0").run();
     window.open();
-    QCOMPARE(window.picture("lite", 0), int(picture_base::light_on));
+    QCOMPARE(window.picture("lite", 0), int(ticked ? picture_base::light_on : picture_base::light_off));
     MessageScript script;
     script.drive(choose_and_ok(way));
-    if (way == all_option)
+    if (way == unchecked_option)
+        script.expect(warning, question("unchecked items", QStringLiteral("Weekly")));
+    else if (way == all_option)
         script.expect(warning, question("items", QStringLiteral("Weekly")));
     else if (way == list_option)
         script.expect(warning,

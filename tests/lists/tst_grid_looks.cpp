@@ -5,7 +5,6 @@
 #include "widgets/frame_lines.h"
 #include "widgets/plain_style.h"
 #include "widgets/tree_view.h"
-#include "window/page_colors.h"
 #include "window/view_state.h"
 
 #include <QImage>
@@ -63,7 +62,7 @@ private:
     {
         window_->rows(6);
         window_->open();
-        set_color(window_->main(), color);
+        window_->main().view_state().set_color(color);
         window_->grid().set_current(2, grid_column::item);
     }
 

@@ -3,8 +3,8 @@
 #include "data/query.h"
 #include "household/household.h"
 #include "recipes/recipe_page.h"
+#include "widgets/plain_style.h"
 #include "widgets/row_editor.h"
-#include "window/page_colors.h"
 #include "window/view_state.h"
 
 #include <QStatusBar>
@@ -74,6 +74,7 @@ private slots:
     void choosing_turns_back_from_the_recipe_page();
     void the_text_of_an_open_row_is_stored();
     void keys_go_through_the_rows_and_choose();
+    void the_frame_round_the_row_with_the_keyboard_is_whole();
 
     // In step with the main window
     void the_list_chosen_in_the_menu_is_marked();
@@ -324,6 +325,25 @@ void tst_list_manager::keys_go_through_the_rows_and_choose()
     QVERIFY(w.manager()->isVisible());
 }
 
+void tst_list_manager::the_frame_round_the_row_with_the_keyboard_is_whole()
+{
+    PlainStyle style;
+    ManagerWindow w;
+    w.open(three);
+    QApplication::setActiveWindow(w.manager());
+    QFrame& row = *w.part<QFrame>("frm_list", 0);
+    row.setStyle(&style);
+    row.setFocus();
+    QVERIFY(row.hasFocus());
+    const QImage image = row.grab().toImage();
+    const QRgb line = image.pixel(4, 1);
+    QVERIFY(line != ground(row).rgb());
+    for (int x = 4; x < image.width() - 4; ++x) {
+        QCOMPARE(image.pixel(x, 1), line);
+        QCOMPARE(image.pixel(x, image.height() - 2), line);
+    }
+}
+
 void tst_list_manager::the_list_chosen_in_the_menu_is_marked()
 {
     ManagerWindow w;
@@ -380,7 +400,7 @@ void tst_list_manager::page_color_and_type_size_are_taken_over_at_once()
     w.open(three);
     const QColor pink(255, 204, 204);
     QVERIFY(ground(*w.label(0)) != pink);
-    set_color(w.main(), 1);
+    w.main().view_state().set_color(1);
     for (int i = 0; i < 4; ++i) {
         QCOMPARE(ground(*w.label(i)), pink);
         QCOMPARE(ground(*w.part<QLabel>("pct_list", i)), pink);

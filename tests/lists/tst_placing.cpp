@@ -9,6 +9,7 @@
 #include "widgets/tree_view.h"
 #include "stock/stock_tree.h"
 #include "household/status.h"
+#include "support/last_placed.h"
 #include "support/message_script.h"
 #include "support/table_dump.h"
 #include "support/test_window.h"
@@ -186,13 +187,13 @@ void tst_placing::failure_in_the_middle_leaves_nothing_and_ends_the_program()
     frmmain& main = home.load();
     home.refuse(operation.constData(), table.constData());
     const QStringList before = table_dump(home.db());
-    const Key last = main.household().last_groc_key();
+    const LastPlaced placed(main.household());
     MessageScript script;
     script.expect(QStringLiteral("TarnWick"), shut_down);
     main.placing().stock_to_list(home.milk);
     QCOMPARE(table_dump(home.db()), before);
     QCOMPARE(home.rows().rows(), 0);
-    QCOMPARE(main.household().last_groc_key(), last);
+    QCOMPARE(int(placed.key()), -1);
     QCOMPARE(home.ends, 1);
 }
 
@@ -214,6 +215,7 @@ void tst_placing::placed_row_is_filled_and_current()
     for (const char* name : {"Apples", "Zucchini"})
         home.add_row(home.add_item(QString::fromLatin1(name), 0), home.weekly, false);
     frmmain& main = home.load();
+    const LastPlaced placed(main.household());
     Placement placement = home.placement(home.milk, home.weekly);
     placement.desc = QStringLiteral("  low fat ");
     placement.aisle = QStringLiteral(" 7 ");
@@ -221,7 +223,7 @@ void tst_placing::placed_row_is_filled_and_current()
     main.placing().add_item(placement);
     QCOMPARE(home.rows().rows(), 3);
     const GridRow& row = home.rows().row(1);
-    QCOMPARE(int(row.groc_key), int(main.household().last_groc_key()));
+    QCOMPARE(int(row.groc_key), int(placed.key()));
     QCOMPARE(int(row.list_key), int(home.weekly));
     QCOMPARE(int(row.item_key), int(home.milk));
     QVERIFY(row.to_get);
@@ -247,6 +249,7 @@ void tst_placing::new_row_is_marked_by_the_row_editor_unless_quiet()
     home.add_row(home.add_item(QStringLiteral("Apple"), 0), home.weekly, false);
     frmmain& main = home.load();
     RowEditor& editor = main.row_editor();
+    const LastPlaced placed(main.household());
 
     Placement quiet = home.placement(zest, home.weekly);
     quiet.quiet = true;
@@ -257,7 +260,7 @@ void tst_placing::new_row_is_marked_by_the_row_editor_unless_quiet()
     for (const Key item : {home.milk, bread}) {
         main.placing().stock_to_list(item);
         QVERIFY(editor.is_open());
-        const int row = home.rows().find_row(main.household().last_groc_key());
+        const int row = home.rows().find_row(placed.key());
         QCOMPARE(editor.edit_row(), row);
         QCOMPARE(home.rows().row(row).item_key, item);
         QVERIFY(home.rows().row(row).bold);
@@ -320,12 +323,13 @@ void tst_placing::same_item_twice_gives_two_rows_and_set_row_finds_by_key()
 {
     HomeWithLists home;
     frmmain& main = home.load();
+    const LastPlaced placed(main.household());
     main.placing().stock_to_list(home.milk);
-    const Key first = main.household().last_groc_key();
+    const Key first = placed.key();
     MessageScript script;
     expect_second_placing(script, QStringLiteral("active"), QStringLiteral("Milk"), Answer::yes);
     main.placing().stock_to_list(home.milk);
-    const Key second = main.household().last_groc_key();
+    const Key second = placed.key();
     QVERIFY(first != second);
     QCOMPARE(home.rows().rows(), 2);
     QCOMPARE(home.cell(0, grid_column::item), home.cell(1, grid_column::item));

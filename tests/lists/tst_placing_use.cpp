@@ -8,6 +8,7 @@
 #include "stock/item_editor_fixture.h"
 #include "stock/stock_tree.h"
 #include "support/edit_request.h"
+#include "support/last_placed.h"
 #include "support/table_dump.h"
 
 #include <QMessageBox>
@@ -101,9 +102,10 @@ void tst_placing_use::after_a_rename_in_the_item_editor_placed_rows_stand_as_a_l
     }
     QCOMPARE(stock.rows().row(0).item, QStringLiteral("Yams"));
 
+    const LastPlaced placed_last(stock.main().household());
     for (const Key item : {corn, yeast}) {
         stock.place(item);
-        const int row = stock.rows().find_row(stock.main().household().last_groc_key());
+        const int row = stock.rows().find_row(placed_last.key());
         QCOMPARE(stock.rows().row(row).item_key, item);
         QCOMPARE(grid.current_row(), row);
         QCOMPARE(stock.main().row_editor().edit_row(), row);

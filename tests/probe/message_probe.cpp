@@ -14,11 +14,15 @@
 //   get NAME PROPERTY the property of a widget as text
 //   focus             the object name of the widget that has the keyboard
 //   sizes             every size in which the main window has been seen on the screen, each once
+//   told              what the X server has told of the windows of the program: "NAME map", "NAME unmap" and "NAME
+//                     WIDTHxHEIGHT" or, with its place on the screen, "NAME WIDTHxHEIGHT+X+Y", with commas between
 // What it does not know or cannot do comes back behind "cannot".
 
+#include <QAbstractNativeEventFilter>
 #include <QAction>
 #include <QApplication>
 #include <QGenericPlugin>
+#include <QHash>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -31,6 +35,7 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <QWindow>
+#include <QtEndian>
 
 #include <algorithm>
 #include <array>
@@ -40,9 +45,61 @@
 
 namespace {
 
+/// What the X server tells of windows coming, going, and changing their size or place.
+class ServerWatch : public QAbstractNativeEventFilter {
+public:
+    bool nativeEventFilter(const QByteArray& kind, void* message, qintptr*) override
+    {
+        if (kind == QByteArrayLiteral("xcb_generic_event_t"))
+            hear(static_cast<const uchar*>(message));
+        return false;
+    }
+    QString told() const { return told_.join(u','); }
+
+private:
+    /// Events of the X protocol: 32 bytes each in the order of the machine, with fields at fixed places.
+    void hear(const uchar* event)
+    {
+        constexpr int unmap = 18;
+        constexpr int map = 19;
+        constexpr int configure = 22;
+        constexpr uchar sent = 0x80; // by the window manager, with the place on the screen
+        const auto number = [event](int at) { return qFromUnaligned<quint16>(event + at); };
+        const int type = event[0] & ~sent;
+        if (type != unmap && type != map && type != configure)
+            return;
+        const QString name = name_of(qFromUnaligned<quint32>(event + 8));
+        QString what = type == map ? QStringLiteral("map") : QStringLiteral("unmap");
+        if (type == configure) {
+            what = QStringLiteral("%1x%2").arg(number(20)).arg(number(22));
+            if (event[0] & sent)
+                what += QStringLiteral("+%1+%2").arg(qint16(number(16))).arg(qint16(number(18)));
+        }
+        if (!name.isEmpty())
+            told_.append(name + u' ' + what);
+    }
+
+    /// A window may be gone from the program by the time the server tells that it is unmapped.
+    QString name_of(quint32 id)
+    {
+        for (const QWindow* window : QGuiApplication::allWindows()) {
+            if (window->handle() && window->winId() == id)
+                names_[id] = window->objectName();
+        }
+        return names_.value(id);
+    }
+
+    QHash<quint32, QString> names_;
+    QStringList told_;
+};
+
 class Probe : public QObject {
 public:
-    Probe() { qApp->installEventFilter(this); }
+    Probe()
+    {
+        qApp->installEventFilter(this);
+        qApp->installNativeEventFilter(&server_);
+    }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
@@ -182,6 +239,8 @@ private:
             return named->property(command.section(u' ', 2, 2).toLatin1().constData()).toString();
         if (verb == QLatin1String("focus") && QApplication::focusWidget())
             return QApplication::focusWidget()->objectName();
+        if (verb == QLatin1String("told"))
+            return server_.told();
         return verb == QLatin1String("sizes") ? sizes_.join(u' ') : QString();
     }
 
@@ -211,6 +270,7 @@ private:
         }
     }
 
+    ServerWatch server_;
     QSocketNotifier* listener_ = nullptr;
     QByteArray heard_;
     QStringList sizes_;

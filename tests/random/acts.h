@@ -33,6 +33,9 @@ bool pick_from_list(User& user);
 // The window.
 bool type_text(User& user); ///< where the keyboard is, and perhaps a key that ends it
 bool press_any_key(User& user);
+bool go_round(User& user); ///< F6, forth or back
+bool open_a_menu(User& user); ///< of the menu bar by its letter, and out of it by Escape
+bool type_a_letter(User& user); ///< and looks where it lands
 bool click_edit_button(User& user); ///< pencil, cross or a stepper
 bool choose_command(User& user); ///< any of the menu bar but Exit
 bool click_toolbar(User& user); ///< a button or an entry of its drop-down menu

@@ -114,7 +114,10 @@ void Captions::check_list()
         faults_ += QStringLiteral("mnu_list_RenameList is not %1").arg(list_.has_value());
     if (!main_.shared.list_pane_shown)
         return;
-    command("mnu_list_del", {by_state("Delete ", " list", "Delete list", "Delete list"), list_.has_value()});
+    const QTreeWidgetItem* node = main_.stock_tree().view().selected();
+    const bool item = node && TreeView::key(node).startsWith(QLatin1String("item"));
+    const char* no_list = main_.shared.current_list < 0 && item ? "Delete shopping list" : "Delete list";
+    command("mnu_list_del", {by_state("Delete ", " list", "Delete list", no_list), list_.has_value()});
     button(10, {by_state("Print ", " list", "Print all shopping lists", "Print list"), any});
     button(11, {by_state("Preview ", " list", "Preview all shopping lists", "Preview list"), any});
     button(12,

@@ -9,6 +9,7 @@
 #include "stock/stock_tree.h"
 #include "support/test_window.h"
 #include "widgets/list_grid.h"
+#include "widgets/node_key.h"
 #include "widgets/tree_view.h"
 #include "window/status_panels.h"
 
@@ -131,7 +132,7 @@ void Oracle::note_rows(const ItemChange& change)
     }
 }
 
-QStringList Oracle::check()
+QStringList Oracle::check(bool scrolled)
 {
     faults_ = store_faults(db_);
     if (window_.ends > 0)
@@ -144,6 +145,7 @@ QStringList Oracle::check()
     check_recipe_tree();
     check_page();
     check_words();
+    check_keyboard(scrolled);
     placed_before_ = placed_;
     lit_before_ = lit_;
     lagging_before_ = lagging_;
@@ -230,7 +232,7 @@ void Oracle::check_words()
     const QTreeWidgetItem* const node = main_.shared.stock_view ? main_.stock_tree().view().selected() : nullptr;
     const QString key = node ? TreeView::key(node) : QString();
     const bool item = key.startsWith(QLatin1String("item"));
-    const QString words = item ? get_status(db_, record_key(key)) : QString();
+    const QString words = item ? get_status(db_, NodeKey::parse(key).record) : QString();
     const QString shown = main_.status_panels().text();
     const bool hint = shown.startsWith(QLatin1String("No recipe is open."));
     if (item && key != selected_ && !renamed_ && !hint && !selected_.isEmpty() && shown != words)

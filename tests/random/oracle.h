@@ -4,8 +4,10 @@
 
 #include <QHash>
 #include <QObject>
+#include <QPointer>
 #include <QSet>
 #include <QStringList>
+#include <QWidget>
 
 namespace tarnwick {
 class Connection;
@@ -32,7 +34,8 @@ class Oracle : public QObject {
 public:
     explicit Oracle(TestWindow& window);
 
-    QStringList check(); ///< everything that does not hold now
+    /// Everything that does not hold now, after a step or a scrolling by the mouse.
+    QStringList check(bool scrolled);
 
 private:
     void item_changed(const ItemChange& change);
@@ -46,6 +49,7 @@ private:
     void check_page();
     void check_line(const IngredientLine& line, Key key);
     void check_words();
+    void check_keyboard(bool scrolled);
     void fault(const QString& text) { faults_ += text; }
 
     TestWindow& window_;
@@ -64,6 +68,7 @@ private:
     QHash<Key, QString> old_tips_; ///< tool tips of lines as they stood at the last change of names
     QString selected_; ///< key of the selected item's node, and its words when looked at last
     QString words_;
+    QPointer<QWidget> keyboard_; ///< who had it after the last step
     QStringList faults_;
 };
 

@@ -45,9 +45,10 @@ public:
     void settle();
 
     void note(const QString& what); ///< for the account of the last actions
+    void fault(const QString& text) { faults_ += text; } ///< what an action found that does not hold
     const QStringList& trail() const { return trail_; }
 
-    QStringList take_faults(); ///< messages of errors, dialogs that cannot be closed
+    QStringList take_faults(); ///< messages of errors, dialogs that cannot be closed, faults that were told
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

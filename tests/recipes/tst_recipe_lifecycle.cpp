@@ -344,11 +344,11 @@ void tst_recipe_lifecycle::the_move_dialog_of_an_item_has_other_on_top()
         QCOMPARE(combo.itemText(1), QStringLiteral("Bakery"));
         QTest::mouseClick(&part<QPushButton>(dialog, "Command1(1)"), Qt::LeftButton);
     });
-    show_move_item(window.main(), true);
+    show_move_item(window.main().program(), window.main().panes(), true);
     QCOMPARE(script.left(), 0);
     QCOMPARE(window.number("SELECT cat FROM items_1"), int{fruit});
     stock.select(window.main().stock_tree().category_node(fruit));
-    show_move_item(window.main(), true);
+    show_move_item(window.main().program(), window.main().panes(), true);
 }
 
 void tst_recipe_lifecycle::the_naming_dialog_makes_a_recipe_in_the_chosen_category()

@@ -3,7 +3,6 @@
 #include "recipes/page_geometry.h"
 #include "support/contrast.h"
 #include "widgets/plain_style.h"
-#include "window/page_colors.h"
 #include "window/view_state.h"
 
 #include <QApplication>
@@ -211,7 +210,7 @@ void tst_recipe_looks::the_line_with_the_keyboard_stands_out()
     w_->add_line(recipe_, QStringLiteral("Rum"));
     w_->add_line(recipe_, QStringLiteral("Tea"));
     open(9);
-    set_color(w_->main(), color);
+    w_->main().view_state().set_color(color);
     IngredientText& line = *w_->page().lines().front().ingred;
     const QRect frame = line.geometry().adjusted(-4, 0, 4, 0);
     const auto picture = [&] { return line.parentWidget()->grab(frame).toImage(); };

@@ -2,6 +2,7 @@
 
 #include "window/frmmain.h"
 #include "data/query.h"
+#include "household/household.h"
 #include "window/commands.h"
 #include "window/status_panels.h"
 #include "widgets/tree_view.h"
@@ -39,6 +40,8 @@ protected:
     void load_flat();
     /// The window with a recipe on show whose only line is this item.
     void load_recipe_of(Key item);
+    /// A new stock item in the folder "Dairy", on no list.
+    Key add_item(const QString& name);
     QPoint point(const QTreeWidgetItem* of, int x) { return {x, tree().text_rect(of).center().y()}; }
     void click(const QTreeWidgetItem* on, int x = 200, Qt::MouseButton with = Qt::LeftButton);
 
@@ -50,6 +53,14 @@ protected:
     Key home_ = 0;
     Key party_ = 0;
 };
+
+inline Key StockTreeTest::add_item(const QString& name)
+{
+    ItemEdit edit;
+    edit.name = name;
+    edit.category = dairy_;
+    return window_->main().household().save_item(edit);
+}
 
 inline void StockTreeTest::set_up()
 {

@@ -129,7 +129,7 @@ void tst_dialog_keys::enter_on_cancel_moves_nothing()
         QVERIFY(!dialog.isVisible());
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
     });
-    show_move_item(main, false);
+    show_move_item(main.program(), main.panes(), false);
     QCOMPARE(messages.left(), 0);
     QCOMPARE(table_dump(test.window.db()), before);
 }

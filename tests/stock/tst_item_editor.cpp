@@ -98,7 +98,7 @@ void tst_item_editor::titles_show_a_name_letter_by_letter()
         QCOMPARE(title(dialog), QStringLiteral("Move ") + name);
         dialog.reject();
     });
-    show_move_item(main, true);
+    show_move_item(main.program(), main.panes(), true);
 }
 
 void tst_item_editor::new_item_is_empty_and_lists_all_lists()

@@ -1,5 +1,6 @@
 #include "household/household.h"
 #include "stock/item_editor_fixture.h"
+#include "support/last_placed.h"
 
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
@@ -168,6 +169,7 @@ void tst_item_editor_shown::new_item_that_could_not_be_placed_is_handed_to_nobod
     EditorCase test;
     test.add_lists();
     frmmain& main = test.window.load();
+    const LastPlaced placed(main.household());
     main.connection().db().exec("CREATE TEMP TRIGGER failing BEFORE INSERT ON tie WHEN new.list = 2"
                                 " BEGIN SELECT RAISE(ABORT, 'disk full'); END");
     test.open(0, -1, [](EditorHands& hands) {
@@ -181,7 +183,7 @@ void tst_item_editor_shown::new_item_that_could_not_be_placed_is_handed_to_nobod
         QCOMPARE(hands.messages.left(), 0);
         QCOMPARE(int(hands.request().item), -1);
     });
-    QCOMPARE(int(main.household().last_groc_key()), -1);
+    QCOMPARE(int(placed.key()), -1);
     QCOMPARE(test.count("SELECT count(*) FROM items_1"), 2);
     QCOMPARE(test.count("SELECT count(*) FROM groc_1"), 0);
     QVERIFY(!main.stock_tree().item_node(3));

@@ -309,9 +309,10 @@ void tst_stock_tree::press_and_release_elsewhere_acts_on_the_pressed_node()
     Query(window_->db(), "UPDATE items_1 SET status = 6 WHERE key_id = ?", milk_).run();
     load();
     QTest::mousePress(tree().viewport(), Qt::LeftButton, {}, point(node(milk_), box_in_folder));
-    QVERIFY(window_->main().stock_tree().clicks().tree_mouse_down());
+    QCOMPARE(number("SELECT to_get FROM groc_1"), 0);
     QTest::mouseRelease(tree().viewport(), Qt::LeftButton, {}, point(node(butter_), 200));
-    QVERIFY(!window_->main().stock_tree().clicks().tree_mouse_down());
+    QCOMPARE(number("SELECT to_get FROM groc_1"), 1);
+    QTest::mouseRelease(tree().viewport(), Qt::LeftButton, {}, point(node(butter_), 200)); // of no press
     QCOMPARE(tree().selected(), node(milk_));
     QCOMPARE(TreeView::tag(node(milk_)), QStringLiteral("7"));
     QCOMPARE(number("SELECT to_get FROM groc_1"), 1);
@@ -392,12 +393,12 @@ void tst_stock_tree::sorting_to_the_order_on_show_neither_loads_nor_writes()
 void tst_stock_tree::sorting_reloads_and_stores_the_order_and_keeps_the_focus()
 {
     load();
-    window_->main().view_state().sort_by_alpha();
+    window_->main().view_state().sort(true);
     QVERIFY(!tree().node(QStringLiteral("cat0000")));
     QVERIFY(shared().stock_alpha);
     QCOMPARE(window_->pref(QStringLiteral("sort")), QStringLiteral("alpha"));
     QVERIFY(tree().hasFocus());
-    window_->main().view_state().sort_by_cat();
+    window_->main().view_state().sort(false);
     QVERIFY(tree().topLevelItem(0)->isExpanded());
     QCOMPARE(window_->pref(QStringLiteral("sort")), QStringLiteral("cat"));
 }
@@ -405,29 +406,38 @@ void tst_stock_tree::sorting_reloads_and_stores_the_order_and_keeps_the_focus()
 void tst_stock_tree::new_nodes_go_to_their_places_by_name()
 {
     load();
-    StockTree& stock = window_->main().stock_tree();
-    stock.add_category_node(window_->add_category(QStringLiteral("Frozen")), QStringLiteral("Frozen"));
+    Household& household = window_->main().household();
+    household.make_category(QStringLiteral("Frozen"));
     QCOMPARE(tree().topLevelItem(1)->text(0), QStringLiteral("Frozen"));
     QCOMPARE(TreeView::picture(tree().topLevelItem(1)), 1);
     QCOMPARE(tree().selected(), tree().topLevelItem(1));
-    stock.add_category_node(window_->add_category(QStringLiteral("Zoo")), QStringLiteral("Zoo"));
+    household.make_category(QStringLiteral("Zoo"));
     QCOMPARE(tree().topLevelItem(3)->text(0), QStringLiteral("Zoo"));
     QCOMPARE(tree().topLevelItem(4)->text(0), QStringLiteral("OTHER"));
-    const QTreeWidgetItem* cheese = stock.add_item_node(50, dairy_, QStringLiteral("Cheese"), 5);
+    const Key key = add_item(QStringLiteral("Cheese"));
+    const QTreeWidgetItem* cheese = node(key);
     QCOMPARE(cheese->parent()->child(1), cheese);
-    QCOMPARE(TreeView::key(cheese), QStringLiteral("item0050"));
+    QCOMPARE(TreeView::key(cheese), QStringLiteral("item") + key_str(key));
     QCOMPARE(TreeView::tag(cheese), QStringLiteral("5"));
     QCOMPARE(tree().selected(), cheese);
-    stock.tv_load(true);
-    stock.add_item_node(51, dairy_, QStringLiteral("Cheese"), 5);
+    window_->main().stock_tree().tv_load(true);
+    add_item(QStringLiteral("Cheese"));
     QCOMPARE(tree().topLevelItem(1)->text(0), QStringLiteral("Cheese"));
 }
 
 void tst_stock_tree::moved_item_keeps_picture_and_tag()
 {
     load();
-    window_->main().stock_tree().set_item_code(milk_, 8);
-    window_->main().stock_tree().move_item_node(milk_, produce_);
+    for (const Key list : {home_, party_}) {
+        Placement placement;
+        placement.list_key = list;
+        placement.item_key = milk_;
+        placement.to_get = true;
+        placement.opened = false;
+        QCOMPARE(window_->main().household().place(placement), Refusal::none);
+    }
+    QCOMPARE(TreeView::tag(node(milk_)), QStringLiteral("8"));
+    window_->main().household().move_item(milk_, produce_);
     QCOMPARE(node(milk_)->parent()->text(0), QStringLiteral("Produce"));
     QCOMPARE(TreeView::picture(node(milk_)), 8);
     QCOMPARE(TreeView::tag(node(milk_)), QStringLiteral("8"));

@@ -157,8 +157,7 @@ void tst_stock_tree_nodes::new_item_leaves_no_button_at_a_stale_place()
     load();
     click(node(milk_));
     QVERIFY(button(0).isVisible());
-    const Key cheese = window_->add_item(QStringLiteral("Cheese"), dairy_, 7);
-    window_->main().stock_tree().add_item_node(cheese, dairy_, QStringLiteral("Cheese"), 7);
+    add_item(QStringLiteral("Cheese"));
     QVERIFY(!any_button());
 }
 
@@ -184,7 +183,7 @@ void tst_stock_tree_nodes::folder_that_a_move_empties_shows_itself_closed()
     QTreeWidgetItem* const folder = window_->main().stock_tree().category_node(spices);
     QVERIFY(folder->isExpanded());
     QCOMPARE(TreeView::picture(folder), 2);
-    window_->main().stock_tree().move_item_node(pepper, dairy_);
+    window_->main().household().move_item(pepper, dairy_);
     QCOMPARE(folder->childCount(), 0);
     QCOMPARE(TreeView::picture(folder), 1);
 }

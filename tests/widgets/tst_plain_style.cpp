@@ -8,10 +8,14 @@
 
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QHash>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPalette>
 #include <QStyleOption>
+#include <QProgressBar>
+#include <QScrollBar>
+#include <QStyle>
 #include <QTest>
 #include <QToolButton>
 
@@ -41,6 +45,11 @@ private slots:
     void lines_between_things_can_be_seen_data() { desktops(); }
     void lines_between_things_can_be_seen();
     void nothing_hangs_below_the_month_of_a_calendar();
+    void the_slider_of_a_scroll_bar_stands_out_and_is_without_shading_data();
+    void the_slider_of_a_scroll_bar_stands_out_and_is_without_shading();
+    void a_bar_with_nothing_to_scroll_has_no_slider();
+    void a_progress_bar_is_filled_as_far_as_it_says();
+    void a_menu_bar_tells_of_menus_that_have_no_room();
 
 private:
     static void scales()
@@ -92,6 +101,17 @@ public:
 
     PaneTabs tabs;
 };
+
+/// The colours of a scroll bar's pixels, and how often each is met.
+QHash<QRgb, int> colors_of(QScrollBar& bar)
+{
+    QHash<QRgb, int> colors;
+    const QImage image = bar.grab().toImage();
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            ++colors[image.pixel(x, y)];
+    return colors;
+}
 
 } // namespace
 
@@ -340,6 +360,76 @@ void tst_plain_style::nothing_hangs_below_the_month_of_a_calendar()
     const QImage with_menu = drawn(*month, 1);
     month->setMenu(nullptr);
     QCOMPARE(with_menu, drawn(*month, 1));
+}
+
+void tst_plain_style::the_slider_of_a_scroll_bar_stands_out_and_is_without_shading_data()
+{
+    QTest::addColumn<Qt::Orientation>("orientation");
+    QTest::addColumn<QColor>("window");
+    QTest::addColumn<QColor>("text");
+    for (const auto orientation : {Qt::Vertical, Qt::Horizontal}) {
+        const QByteArray name = orientation == Qt::Vertical ? "upright" : "flat";
+        QTest::newRow((name + ", light").constData()) << orientation << QColor(239, 239, 239) << QColor(Qt::black);
+        QTest::newRow((name + ", dark").constData()) << orientation << QColor(42, 46, 50) << QColor(252, 252, 252);
+    }
+}
+
+void tst_plain_style::the_slider_of_a_scroll_bar_stands_out_and_is_without_shading()
+{
+    QFETCH(Qt::Orientation, orientation);
+    QFETCH(QColor, window);
+    QFETCH(QColor, text);
+    const bool upright = orientation == Qt::Vertical;
+    QScrollBar bar(orientation);
+    QPalette colors = bar.palette();
+    colors.setColor(QPalette::Window, window);
+    colors.setColor(QPalette::WindowText, text);
+    bar.setPalette(colors);
+    bar.setRange(0, 100);
+    bar.setPageStep(50);
+    bar.resize(upright ? QSize(17, 300) : QSize(300, 17));
+    const QImage image = bar.grab().toImage();
+    const QColor slider = image.pixelColor(upright ? QPoint(8, 60) : QPoint(60, 8));
+    const QColor groove = image.pixelColor(upright ? QPoint(8, 260) : QPoint(260, 8));
+    QVERIFY2(contrast(slider, groove) >= 3, qPrintable(QString::number(contrast(slider, groove))));
+    const int pixels = image.width() * image.height();
+    const QHash<QRgb, int> met = colors_of(bar);
+    QVERIFY(met.value(slider.rgb()) + met.value(groove.rgb()) > pixels * 9 / 10);
+    QVERIFY(met.value(slider.rgb()) > pixels / 8);
+    QVERIFY(met.size() > 2); // the arrows
+}
+
+void tst_plain_style::a_bar_with_nothing_to_scroll_has_no_slider()
+{
+    QScrollBar bar(Qt::Vertical);
+    bar.setRange(0, 0);
+    bar.resize(17, 300);
+    const QImage image = bar.grab().toImage();
+    for (int y = 30; y < 270; ++y)
+        QCOMPARE(image.pixelColor(8, y), image.pixelColor(8, 150));
+}
+
+void tst_plain_style::a_progress_bar_is_filled_as_far_as_it_says()
+{
+    QProgressBar bar;
+    bar.setTextVisible(false);
+    bar.resize(200, 6);
+    const auto at = [&bar](int x) { return bar.grab().toImage().pixelColor(x, 3); };
+    const QColor groove = at(100);
+    for (int x = 1; x < 200; x += 20)
+        QCOMPARE(at(x), groove); // without a value yet
+    bar.setValue(50);
+    QVERIFY(at(20) != groove);
+    QCOMPARE(at(95), at(20));
+    QCOMPARE(at(105), groove);
+}
+
+void tst_plain_style::a_menu_bar_tells_of_menus_that_have_no_room()
+{
+    const QIcon icon = QApplication::style()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton);
+    const QImage picture = icon.pixmap(16, 16).toImage();
+    QVERIFY(!picture.isNull());
+    QVERIFY(best_contrast(picture, picture.rect(), QApplication::palette().color(QPalette::Window)) >= 3);
 }
 
 QTEST_MAIN(tst_plain_style)

@@ -2,7 +2,7 @@
 #include "recipes/recipe_fixture.h"
 #include "household/status.h"
 #include "support/message_script.h"
-#include "window/page_colors.h"
+#include "window/view_state.h"
 
 #include <QDialog>
 #include <QFrame>
@@ -166,7 +166,7 @@ void tst_page_colors::list_keeps_current_row_and_scroll_place()
     w.open();
     w.grid().set_top_row(30);
     w.grid().set_current(35, grid_column::item);
-    set_color(w.main(), 1);
+    w.main().view_state().set_color(1);
     QCOMPARE(w.grid().current_row(), 35);
     QCOMPARE(w.grid().top_row(), 30);
     QVERIFY(w.main().shared.list_pane_shown);
@@ -179,7 +179,7 @@ void tst_page_colors::the_text_of_an_open_row_is_stored()
     w.open();
     w.open_row(0);
     w.type_into("desc_brdr", QStringLiteral("brown"));
-    set_color(w.main(), 1);
+    w.main().view_state().set_color(1);
     QVERIFY(!w.editor().is_open());
     QCOMPARE(w.field(eggs, "desc"), QStringLiteral("[brown]"));
 }
@@ -194,7 +194,7 @@ void tst_page_colors::recipe_page_takes_color_and_lights_and_keeps_its_place()
     w.main().l_r_refresh();
     w.page().scroll_bar().setValue(7);
     QCOMPARE(w.page().scroll_bar().value(), 7);
-    set_color(w.main(), 2);
+    w.main().view_state().set_color(2);
     QCOMPARE(w.page().scroll_bar().value(), 7);
     QCOMPARE(ground(w.page().Text1()), green);
     QCOMPARE(w.page().lines().front().lite->property("picture").toInt(), picture_base::light_non_stock + 2);
@@ -218,12 +218,12 @@ void tst_page_colors::what_lies_behind_keeps_its_place_too()
     grid.set_top_row(30);
     grid.set_current(35, grid_column::item);
     w.page().scroll_bar().setValue(7);
-    set_color(w.main(), 2);
+    w.main().view_state().set_color(2);
     QCOMPARE(w.page().scroll_bar().value(), 7);
     w.trigger(QStringLiteral("mnu_view_shoplist"));
     QCOMPARE(grid.current_row(), 35);
     QCOMPARE(grid.top_row(), 30);
-    set_color(w.main(), 1);
+    w.main().view_state().set_color(1);
     QCOMPARE(grid.top_row(), 30);
     w.trigger(QStringLiteral("mnu_view_rcpepages"));
     QCOMPARE(w.page().scroll_bar().value(), 7);
@@ -237,7 +237,7 @@ void tst_page_colors::every_part_of_both_panes_takes_the_color()
     w.add_lines(soup, 3);
     w.load();
     w.page().set_recipe(soup);
-    set_color(w.main(), 2);
+    w.main().view_state().set_color(2);
     for (const char* name : {"Frame3", "Frame4", "Text1", "title", "ingred(0)", "lite(0)", "frmCreateList",
                              "txtCreateList", "Listview1"}) {
         const auto* part = w.find<QWidget>(QLatin1String(name));
@@ -259,7 +259,7 @@ void tst_page_colors::an_edited_recipe_is_saved()
     w.focus(w.Text1());
     QTest::keyClicks(&w.Text1(), QStringLiteral("Salt! "));
     QVERIFY(w.edited());
-    set_color(w.main(), 0);
+    w.main().view_state().set_color(0);
     QVERIFY(!w.edited());
     QVERIFY(read_recipe(w.db(), soup)->body.contains(QStringLiteral("Salt!")));
     QVERIFY(w.Text1().toPlainText().contains(QStringLiteral("Salt!")));
@@ -270,7 +270,7 @@ void tst_page_colors::an_index_above_3_is_stored_and_leaves_the_color_as_it_was(
     EditingWindow w;
     w.row(QStringLiteral("Eggs"));
     w.open();
-    set_color(w.main(), 4);
+    w.main().view_state().set_color(4);
     QCOMPARE(ground(w.grid()), blue);
     QCOMPARE(ground(*w.find<QWidget>(QStringLiteral("Frame4"))), blue);
     QCOMPARE(w.main().shared.color_index, 3);
@@ -282,7 +282,7 @@ void tst_page_colors::without_lists_the_notice_takes_the_color_and_the_captions_
     TestWindow w;
     w.load();
     const QString title = w.main().windowTitle();
-    set_color(w.main(), 2);
+    w.main().view_state().set_color(2);
     QVERIFY(w.main().list_pane().notice_shown());
     QCOMPARE(ground(*w.find<QWidget>(QStringLiteral("txtCreateList"))), green);
     QCOMPARE(w.main().windowTitle(), title);
@@ -299,7 +299,7 @@ void tst_page_colors::an_open_item_editor_closes_without_saving()
     script.drive([&](QDialog& dialog) {
         QCOMPARE(dialog.objectName(), QStringLiteral("l_item_edit"));
         dialog.findChild<QLineEdit*>(QStringLiteral("txt_item"))->setText(QStringLiteral("Milk"));
-        set_color(w.main(), 0);
+        w.main().view_state().set_color(0);
         closed = !dialog.isVisible();
     });
     w.main().commands().action(QStringLiteral("mnu_edit_add_stck")).trigger();

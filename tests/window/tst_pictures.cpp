@@ -1,4 +1,5 @@
 #include "widgets/shared_values.h"
+#include "widgets/drawn_pictures.h"
 #include "widgets/pictures.h"
 
 #include "support/contrast.h"
@@ -15,6 +16,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <map>
+#include <span>
 #include <vector>
 
 using namespace tarnwick;
@@ -71,7 +73,7 @@ std::vector<ListImage> expected_list_images()
     for (int index = 1; index <= 18; ++index)
         if (index != 9)
             all.push_back({ImageList::toolbar, index, QSize(24, 24)});
-    for (int index = 1; index <= 6; ++index)
+    for (int index = 1; index <= 7; ++index)
         all.push_back({ImageList::signs, index, index <= 4 ? QSize(32, 32) : QSize(16, 16)});
     return all;
 }
@@ -201,6 +203,7 @@ private slots:
     void check_box_and_light_stand_in_their_halves();
     void editor_pictures_are_those_of_the_tree();
     void second_call_returns_the_cached_pixmap();
+    void the_build_has_drawn_what_would_be_drawn_now();
     void icons_render_at_the_wanted_size_data();
     void icons_render_at_the_wanted_size();
     void disabled_icons_are_grey_and_faint();
@@ -471,6 +474,27 @@ void tst_pictures::editor_pictures_are_those_of_the_tree()
     const std::map<int, int> tree_index{{134, 5}, {136, 6}, {137, 7}, {144, 8}};
     for (const auto& [number, index] : tree_index)
         QCOMPARE(picture(number, 2).toImage(), list_image(ImageList::stock_tree, index, 2).toImage());
+}
+
+void tst_pictures::the_build_has_drawn_what_would_be_drawn_now()
+{
+    const std::vector<quint32> now = draw_pictures();
+    const std::span<const quint32> built = drawn_pictures();
+    QVERIFY(now.size() > 10000);
+    QVERIFY(std::equal(now.begin(), now.end(), built.begin(), built.end()));
+    // Each picture finds its own: at another scale it is drawn, and its middle has the same colour.
+    for (const auto& [number, size] : expected_sizes()) {
+        const QImage once = picture(number).toImage();
+        const QImage twice = picture(number, 2).toImage();
+        QCOMPARE(once.size() * 2, twice.size());
+        const QImage shrunk = twice.scaled(once.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        double difference = 0;
+        for (int y = 0; y < once.height(); ++y)
+            for (int x = 0; x < once.width(); ++x)
+                difference += std::abs(qAlpha(once.pixel(x, y)) - qAlpha(shrunk.pixel(x, y)))
+                    + std::abs(qGray(once.pixel(x, y)) - qGray(shrunk.pixel(x, y)));
+        QVERIFY2(difference / (once.width() * once.height()) < 24, qPrintable(QString::number(number)));
+    }
 }
 
 void tst_pictures::second_call_returns_the_cached_pixmap()

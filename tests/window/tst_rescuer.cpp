@@ -18,7 +18,7 @@ namespace {
 
 std::optional<Rescue> rescued(LineWindow& window)
 {
-    rescue_typed(window.main());
+    rescue_typed(window.main().recipe_page(), window.main().list_pane(), window.database());
     const QStringList files = rescue_files(window.database());
     return files.isEmpty() ? std::nullopt : read_rescue(files.first());
 }
@@ -76,7 +76,7 @@ void tst_rescuer::nothing_typed_is_no_rescue()
     else if (open == 2)
         window.trigger(QStringLiteral("mnu_recipe_add_ingred"));
     QCOMPARE(window.editor().is_open(), open > 0);
-    rescue_typed(window.main());
+    rescue_typed(window.main().recipe_page(), window.main().list_pane(), window.database());
     QVERIFY(rescue_files(window.database()).isEmpty());
 }
 

@@ -5,6 +5,7 @@
 #include "stock/stock_tree_fixture.h"
 #include "support/table_dump.h"
 #include "widgets/list_grid.h"
+#include "widgets/node_key.h"
 #include "window/toolbar.h"
 #include "window/view_state.h"
 
@@ -67,7 +68,7 @@ void tst_selection::check_selected()
         QCOMPARE(caption("mnu_edit_stock_to_list"),
                  QStringLiteral("Add ") + name + QStringLiteral(" to shopping list"));
         QVERIFY(visible("mnu_tv_rename") && !visible("mnu_tv_dc"));
-        QCOMPARE(status(), get_status(window_->db(), record_key(key)));
+        QCOMPARE(status(), get_status(window_->db(), NodeKey::parse(key).record));
         return;
     }
     QCOMPARE(caption("mnu_tv_di"), QStringLiteral("Delete stock item"));
@@ -119,9 +120,8 @@ void tst_selection::menus_and_status_follow_the_keys()
 void tst_selection::menus_follow_a_new_node_a_sort_a_collapse_and_a_removal()
 {
     load();
-    StockTree& stock = window_->main().stock_tree();
     click(node(milk_));
-    stock.add_category_node(window_->add_category(QStringLiteral("Frozen")), QStringLiteral("Frozen"));
+    window_->main().household().make_category(QStringLiteral("Frozen"));
     QCOMPARE(text_of_selected(), QStringLiteral("Frozen"));
     check_selected();
     click(node(milk_));

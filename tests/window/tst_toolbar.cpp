@@ -121,6 +121,7 @@ private slots:
     void size_tool_tip_at_start_says_the_opposite_of_the_click_data();
     void size_tool_tip_at_start_says_the_opposite_of_the_click();
     void size_cycle_goes_through_its_table();
+    void clicks_at_one_place_go_through_the_sizes_and_meet_no_other_button();
     void size_cycle_from_12_goes_down();
     void size_drop_down_goes_straight_to_the_size();
     void size_drop_down_sets_the_button_for_the_step_away_from_the_size();
@@ -214,13 +215,23 @@ void tst_toolbar::a_button_fits_up_to_a_margin_of_8_pixels()
 {
     TestWindow w;
     frmmain& main = w.load({1000, 600});
-    const int least
-        = main.toolbar().button(ToolButton::size).x() + main.toolbar().button(ToolButton::size).width() + 8;
-    main.resize(least, 600);
-    QApplication::processEvents();
+    const auto least = [&main] {
+        return main.toolbar().button(ToolButton::size).x() + main.toolbar().button(ToolButton::size).width() + 8;
+    };
+    const auto resize = [&main](int width) {
+        main.resize(width, 600);
+        QApplication::processEvents();
+    };
+    const int with_room = least();
+    resize(with_room);
+    QCOMPARE(least(), with_room);
+    resize(with_room - 1); // the buttons move up first
     QCOMPARE(given_away(main), 0);
-    main.resize(least - 1, 600);
-    QApplication::processEvents();
+    const int tight = least();
+    QVERIFY(tight < with_room);
+    resize(tight);
+    QCOMPARE(given_away(main), 0);
+    resize(tight - 1);
     QVERIFY(given_away(main) >= 1);
     QCOMPARE(button(main, ToolButton::folders)->text(), QStringLiteral("More..."));
     QCOMPARE(button(main, ToolButton::folders)->toolTip(), QStringLiteral("More options"));
@@ -307,7 +318,7 @@ void tst_toolbar::folder_button_is_enabled_only_in_category_order()
     TestWindow w;
     frmmain& main = w.load();
     QVERIFY(button(main, ToolButton::folders)->isEnabled());
-    main.view_state().sort_by_alpha();
+    main.view_state().sort(true);
     QVERIFY(!button(main, ToolButton::folders)->isEnabled());
     main.resize(990, 700);
     QApplication::processEvents();
@@ -345,6 +356,22 @@ void tst_toolbar::size_tool_tip_at_start_says_the_opposite_of_the_click()
     QCOMPARE(main.toolbar().tag(ToolButton::size_direction), tag);
     QCOMPARE(button(main, ToolButton::size)->property("picture").toInt(), picture);
     QCOMPARE(button(main, ToolButton::size)->toolTip(), tool_tip);
+}
+
+void tst_toolbar::clicks_at_one_place_go_through_the_sizes_and_meet_no_other_button()
+{
+    TestWindow w;
+    frmmain& main = w.load();
+    main.resize(1120, 720);
+    QWidget& bar = main.toolbar().widget();
+    const QPoint place = button(main, ToolButton::size)->geometry().center();
+    for (const int size : {10, 12, 10, 9, 10}) {
+        auto* under = bar.childAt(place);
+        QCOMPARE(under, button(main, ToolButton::size));
+        QTest::mouseClick(under, Qt::LeftButton, {}, under->mapFrom(&bar, place));
+        QCOMPARE(main.shared.type_size, size);
+        QCOMPARE(button(main, ToolButton::size)->geometry().center().x(), place.x());
+    }
 }
 
 void tst_toolbar::size_cycle_goes_through_its_table()
