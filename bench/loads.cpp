@@ -70,7 +70,7 @@ double placing_time(Window& window, int items)
 QLineEdit& description_box(Window& window)
 {
     ListGrid& grid = window.grid();
-    const QRect cell = grid.cell_rect(grid.top_row(), grid_column::item);
+    const QRect cell = grid.cell_rect(grid.top_row(), GridColumn::item);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
                       grid.viewport()->mapFrom(grid.parentWidget(), cell.center()));
     Window::settle();

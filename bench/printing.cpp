@@ -17,8 +17,8 @@
 namespace tarnwick::bench {
 namespace {
 
-constexpr ReportOptions by_category_two_columns{report_sort::by_category, 2, 0, 0};
-constexpr ReportOptions by_category_one_column{report_sort::by_category, 1, 0, 0};
+constexpr ReportOptions by_category_two_columns{ReportSort::by_category, 2, 0, 0};
+constexpr ReportOptions by_category_one_column{ReportSort::by_category, 1, 0, 0};
 
 constexpr const char* bare_query
     = "SELECT g.item, g.desc, g.qty, g.aisle, c.cat_desc, g.to_get, g.cpn, g.created"

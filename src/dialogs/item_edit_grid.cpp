@@ -144,13 +144,13 @@ void ItemEditGrid::pre_mark(Key list)
     row->action = RowAction::place;
     const int index = static_cast<int>(row - list_rows_edit_.begin());
     grid_->rows().change_row(index, [](GridRow& cells) { set_pictures(cells, RowState::active); });
-    grid_->set_current(index, grid_column::item);
+    grid_->set_current(index, GridColumn::item);
 }
 
 void ItemEditGrid::select(Key groc_key)
 {
     const int row = groc_key > 0 ? grid_->rows().find_row(groc_key) : -1;
-    grid_->set_current(std::max(row, 0), grid_column::item);
+    grid_->set_current(std::max(row, 0), GridColumn::item);
 }
 
 void ItemEditGrid::lv_edit_off()
@@ -187,20 +187,20 @@ void ItemEditGrid::mouse_up(Qt::MouseButton button, QPoint position)
         lv_edit_off();
         return;
     }
-    if (button == Qt::LeftButton && grid_->pressed_column() >= 0 && grid_->columnAt(position.x()) >= 0)
+    if (button == Qt::LeftButton && grid_->pressed_column() && grid_->columnAt(position.x()) >= 0)
         cell_clicked(grid_->current_row(), grid_->current_col(), position.x());
 }
 
-void ItemEditGrid::cell_clicked(int row, int column, int x)
+void ItemEditGrid::cell_clicked(int row, GridColumn column, int x)
 {
     switch (column) {
-    case grid_column::light:
+    case GridColumn::light:
         toggle_on_list(row);
         break;
-    case grid_column::check:
+    case GridColumn::check:
         toggle_buy_it(row);
         break;
-    case grid_column::coupon:
+    case GridColumn::coupon:
         editor_->switch_coupon(row, !coupon_on(row));
         editor_->show_l_line();
         break;
@@ -211,24 +211,24 @@ void ItemEditGrid::cell_clicked(int row, int column, int x)
     }
 }
 
-void ItemEditGrid::key_down(int key)
+void ItemEditGrid::key_down(GridKey key)
 {
     const int row = grid_->current_row();
     if (row < 0)
         return;
-    if (key == key_code::check)
+    if (key == GridKey::check)
         toggle_buy_it(row);
-    else if (key == key_code::remove && edit_row_of(row).is_listed())
+    else if (key == GridKey::remove && edit_row_of(row).is_listed())
         toggle_on_list(row);
-    else if (key == key_code::up && row > 0)
+    else if (key == GridKey::up && row > 0)
         move_to(row - 1);
-    else if (key == key_code::down && row < grid_->rows().rows() - 1)
+    else if (key == GridKey::down && row < grid_->rows().rows() - 1)
         move_to(row + 1);
 }
 
 void ItemEditGrid::move_to(int row)
 {
-    grid_->set_current(row, grid_column::item);
+    grid_->set_current(row, GridColumn::item);
     editor_->show_l_line();
 }
 
@@ -287,12 +287,12 @@ int ItemEditGrid::type_size() const
     return item_editor_type_size(program_.shared);
 }
 
-bool ItemEditGrid::column_group_shown(int group) const
+bool ItemEditGrid::column_group_shown(ColumnGroup group) const
 {
     return header_->group_shown(group);
 }
 
-void ItemEditGrid::text_edited(int row, int, const QString&)
+void ItemEditGrid::text_edited(int row, GridColumn, const QString&)
 {
     mark_changed(row);
 }
@@ -323,7 +323,7 @@ QDate ItemEditGrid::today() const
     return program_.today();
 }
 
-void ItemEditGrid::show_column_group(int group)
+void ItemEditGrid::show_column_group(ColumnGroup group)
 {
     column_layout::apply_column_group(*grid_, *header_, group);
     column_layout::level_text_columns(*grid_);

@@ -16,6 +16,7 @@ struct Program;
 struct SharedValues;
 class HeaderBar;
 class ListGrid;
+enum class GridKey;
 
 /// The dialog's type size in points: that of the main window, 9 where this is none of 9, 10 and 12.
 int item_editor_type_size(const SharedValues& shared);
@@ -64,8 +65,6 @@ public:
     /// Whether the item stands twice on one of the lists.
     bool has_repeats() const { return has_repeats_; }
 
-    ListGrid& grid() { return *grid_; }
-
 signals:
     void changed(); ///< after each change that the user made
 
@@ -75,8 +74,8 @@ protected:
 
 private:
     int type_size() const override;
-    bool column_group_shown(int group) const override;
-    void text_edited(int row, int column, const QString& text) override;
+    bool column_group_shown(ColumnGroup group) const override;
+    void text_edited(int row, GridColumn column, const QString& text) override;
     bool coupon_on(int row) const override;
     QString set_coupon(int row, bool on) override;
     void date_chosen(int row, QDate date) override;
@@ -90,14 +89,14 @@ private:
     void make_header();
     void append(const ListOfItem& list, std::vector<GridRow>& rows);
     void mouse_up(Qt::MouseButton button, QPoint position);
-    void cell_clicked(int row, int column, int x);
+    void cell_clicked(int row, GridColumn column, int x);
     void move_to(int row);
-    void key_down(int key);
+    void key_down(GridKey key);
     void toggle_on_list(int row);
     void toggle_buy_it(int row);
     void show_state(int row);
     void mark_changed(int row);
-    void show_column_group(int group);
+    void show_column_group(ColumnGroup group);
     void set_headers();
     EditRow& edit_row_of(int row) { return list_rows_edit_.at(static_cast<size_t>(row)); }
 

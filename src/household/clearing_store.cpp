@@ -100,7 +100,7 @@ std::optional<ItemStatus> delete_list_row(Connection& connection, Key groc_key)
     if (link) {
         Query(connection, "DELETE FROM tie WHERE key_id = ?", *tie_key).run();
         const auto status = store_status(connection, Cause::row_removal, link->item, false);
-        item = ItemStatus{link->item, status.value_or(status_code::non_stock)};
+        item = ItemStatus{link->item, status.value_or(StatusCode::non_stock)};
     }
     transaction.commit();
     return item;

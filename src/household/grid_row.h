@@ -5,20 +5,25 @@
 #include <QString>
 #include <QStringView>
 
+#include <array>
+
 namespace tarnwick {
 
 /// The columns of a list grid, in the main window and in the item editor alike.
-namespace grid_column {
-inline constexpr int light = 0;
-inline constexpr int check = 1;
-inline constexpr int item = 2;
-inline constexpr int desc = 3;
-inline constexpr int qty = 4;
-inline constexpr int coupon = 5;
-inline constexpr int date = 6;
-inline constexpr int aisle = 7;
-inline constexpr int count = 8;
-} // namespace grid_column
+enum class GridColumn { light, check, item, desc, qty, coupon, date, aisle };
+
+inline constexpr int grid_column_count = 8;
+
+/// Where a column stands in the grid, from 0.
+constexpr int column_number(GridColumn column)
+{
+    return static_cast<int>(column);
+}
+
+/// The columns that a box of the header shows and hides: the coupon with its expiry, and the aisle.
+enum class ColumnGroup { coupon, aisle };
+
+inline constexpr std::array column_groups{ColumnGroup::coupon, ColumnGroup::aisle};
 
 /// Dates as the screen shows them.
 inline constexpr QStringView screen_date_format = u"M/d/yyyy";

@@ -33,7 +33,7 @@ WrittenRow marked_row(const TiedRow& row, Key item, bool to_get)
 /// quantity of 0 blank. Both are kept as they are.
 GridRow cells_of(const Placement& placement, const PlacedRow& placed)
 {
-    const bool active = placed.status == status_code::buy_it || placed.status == status_code::buy_it_plus;
+    const bool active = placed.status == StatusCode::buy_it || placed.status == StatusCode::buy_it_plus;
     GridRow row;
     list_store::set_to_get(row, active);
     row.groc_key = placed.groc_key;
@@ -86,7 +86,7 @@ void Household::tick(Key groc_key, Key list, bool to_get)
 
 void Household::tick_in_tree(Key item, const TiedRow& row, bool to_get)
 {
-    const int status = store_box_click(connection_, item, row.groc_key, to_get);
+    const StatusCode status = store_box_click(connection_, item, row.groc_key, to_get);
     announce_mark(Cause::tree_box, {item, status}, {row}, to_get);
 }
 
@@ -98,7 +98,8 @@ std::optional<Key> Household::check_line(Key item, std::optional<bool> to_get)
     if (to_get) {
         announce_mark(Cause::page_box, {item, mark_item(connection_, item, *to_get)}, rows, *to_get);
     } else {
-        const int status = store_status(connection_, Cause::page_box, item, false).value_or(status_code::non_stock);
+        const StatusCode status
+            = store_status(connection_, Cause::page_box, item, false).value_or(StatusCode::non_stock);
         ItemChange change;
         change.cause = Cause::page_box;
         change.items.push_back({item, status, status, status});
@@ -151,13 +152,13 @@ void Household::remove_line(Key line)
     emit line_gone(line);
 }
 
-std::optional<Key> Household::removed_from()
+std::optional<Household::RemovedFrom> Household::removed_from()
 {
     switch (removal_.kind()) {
     case LastRemoval::Kind::row:
-        return Key(0);
+        return RemovedFrom{.list = removal_.list()};
     case LastRemoval::Kind::line:
-        return removal_.recipe();
+        return RemovedFrom{.recipe = removal_.recipe()};
     default:
         return std::nullopt;
     }

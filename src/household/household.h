@@ -88,9 +88,17 @@ public:
     /// Deletes an ingredient line and moves up those behind it.
     void remove_line(Key line);
 
-    /// The recipe of the line that `bring_back` would bring back, 0 for a list row; nothing when the last change
-    /// was no removal.
-    std::optional<Key> removed_from();
+    /// Where `bring_back` would bring something back to: a list or a recipe. Nothing when the last change was no
+    /// removal.
+    struct RemovedFrom {
+        Key list = -1;
+        Key recipe = -1;
+    };
+    std::optional<RemovedFrom> removed_from();
+
+    /// Writes what is no change of the user's: how things are shown, such as an open folder, or a text as it was.
+    /// What was removed last can still be brought back.
+    void write_aside(const std::function<void(Connection&)>& write) { removal_.pass_by(write); }
 
     /// Puts back what the last removal of a row or a line took, as it was. A row is announced as a removal is, with
     /// the row written in place of gone. After any other change: nothing.

@@ -11,13 +11,13 @@
 
 namespace tarnwick {
 
-/// The status codes of a stock item after an operation, as the table of treatments has them; `code_untouched` where
-/// what is shown stays.
+/// The status codes of a stock item after an operation, as the table of treatments has them; none where what is
+/// shown stays.
 struct ItemCodes {
     Key item = 0;
-    int status = 0; ///< the true code
-    int node = 0; ///< for picture and Tag of its node
-    int page = 0; ///< for its lines on the recipe page
+    StatusCode status = StatusCode::non_stock; ///< the true code
+    std::optional<StatusCode> node; ///< for picture and Tag of its node
+    std::optional<StatusCode> page; ///< for its lines on the recipe page
 };
 
 /// A list row as an operation left it. A row that was only marked has its keys and its mark alone.

@@ -72,7 +72,8 @@ public:
         record.linked_by_name = edit_.link_namesakes;
         record.name = get_ingred_name(connection_, item_);
         record.category = edit_.category;
-        const int code = store_status(connection_, change_.cause, item_, false).value_or(status_code::non_stock);
+        const StatusCode code
+            = store_status(connection_, change_.cause, item_, false).value_or(StatusCode::non_stock);
         change_.items.push_back({item_, code, code, code});
         return std::move(change_);
     }

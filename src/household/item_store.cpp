@@ -96,7 +96,7 @@ Key ItemStore::add_item(const QString& name, Key category, QDate today)
     Query(connection_,
           "INSERT INTO items_1 (key_id, item, to_get, cat, qty, modified, created, desc, status)"
           " VALUES (?, ?, 0, ?, 0, ?, ?, ' ', ?)",
-          key, one_line(name), category, today, today, status_code::unlisted)
+          key, one_line(name), category, today, today, code_number(StatusCode::unlisted))
         .run();
     return key;
 }
@@ -149,11 +149,6 @@ void ItemStore::link_line(Key line, Key item)
 void ItemStore::move_item(Key item, Key category, QDate today)
 {
     Query(connection_, "UPDATE items_1 SET cat = ?, modified = ? WHERE key_id = ?", category, today, item).run();
-}
-
-int ItemStore::write_status(Key item)
-{
-    return tarnwick::write_status(connection_, item);
 }
 
 } // namespace tarnwick

@@ -109,9 +109,6 @@ public:
 
     void move_item(Key item, Key category, QDate today);
 
-    /// Writes the computed status code of an item and returns it.
-    int write_status(Key item);
-
 private:
     Connection& connection_;
 };

@@ -49,11 +49,25 @@ LastRemoval::Kind LastRemoval::kind()
     return kind_;
 }
 
+void LastRemoval::pass_by(const std::function<void(Connection&)>& write)
+{
+    const Kind kept = kind();
+    write(connection_);
+    if (kept != Kind::none)
+        hold(kept);
+}
+
 std::optional<ItemStatus> LastRemoval::remove_row(Key groc_key)
 {
     Transaction transaction(connection_);
     keep("groc_1", "key_id", groc_key);
     keep("tie", "groc_id", groc_key);
+    list_ = -1;
+    {
+        Query kept(connection_, "SELECT list FROM temp.kept_tie");
+        if (kept.next())
+            list_ = kept.key(0);
+    }
     const auto item = remove_list_row(connection_, groc_key);
     transaction.commit();
     hold(item ? Kind::row : Kind::none);
@@ -93,9 +107,9 @@ std::optional<LastRemoval::ReturnedRow> LastRemoval::bring_back_row()
                    "SELECT t.groc_id, t.list, t.item_id, g.to_get FROM temp.kept_tie t, temp.kept_groc_1 g");
         if (link.next()) {
             const Key item = link.key(2);
-            returned = {link.key(0), link.key(1), {item, status_code::non_stock}};
-            returned->item.status = store_status(connection_, Cause::row_removal, item, link.flag(3))
-                                        .value_or(status_code::non_stock);
+            returned = {link.key(0), link.key(1), {item, StatusCode::non_stock}};
+            returned->item.status
+                = store_status(connection_, Cause::row_removal, item, link.flag(3)).value_or(StatusCode::non_stock);
         }
     }
     transaction.commit();

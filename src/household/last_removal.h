@@ -4,6 +4,7 @@
 #include "household/ingredient_store.h"
 #include "household/treatment.h"
 
+#include <functional>
 #include <optional>
 
 namespace tarnwick {
@@ -23,7 +24,11 @@ public:
     void remove_line(Key line);
 
     Kind kind(); ///< what `bring_back` would bring back now
+    Key list() const { return list_; } ///< of the row that is kept
     Key recipe() const { return recipe_; } ///< of the line that is kept
+
+    /// Lets a write pass that is no change of the user's: what is kept can still be brought back after it.
+    void pass_by(const std::function<void(Connection&)>& write);
 
     /// Puts the row back with all its fields and its link. Returns its keys and the item's status, nothing when no
     /// row is kept.
@@ -46,6 +51,7 @@ private:
     Connection& connection_;
     Kind kind_ = Kind::none;
     qint64 changes_ = 0; ///< of the connection when the removal was done
+    Key list_ = -1;
     Key recipe_ = -1;
 };
 

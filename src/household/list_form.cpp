@@ -60,7 +60,7 @@ const ListForm::Metrics& ListForm::metrics_of(Key size)
 ListForm::ListForm(const ReportOptions& options)
     : metrics_(metrics_of(options.size))
     , columns_(options.col_ct == 2 ? 2 : 1)
-    , by_item_(options.sort != report_sort::by_category && options.sort != report_sort::by_aisle)
+    , by_item_(options.sort != ReportSort::by_category && options.sort != ReportSort::by_aisle)
     , checks_(options.active == 0)
 {
 }

@@ -18,9 +18,9 @@ std::string rows_query(Key list, const ReportOptions& options)
     sql += list < 1 ? " AND tie.list > ?" : " AND tie.list = ?";
     if (options.active == 1)
         sql += " AND groc_1.to_get <> 0";
-    if (options.sort == report_sort::by_category)
+    if (options.sort == ReportSort::by_category)
         return sql + " ORDER BY cat.cat_desc, groc_1.item, groc_1.key_id";
-    if (options.sort == report_sort::by_aisle)
+    if (options.sort == ReportSort::by_aisle)
         return sql + " ORDER BY groc_1.aisle, groc_1.item, groc_1.key_id";
     return sql + " ORDER BY groc_1.item, groc_1.key_id";
 }
@@ -57,7 +57,7 @@ ListPages::ListPages(std::vector<ListRow> rows, const ReportOptions& options, co
 
 bool ListPages::grouped() const
 {
-    return options_.sort == report_sort::by_category || options_.sort == report_sort::by_aisle;
+    return options_.sort == ReportSort::by_category || options_.sort == ReportSort::by_aisle;
 }
 
 void ListPages::count_plain_pages()
@@ -111,7 +111,7 @@ ListPages::Slot ListPages::slot_kind(size_t record, std::optional<size_t> group,
 
 QString ListPages::group_name(size_t record) const
 {
-    return options_.sort == report_sort::by_category ? rows_[record].category : trim(rows_[record].aisle);
+    return options_.sort == ReportSort::by_category ? rows_[record].category : trim(rows_[record].aisle);
 }
 
 bool ListPages::same_group(size_t left, size_t right) const
@@ -124,7 +124,7 @@ bool ListPages::same_group(size_t left, size_t right) const
 QString ListPages::heading_text(size_t record, bool continued) const
 {
     QString name = group_name(record);
-    if (options_.sort == report_sort::by_category)
+    if (options_.sort == ReportSort::by_category)
         return continued ? name + QStringLiteral(" (Cont'd)") : name;
     if (name.isEmpty())
         name = QStringLiteral("?");

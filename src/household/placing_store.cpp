@@ -27,13 +27,13 @@ std::optional<PlacedRow> insert_list_row(Connection& connection, const Placement
     std::optional<PlacedRow> placed;
     const auto name = stock_item_name(connection, placement.item_key);
     if (name && list_name_of(connection, placement.list_key)) {
-        placed = PlacedRow{0, trim(*name), 0};
+        placed = PlacedRow{0, trim(*name), StatusCode::non_stock};
         placed->groc_key = insert_row(connection, placed->item, placement);
         Query(connection, "INSERT INTO tie (key_id, groc_id, item_id, list) VALUES (?, ?, ?, ?)",
               get_node(connection, Table::tie), placed->groc_key, placement.item_key, placement.list_key)
             .run();
         placed->status = store_status(connection, Cause::placing, placement.item_key, placement.to_get)
-                             .value_or(status_code::non_stock);
+                             .value_or(StatusCode::non_stock);
     }
     transaction.commit();
     return placed;
@@ -65,7 +65,7 @@ std::optional<ItemStatus> write_buy_it(Connection& connection, Key groc_key, Key
     if (item) {
         Query(connection, "UPDATE groc_1 SET to_get = ? WHERE key_id = ?", to_get, groc_key).run();
         const auto status = store_status(connection, Cause::grid_box, *item, to_get);
-        ticked = ItemStatus{*item, status.value_or(status_code::non_stock)};
+        ticked = ItemStatus{*item, status.value_or(StatusCode::non_stock)};
     }
     transaction.commit();
     return ticked;

@@ -29,7 +29,7 @@ struct Placement {
 struct PlacedRow {
     Key groc_key;
     QString item; ///< the stock item's name, trimmed
-    int status; ///< the item's status code with the new row
+    StatusCode status; ///< the item's status code with the new row
 };
 
 /// Writes a new list row, its link and the item's flag and status, in one transaction. Nothing when

@@ -148,7 +148,7 @@ std::optional<LineLink> line_link(Connection& connection, Key line)
     return LineLink{query.key(1), query.text(0)};
 }
 
-int mark_item(Connection& connection, Key item, bool to_get)
+StatusCode mark_item(Connection& connection, Key item, bool to_get)
 {
     Transaction transaction(connection);
     Query(connection,
@@ -157,7 +157,7 @@ int mark_item(Connection& connection, Key item, bool to_get)
         .run();
     const auto status = store_status(connection, Cause::page_box, item, to_get);
     transaction.commit();
-    return status.value_or(status_code::non_stock);
+    return status.value_or(StatusCode::non_stock);
 }
 
 } // namespace tarnwick

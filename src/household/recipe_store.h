@@ -10,6 +10,8 @@
 
 namespace tarnwick {
 
+enum class StatusCode;
+
 /// One recipe as the tree needs it.
 struct RecipeRow {
     Key key = 0;
@@ -81,6 +83,6 @@ void set_recipe_category(Connection& connection, Key recipe, const QString& cat)
 std::optional<LineLink> line_link(Connection& connection, Key line);
 
 /// Sets the buy-it mark on all list rows of a stock item and stores its status. Returns the status.
-int mark_item(Connection& connection, Key item, bool to_get);
+StatusCode mark_item(Connection& connection, Key item, bool to_get);
 
 } // namespace tarnwick

@@ -72,6 +72,18 @@ QString minus_one(QString number)
 
 } // namespace
 
+RowField row_field_of(GridColumn column)
+{
+    switch (column) {
+    case GridColumn::qty:
+        return RowField::qty;
+    case GridColumn::aisle:
+        return RowField::aisle;
+    default:
+        return RowField::desc;
+    }
+}
+
 bool write_row_field(Connection& connection, Key groc_key, RowField field, const QString& trimmed)
 {
     Transaction transaction(connection);

@@ -16,6 +16,9 @@ class Connection;
 /// The text fields of a list row that are edited in place.
 enum class RowField { desc, qty, aisle };
 
+/// The field that a column of the grid shows; the description for every other column.
+RowField row_field_of(GridColumn column);
+
 /// Writes one field of a `groc_1` row at once; an empty text becomes one blank. False, and no error,
 /// when the row has gone. Throws SQLite::Exception.
 bool write_row_field(Connection& connection, Key groc_key, RowField field, const QString& trimmed);

@@ -14,26 +14,27 @@ bool stock_item_exists(Connection& connection, Key item)
 
 } // namespace
 
-StatusPictures status_pictures(int code)
+StatusPictures status_pictures(StatusCode code)
 {
     switch (code) {
-    case status_code::unlisted:
+    case StatusCode::unlisted:
         return {picture_base::light_unlisted, picture_base::check_off, true};
-    case status_code::inactive:
+    case StatusCode::inactive:
         return {picture_base::light_off, picture_base::check_off, true};
-    case status_code::buy_it:
+    case StatusCode::buy_it:
         return {picture_base::light_on, picture_base::check_on, true};
-    case status_code::buy_it_plus:
+    case StatusCode::buy_it_plus:
         return {picture_base::light_on, picture_base::check_plus, false};
-    default:
-        return {picture_base::light_non_stock, picture_base::check_off, true};
+    case StatusCode::non_stock:
+        break;
     }
+    return {picture_base::light_non_stock, picture_base::check_off, true};
 }
 
-int lite_status(Connection& connection, Key item)
+StatusCode lite_status(Connection& connection, Key item)
 {
     if (item < 1)
-        return status_code::non_stock; // no stock item has such a key
+        return StatusCode::non_stock; // no stock item has such a key
     Query rows(connection, "SELECT g1.to_get FROM groc_1 g1, tie t WHERE t.groc_id = g1.key_id AND t.item_id = ?",
                item);
     int listed = 0;
@@ -43,17 +44,10 @@ int lite_status(Connection& connection, Key item)
         active += rows.flag(0) ? 1 : 0;
     }
     if (listed == 0)
-        return stock_item_exists(connection, item) ? status_code::unlisted : status_code::non_stock;
+        return stock_item_exists(connection, item) ? StatusCode::unlisted : StatusCode::non_stock;
     if (active > 1)
-        return status_code::buy_it_plus;
-    return active == 1 ? status_code::buy_it : status_code::inactive;
-}
-
-int write_status(Connection& connection, Key item)
-{
-    const int code = lite_status(connection, item);
-    Query(connection, "UPDATE items_1 SET status = ? WHERE key_id = ?", code, item).run();
-    return code;
+        return StatusCode::buy_it_plus;
+    return active == 1 ? StatusCode::buy_it : StatusCode::inactive;
 }
 
 QString get_status(Connection& connection, Key item)

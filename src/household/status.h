@@ -9,14 +9,22 @@
 
 namespace tarnwick {
 
-/// How a stock item stands with the shopping lists. The numbers are the tree's pictures as well.
-namespace status_code {
-inline constexpr int unlisted = 5;
-inline constexpr int inactive = 6;
-inline constexpr int buy_it = 7;
-inline constexpr int buy_it_plus = 8;
-inline constexpr int non_stock = 9;
-} // namespace status_code
+/// How a stock item stands with the shopping lists.
+enum class StatusCode { unlisted = 5, inactive, buy_it, buy_it_plus, non_stock };
+
+/// A code as `items_1.status` holds it; picture and Tag of the item's node as well.
+constexpr int code_number(StatusCode code)
+{
+    return static_cast<int>(code);
+}
+
+/// The code of such a number; nothing for any other.
+constexpr std::optional<StatusCode> code_of_number(int number)
+{
+    if (number < code_number(StatusCode::unlisted) || number > code_number(StatusCode::non_stock))
+        return std::nullopt;
+    return static_cast<StatusCode>(number);
+}
 
 /// Resource numbers of the lights and boxes on the page colour 0; the colour index is added to them.
 namespace picture_base {
@@ -38,16 +46,11 @@ struct StatusPictures {
     bool check_enabled;
 };
 
-/// The pictures of a code 5 to 9; Non-stock for any other.
-StatusPictures status_pictures(int code);
+StatusPictures status_pictures(StatusCode code);
 
 /// The true status code of a stock item, computed from its list rows. Everything here that takes a connection
 /// throws SQLite::Exception on a database error.
-int lite_status(Connection& connection, Key item);
-
-/// Computes the status code of a stock item, stores it with the item and returns it. Joins the caller's
-/// transaction.
-int write_status(Connection& connection, Key item);
+StatusCode lite_status(Connection& connection, Key item);
 
 /// The status of a stock item in words: its lists and its category, joined by " :: ".
 QString get_status(Connection& connection, Key item);

@@ -1,25 +1,22 @@
 #include "household/status_names.h"
 
-#include "household/status.h"
-
 namespace tarnwick {
 
-QString status_name(int code)
+QString status_name(StatusCode code)
 {
     switch (code) {
-    case status_code::unlisted:
+    case StatusCode::unlisted:
         return QStringLiteral("on no list");
-    case status_code::inactive:
+    case StatusCode::inactive:
         return QStringLiteral("on a list, not to buy");
-    case status_code::buy_it:
+    case StatusCode::buy_it:
         return QStringLiteral("buy-it");
-    case status_code::buy_it_plus:
+    case StatusCode::buy_it_plus:
         return QStringLiteral("buy-it on several lists");
-    case status_code::non_stock:
+    case StatusCode::non_stock:
         return QStringLiteral("non-stock item");
-    default:
-        return {};
     }
+    return {};
 }
 
 } // namespace tarnwick

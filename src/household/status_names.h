@@ -1,11 +1,12 @@
 #pragma once
 
+#include "household/status.h"
+
 #include <QString>
 
 namespace tarnwick {
 
-/// How a stock item stands with the lists, in a few words for the ear: other words for every status code 5 to 9,
-/// empty for any other number.
-QString status_name(int code);
+/// How a stock item stands with the lists, in a few words for the ear: other words for every code.
+QString status_name(StatusCode code);
 
 } // namespace tarnwick

@@ -77,13 +77,13 @@ std::vector<TiedRow> clickable_rows(Connection& connection, Key item)
     return found;
 }
 
-int store_box_click(Connection& connection, Key item, Key groc_key, bool to_get)
+StatusCode store_box_click(Connection& connection, Key item, Key groc_key, bool to_get)
 {
     Transaction transaction(connection);
     Query(connection, "UPDATE groc_1 SET to_get = ? WHERE key_id = ?", to_get, groc_key).run();
     const auto status = store_status(connection, Cause::tree_box, item, to_get);
     transaction.commit();
-    return status.value_or(status_code::non_stock);
+    return status.value_or(StatusCode::non_stock);
 }
 
 std::optional<TiedRow> first_tied_row(Connection& connection, Key item)

@@ -11,6 +11,8 @@
 
 namespace tarnwick {
 
+enum class StatusCode;
+
 /// A category with the count of its items.
 struct CatalogueFolder {
     Key key = 0;
@@ -56,7 +58,7 @@ std::vector<TiedRow> clickable_rows(Connection& connection, Key item);
 
 /// The box of an item in the tree: sets the buy-it mark of one of its rows, and the item's status to plain
 /// 7 or 6, in one transaction. Returns the item's true code.
-int store_box_click(Connection& connection, Key item, Key groc_key, bool to_get);
+StatusCode store_box_click(Connection& connection, Key item, Key groc_key, bool to_get);
 
 /// The first list row tied to a stock item; none for an unlisted one.
 std::optional<TiedRow> first_tied_row(Connection& connection, Key item);

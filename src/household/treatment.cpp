@@ -16,11 +16,11 @@ static_assert(causes_are_in_order());
 
 } // namespace
 
-std::optional<int> store_status(Connection& connection, Cause cause, Key item, bool to_get)
+std::optional<StatusCode> store_status(Connection& connection, Cause cause, Key item, bool to_get)
 {
     const Treatment& treatment = treatment_of(cause);
-    const int code = lite_status(connection, item);
-    const int stored = code_of(treatment.stored, code, to_get);
+    const StatusCode code = lite_status(connection, item);
+    const int stored = code_number(code_of(treatment.stored, code, to_get).value_or(code));
     const bool writes_flag = treatment.item_flag == ItemFlag::given || treatment.item_flag == ItemFlag::cleared;
     const int changed = writes_flag
         ? Query(connection, "UPDATE items_1 SET to_get = ?, status = ? WHERE key_id = ?",

@@ -84,30 +84,29 @@ constexpr const Treatment& treatment_of(Cause cause)
     return treatments[static_cast<size_t>(cause)];
 }
 
-inline constexpr int code_untouched = 0;
-
 /// The plain code of a row's mark.
-constexpr int plain_code(bool to_get)
+constexpr StatusCode plain_code(bool to_get)
 {
-    return to_get ? status_code::buy_it : status_code::inactive;
+    return to_get ? StatusCode::buy_it : StatusCode::inactive;
 }
 
-/// A code as a column of the table has it. `computed` is the item's true code, `to_get` the mark just written.
-constexpr int code_of(Code kind, int computed, bool to_get)
+/// A code as a column of the table has it; nothing for one that stays. `computed` is the item's true code, `to_get`
+/// the mark just written.
+constexpr std::optional<StatusCode> code_of(Code kind, StatusCode computed, bool to_get)
 {
     if (kind == Code::untouched)
-        return code_untouched;
+        return std::nullopt;
     return kind == Code::plain ? plain_code(to_get) : computed;
 }
 
 /// A stock item and its true status code.
 struct ItemStatus {
     Key item;
-    int status;
+    StatusCode status;
 };
 
 /// Stores flag and status of an item as the cause has it; joins the caller's transaction. `to_get` is the mark
 /// just written. Returns the item's true code, nothing when there is no such item. Throws SQLite::Exception.
-std::optional<int> store_status(Connection& connection, Cause cause, Key item, bool to_get);
+std::optional<StatusCode> store_status(Connection& connection, Cause cause, Key item, bool to_get);
 
 } // namespace tarnwick

@@ -78,7 +78,7 @@ void GridListener::take_away_many(const std::vector<Key>& gone)
                  [&keys](const GridRow& row) { return !keys.contains(row.groc_key); });
     rows.set_rows(std::move(kept));
     if (rows.rows() > 0)
-        pane_.grid().set_current(0, grid_column::item);
+        pane_.grid().set_current(0, GridColumn::item);
     pane_.set_col_widths();
     pane_.set_headers();
 }
@@ -111,7 +111,7 @@ void GridListener::show_placed(const GridRow& row, const ItemChange& change)
     if ((window_enabled && change.opened) || editor_was_open)
         editor_.show_l_line();
     else
-        pane_.grid().scrollTo(pane_.grid().rows().index(place, grid_column::item));
+        pane_.grid().scrollTo(pane_.grid().rows().cell(place, GridColumn::item));
 }
 
 void GridListener::show_rewritten(const GridRow& row)
@@ -162,7 +162,7 @@ void GridListener::rename(Key item, const QString& name)
     GridModel& rows = pane_.grid().rows();
     for (int row = 0; row < rows.rows(); ++row)
         if (rows.row(row).item_key == item)
-            rows.set_cell_text(row, grid_column::item, name);
+            rows.set_cell_text(row, GridColumn::item, name);
 }
 
 } // namespace tarnwick

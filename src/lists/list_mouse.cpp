@@ -42,7 +42,7 @@ void ListMouse::mouse_down(Qt::MouseButton button)
 
 void ListMouse::mark_for_menu(int row)
 {
-    grid().set_current(row, grid_column::item);
+    grid().set_current(row, GridColumn::item);
     pane_.row_editor().lv_edit_off();
     pane_.row_editor().mark_row(row);
 }
@@ -71,10 +71,7 @@ void ListMouse::mouse_up(Qt::MouseButton button, QPoint position)
         pane_.row_editor().lv_edit_off();
         return;
     }
-    int width = 0;
-    for (int column = 0; column < grid_column::count; ++column)
-        width += grid().col_width(column);
-    if (position.x() > width - 2 || grid().pressed_column() < 0)
+    if (position.x() > grid().all_cols_width() - 2 || !grid().pressed_column())
         return;
     row_clicked(button, position.x());
 }
@@ -83,41 +80,41 @@ void ListMouse::row_clicked(Qt::MouseButton button, int x)
 {
     const UpdateLock lock(program_.window);
     const int row = grid().current_row();
-    const int column = grid().current_col();
+    const GridColumn column = grid().current_col();
     const bool left = button == Qt::LeftButton;
     RowEditor& editor = pane_.row_editor();
-    if (left && column == grid_column::coupon)
+    if (left && column == GridColumn::coupon)
         editor.switch_coupon(row, trim(grid().rows().row(row).date).isEmpty());
     placing_.show_row_status(row);
-    if (left && column == grid_column::check)
+    if (left && column == GridColumn::check)
         placing_.toggle_buy_it(row);
-    if (left && column >= grid_column::item)
+    if (left && column >= GridColumn::item)
         editor.show_l_line();
-    grid().set_current(row, grid_column::item);
-    if (left && column >= grid_column::item)
+    grid().set_current(row, GridColumn::item);
+    if (left && column >= GridColumn::item)
         editor.enter_box_at(column, x);
 }
 
-void ListMouse::lv1_keyhandler(int key)
+void ListMouse::lv1_keyhandler(GridKey key)
 {
     const int row = grid().current_row();
     if (row < 0 || !program_.shared.list_pane_shown)
         return;
-    if (key == key_code::remove)
+    if (key == GridKey::remove)
         remove_row(row);
-    else if (key == key_code::check)
+    else if (key == GridKey::check)
         placing_.toggle_buy_it(row);
-    else if (key == key_code::menu)
+    else if (key == GridKey::menu)
         show_menu(row);
-    else if (key == key_code::up && row > 0)
+    else if (key == GridKey::up && row > 0)
         move_to(row - 1);
-    else if (key == key_code::down && row < grid().rows().rows() - 1)
+    else if (key == GridKey::down && row < grid().rows().rows() - 1)
         move_to(row + 1);
 }
 
 void ListMouse::move_to(int row)
 {
-    grid().set_current(row, grid_column::item);
+    grid().set_current(row, GridColumn::item);
     placing_.show_row_status(row);
     pane_.row_editor().show_l_line();
 }

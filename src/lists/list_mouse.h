@@ -10,6 +10,7 @@ class Clearing;
 class ListGrid;
 class ListPane;
 class Placing;
+enum class GridKey;
 
 /// Mouse and keys of the main window's grid, and what its row menu and the buttons at a row's end do.
 class ListMouse : public QObject {
@@ -17,8 +18,8 @@ class ListMouse : public QObject {
 public:
     ListMouse(Program& program, ListPane& pane, Placing& placing, Clearing& clearing);
 
-    /// Key handling of the grid: what a `key_code` does on the current row; other keys pass.
-    void lv1_keyhandler(int key);
+    /// Key handling of the grid: what a key does on the current row.
+    void lv1_keyhandler(GridKey key);
 
     /// Opens the item editor for a grid row; below 0 nothing.
     void edit_row(int row);

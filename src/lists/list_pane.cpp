@@ -8,6 +8,7 @@
 #include "widgets/fitted_text.h"
 #include "widgets/header_bar.h"
 #include "widgets/list_grid.h"
+#include "household/household.h"
 #include "household/list_store.h"
 #include "household/status.h"
 #include "widgets/row_editor.h"
@@ -31,9 +32,9 @@ namespace {
 constexpr int notice_picture_number = 167;
 
 /// The setting of a column group.
-QLatin1String group_setting(int group)
+QLatin1String group_setting(ColumnGroup group)
 {
-    return QLatin1String(group == 0 ? "cpn" : "aisle");
+    return QLatin1String(group == ColumnGroup::coupon ? "cpn" : "aisle");
 }
 
 } // namespace
@@ -88,8 +89,9 @@ void ListPane::lv_load(Key list_key)
     program_.shared.all_lists_view = list_key < 1;
     show_rows(list_store::read_rows(program_.connection, list_key));
     if (grid_->scroll_bar_shown() != bar_was_shown && grid_->rows().rows() > 0)
-        grid_->set_current(0, grid_column::desc);
-    list_store::mark_active(program_.connection, list_key);
+        grid_->set_current(0, GridColumn::desc);
+    program_.household.write_aside(
+        [list_key](Connection& connection) { list_store::mark_active(connection, list_key); });
     show_hint(list_key);
     set_col_widths();
     set_headers();
@@ -118,7 +120,7 @@ void ListPane::show_rows(std::vector<GridRow> rows)
     if (grid_->rows().rows() == 0)
         return;
     grid_->set_top_row(0);
-    grid_->set_current(0, grid_column::item);
+    grid_->set_current(0, GridColumn::item);
 }
 
 bool ListPane::set_row(Key groc_key)
@@ -126,7 +128,7 @@ bool ListPane::set_row(Key groc_key)
     const int row = grid_->rows().find_row(groc_key);
     if (row < 0)
         return false;
-    grid_->set_current(row, std::max(grid_->current_col(), 0));
+    grid_->set_current(row, grid_->current_col());
     return true;
 }
 
@@ -146,7 +148,7 @@ void ListPane::set_headers()
         tabs->raise();
 }
 
-void ListPane::show_column_group(int group)
+void ListPane::show_column_group(ColumnGroup group)
 {
     program_.settings.write(QLatin1String(settings_app::columns), QStringLiteral("prefs"), group_setting(group),
                             column_group_shown(group) ? QStringLiteral("1") : QStringLiteral("0"));
@@ -177,18 +179,18 @@ void ListPane::make_room_for_columns()
     if (left_for_grid >= least_grid_width)
         return;
     around_.separator_fix();
-    grid_->set_col_width(grid_column::item, text_width);
-    grid_->set_col_width(grid_column::desc, text_width);
+    grid_->set_col_width(GridColumn::item, text_width);
+    grid_->set_col_width(GridColumn::desc, text_width);
 }
 
-bool ListPane::column_group_shown(int group) const
+bool ListPane::column_group_shown(ColumnGroup group) const
 {
     return header_->group_shown(group);
 }
 
 void ListPane::restore_column_groups()
 {
-    for (const int group : {0, 1}) {
+    for (const ColumnGroup group : column_groups) {
         const QString stored = program_.settings.pref(group_setting(group), QStringLiteral("0"));
         header_->show_box(group).setChecked(val(stored) == 1);
         column_layout::set_group_widths(*grid_, *header_, group);
@@ -271,7 +273,7 @@ void ListPane::show_pane(bool shown)
 void ListPane::leave_for_tree()
 {
     if (grid_->current_row() >= 0)
-        grid_->set_current(grid_->current_row(), grid_column::item);
+        grid_->set_current(grid_->current_row(), GridColumn::item);
     grid_->clearSelection();
     if (row_editor_->is_open())
         row_editor_->lv_edit_off();
@@ -282,7 +284,7 @@ int ListPane::add_row(GridRow row, bool make_current)
     const bool bar_was_shown = grid_->scroll_bar_shown();
     const int index = grid_->rows().insert_sorted(std::move(row));
     if (make_current || grid_->current_row() < 0)
-        grid_->set_current(index, grid_column::item);
+        grid_->set_current(index, GridColumn::item);
     follow_scroll_state(bar_was_shown);
     return index;
 }
@@ -293,7 +295,7 @@ void ListPane::remove_row(Key groc_key)
         return;
     const bool bar_was_shown = grid_->scroll_bar_shown();
     const int index = grid_->current_row();
-    const int column = grid_->current_col();
+    const GridColumn column = grid_->current_col();
     grid_->rows().remove_row(index);
     if (grid_->rows().rows() == 0)
         row_editor_->lv_edit_off();

@@ -54,9 +54,9 @@ public:
     /// Lays the header bar out over the columns.
     void set_headers();
 
-    /// Shows or hides a column group by the state of its box: 0 coupon and expiry, 1 aisle. Stores the switch.
-    void show_column_group(int group);
-    bool column_group_shown(int group) const;
+    /// Shows or hides a column group by the state of its box. Stores the switch.
+    void show_column_group(ColumnGroup group);
+    bool column_group_shown(ColumnGroup group) const;
 
     /// Load's own step: widths from the settings `cpn` and `aisle`, nothing stored.
     void restore_column_groups();

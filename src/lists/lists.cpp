@@ -179,14 +179,14 @@ void Lists::locate(Key item)
     const int row = grid.rows().find_row(tied->groc_key);
     if (row < 0)
         return;
-    grid.set_current(row, grid_column::item);
+    grid.set_current(row, GridColumn::item);
     grid.set_top_row(std::max(0, row - grid.rows_in_view() / 2));
     grid.rows().change_row(row, [](GridRow& located) { located.located = true; });
 }
 
 void Lists::hide_column_groups()
 {
-    for (const int group : {0, 1}) {
+    for (const ColumnGroup group : column_groups) {
         QCheckBox& box = pane_.header().show_box(group);
         if (!box.isChecked())
             continue;

@@ -10,21 +10,6 @@
 #include <utility>
 
 namespace tarnwick {
-namespace {
-
-RowField field_of(int column)
-{
-    switch (column) {
-    case grid_column::qty:
-        return RowField::qty;
-    case grid_column::aisle:
-        return RowField::aisle;
-    default:
-        return RowField::desc;
-    }
-}
-
-} // namespace
 
 MainRowEditorHost::MainRowEditorHost(Program& program, ListPane& pane, Buttons buttons)
     : program_(program)
@@ -42,14 +27,14 @@ int MainRowEditorHost::type_size() const
 {
     return program_.shared.type_size;
 }
-bool MainRowEditorHost::column_group_shown(int group) const
+bool MainRowEditorHost::column_group_shown(ColumnGroup group) const
 {
     return pane_.column_group_shown(group);
 }
 
-void MainRowEditorHost::text_edited(int row, int column, const QString& text)
+void MainRowEditorHost::text_edited(int row, GridColumn column, const QString& text)
 {
-    write_row_field(program_.connection, row_at(row).groc_key, field_of(column), text);
+    write_row_field(program_.connection, row_at(row).groc_key, row_field_of(column), text);
 }
 
 bool MainRowEditorHost::coupon_on(int row) const

@@ -22,8 +22,8 @@ public:
     MainRowEditorHost(Program& program, ListPane& pane, Buttons buttons);
 
     int type_size() const override;
-    bool column_group_shown(int group) const override;
-    void text_edited(int row, int column, const QString& text) override;
+    bool column_group_shown(ColumnGroup group) const override;
+    void text_edited(int row, GridColumn column, const QString& text) override;
     bool coupon_on(int row) const override;
     QString set_coupon(int row, bool on) override;
     void date_chosen(int row, QDate date) override;

@@ -64,12 +64,17 @@ void pic_frm::make_controls()
         button->setAutoDefault(false);
 }
 
+QRadioButton& pic_frm::order(ReportSort sort)
+{
+    return *Option2_[static_cast<size_t>(sort)];
+}
+
 /// Numbers that a damaged setting held choose nothing.
 void pic_frm::show_options()
 {
     OptionCol_[options_.col_ct == 1 ? 0 : 1]->setChecked(true);
-    if (options_.sort >= 0 && options_.sort < static_cast<Key>(Option2_.size()))
-        Option2_[static_cast<size_t>(options_.sort)]->setChecked(true);
+    if (options_.sort)
+        order(*options_.sort).setChecked(true);
     ComboSize_->setCurrentIndex(options_.size < ComboSize_->count() ? options_.size : -1);
     Check1_->setChecked(options_.active == 1);
 }
@@ -187,7 +192,7 @@ ReportOptions pic_frm::chosen() const
     ReportOptions shown = options_;
     for (size_t i = 0; i < Option2_.size(); ++i) {
         if (Option2_[i]->isChecked())
-            shown.sort = static_cast<Key>(i);
+            shown.sort = static_cast<ReportSort>(i);
     }
     shown.col_ct = OptionCol_[0]->isChecked() ? 1 : 2;
     if (const int size = ComboSize_->currentIndex(); size >= 0)
@@ -208,7 +213,7 @@ void pic_frm::command(int index)
 void pic_frm::show_sample()
 {
     ReportOptions chosen;
-    chosen.sort = Option2_[report_sort::by_category]->isChecked() ? report_sort::by_category : report_sort::by_item;
+    chosen.sort = order(ReportSort::by_category).isChecked() ? ReportSort::by_category : ReportSort::by_item;
     chosen.col_ct = OptionCol_[0]->isChecked() ? 1 : 2;
     const int number = sample_number(chosen);
     Picture1_->setProperty("picture", number);

@@ -31,6 +31,7 @@ signals:
 
 private:
     void make_controls();
+    QRadioButton& order(ReportSort sort);
     void show_options();
     void connect_controls();
     void place_controls();

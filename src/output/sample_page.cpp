@@ -57,10 +57,10 @@ std::vector<ListRow> made_up_rows()
 ListPages sample_pages(int number)
 {
     ReportOptions options;
-    options.sort = (number - first_number) % 2 == 1 ? report_sort::by_category : report_sort::by_item;
+    options.sort = (number - first_number) % 2 == 1 ? ReportSort::by_category : ReportSort::by_item;
     options.col_ct = number >= first_number + 2 ? 2 : 1;
     std::vector<ListRow> rows = made_up_rows();
-    if (options.sort == report_sort::by_item)
+    if (options.sort == ReportSort::by_item)
         std::sort(rows.begin(), rows.end(),
                   [](const ListRow& left, const ListRow& right) { return left.item < right.item; });
     return {std::move(rows), options, QStringLiteral("Weekly"), QDate()};
@@ -70,7 +70,7 @@ ListPages sample_pages(int number)
 
 int sample_number(const ReportOptions& options)
 {
-    return first_number + (options.col_ct == 2 ? 2 : 0) + (options.sort == report_sort::by_category ? 1 : 0);
+    return first_number + (options.col_ct == 2 ? 2 : 0) + (options.sort == ReportSort::by_category ? 1 : 0);
 }
 
 QPixmap sample_picture(int number, qreal scale)

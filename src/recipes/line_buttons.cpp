@@ -33,7 +33,7 @@ void LineButtons::edit_clicked()
     const auto link = line_link(program_.connection, edited);
     if (editor_.is_open() || !link)
         return;
-    const bool stock = lite_status(program_.connection, link->item_ref) != status_code::non_stock;
+    const bool stock = lite_status(program_.connection, link->item_ref) != StatusCode::non_stock;
     page_.set_rcp_item_in_work(trim(link->item));
     if (stock)
         page_.line_stock().edit_item(EditMode::recipe_item, link->item_ref, edited);

@@ -121,7 +121,7 @@ void LineEditor::fill_boxes()
     }
     last_box_ = qty;
     const bool is_new = draft_.is_new();
-    const bool stock = lite_status(program_.connection, draft_.stored.item_ref) != status_code::non_stock;
+    const bool stock = lite_status(program_.connection, draft_.stored.item_ref) != StatusCode::non_stock;
     QAbstractButton& pencil = boxes_->imgedit();
     pencil.setToolTip(
         plain_tool_tip(QStringLiteral("Edit stock item") + (stock ? u' ' + draft_.stored.item : QString())));

@@ -92,7 +92,7 @@ void LineListener::show_light(int index)
 {
     const IngredientLine& line = page_.lines()[static_cast<size_t>(index)];
     page_.set_lites(index,
-                    line.item.isEmpty() ? status_code::non_stock : lite_status(program_.connection, line.item_ref));
+                    line.item.isEmpty() ? StatusCode::non_stock : lite_status(program_.connection, line.item_ref));
 }
 
 void LineListener::line_gone(Key line)

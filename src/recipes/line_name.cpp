@@ -49,8 +49,8 @@ void LineName::show_link(bool while_typing)
     IngredientLine& shown = page_.lines().at(static_cast<size_t>(index));
     shown.item_ref = draft_.edited.item_ref;
     shown.Check1->setProperty("Tag", QString::number(shown.item_ref));
-    const int code = lite_status(connection_, shown.item_ref);
-    if (!while_typing || code != status_code::buy_it_plus)
+    const StatusCode code = lite_status(connection_, shown.item_ref);
+    if (!while_typing || code != StatusCode::buy_it_plus)
         page_.set_lites(index, code);
 }
 

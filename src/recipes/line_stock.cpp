@@ -24,12 +24,12 @@ std::optional<bool> mark_of(int to_state)
     return to_state == refresh_state ? std::nullopt : std::optional(to_state == buy_state);
 }
 
-int wanted_state(int code)
+int wanted_state(StatusCode code)
 {
     switch (code) {
-    case status_code::buy_it:
+    case StatusCode::buy_it:
         return clear_state;
-    case status_code::buy_it_plus:
+    case StatusCode::buy_it_plus:
         return refresh_state;
     default:
         return buy_state;
@@ -111,7 +111,8 @@ void LineStock::show_item(const ItemCodes& codes, LineTip tip)
         if (shown.item_ref != codes.item)
             continue;
         shown.tool_tip = text;
-        page_.set_lites(i, codes.page);
+        if (codes.page)
+            page_.set_lites(i, *codes.page);
         page_.refresh_line(i);
     }
 }
@@ -129,7 +130,7 @@ void LineStock::follow_links(const ItemCodes& codes, const QString& joint)
         if (link->item_ref == codes.item)
             show_line(i, codes.item, codes.page, link->item + joint + status);
         else
-            show_line(i, -1, status_code::non_stock, QStringLiteral("Non-stock item"));
+            show_line(i, -1, StatusCode::non_stock, QStringLiteral("Non-stock item"));
     }
 }
 
@@ -144,16 +145,17 @@ void LineStock::follow_name(const ItemCodes& codes)
         if (link && link->item_ref == codes.item)
             show_line(i, codes.item, codes.page, QStringLiteral(" - ") + status);
         else if (shown.item_ref == codes.item)
-            show_line(i, -1, status_code::non_stock, shown.text + QStringLiteral(" :: Not listed"));
+            show_line(i, -1, StatusCode::non_stock, shown.text + QStringLiteral(" :: Not listed"));
     }
 }
 
-void LineStock::show_line(int index, Key item, int code, const QString& tool_tip)
+void LineStock::show_line(int index, Key item, std::optional<StatusCode> code, const QString& tool_tip)
 {
     IngredientLine& shown = line(index);
     shown.item_ref = item;
     shown.tool_tip = tool_tip;
-    page_.set_lites(index, code);
+    if (code)
+        page_.set_lites(index, *code);
     page_.refresh_line(index);
 }
 
@@ -162,7 +164,7 @@ void LineStock::items_gone(const ItemsGone& gone)
     const QSet<Key> items(gone.items.begin(), gone.items.end());
     for (int i = 0; i < count(); ++i)
         if (items.contains(line(i).item_ref))
-            show_line(i, -1, status_code::non_stock, QStringLiteral("Non-stock item"));
+            show_line(i, -1, StatusCode::non_stock, QStringLiteral("Non-stock item"));
 }
 
 void LineStock::category_changed(const CategoryChange& change)

@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
+
 namespace tarnwick {
 
 class RecipePage;
@@ -16,6 +18,7 @@ struct ItemsGone;
 struct Program;
 enum class EditMode;
 enum class LineTip;
+enum class StatusCode;
 
 /// What the lines of the recipe page have to do with stock: their check boxes, and the lights and tool tips that
 /// follow what happens to their items. What reads or writes throws SQLite::Exception.
@@ -41,7 +44,7 @@ private:
     void show_item(const ItemCodes& codes, LineTip tip);
     void follow_links(const ItemCodes& codes, const QString& joint);
     void follow_name(const ItemCodes& codes);
-    void show_line(int index, Key item, int code, const QString& tool_tip);
+    void show_line(int index, Key item, std::optional<StatusCode> code, const QString& tool_tip);
     int count() const;
     IngredientLine& line(int index);
 

@@ -178,10 +178,8 @@ void RecipeLines::refresh(int index)
     line.Check1->setProperty("Tag", QString::number(line.item_ref));
 }
 
-void RecipeLines::set_lites(int index, int code, int color_index)
+void RecipeLines::set_lites(int index, StatusCode code, int color_index)
 {
-    if (code < status_code::unlisted || code > status_code::non_stock)
-        return;
     const Controls& shown = controls(index);
     const StatusPictures pictures = status_pictures(code);
     shown.lite->set_picture(pictures.light + color_index);

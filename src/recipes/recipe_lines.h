@@ -16,6 +16,7 @@ namespace tarnwick {
 
 class IngredientText;
 class PagePicture;
+enum class StatusCode;
 
 /// One ingredient line on the recipe page: its record, its measure and its three controls.
 struct IngredientLine {
@@ -69,8 +70,8 @@ public:
     /// Shows text, tool tip and Tags of a line as its members have them.
     void refresh(int index);
 
-    /// Light and check box of a line for a status code 5 to 9; any other changes nothing.
-    void set_lites(int index, int code, int color_index);
+    /// Light and check box of a line for a status code.
+    void set_lites(int index, StatusCode code, int color_index);
 
     /// Places all lines, however many, for a width of the page in pixels.
     void place(int page_width, int type_size);

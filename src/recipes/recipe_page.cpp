@@ -3,15 +3,14 @@
 #include "data/settings.h"
 #include "widgets/program.h"
 #include "widgets/page_ground.h"
-#include "widgets/message_box.h"
 #include "widgets/one_line_box.h"
 #include "widgets/update_lock.h"
 #include "recipes/line_widgets.h"
 #include "widgets/fitted_label.h"
-#include "widgets/focus_question.h"
 #include "widgets/key_kinds.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
+#include "recipes/page_texts.h"
 #include "household/recipe_store.h"
 #include "household/household.h"
 #include "household/rescue.h"
@@ -34,7 +33,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -53,18 +51,6 @@ constexpr int text_gap = 8; ///< least distance of the instructions from the las
 constexpr QColor hint_color(80, 80, 80);
 
 const QString no_lines_hint = QStringLiteral("Drag a stock item here, or click Ingrdnt, to add an ingredient.");
-const QString no_recipe_hint = QStringLiteral("No recipe is open. Choose one in the tree, or click New.");
-
-/// The Tag of what holds a dirty mark.
-QString mark(bool edited)
-{
-    return edited ? QStringLiteral("edited") : QStringLiteral("clean");
-}
-
-void set_tag(QWidget& control, const QString& tag)
-{
-    control.setProperty("Tag", tag);
-}
 
 int usable_points(int type_size)
 {
@@ -83,21 +69,19 @@ RecipePage::RecipePage(Program& program, QWidget* parent)
     , label1_(new QLabel(frame3_))
     , hint_(new FittedLabel(no_lines_hint, frame3_))
     , recipe_lines_(new RecipeLines(*frame3_))
+    , texts_(new PageTexts(program, *title_, *text1_))
 {
     recipe_lines_->setParent(this);
-    question_ = new FocusQuestion(this);
+    texts_->setParent(this);
     make_page();
     connect(scroll_bar_, &QScrollBar::valueChanged, this, [this] { // before the editor follows
         off_bar_ = 0;
         scroll();
     });
     make_line_editor();
-    connect(title_, &QLineEdit::textChanged, this, &RecipePage::title_typed);
-    connect(text1_, &PageText::edited, this, &RecipePage::text_edited);
     connect(text1_, &PageText::key_up, this, &RecipePage::scroll_bar_refresh);
     connect(text1_, &PageText::caret_moved, this, &RecipePage::show_caret);
     connect(text1_, &PageText::up_from_top, this, [this] { go_to_line(recipe_lines_->count() - 1); });
-    connect(text1_, &PageText::left, this, &RecipePage::edit_updt);
     connect(recipe_lines_, &RecipeLines::keyboard_came, this, [this](int index) {
         if (index < recipe_lines_->count())
             show_control(*recipe_lines_->lines()[static_cast<size_t>(index)].ingred);
@@ -125,10 +109,8 @@ void RecipePage::make_page()
     title_->setAlignment(Qt::AlignCenter);
     title_->setFrame(false);
     keep_one_line(*title_);
-    set_page_key(-1);
     text1_->setObjectName(QStringLiteral("Text1"));
     text1_->setAccessibleName(QStringLiteral("Instructions"));
-    mark_text(false);
     label1_->setObjectName(QStringLiteral("Label1"));
     label1_->hide();
     hint_->setObjectName(QStringLiteral("empty_hint"));
@@ -138,32 +120,24 @@ void RecipePage::make_page()
     hint_->hide();
     set_page_color();
     set_type_size();
-    close_or_open();
-}
-
-void RecipePage::set_page_key(Key recipe)
-{
-    page_key_ = recipe;
-    set_tag(*title_, QString::number(recipe));
 }
 
 void RecipePage::set_recipe(Key recipe)
 {
     // Whatever the way to another recipe, what was typed into this one is kept.
     close_line_editor();
-    if (is_edited())
-        write_page();
-    tell_name_left(false);
+    texts_->edit_updt();
+    texts_->tell_name_left(false);
     const UpdateLock lock(*frame4_);
     const QScopedValueRollback<bool> busy(page_busy_, true);
     recipe_lines_->clear();
-    set_lites(0, status_code::non_stock);
+    set_lites(0, StatusCode::non_stock);
     title_->setVisible(recipe >= 0);
     text1_->setVisible(recipe >= 0);
     if (recipe > 0)
         fill_lines(recipe);
-    fill_text(recipe);
-    close_or_open();
+    texts_->read(recipe);
+    emit recipe_shown();
     text1_->set_border_style(text1_->is_help_text() ? 1 : 0);
     layout_page();
     recipe_lines_->show_lines();
@@ -180,135 +154,26 @@ void RecipePage::fill_lines(Key recipe)
         line.tool_tip = named ? get_ttt(connection, row.item_ref) : QStringLiteral("Unlisted stock item");
         const int index = recipe_lines_->upper_bound();
         recipe_lines_->refresh(index);
-        set_lites(index, named ? lite_status(connection, row.item_ref) : status_code::non_stock);
+        set_lites(index, named ? lite_status(connection, row.item_ref) : StatusCode::non_stock);
     }
-}
-
-void RecipePage::fill_text(Key recipe)
-{
-    const auto text = read_recipe(program_.connection, recipe);
-    stored_ = text.value_or(RecipeText());
-    set_page_key(text ? recipe : Key(-1));
-    program_.shared.cur_recipe = recipe;
-    program_.shared.cur_recipe_name = stored_.name;
-    title_->setText(text ? text->name : QString());
-    title_->setCursorPosition(0);
-    text1_->set_text(text ? text->body : QString());
-    mark_name(false);
-    mark_text(false);
-    emit recipe_shown();
-}
-
-void RecipePage::close_or_open()
-{
-    const bool open = has_recipe();
-    title_->setReadOnly(!open);
-    text1_->close_with(open ? QString() : no_recipe_hint);
-}
-
-bool RecipePage::is_edited() const
-{
-    return name_edited_ || text_edited_;
-}
-
-void RecipePage::mark_name(bool edited)
-{
-    name_edited_ = edited;
-    emit name_marked(mark(edited));
-}
-
-void RecipePage::mark_text(bool edited)
-{
-    text_edited_ = edited;
-    set_tag(*text1_, mark(edited));
-}
-
-void RecipePage::edit_updt()
-{
-    if (is_edited())
-        write_page();
 }
 
 void RecipePage::add_unstored(Rescue& rescue) const
 {
-    rescue.recipe = page_key();
-    rescue.before = stored_;
-    if (is_edited() && has_recipe())
-        rescue.typed = RecipeText{title_->text(), text1_->text()};
+    texts_->add_unstored(rescue);
     const LineDraft& draft = line_editor_->draft();
     if (line_editor_->is_open() && draft.edited.display_text() != draft.stored.display_text())
         rescue.line = RescuedLine{draft.stored, draft.edited};
-}
-
-bool RecipePage::write_page()
-{
-    if (!save_recipe(program_.connection, page_key(), title_->text(), text1_->text()))
-        return false;
-    stored_ = {trim(title_->text()), trim(text1_->text())};
-    mark_name(false);
-    mark_text(false);
-    return true;
-}
-
-void RecipePage::title_typed()
-{
-    if (page_busy_)
-        return;
-    mark_name(true);
-    renamed_ = true;
-    program_.shared.cur_recipe_name = trim(title_->text());
-    emit name_typed(page_key(), program_.shared.cur_recipe_name);
-}
-
-void RecipePage::tell_name_left(bool by_mouse)
-{
-    if (std::exchange(renamed_, false))
-        emit name_left(page_key(), by_mouse);
-}
-
-void RecipePage::text_edited()
-{
-    if (!page_busy_)
-        mark_text(true);
 }
 
 // False after the hint, or with the focus back in a title that may not be left.
 bool RecipePage::takes_lines()
 {
     if (!has_recipe()) {
-        program_.set_status(no_recipe_hint);
+        program_.set_status(PageTexts::no_recipe_hint);
         return false;
     }
-    return program_.window.focusWidget() != title_ || name_stands();
-}
-
-// True when the name may stand. One that is missing is replaced before the message, since the window saves the page
-// when the message takes the activation.
-bool RecipePage::title_validated()
-{
-    if (!is_edited())
-        return true;
-    if (!title_->text().isEmpty()) {
-        edit_updt();
-        return true;
-    }
-    title_->setText(QStringLiteral("Recipe"));
-    return false;
-}
-
-bool RecipePage::name_stands()
-{
-    if (title_validated())
-        return true;
-    tell_name_missing();
-    return false;
-}
-
-void RecipePage::tell_name_missing()
-{
-    msg_box(&program_.window, QStringLiteral("Recipe must have a name\n(Cannot leave it blank)"), box::ok,
-            QStringLiteral("Recipe name"));
-    title_->setFocus();
+    return program_.window.focusWidget() != title_ || texts_->name_stands();
 }
 
 bool RecipePage::eventFilter(QObject* watched, QEvent* event)
@@ -321,16 +186,6 @@ bool RecipePage::eventFilter(QObject* watched, QEvent* event)
     if (watched == title_ && event->type() == QEvent::FocusIn
         && comes_by_key(static_cast<QFocusEvent*>(event)->reason()))
         show_control(*title_);
-    if (watched == title_ && event->type() == QEvent::FocusOut) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (!leaves_control(reason))
-            return false;
-        if (title_validated())
-            tell_name_left(reason == Qt::MouseFocusReason);
-        else
-            question_->ask_later(reason, [this] { tell_name_missing(); });
-        return false;
-    }
     if (watched == frame4_ && event->type() == QEvent::Wheel)
         return scroll_bar_->isVisible() && QCoreApplication::sendEvent(scroll_bar_, event);
     return QObject::eventFilter(watched, event);
@@ -456,7 +311,7 @@ void RecipePage::drop_last_line()
     layout_page();
 }
 
-void RecipePage::set_lites(int index, int code)
+void RecipePage::set_lites(int index, StatusCode code)
 {
     recipe_lines_->set_lites(index, code, color_index());
 }
@@ -543,6 +398,11 @@ Ingredients& RecipePage::ingredients()
     return line_editor_->ingredients();
 }
 
+Key RecipePage::page_key() const
+{
+    return texts_->recipe();
+}
+
 QWidget* RecipePage::keyboard_place() const
 {
     const int count = recipe_lines_->count();
@@ -590,7 +450,7 @@ void RecipePage::close_line_editor()
 
 bool RecipePage::leave_editors()
 {
-    return finish_line_editor() && name_stands();
+    return finish_line_editor() && texts_->name_stands();
 }
 
 void RecipePage::add_ns_ingred()

@@ -26,8 +26,9 @@ class Ingredients;
 class LineEditor;
 class LineListener;
 class LineStock;
-class FocusQuestion;
 class PageText;
+class PageTexts;
+enum class StatusCode;
 struct Rescue;
 struct ListsChange;
 
@@ -54,15 +55,13 @@ public:
     /// such a recipe, it is empty and closed to typing.
     void set_recipe(Key recipe);
 
-    /// Saves name and instructions when either was edited. Throws SQLite::Exception.
-    void edit_updt();
+    PageTexts& texts() { return *texts_; } ///< name and instructions: what is typed, and its storing
 
     /// What a rescue of the page would hold: texts of the boxes that are not stored.
     void add_unstored(Rescue& rescue) const;
-    bool is_edited() const; ///< name or instructions were edited since they were read or saved
 
-    Key page_key() const { return page_key_; } ///< the recipe on the page; -1 none
-    bool has_recipe() const { return page_key_ > 0; } ///< a recipe is on the page
+    Key page_key() const; ///< the recipe on the page; -1 none
+    bool has_recipe() const { return page_key() > 0; } ///< a recipe is on the page
 
     int get_scroll_scale() const; ///< height of the page's content, pixels
 
@@ -87,8 +86,7 @@ public:
     /// Shows text, tool tip and Tags of a line as its members have them.
     void refresh_line(int index) { recipe_lines_->refresh(index); }
 
-    /// Light and check box of a line; codes outside 5 to 9 change nothing.
-    void set_lites(int index, int code);
+    void set_lites(int index, StatusCode code); ///< light and check box of a line
 
     /// Scrolls as little as needed to bring a stretch of the page into the viewport, pixels from its top.
     void show_stretch(int top, int bottom);
@@ -146,35 +144,18 @@ public:
 
 signals:
     void laid_out(); ///< lines and boxes have taken new places
-    void name_marked(const QString& mark); ///< another dirty mark of the name: "edited" or "clean"
     void ingredient_wanted(); ///< Ctrl+I
     void adding_line(); ///< a line without a stock item is about to be added
     void editors_closing(); ///< all floating editors are to go, those of the list as well
     void recipe_shown(); ///< name and instructions of another recipe, or of none, are on the page
     void line_menu_wanted(const QString& item, QPoint place); ///< right click on a line; place on the screen
-    void name_typed(tarnwick::Key recipe, const QString& name); ///< the trimmed title, at each change by the user
-
-    /// The title was left after a change, `by_mouse` with the press that took the focus still to come.
-    void name_left(tarnwick::Key recipe, bool by_mouse);
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void make_page();
     void make_line_editor();
     void fill_lines(Key recipe);
-    void fill_text(Key recipe);
-    bool write_page();
-    void set_page_key(Key recipe);
-    void mark_name(bool edited);
-    void mark_text(bool edited);
-    bool title_validated();
-    bool name_stands(); ///< the same, and tells when it does not
-    void tell_name_missing();
-    void title_typed();
-    void tell_name_left(bool by_mouse);
-    void close_or_open();
     bool takes_lines();
-    void text_edited();
     void show_caret();
     void place_text();
     void scroll();
@@ -195,19 +176,13 @@ private:
     QLabel* label1_;
     QLabel* hint_; ///< on a recipe without ingredients
     RecipeLines* recipe_lines_;
+    PageTexts* texts_;
     LineEditor* line_editor_ = nullptr;
     LineStock* line_stock_ = nullptr;
     std::unique_ptr<LineListener> line_listener_;
-    // The Tags of title, Frame1 and instructions mirror these three.
-    Key page_key_ = -1;
-    bool name_edited_ = false;
-    bool text_edited_ = false;
-    RecipeText stored_; ///< name and instructions as they were read or written last
     bool page_busy_ = false; ///< the page is being rebuilt
     int off_bar_ = 0; ///< pixels that the page was scrolled to beside a whole step of the scroll bar
     int scrolled_ = 0; ///< pixels of the page above the viewport
-    bool renamed_ = false; ///< the title was typed in since it was left
-    FocusQuestion* question_ = nullptr; ///< for the name that was left empty
 };
 
 } // namespace tarnwick

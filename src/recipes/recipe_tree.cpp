@@ -8,6 +8,7 @@
 #include "dialogs/new_item_rcp.h"
 #include "recipes/page_text.h"
 #include "household/recipe_categories.h"
+#include "recipes/page_texts.h"
 #include "recipes/recipe_page.h"
 #include "household/recipe_store.h"
 #include "widgets/tree_view.h"
@@ -177,7 +178,7 @@ int RecipeTree::proposed_category() const
 
 void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& category)
 {
-    page_.edit_updt();
+    page_.texts().edit_updt();
     program_.show_stock(false);
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &category_node(category);
     QTreeWidgetItem* node = tree_.add_node(folder, recipe_key(recipe), name, recipe_picture, {});
@@ -194,7 +195,7 @@ void RecipeTree::recipe_made(Key recipe, const QString& name, const QString& cat
 
 void RecipeTree::recip_del(Key recipe)
 {
-    page_.edit_updt();
+    page_.texts().edit_updt();
     const auto name = recipe_name(program_.connection, recipe);
     const QString question = QStringLiteral("Are you sure you want to \ndelete the ") + name.value_or(QString())
         + QStringLiteral(" recipe?");

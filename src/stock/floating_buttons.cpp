@@ -42,7 +42,7 @@ int button_offset(int type_size)
 
 bool is_unlisted(const QTreeWidgetItem& node)
 {
-    return TreeView::tag(&node) == QString::number(status_code::unlisted);
+    return TreeView::tag(&node) == QString::number(code_number(StatusCode::unlisted));
 }
 
 } // namespace

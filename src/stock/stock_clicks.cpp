@@ -123,14 +123,14 @@ bool StockClicks::hits_box(int x) const
 bool StockClicks::click_box(QTreeWidgetItem& node)
 {
     const Key item = NodeKey::of(&node).record;
-    switch (TreeView::tag(&node).toInt()) {
-    case status_code::unlisted:
+    switch (code_of_number(TreeView::tag(&node).toInt()).value_or(StatusCode::non_stock)) {
+    case StatusCode::unlisted:
         emit placing_wanted(item);
         return true;
-    case status_code::inactive:
+    case StatusCode::inactive:
         activate(item);
         return false;
-    case status_code::buy_it:
+    case StatusCode::buy_it:
         inactivate(item);
         return true;
     default:

@@ -137,7 +137,7 @@ void StockTidying::rename_category(Key category, const QString& name)
 
 bool StockTidying::asks_for_item(Key item, const QString& name)
 {
-    return name.contains(u'\'') || lite_status(connection_, item) > status_code::unlisted;
+    return name.contains(u'\'') || lite_status(connection_, item) > StatusCode::unlisted;
 }
 
 bool StockTidying::asks_for_category(const QString& name)
@@ -156,8 +156,8 @@ bool StockTidying::refuses_apostrophe(const QString& name, const QString& kind)
 
 bool StockTidying::allows_on_lists(Key item, const QString& old_name, const QString& name)
 {
-    const int status = lite_status(connection_, item);
-    if (status == status_code::unlisted || status == status_code::non_stock)
+    const StatusCode status = lite_status(connection_, item);
+    if (status == StatusCode::unlisted || status == StatusCode::non_stock)
         return true;
     QString text = u'\'' + old_name + QStringLiteral("' appears on the following list(s):\n");
     for (const TiedRow& row : clickable_rows(connection_, item))

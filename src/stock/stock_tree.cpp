@@ -95,7 +95,7 @@ void StockTree::tv_load(bool alpha)
 void StockTree::load_folders()
 {
     open_at_load_.clear();
-    prepare_folders(program_.connection);
+    program_.household.write_aside(prepare_folders);
     QList<QTreeWidgetItem*> folders;
     const auto categories = read_categories(program_.connection);
     int nodes = static_cast<int>(categories.size());
@@ -183,7 +183,7 @@ void StockTree::close_folders()
             }
         }
     }
-    store_all_closed(program_.connection);
+    program_.household.write_aside(store_all_closed);
 }
 
 void StockTree::expanded(QTreeWidgetItem* node, bool open)
@@ -192,7 +192,8 @@ void StockTree::expanded(QTreeWidgetItem* node, bool open)
     if (program_.shared.form_loading || quiet_ || !key.is_category())
         return;
     tree_.set_picture(node, folder_picture(key.is_other(), open));
-    store_expand(program_.connection, key.record, open);
+    program_.household.write_aside(
+        [&key, open](Connection& connection) { store_expand(connection, key.record, open); });
 }
 
 void StockTree::show_closed(QTreeWidgetItem& folder)
@@ -211,13 +212,13 @@ QTreeWidgetItem* StockTree::category_node(Key category) const
 }
 
 /// Picture and Tag of an item's node.
-void StockTree::set_item_code(Key item, int code)
+void StockTree::set_item_code(Key item, StatusCode code)
 {
     QTreeWidgetItem* node = item_node(item);
-    if (!node || code == code_untouched)
+    if (!node)
         return;
-    tree_.set_picture(node, code);
-    TreeView::set_tag(node, tag_of(code));
+    tree_.set_picture(node, code_number(code));
+    TreeView::set_tag(node, tag_of(code_number(code)));
 }
 
 void StockTree::item_changed(const ItemChange& change)
@@ -225,7 +226,7 @@ void StockTree::item_changed(const ItemChange& change)
     if (change.record) {
         const ItemCodes& codes = change.items.front();
         if (change.record->is_new)
-            add_item_node(codes.item, change.record->category, change.record->name, codes.node);
+            add_item_node(codes.item, change.record->category, change.record->name, codes.status);
         else if (QTreeWidgetItem* node = item_node(codes.item))
             node->setText(0, change.record->name);
         // The node's new place goes by its new name.
@@ -233,7 +234,8 @@ void StockTree::item_changed(const ItemChange& change)
             move_item_node(codes.item, change.record->category);
     }
     for (const ItemCodes& codes : change.items) {
-        set_item_code(codes.item, codes.node);
+        if (codes.node)
+            set_item_code(codes.item, *codes.node);
         QTreeWidgetItem* node = treatment_of(change.cause).node_shown ? item_node(codes.item) : nullptr;
         if (node)
             tree_.ensure_visible(node);
@@ -269,12 +271,12 @@ void StockTree::add_category_node(Key category, const QString& name)
 }
 
 /// Under its category, or at root level in the flat view; these nodes are sorted by name.
-void StockTree::add_item_node(Key item, Key category, const QString& name, int code)
+void StockTree::add_item_node(Key item, Key category, const QString& name, StatusCode code)
 {
     QTreeWidgetItem* folder = tree_.is_flat() ? nullptr : &tree_.require_node(category_key(category));
     const int count = folder ? folder->childCount() : tree_.topLevelItemCount();
-    QTreeWidgetItem* node
-        = tree_.insert_node(folder, tree_.place_of(folder, name, count), item_key(item), name, code, tag_of(code));
+    QTreeWidgetItem* node = tree_.insert_node(folder, tree_.place_of(folder, name, count), item_key(item), name,
+                                              code_number(code), tag_of(code_number(code)));
     tree_.sort_children(folder);
     tree_.select(node);
     tree_.ensure_visible(node);

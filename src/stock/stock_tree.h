@@ -14,6 +14,7 @@ namespace tarnwick {
 struct Program;
 class StockClicks;
 class TreeView;
+enum class StatusCode;
 struct CatalogueFolder;
 struct CategoryChange;
 struct ItemChange;
@@ -71,9 +72,9 @@ private:
     void expanded(QTreeWidgetItem* node, bool open);
     void show_closed(QTreeWidgetItem& folder); ///< its picture alone
 
-    void set_item_code(Key item, int code);
+    void set_item_code(Key item, StatusCode code);
     void add_category_node(Key category, const QString& name);
-    void add_item_node(Key item, Key category, const QString& name, int code);
+    void add_item_node(Key item, Key category, const QString& name, StatusCode code);
     void move_item_node(Key item, Key category);
     void remove_item_node(QTreeWidgetItem& node);
     void select_neighbour(QTreeWidgetItem& node);

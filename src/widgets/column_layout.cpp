@@ -19,9 +19,9 @@ int shared_part(int own, int both, int available)
 bool share_text_columns(ListGrid& grid, const HeaderBar& header)
 {
     int available = grid.width() - other_columns;
-    if (!header.group_shown(0))
+    if (!header.group_shown(ColumnGroup::coupon))
         available += coupon_group;
-    if (!header.group_shown(1))
+    if (!header.group_shown(ColumnGroup::aisle))
         available += aisle_width;
     if (grid.scroll_bar_shown())
         available -= scroll_bar;
@@ -37,52 +37,49 @@ bool share_text_columns(ListGrid& grid, const HeaderBar& header)
     return true;
 }
 
-void set_group_widths(ListGrid& grid, const HeaderBar& header, int group)
+void set_group_widths(ListGrid& grid, const HeaderBar& header, ColumnGroup group)
 {
     const bool shown = header.group_shown(group);
-    if (group == 0) {
-        grid.set_col_width(grid_column::coupon, shown ? coupon_width : 0);
-        grid.set_col_width(grid_column::date, shown ? date_width : 0);
+    if (group == ColumnGroup::coupon) {
+        grid.set_col_width(GridColumn::coupon, shown ? coupon_width : 0);
+        grid.set_col_width(GridColumn::date, shown ? date_width : 0);
     } else {
-        grid.set_col_width(grid_column::aisle, shown ? aisle_width : 0);
+        grid.set_col_width(GridColumn::aisle, shown ? aisle_width : 0);
     }
 }
 
-void apply_column_group(ListGrid& grid, const HeaderBar& header, int group)
+void apply_column_group(ListGrid& grid, const HeaderBar& header, ColumnGroup group)
 {
     const bool shown = header.group_shown(group);
-    const bool was_shown = grid.col_width(group == 0 ? grid_column::date : grid_column::aisle) > 0;
+    const bool was_shown = grid.col_width(group == ColumnGroup::coupon ? GridColumn::date : GridColumn::aisle) > 0;
     if (shown == was_shown)
         return;
-    const int half = (group == 0 ? coupon_group : aisle_width) / 2;
-    for (const int column : {grid_column::item, grid_column::desc})
+    const int half = (group == ColumnGroup::coupon ? coupon_group : aisle_width) / 2;
+    for (const GridColumn column : {GridColumn::item, GridColumn::desc})
         grid.set_col_width(column, std::max(grid.col_width(column) + (shown ? -half : half), narrowest_text));
     set_group_widths(grid, header, group);
 }
 
 void level_text_columns(ListGrid& grid)
 {
-    const int both = grid.col_width(grid_column::item) + grid.col_width(grid_column::desc);
-    grid.set_col_width(grid_column::item, both / 2);
-    grid.set_col_width(grid_column::desc, both - both / 2);
+    const int both = grid.col_width(GridColumn::item) + grid.col_width(GridColumn::desc);
+    grid.set_col_width(GridColumn::item, both / 2);
+    grid.set_col_width(GridColumn::desc, both - both / 2);
 }
 
 bool columns_overflow(const ListGrid& grid)
 {
-    int all = 0;
-    for (int column = 0; column < grid_column::count; ++column)
-        all += grid.col_width(column);
-    return all > grid.width() - (grid.scroll_bar_shown() ? scroll_bar : 0) + 2;
+    return grid.all_cols_width() > grid.width() - (grid.scroll_bar_shown() ? scroll_bar : 0) + 2;
 }
 
 void move_text_border(ListGrid& grid, int item_width)
 {
-    const int both = grid.col_width(grid_column::item) + grid.col_width(grid_column::desc);
+    const int both = grid.col_width(GridColumn::item) + grid.col_width(GridColumn::desc);
     if (both < 2 * narrowest_text)
         return;
     const int item = std::clamp(item_width, narrowest_text, both - narrowest_text);
-    grid.set_col_width(grid_column::item, item);
-    grid.set_col_width(grid_column::desc, both - item);
+    grid.set_col_width(GridColumn::item, item);
+    grid.set_col_width(GridColumn::desc, both - item);
 }
 
 } // namespace tarnwick::column_layout

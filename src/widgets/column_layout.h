@@ -4,6 +4,7 @@ namespace tarnwick {
 
 class HeaderBar;
 class ListGrid;
+enum class ColumnGroup;
 
 // The widths of a list grid's columns, in the main window and in the item editor alike. All in pixels.
 namespace column_layout {
@@ -20,12 +21,12 @@ inline constexpr int scroll_bar = 17;
 /// nothing changed, when the grid is narrower than the other columns.
 bool share_text_columns(ListGrid& grid, const HeaderBar& header);
 
-/// Gives the columns of a group (0 coupon and expiry, 1 aisle) the widths of its box's state, and half of
+/// Gives the columns of a group the widths of its box's state, and half of
 /// the group's width to or from each text column. Nothing when they have them already.
-void apply_column_group(ListGrid& grid, const HeaderBar& header, int group);
+void apply_column_group(ListGrid& grid, const HeaderBar& header, ColumnGroup group);
 
 /// Only the widths of the group's columns, by the state of its box.
-void set_group_widths(ListGrid& grid, const HeaderBar& header, int group);
+void set_group_widths(ListGrid& grid, const HeaderBar& header, ColumnGroup group);
 
 /// Splits name and description evenly.
 void level_text_columns(ListGrid& grid);

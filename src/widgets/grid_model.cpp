@@ -14,9 +14,14 @@ namespace {
 
 const QColor located_color(255, 0, 0);
 
-bool is_box(int column)
+GridColumn column_of(const QModelIndex& index)
 {
-    return column == grid_column::light || column == grid_column::check || column == grid_column::coupon;
+    return static_cast<GridColumn>(index.column());
+}
+
+bool is_box(GridColumn column)
+{
+    return column == GridColumn::light || column == GridColumn::check || column == GridColumn::coupon;
 }
 
 /// The order of the load query, so that a row placed later stands where the next load will put it.
@@ -43,9 +48,14 @@ int GridModel::rowCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : rows();
 }
 
+QModelIndex GridModel::cell(int row, GridColumn column) const
+{
+    return index(row, column_number(column));
+}
+
 int GridModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : grid_column::count;
+    return parent.isValid() ? 0 : grid_column_count;
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const
@@ -53,7 +63,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const GridRow& row = rows_[static_cast<size_t>(index.row())];
-    const int column = index.column();
+    const GridColumn column = column_of(index);
     switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
@@ -61,7 +71,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
     case Qt::FontRole:
         return font(row, column);
     case Qt::ForegroundRole:
-        return row.located && column == grid_column::item ? located_color : text_color_;
+        return row.located && column == GridColumn::item ? located_color : text_color_;
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
     case PictureRole:
@@ -71,7 +81,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
     case Qt::CheckStateRole:
         return is_box(column) ? QVariant(is_checked(row, column) ? Qt::Checked : Qt::Unchecked) : QVariant();
     case RowDataRole:
-        return column == grid_column::light ? QVariant(int(row.groc_key)) : QVariant();
+        return column == GridColumn::light ? QVariant(int(row.groc_key)) : QVariant();
     default:
         return {};
     }
@@ -82,21 +92,21 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const
     if (!index.isValid())
         return Qt::NoItemFlags;
     const Qt::ItemFlags all = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
-    return is_box(index.column()) ? all | Qt::ItemIsUserCheckable : all;
+    return is_box(column_of(index)) ? all | Qt::ItemIsUserCheckable : all;
 }
 
-QString GridRow::*GridModel::text_field(int column)
+QString GridRow::*GridModel::text_field(GridColumn column)
 {
     switch (column) {
-    case grid_column::item:
+    case GridColumn::item:
         return &GridRow::item;
-    case grid_column::desc:
+    case GridColumn::desc:
         return &GridRow::desc;
-    case grid_column::qty:
+    case GridColumn::qty:
         return &GridRow::qty;
-    case grid_column::date:
+    case GridColumn::date:
         return &GridRow::date;
-    case grid_column::aisle:
+    case GridColumn::aisle:
         return &GridRow::aisle;
     default:
         return nullptr;
@@ -104,43 +114,43 @@ QString GridRow::*GridModel::text_field(int column)
 }
 
 /// What a cell says to a screen reader: its text, or whose box it is.
-QVariant GridModel::spoken(const GridRow& row, int column) const
+QVariant GridModel::spoken(const GridRow& row, GridColumn column) const
 {
     switch (column) {
-    case grid_column::light:
+    case GridColumn::light:
         return QString(row.item + QStringLiteral(", ")
                        + (light_name_.isEmpty() ? QStringLiteral("light") : light_name_));
-    case grid_column::check:
+    case GridColumn::check:
         return QString(row.item + QStringLiteral(", buy-it"));
-    case grid_column::coupon:
+    case GridColumn::coupon:
         return QString(row.item + QStringLiteral(", coupon"));
     default:
         return text_field(column) ? QVariant(row.*text_field(column)) : QVariant();
     }
 }
 
-bool GridModel::is_checked(const GridRow& row, int column) const
+bool GridModel::is_checked(const GridRow& row, GridColumn column) const
 {
-    if (column == grid_column::coupon)
+    if (column == GridColumn::coupon)
         return row.coupon == picture_base::coupon_on;
-    if (column == grid_column::check)
+    if (column == GridColumn::check)
         return row.check == picture_base::check_on;
     return light_name_.isEmpty() ? row.light == picture_base::light_on : row.light != picture_base::light_unlisted;
 }
 
-QVariant GridModel::font(const GridRow& row, int column) const
+QVariant GridModel::font(const GridRow& row, GridColumn column) const
 {
-    if (column == grid_column::item && row.bold)
+    if (column == GridColumn::item && row.bold)
         return bold_font_;
-    return column == grid_column::date ? date_font_ : plain_font_;
+    return column == GridColumn::date ? date_font_ : plain_font_;
 }
 
-int GridModel::picture_number(const GridRow& row, int column) const
+int GridModel::picture_number(const GridRow& row, GridColumn column) const
 {
-    const int base = column == grid_column::light ? row.light
-        : column == grid_column::check            ? row.check
-        : column == grid_column::coupon           ? row.coupon
-                                                  : 0;
+    const int base = column == GridColumn::light ? row.light
+        : column == GridColumn::check            ? row.check
+        : column == GridColumn::coupon           ? row.coupon
+                                                 : 0;
     return base > 0 ? base + color_index_ : 0;
 }
 
@@ -204,7 +214,7 @@ void GridModel::change_row(int row_index, const std::function<void(GridRow&)>& c
     const QString name = row.item;
     change(row);
     is_sorted_ = is_sorted_ && row.item == name;
-    emit dataChanged(index(row_index, 0), index(row_index, grid_column::count - 1));
+    emit dataChanged(index(row_index, 0), index(row_index, grid_column_count - 1));
 }
 
 void GridModel::change_all(const std::function<void(GridRow&)>& change)
@@ -215,18 +225,18 @@ void GridModel::change_all(const std::function<void(GridRow&)>& change)
     repaint_all();
 }
 
-QString GridModel::cell_text(int row_index, int column) const
+QString GridModel::cell_text(int row_index, GridColumn column) const
 {
     return text_field(column) ? row(row_index).*text_field(column) : QString();
 }
 
-void GridModel::set_cell_text(int row_index, int column, const QString& text)
+void GridModel::set_cell_text(int row_index, GridColumn column, const QString& text)
 {
     if (!text_field(column))
         return;
     rows_.at(static_cast<size_t>(row_index)).*text_field(column) = text;
-    is_sorted_ = is_sorted_ && column != grid_column::item;
-    emit dataChanged(index(row_index, column), index(row_index, column));
+    is_sorted_ = is_sorted_ && column != GridColumn::item;
+    emit dataChanged(cell(row_index, column), cell(row_index, column));
 }
 
 int GridModel::find_row(Key groc_key) const
@@ -263,7 +273,7 @@ void GridModel::set_text_color(const QColor& color)
 void GridModel::repaint_all()
 {
     if (rows() > 0)
-        emit dataChanged(index(0, 0), index(rows() - 1, grid_column::count - 1));
+        emit dataChanged(index(0, 0), index(rows() - 1, grid_column_count - 1));
 }
 
 } // namespace tarnwick

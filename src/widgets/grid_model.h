@@ -30,7 +30,6 @@ public:
     int rows() const { return static_cast<int>(rows_.size()); }
 
     void set_rows(std::vector<GridRow> rows);
-    void clear() { set_rows({}); }
 
     /// Inserts a row at its place by name, then key, and sorts the others first where a change of a name left
     /// them out of order. Returns the grid row.
@@ -41,9 +40,11 @@ public:
     void change_row(int index, const std::function<void(GridRow&)>& change);
     void change_all(const std::function<void(GridRow&)>& change);
 
-    /// The text of a cell 2 to 7 (5 has none).
-    QString cell_text(int row, int column) const;
-    void set_cell_text(int row, int column, const QString& text);
+    QModelIndex cell(int row, GridColumn column) const;
+
+    /// The text of a cell; empty, and no change, where it has none: light, check and coupon.
+    QString cell_text(int row, GridColumn column) const;
+    void set_cell_text(int row, GridColumn column, const QString& text);
 
     /// The first row of this `groc_1` key; -1 when there is none.
     int find_row(Key groc_key) const;
@@ -58,11 +59,11 @@ public:
     void set_text_color(const QColor& color);
 
 private:
-    static QString GridRow::*text_field(int column);
-    QVariant font(const GridRow& row, int column) const;
-    QVariant spoken(const GridRow& row, int column) const;
-    bool is_checked(const GridRow& row, int column) const;
-    int picture_number(const GridRow& row, int column) const;
+    static QString GridRow::*text_field(GridColumn column);
+    QVariant font(const GridRow& row, GridColumn column) const;
+    QVariant spoken(const GridRow& row, GridColumn column) const;
+    bool is_checked(const GridRow& row, GridColumn column) const;
+    int picture_number(const GridRow& row, GridColumn column) const;
     void repaint_all();
     void sort_rows();
 

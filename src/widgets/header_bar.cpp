@@ -73,9 +73,16 @@ protected:
     }
 };
 
+QString numbered(const char* name, int index)
+{
+    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
+}
+
+} // namespace
+
 /// A box that shows or hides a column group. While the group is on show its header carries the caption
 /// and the box is a tick alone; otherwise the box carries the caption itself.
-class ShowBox : public QCheckBox {
+class HeaderBar::ShowBox : public QCheckBox {
 public:
     using QCheckBox::QCheckBox;
 
@@ -104,13 +111,6 @@ protected:
         style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, this);
     }
 };
-
-QString numbered(const char* name, int index)
-{
-    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
-}
-
-} // namespace
 
 HeaderBar::HeaderBar(ListGrid& grid, QWidget* parent)
     : grid_(grid)
@@ -147,7 +147,8 @@ void HeaderBar::make_boxes(QWidget* parent)
     const QString captions[] = {QStringLiteral("Cpn"), QStringLiteral("Asl")};
     const QString tool_tips[]
         = {QStringLiteral("Hide/show coupon-and-expiry column"), QStringLiteral("Hide/show aisle column")};
-    for (int i = 0; i < 2; ++i) {
+    for (const ColumnGroup group : column_groups) {
+        const int i = static_cast<int>(group);
         boxes_[i] = new ShowBox(captions[i], parent);
         boxes_[i]->setObjectName(numbered("Cmd_ShowCol", i));
         boxes_[i]->setToolTip(tool_tips[i]);
@@ -155,18 +156,18 @@ void HeaderBar::make_boxes(QWidget* parent)
         boxes_[i]->setFocusPolicy(Qt::NoFocus);
         boxes_[i]->setAttribute(Qt::WA_Hover);
         boxes_[i]->setChecked(true);
-        connect(boxes_[i], &QCheckBox::clicked, this, [this, i] { emit group_toggled(i); });
+        connect(boxes_[i], &QCheckBox::clicked, this, [this, group] { emit group_toggled(group); });
     }
 }
 
-QCheckBox& HeaderBar::show_box(int group)
+QCheckBox& HeaderBar::show_box(ColumnGroup group)
 {
-    return *boxes_[group];
+    return box(group);
 }
 
-bool HeaderBar::group_shown(int group) const
+bool HeaderBar::group_shown(ColumnGroup group) const
 {
-    return boxes_[group]->isChecked();
+    return box(group).isChecked();
 }
 
 void HeaderBar::set_headers(int top, int height)
@@ -178,24 +179,27 @@ void HeaderBar::set_headers(int top, int height)
     show_parts();
 }
 
-int HeaderBar::column_left(int column) const
+int HeaderBar::column_left(GridColumn column) const
 {
-    return grid_.x() + grid_.columnViewportPosition(column);
+    return grid_.x() + grid_.col_left(column);
 }
 
-int HeaderBar::column_right(int column) const
+int HeaderBar::column_right(GridColumn column) const
 {
     return column_left(column) + grid_.col_width(column);
 }
 
 void HeaderBar::place_cells(const QRect& bar)
 {
-    using namespace grid_column;
+    using enum GridColumn;
     const int bar_end = bar.right() + 1;
-    const int last_column = group_shown(1) ? aisle : group_shown(0) ? date : qty;
+    const GridColumn last_column = group_shown(ColumnGroup::aisle) ? aisle
+        : group_shown(ColumnGroup::coupon)                         ? date
+                                                                   : qty;
     // The last cell goes on over the scroll bar to the end of the grid.
-    const auto end_of
-        = [&](int column) { return column == last_column ? bar_end : std::min(column_right(column), bar_end); };
+    const auto end_of = [&](GridColumn column) {
+        return column == last_column ? bar_end : std::min(column_right(column), bar_end);
+    };
     const auto place = [&bar](QWidget* part, int left, int right) {
         part->setGeometry(left, bar.top(), std::max(right - left, 0), bar.height());
     };
@@ -227,11 +231,16 @@ void HeaderBar::place_label(int index, int left, int right, const QRect& bar)
     label.setGeometry(left + margin, bar.top(), std::max(room, 0), bar.height() - 1);
 }
 
+HeaderBar::ShowBox& HeaderBar::box(ColumnGroup group) const
+{
+    return *boxes_[static_cast<size_t>(group)];
+}
+
 int HeaderBar::waiting_boxes_width() const
 {
     int width = 0;
-    for (const int group : {0, 1})
-        width += group_shown(group) ? 0 : static_cast<const ShowBox*>(boxes_[group])->wanted_width();
+    for (const ColumnGroup group : column_groups)
+        width += group_shown(group) ? 0 : box(group).wanted_width();
     return width;
 }
 
@@ -239,20 +248,22 @@ void HeaderBar::place_boxes(const QRect& bar)
 {
     // Boxes of hidden groups wait at the end of the description, where a group takes its room from.
     int free_end = headers_[0]->geometry().right() - 1;
-    for (const int group : {1, 0}) {
-        const int width = static_cast<ShowBox*>(boxes_[group])->wanted_width();
-        const int header_end = headers_[group + 2]->geometry().right() + 1;
+    for (const ColumnGroup group : {ColumnGroup::aisle, ColumnGroup::coupon}) {
+        const QAbstractButton& header = *headers_[group == ColumnGroup::coupon ? 2 : 3];
+        const int width = box(group).wanted_width();
+        const int header_end = header.geometry().right() + 1;
         const int left = group_shown(group) ? header_end - box_inset : free_end - width;
-        boxes_[group]->setGeometry(left, bar.top(), width, bar.height());
+        box(group).setGeometry(left, bar.top(), width, bar.height());
         if (!group_shown(group))
             free_end = left;
-        boxes_[group]->raise();
+        box(group).raise();
     }
 }
 
 void HeaderBar::show_parts()
 {
-    const bool parts_of_group[] = {shown_ && group_shown(0), shown_ && group_shown(1)};
+    const bool parts_of_group[]
+        = {shown_ && group_shown(ColumnGroup::coupon), shown_ && group_shown(ColumnGroup::aisle)};
     for (int i = 0; i < 4; ++i)
         headers_[i]->setVisible(i < 2 ? shown_ : parts_of_group[i - 2]);
     for (int i = 0; i < 5; ++i)
@@ -298,7 +309,7 @@ bool HeaderBar::eventFilter(QObject* watched, QEvent* event)
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
         drag_from_ = mouse->globalPosition().toPoint().x();
-        drag_item_width_ = grid_.col_width(grid_column::item);
+        drag_item_width_ = grid_.col_width(GridColumn::item);
         return true;
     }
     if (event->type() == QEvent::MouseMove && mouse->buttons().testFlag(Qt::LeftButton)) {

@@ -37,8 +37,8 @@ FittedText text_in_cell(const QModelIndex& index, int cell_width)
     const QString text = index.data(Qt::DisplayRole).toString();
     const QFont font = index.data(Qt::FontRole).value<QFont>();
     constexpr int before_box = 3; // the box of the coupon follows the quantity
-    const int room = cell_width - cell_margin - (index.column() == grid_column::qty ? before_box : 1);
-    if (index.column() != grid_column::item && index.column() != grid_column::desc)
+    const int room = cell_width - cell_margin - (index.column() == column_number(GridColumn::qty) ? before_box : 1);
+    if (index.column() != column_number(GridColumn::item) && index.column() != column_number(GridColumn::desc))
         return fit_number(text, font, room);
     const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, room);
     return {shown, font, shown != text};
@@ -73,7 +73,7 @@ public:
         const FittedText shown = text_in_cell(index, option.rect.width());
         if (shown.text.isEmpty())
             return;
-        const bool is_open_name = index.column() == grid_column::item && shown.font.bold();
+        const bool is_open_name = index.column() == column_number(GridColumn::item) && shown.font.bold();
         painter->setFont(shown.font);
         painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
         painter->drawText(option.rect.adjusted(cell_margin, 0, -1 - (is_open_name ? grid_.name_end() : 0), 0),
@@ -130,7 +130,7 @@ ListGrid::ListGrid(QWidget* parent)
         lines->setSectionResizeMode(QHeaderView::Fixed);
     }
     verticalHeader()->setDefaultSectionSize(first_row_height);
-    for (int column = 0; column < grid_column::count; ++column)
+    for (int column = 0; column < grid_column_count; ++column)
         setColumnWidth(column, full_widths[static_cast<size_t>(column)]);
     set_page_color(Qt::white, 0);
 
@@ -147,32 +147,42 @@ int ListGrid::current_row() const
     return currentIndex().row();
 }
 
-int ListGrid::current_col() const
+GridColumn ListGrid::current_col() const
 {
-    return currentIndex().column();
+    return static_cast<GridColumn>(std::max(currentIndex().column(), 0));
 }
 
-void ListGrid::set_current(int row, int column)
+void ListGrid::set_current(int row, GridColumn column)
 {
-    setCurrentIndex(model_->index(row, column));
+    setCurrentIndex(model_->cell(row, column));
     emit current_set();
 }
 
-int ListGrid::col_width(int column) const
+int ListGrid::col_width(GridColumn column) const
 {
-    return columnWidth(column);
+    return columnWidth(column_number(column));
 }
 
-void ListGrid::set_col_width(int column, int pixels)
+void ListGrid::set_col_width(GridColumn column, int pixels)
 {
-    setColumnWidth(column, pixels);
+    setColumnWidth(column_number(column), pixels);
+}
+
+int ListGrid::col_left(GridColumn column) const
+{
+    return columnViewportPosition(column_number(column));
+}
+
+int ListGrid::all_cols_width() const
+{
+    return horizontalHeader()->length();
 }
 
 TextRatio ListGrid::text_ratio() const
 {
     constexpr int narrowest = 3;
-    const int item = col_width(grid_column::item);
-    const int desc = col_width(grid_column::desc);
+    const int item = col_width(GridColumn::item);
+    const int desc = col_width(GridColumn::desc);
     if (item < narrowest || desc < narrowest)
         return {};
     if (item == ratio_item_ && desc == ratio_desc_)
@@ -182,8 +192,8 @@ TextRatio ListGrid::text_ratio() const
 
 void ListGrid::set_text_widths(int item, int desc, TextRatio ratio)
 {
-    set_col_width(grid_column::item, item);
-    set_col_width(grid_column::desc, desc);
+    set_col_width(GridColumn::item, item);
+    set_col_width(GridColumn::desc, desc);
     ratio_ = ratio;
     ratio_item_ = item;
     ratio_desc_ = desc;
@@ -256,11 +266,10 @@ int ListGrid::first_row_top() const
     return -verticalHeader()->offset();
 }
 
-QRect ListGrid::cell_rect(int row, int column) const
+QRect ListGrid::cell_rect(int row, GridColumn column) const
 {
     // At its end the view stands on the last row, with a part of a row above the top row.
-    const QRect cell(columnViewportPosition(column), first_row_top() + row * row_height(), columnWidth(column),
-                     row_height());
+    const QRect cell(col_left(column), first_row_top() + row * row_height(), col_width(column), row_height());
     return cell.translated(viewport()->pos() + pos());
 }
 
@@ -329,12 +338,13 @@ void ListGrid::mousePressEvent(QMouseEvent* event)
 {
     const QPoint position = event->position().toPoint();
     pressed_row_ = row_at(position.y());
-    pressed_column_ = columnAt(position.x());
-    pressed_ = model_->index(pressed_row_, grid_column::light);
+    const int column = columnAt(position.x());
+    pressed_column_ = column < 0 ? std::nullopt : std::optional(static_cast<GridColumn>(column));
+    pressed_ = model_->cell(pressed_row_, GridColumn::light);
     skips_release_ = false;
     is_pressed_ = true;
     if (event->button() == Qt::LeftButton && pressed_row_ >= 0)
-        set_current(pressed_row_, std::max(pressed_column_, 0));
+        set_current(pressed_row_, pressed_column_.value_or(GridColumn::light));
     emit mouse_down(event->button(), position);
     event->accept();
 }
@@ -375,9 +385,9 @@ void ListGrid::keyPressEvent(QKeyEvent* event)
 {
     event->accept();
     if (event->key() == Qt::Key_Up)
-        emit key_down(key_code::up);
+        emit key_down(GridKey::up);
     else if (event->key() == Qt::Key_Down)
-        emit key_down(key_code::down);
+        emit key_down(GridKey::down);
     else if (current_row() < 0 || !act_on_row(*event))
         event->ignore();
 }
@@ -411,9 +421,9 @@ bool ListGrid::act_on_row(const QKeyEvent& event)
             emit row_wanted(row);
     } else if (key == Qt::Key_Delete || key == Qt::Key_Space) {
         if (!event.isAutoRepeat())
-            emit key_down(key == Qt::Key_Space ? key_code::check : key_code::remove);
+            emit key_down(key == Qt::Key_Space ? GridKey::check : GridKey::remove);
     } else if (is_menu_key(event)) {
-        emit key_down(key_code::menu);
+        emit key_down(GridKey::menu);
     } else if (key == Qt::Key_F2 || (enter && enter_edits_)) {
         emit edit_wanted();
     } else if (const QString text = typed_text(event); !text.isEmpty()) {

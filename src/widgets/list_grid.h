@@ -6,6 +6,8 @@
 #include <QPersistentModelIndex>
 #include <QTableView>
 
+#include <optional>
+
 namespace tarnwick {
 
 /// In which proportion name and description share their room.
@@ -14,14 +16,8 @@ struct TextRatio {
     int desc = 1;
 };
 
-/// The keys that a list grid reports.
-namespace key_code {
-inline constexpr int up = 38;
-inline constexpr int down = 40;
-inline constexpr int remove = 46;
-inline constexpr int check = 32;
-inline constexpr int menu = 93;
-} // namespace key_code
+/// What a key asks of the form that a list grid is in.
+enum class GridKey { up, down, remove, check, menu };
 
 /// The grid control `Listview1` of the main window and of the item editor.
 class ListGrid : public QTableView {
@@ -33,11 +29,13 @@ public:
     const GridModel& rows() const { return *model_; }
 
     int current_row() const; ///< -1 without rows
-    int current_col() const;
-    void set_current(int row, int column);
+    GridColumn current_col() const; ///< `light` without rows
+    void set_current(int row, GridColumn column);
 
-    int col_width(int column) const; ///< pixels; 0 for a hidden column
-    void set_col_width(int column, int pixels);
+    int col_width(GridColumn column) const; ///< pixels; 0 for a hidden column
+    void set_col_width(GridColumn column, int pixels);
+    int col_left(GridColumn column) const; ///< pixels in the viewport
+    int all_cols_width() const; ///< pixels
 
     /// The ratio of the text columns: their widths, or the ratio that gave them those widths, so that
     /// rounding does not add up from one resize to the next. 1 to 1 when either is under 3 pixels.
@@ -70,14 +68,14 @@ public:
     bool row_is_visible(int row) const; ///< the row is fully in view
 
     /// The rectangle of a cell in the coordinates of the grid's parent.
-    QRect cell_rect(int row, int column) const;
+    QRect cell_rect(int row, GridColumn column) const;
 
     /// The grid row under a height in the viewport; -1 below the last row.
     int row_at(int y) const;
 
-    /// The cell under the last press, as the rows stood then: -1 below the last row and beside the columns.
+    /// The cell under the last press, as the rows stood then: -1 below the last row, none beside the columns.
     int pressed_row() const { return pressed_row_; }
-    int pressed_column() const { return pressed_column_; }
+    std::optional<GridColumn> pressed_column() const { return pressed_column_; }
 
     /// Between a press on the grid and its release: the current row is only on its way.
     bool is_pressed() const { return is_pressed_; }
@@ -87,7 +85,7 @@ signals:
     void mouse_up(Qt::MouseButton button, QPoint position);
     void current_set(); ///< a cell was made current; not when the current row has gone and another takes its place
     void mouse_done(); ///< what the release had to do is done
-    void key_down(int key); ///< one of `key_code`; the grid itself does not move
+    void key_down(GridKey key); ///< the grid itself does not move
     void row_wanted(int row); ///< Home, End and the Page keys; the grid itself does not move
     void edit_wanted(); ///< F2 on a row, and Enter where `set_enter_edits` says so
     void typed(const QString& text); ///< a key with a character, on a row
@@ -119,7 +117,7 @@ private:
     int name_end_ = 0;
     QColor mark_color_; ///< of the current row's bar and frame
     int pressed_row_ = -1;
-    int pressed_column_ = -1;
+    std::optional<GridColumn> pressed_column_;
     QPersistentModelIndex pressed_; ///< a cell of the pressed row, wherever the row has gone since; none outside
     bool is_pressed_ = false;
     bool enter_edits_ = false;

@@ -1,16 +1,16 @@
 #pragma once
 
 #include "data/text.h"
+#include "household/grid_row.h"
 
 #include <QColor>
 #include <QDate>
 #include <QObject>
 #include <QPersistentModelIndex>
-#include <QRect>
 #include <QString>
 
-#include <array>
 #include <memory>
+#include <optional>
 
 class QWidget;
 
@@ -18,7 +18,8 @@ namespace tarnwick {
 
 class CellBox;
 class ListGrid;
-class PictureButton;
+class RowBoxes;
+struct RowBox;
 
 /// What the floating editors of a grid tell their form. One for the main window, one for the item editor.
 class RowEditorHost {
@@ -26,10 +27,10 @@ public:
     virtual ~RowEditorHost() = default;
 
     virtual int type_size() const = 0;
-    virtual bool column_group_shown(int group) const = 0;
+    virtual bool column_group_shown(ColumnGroup group) const = 0;
 
     /// The trimmed text of a text box changed; the cell has it already. Columns desc, qty, date, aisle.
-    virtual void text_edited(int row, int column, const QString& text) = 0;
+    virtual void text_edited(int row, GridColumn column, const QString& text) = 0;
 
     /// The state of a row's coupon, and the switch of it. The switch returns the text of the date cell; the
     /// editor sets the cell and the picture.
@@ -60,13 +61,13 @@ public:
     void hide_line(); ///< hides the row's controls and clears its bold
     void lv_edit_off(); ///< closes the editor altogether
     bool is_open() const; ///< `desc_brdr` is on screen
-    int unstored_column() const { return unstored_column_; } ///< whose text the store did not take; -1 none
+    std::optional<GridColumn> unstored_column() const { return unstored_column_; } ///< whose text was not stored
 
     /// Opens the current row, if it is not open, and puts the caret into the box of a column: at the end of its
     /// text, in place of it when there is a text to type, or under `x` in pixels of the grid's viewport. A
     /// column without a text box on screen: nothing more.
-    void enter_box(int column, const QString& typed = {});
-    void enter_box_at(int column, int x);
+    void enter_box(GridColumn column, const QString& typed = {});
+    void enter_box_at(GridColumn column, int x);
 
     QWidget* first_box() const; ///< `desc_brdr` while it is open, or the next one on screen; else null
     int edit_row() const; ///< the grid row under edit; -1 when closed
@@ -89,50 +90,36 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct Controls;
-    struct Box;
-
     void connect_controls();
     void bring_into_view(int row);
     void fill();
     void fill_coupon();
+    void show_date(const QString& text);
     void fill_end_frame();
-    void place();
-    void place_steppers(const QWidget& box, const std::array<PictureButton*, 2>& buttons);
-    void place_coupon_and_date();
-    void place_end_frame();
-    void place_calendar();
-    QRect box_rect(int column, int less_wide = 0) const;
-    void apply_type_size();
-    void set_margins();
-    void apply_page_color();
-    void hide_controls();
     void clear_bold();
-    void show_at(QWidget& control, const QRect& rect);
-    void give_up_focus(const QWidget& control);
     void follow_current_row();
 
-    void write_text(const Box& box);
-    void step(const Box& box, bool up);
+    void write_text(const RowBox& box);
+    void step(const RowBox& box, bool up);
     void show_calendar();
-    void close_calendar();
     void choose_date(QDate date);
     void edit_clicked();
 
     bool key_in_box(const QWidget* box, int key);
+    bool key_on_coupon(int key);
+    void note_before(QWidget& box) const;
     bool go_to_box(int from, int step);
-    CellBox* open_box(int column);
-    void give_back(const Box& box);
+    CellBox* open_box(GridColumn column);
+    void give_back(const RowBox& box);
+    void give_coupon_back();
     void focus_left();
     void rows_scrolled();
 
     ListGrid& grid_;
     RowEditorHost& host_;
-    std::unique_ptr<Controls> controls_;
+    std::unique_ptr<RowBoxes> boxes_;
     QPersistentModelIndex edit_row_; ///< follows the row when others come and go
-    QColor page_color_ = Qt::white;
-    int type_size_ = 9;
-    int unstored_column_ = -1;
+    std::optional<GridColumn> unstored_column_;
     bool filling_ = false; ///< texts are being shown, not typed
     bool writing_ = false; ///< the grid's own moves must not close the editor
 };

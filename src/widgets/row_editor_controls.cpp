@@ -1,6 +1,5 @@
 #include "widgets/row_editor_controls.h"
 
-#include "household/grid_row.h"
 #include "widgets/drawn_controls.h"
 #include "widgets/fitted_text.h"
 #include "widgets/frame_lines.h"
@@ -255,54 +254,6 @@ void MonthView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
     draw_frame(painter, rect(), palette().color(QPalette::Dark));
-}
-
-RowEditor::Controls::Controls(QWidget* parent)
-    : desc(new CellBox(QStringLiteral("desc_brdr"), parent))
-    , qty(new CellBox(QStringLiteral("qty_brdr"), parent))
-    , cpn_brdr(new CellBox(QStringLiteral("cpn_brdr"), parent))
-    , dp_frame(new QWidget(parent))
-    , date(new CellBox(QStringLiteral("dp_brdr"), dp_frame))
-    , aisle(new CellBox(QStringLiteral("aisle_brdr"), parent))
-    , cpn_bkgrnd(new QWidget(parent))
-    , chck_box(new PictureButton(QStringLiteral("chck_box"), parent))
-    , dtp_btn(new PictureButton(QStringLiteral("dtp_btn"), parent))
-    , qty_btn{new PictureButton(QStringLiteral("qty_btn(0)"), parent),
-              new PictureButton(QStringLiteral("qty_btn(1)"), parent)}
-    , aisle_btn{new PictureButton(QStringLiteral("aisle_btn(0)"), parent),
-                new PictureButton(QStringLiteral("aisle_btn(1)"), parent)}
-    , frmEditDel(new EndFrame(QStringLiteral("frmEditDel"), parent))
-    , imgedit(new PictureButton(QStringLiteral("imgedit"), frmEditDel))
-    , imgScratch(new PictureButton(QStringLiteral("imgScratch"), frmEditDel))
-    , month_view(new MonthView(parent))
-    , chain{Box{desc, grid_column::desc}, Box{qty, grid_column::qty}, Box{date, grid_column::date},
-            Box{aisle, grid_column::aisle}}
-{
-    dp_frame->setObjectName(QStringLiteral("dp_frame"));
-    cpn_bkgrnd->setObjectName(QStringLiteral("cpn_bkgrnd"));
-    for (QWidget* ground : {cpn_bkgrnd, dp_frame})
-        ground->setAutoFillBackground(true);
-    desc->setAccessibleName(QStringLiteral("Description"));
-    qty->setAccessibleName(QStringLiteral("Quantity"));
-    cpn_brdr->setAccessibleName(QStringLiteral("Coupon expiry date"));
-    date->setAccessibleName(QStringLiteral("Coupon expiry date"));
-    aisle->setAccessibleName(QStringLiteral("Aisle"));
-    chck_box->setAccessibleName(QStringLiteral("Coupon"));
-    set_drawn_control(*chck_box, DrawnControl::check_box);
-    dtp_btn->setAccessibleName(QStringLiteral("Choose the expiry date"));
-    for (const auto* buttons : {&qty_btn, &aisle_btn}) {
-        (*buttons)[0]->setAccessibleName(QStringLiteral("One more"));
-        (*buttons)[1]->setAccessibleName(QStringLiteral("One less"));
-    }
-    cpn_brdr->setReadOnly(true);
-    cpn_brdr->setFocusPolicy(Qt::NoFocus);
-    date->setReadOnly(true);
-    for (const Box& box : chain)
-        box.edit->setFocusPolicy(Qt::ClickFocus);
-    for (CellBox* box : {qty, date, aisle})
-        box->keep_number_whole();
-    for (QWidget* control : all())
-        control->hide();
 }
 
 } // namespace tarnwick

@@ -101,36 +101,4 @@ private:
     void take_colors();
 };
 
-struct RowEditor::Box {
-    CellBox* edit;
-    int column;
-};
-
-struct RowEditor::Controls {
-    explicit Controls(QWidget* parent);
-
-    std::array<QWidget*, 16> all() const
-    {
-        return {desc,       qty,        cpn_brdr,     dp_frame,     aisle,      cpn_bkgrnd, chck_box,   dtp_btn,
-                qty_btn[0], qty_btn[1], aisle_btn[0], aisle_btn[1], frmEditDel, imgedit,    imgScratch, month_view};
-    }
-
-    CellBox* desc;
-    CellBox* qty;
-    CellBox* cpn_brdr;
-    QWidget* dp_frame;
-    CellBox* date;
-    CellBox* aisle;
-    QWidget* cpn_bkgrnd;
-    PictureButton* chck_box;
-    PictureButton* dtp_btn;
-    std::array<PictureButton*, 2> qty_btn;
-    std::array<PictureButton*, 2> aisle_btn;
-    EndFrame* frmEditDel;
-    PictureButton* imgedit;
-    PictureButton* imgScratch;
-    QCalendarWidget* month_view;
-    std::array<Box, 4> chain;
-};
-
 } // namespace tarnwick

@@ -49,9 +49,7 @@ public:
         case Qt::EditRole:
             return text_;
         case Qt::AccessibleTextRole:
-            return key_.startsWith(QLatin1String("item"))
-                ? QString(text_ + QStringLiteral(", ") + status_name(picture_))
-                : text_;
+            return words();
         case TreeView::KeyRole:
             return key_;
         case TreeView::TagRole:
@@ -87,6 +85,13 @@ public:
     }
 
 private:
+    /// An item's name goes with its status for the ear.
+    QString words() const
+    {
+        const auto code = key_.startsWith(QLatin1String("item")) ? code_of_number(picture_) : std::nullopt;
+        return code ? text_ + QStringLiteral(", ") + status_name(*code) : text_;
+    }
+
     QString text_;
     QString key_;
     QString tag_;

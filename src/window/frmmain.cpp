@@ -18,6 +18,7 @@
 #include "widgets/row_editor.h"
 #include "recipes/line_listener.h"
 #include "recipes/line_stock.h"
+#include "recipes/page_texts.h"
 #include "recipes/recipe_page.h"
 #include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
@@ -99,7 +100,7 @@ frmmain::frmmain(Environment environment)
     make_panes();
     settings_.set_before_write([this] {
         if (shared.started && !shared.ending)
-            recipe_page_->edit_updt();
+            recipe_page_->texts().edit_updt();
     });
     connection_.set_locked_file(locked_file());
 }
@@ -295,7 +296,7 @@ ReportOptions frmmain::read_report_options()
                                        QLatin1String(key), QLatin1String(standard)));
     };
     ReportOptions options;
-    options.sort = number("sort", "1");
+    options.sort = report_sort_of(number("sort", "1"));
     options.col_ct = number("col_ct", "2");
     options.active = number("active", "1");
     options.size = number("size", "0");
@@ -419,8 +420,8 @@ void frmmain::closeEvent(QCloseEvent* event)
 void frmmain::unload()
 {
     recipe_page_->close_line_editor();
-    if (recipe_page_->is_edited())
-        recipe_page_->edit_updt();
+    if (recipe_page_->texts().is_edited())
+        recipe_page_->texts().edit_updt();
     const int state = isMinimized() ? 1 : isMaximized() ? 2 : 0;
     write_size();
     settings_.set_pref(QStringLiteral("wstate"), QString::number(state));
@@ -471,8 +472,8 @@ void frmmain::changeEvent(QEvent* event)
     if (event->type() == QEvent::PaletteChange && shared.started)
         layout_manager().freize_refresh();
     if (event->type() == QEvent::ActivationChange && !isActiveWindow() && shared.started
-        && recipe_page_->is_edited() && !connection_.is_asking())
-        recipe_page_->edit_updt();
+        && recipe_page_->texts().is_edited() && !connection_.is_asking())
+        recipe_page_->texts().edit_updt();
 }
 
 void frmmain::keyPressEvent(QKeyEvent* event)

@@ -105,7 +105,7 @@ void ListManager::show_list(Key list)
         return;
     const UpdateLock lock(program_.window);
     write("s_all", list == list_list::all_lists ? QStringLiteral("1") : QStringLiteral("0"));
-    clear_active_marks(program_.connection);
+    program_.household.write_aside(clear_active_marks);
     panes_.list_pane.lv_load(list);
     write("alist", QString::number(list));
     program_.l_r_refresh();

@@ -65,7 +65,7 @@ void delete_recipe(frmmain& main)
         main.recipe_tree().recip_del(node.record);
 }
 
-void toggle_columns(frmmain& main, int group)
+void toggle_columns(frmmain& main, ColumnGroup group)
 {
     main.list_pane().header().show_box(group).toggle();
     main.list_pane().show_column_group(group);
@@ -199,8 +199,10 @@ constexpr MenuRow rows[] = {
     {check, "mnu_view_sort_r", "mnu_view_sort_cat_r", "By category", by_category},
     {check, "mnu_view_sort_r", "mnu_view_sort_alpha_r", "Alphabetic", by_name},
     {separator, "mnu_view", "mnu_view_sep_3", ""},
-    {command, "mnu_view", "mnu_view_cpn", "Hide coupon-expiry column", [](frmmain& m) { toggle_columns(m, 0); }},
-    {command, "mnu_view", "mnu_view_aisle", "Hide aisle column", [](frmmain& m) { toggle_columns(m, 1); }},
+    {command, "mnu_view", "mnu_view_cpn", "Hide coupon-expiry column",
+     [](frmmain& m) { toggle_columns(m, ColumnGroup::coupon); }},
+    {command, "mnu_view", "mnu_view_aisle", "Hide aisle column",
+     [](frmmain& m) { toggle_columns(m, ColumnGroup::aisle); }},
     {separator, "mnu_view", "mnu_view_sep_4", ""},
     {command, "mnu_view", "mnu_view_cntrct_all", "Close all folders", close_folders},
     {command, "mnu_view", "mnu_view_color", "page view color...", choose_color},

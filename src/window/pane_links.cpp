@@ -4,6 +4,7 @@
 #include "lists/list_pane.h"
 #include "lists/lists.h"
 #include "lists/placing.h"
+#include "recipes/page_texts.h"
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "stock/floating_buttons.h"
@@ -68,11 +69,11 @@ void connect_lists(frmmain& main)
 void connect_recipes(frmmain& main)
 {
     RecipePage& page = main.recipe_page();
-    QObject::connect(&page, &RecipePage::name_typed, &main.recipe_tree(), &RecipeTree::rename);
-    QObject::connect(&page, &RecipePage::name_typed, &main.view_state(), &ViewState::refresh_commands);
-    QObject::connect(&page, &RecipePage::name_left, &main.recipe_tree(), &RecipeTree::sort_renamed);
+    QObject::connect(&page.texts(), &PageTexts::name_typed, &main.recipe_tree(), &RecipeTree::rename);
+    QObject::connect(&page.texts(), &PageTexts::name_typed, &main.view_state(), &ViewState::refresh_commands);
+    QObject::connect(&page.texts(), &PageTexts::name_left, &main.recipe_tree(), &RecipeTree::sort_renamed);
     on(main, main.recipe_tree(), &RecipeTree::node_pressed, [&main] { main.list_pane().leave_for_tree(); });
-    on(main, page, &RecipePage::name_marked,
+    on(main, page.texts(), &PageTexts::name_marked,
        [&main](const QString& mark) { main.layout_manager().Frame1().setProperty("Tag", mark); });
     on(main, page, &RecipePage::ingredient_wanted, [&main] {
         const QString command = QStringLiteral("mnu_recipe_add_ingred");

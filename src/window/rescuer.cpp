@@ -1,6 +1,7 @@
 #include "window/rescuer.h"
 
 #include "household/rescue.h"
+#include "household/row_store.h"
 #include "lists/list_pane.h"
 #include "recipes/recipe_page.h"
 #include "widgets/list_grid.h"
@@ -13,22 +14,15 @@
 namespace tarnwick {
 namespace {
 
-RowField field_of(int column)
-{
-    if (column == grid_column::qty)
-        return RowField::qty;
-    return column == grid_column::aisle ? RowField::aisle : RowField::desc;
-}
-
 std::optional<RescuedField> unstored_field(ListPane& list)
 {
     const RowEditor& editor = list.row_editor();
-    if (!editor.is_open() || editor.unstored_column() < 0)
+    if (!editor.is_open() || !editor.unstored_column())
         return std::nullopt;
     const GridModel& rows = list.grid().rows();
     const GridRow& row = rows.row(editor.edit_row());
-    return RescuedField{row.groc_key, row.item, field_of(editor.unstored_column()),
-                        rows.cell_text(editor.edit_row(), editor.unstored_column())};
+    return RescuedField{row.groc_key, row.item, row_field_of(*editor.unstored_column()),
+                        rows.cell_text(editor.edit_row(), *editor.unstored_column())};
 }
 
 void offer(Connection& connection, const QString& file, const Rescue& rescue)

@@ -14,17 +14,17 @@ namespace tarnwick {
 namespace {
 
 struct Legend {
-    int code;
+    StatusCode code;
     const char* text;
     const char* tool_tip;
 };
 
 constexpr Legend legends[] = {
-    {status_code::buy_it_plus, " Buy-it +", "Is active on more than one shopping list"},
-    {status_code::buy_it, " Buy-it", "Active on one shopping list"},
-    {status_code::inactive, " Inactive", "Inactive on at least one shopping list"},
-    {status_code::unlisted, " Unlisted", "Not listed on any shopping list"},
-    {status_code::non_stock, " Non-stock", "Non-stock item on a recipe"},
+    {StatusCode::buy_it_plus, " Buy-it +", "Is active on more than one shopping list"},
+    {StatusCode::buy_it, " Buy-it", "Active on one shopping list"},
+    {StatusCode::inactive, " Inactive", "Inactive on at least one shopping list"},
+    {StatusCode::unlisted, " Unlisted", "Not listed on any shopping list"},
+    {StatusCode::non_stock, " Non-stock", "Non-stock item on a recipe"},
 };
 
 /// A panel with the picture of the tree's items before its text: box and light tell by their shape too.
@@ -32,12 +32,12 @@ class LegendLabel : public QLabel {
 public:
     LegendLabel(const Legend& legend, QWidget* parent)
         : QLabel(parent)
-        , code_(legend.code)
+        , image_(code_number(legend.code))
     {
         setText(QString::fromUtf8(legend.text));
         setToolTip(QString::fromUtf8(legend.tool_tip));
-        setProperty("picture", code_);
-        setContentsMargins(gap + list_image_size(ImageList::stock_tree, code_).width(), 0, gap, 0);
+        setProperty("picture", image_);
+        setContentsMargins(gap + list_image_size(ImageList::stock_tree, image_).width(), 0, gap, 0);
         measure();
     }
 
@@ -53,10 +53,10 @@ protected:
     }
     void paintEvent(QPaintEvent*) override
     {
-        const int top = (height() - list_image_size(ImageList::stock_tree, code_).height()) / 2;
+        const int top = (height() - list_image_size(ImageList::stock_tree, image_).height()) / 2;
         const FittedText shown = fit_text(text(), font(), contentsRect().width());
         QPainter painter(this);
-        painter.drawPixmap(gap, top, list_image(ImageList::stock_tree, code_, devicePixelRatioF()));
+        painter.drawPixmap(gap, top, list_image(ImageList::stock_tree, image_, devicePixelRatioF()));
         painter.setFont(shown.font);
         painter.drawText(contentsRect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown.text);
     }
@@ -69,7 +69,7 @@ private:
     }
 
     static constexpr int gap = 6;
-    int code_; ///< status, and image of the stock tree
+    int image_; ///< of the stock tree
     QSize least_;
 };
 

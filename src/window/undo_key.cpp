@@ -37,7 +37,7 @@ UndoKey::UndoKey(Program& program, const RecipePage& page)
     qApp->installEventFilter(this);
 }
 
-/// A row comes back to a list on show, a line to its recipe on the page.
+/// A row comes back to its list on show, a line to its recipe on the page.
 bool UndoKey::can_bring_back() const
 {
     if (!program_.shared.started || program_.shared.ending)
@@ -45,8 +45,10 @@ bool UndoKey::can_bring_back() const
     const auto from = program_.household.removed_from();
     if (!from)
         return false;
-    const bool list = program_.shared.list_pane_shown;
-    return *from == 0 ? list : !list && *from == page_.page_key() && !page_.editor_open();
+    const SharedValues& shared = program_.shared;
+    if (from->list > 0)
+        return shared.list_pane_shown && (shared.all_lists_view || from->list == shared.current_list);
+    return !shared.list_pane_shown && from->recipe == page_.page_key() && !page_.editor_open();
 }
 
 /// Text boxes claim the key even where they have nothing to undo.

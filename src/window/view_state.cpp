@@ -9,6 +9,7 @@
 #include "lists/list_pane.h"
 #include "lists/lists.h"
 #include "widgets/row_editor.h"
+#include "recipes/page_texts.h"
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "window/commands.h"
@@ -54,7 +55,7 @@ CommandInputs::Selection selection_of(const TreeView& tree)
     else if (key.is_category())
         selection.kind = key.is_other() ? CommandInputs::Node::other : CommandInputs::Node::category;
     selection.text = node->text(0);
-    selection.has_light = TreeView::picture(node) >= status_code::unlisted;
+    selection.has_light = TreeView::picture(node) >= code_number(StatusCode::unlisted);
     return selection;
 }
 
@@ -162,7 +163,7 @@ CommandInputs ViewState::inputs() const
     inputs.page_has_recipe = main_.recipe_page().has_recipe();
     inputs.page_title = main_.recipe_page().title().text();
     inputs.recipe_name = shared.cur_recipe_name;
-    for (const int group : {0, 1})
+    for (const ColumnGroup group : column_groups)
         inputs.columns_shown.at(static_cast<size_t>(group)) = main_.list_pane().column_group_shown(group);
     return inputs;
 }
@@ -190,8 +191,8 @@ void ViewState::refresh_all()
     else
         refresh_recipe_side();
     main_.layout_manager().freize_refresh();
-    if (main_.recipe_page().is_edited())
-        main_.recipe_page().edit_updt();
+    if (main_.recipe_page().texts().is_edited())
+        main_.recipe_page().texts().edit_updt();
     refresh_commands();
 }
 
@@ -300,8 +301,8 @@ void ViewState::sort(bool by_name)
     bool& order = stock ? main_.shared.stock_alpha : main_.shared.recipe_alpha;
     if (order == by_name)
         return;
-    if (!stock && main_.recipe_page().is_edited())
-        main_.recipe_page().edit_updt(); // the tree is read from the table
+    if (!stock && main_.recipe_page().texts().is_edited())
+        main_.recipe_page().texts().edit_updt(); // the tree is read from the table
     if (stock)
         main_.stock_tree().tv_load(by_name);
     else

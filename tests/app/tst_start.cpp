@@ -4,11 +4,13 @@
 #include "lists/list_pane.h"
 #include "recipes/page_geometry.h"
 #include "recipes/recipe_fixture.h"
+#include "recipes/page_texts.h"
 #include "recipes/recipe_page.h"
 #include "window/commands.h"
 #include "window/layout.h"
 #include "support/test_window.h"
 #include "support/error_number.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QFile>
@@ -161,9 +163,9 @@ void tst_start::settings_without_load_get_every_default()
     QCOMPARE(window.pref(QStringLiteral("font")), QStringLiteral("9"));
     QCOMPARE(main.shared.type_size, 9);
     QVERIFY(main.isMaximized());
-    for (const int group : {0, 1})
+    for (const ColumnGroup group : column_groups)
         QVERIFY(window.main().list_pane().column_group_shown(group));
-    QVERIFY(window.main().list_pane().grid().col_width(grid_column::aisle) > 0);
+    QVERIFY(window.main().list_pane().grid().col_width(GridColumn::aisle) > 0);
 }
 
 void tst_start::a_value_other_than_1_in_clean_shows_no_warnings_data()
@@ -224,16 +226,16 @@ void tst_start::the_column_switches_come_back_as_they_stood_under_the_main_name(
             QVERIFY(command.isEnabled());
             command.trigger();
         }
-        QVERIFY(!main.list_pane().column_group_shown(0));
-        QVERIFY(!main.list_pane().column_group_shown(1));
+        QVERIFY(!main.list_pane().column_group_shown(ColumnGroup::coupon));
+        QVERIFY(!main.list_pane().column_group_shown(ColumnGroup::aisle));
         QVERIFY(main.close());
     }
     QCOMPARE(window.pref(QStringLiteral("cpn")), QStringLiteral("1"));
     QCOMPARE(window.pref(QStringLiteral("cpn"), QStringLiteral("Velora")), QStringLiteral("0"));
     frmmain& again = window.load();
-    QVERIFY(again.list_pane().column_group_shown(0));
-    QVERIFY(again.list_pane().column_group_shown(1));
-    QVERIFY(again.list_pane().grid().col_width(grid_column::aisle) > 0);
+    QVERIFY(again.list_pane().column_group_shown(ColumnGroup::coupon));
+    QVERIFY(again.list_pane().column_group_shown(ColumnGroup::aisle));
+    QVERIFY(again.list_pane().grid().col_width(GridColumn::aisle) > 0);
 }
 
 void tst_start::an_arcp_of_a_deleted_recipe_leaves_name_and_page_empty()
@@ -251,8 +253,8 @@ void tst_start::an_arcp_of_a_deleted_recipe_leaves_name_and_page_empty()
     QCOMPARE(window.Text1().text(), QString());
     for (const char* control : {"ingred(0)", "lite(0)", "Check1(0)"})
         QVERIFY2(!window.control(QLatin1String(control)).isVisible(), control);
-    for (int button = 10; button <= 13; ++button)
-        QVERIFY(!window.find<QToolButton>(QStringLiteral("Toolbar1(%1)").arg(button))->isEnabled());
+    for (const auto which : {ToolButton::print, ToolButton::preview, ToolButton::word_processor, ToolButton::email})
+        QVERIFY(!window.find<QToolButton>(tool_button(which))->isEnabled());
     QCOMPARE(window.pref(QStringLiteral("arcp")), QStringLiteral("9"));
 }
 
@@ -544,7 +546,7 @@ void tst_start::the_close_box_saves_an_edited_recipe()
 {
     TestWindow window;
     frmmain& main = with_edited_title(window);
-    QVERIFY(main.recipe_page().is_edited());
+    QVERIFY(main.recipe_page().texts().is_edited());
     QVERIFY(main.close());
     QCOMPARE(window.text("SELECT r_name FROM recipe_1"), QStringLiteral("Soups"));
 }
@@ -553,12 +555,12 @@ void tst_start::exit_from_the_menu_does_not_save_an_edited_recipe()
 {
     TestWindow window;
     frmmain& main = with_edited_title(window);
-    QVERIFY(main.recipe_page().is_edited());
+    QVERIFY(main.recipe_page().texts().is_edited());
     QAction& exit = main.commands().action(QStringLiteral("mnu_list_exit"));
     QVERIFY(exit.isEnabled());
     exit.trigger();
     QCOMPARE(window.ends, 1);
-    QVERIFY(main.recipe_page().is_edited());
+    QVERIFY(main.recipe_page().texts().is_edited());
     QCOMPARE(window.text("SELECT r_name FROM recipe_1"), QStringLiteral("Soup"));
 }
 

@@ -56,7 +56,7 @@ public:
 
     void click_grid_box()
     {
-        const QRect cell = grid().cell_rect(rows().find_row(row), grid_column::check);
+        const QRect cell = grid().cell_rect(rows().find_row(row), GridColumn::check);
         QTest::mouseClick(grid().viewport(), Qt::LeftButton, {},
                           grid().viewport()->mapFrom(grid().parentWidget(), cell.center()));
     }
@@ -75,7 +75,7 @@ public:
         MessageScript script;
         script.drive([&](QDialog& dialog) {
             EditorHands hands(dialog, script);
-            hands.click_cell(0, grid_column::check);
+            hands.click_cell(0, GridColumn::check);
             hands.press_ok();
         });
         show_item_editor(main().program(), {EditMode::edit_item, milk, -1, row});
@@ -153,9 +153,9 @@ public:
     bool mark() const { return cause == Cause::placing || cause == Cause::page_box; }
 
     /// A code that the table leaves untouched is what it was.
-    int code(Code kind, int computed, int before) const
+    StatusCode code(Code kind, StatusCode computed, StatusCode before) const
     {
-        return kind == Code::untouched ? before : code_of(kind, computed, mark());
+        return code_of(kind, computed, mark()).value_or(before);
     }
 
     const QString untouched = QStringLiteral("untouched");
@@ -241,13 +241,13 @@ void tst_treatments::codes_and_words_are_as_the_table_says()
     QVERIFY(!window.node()->parent()->isExpanded() || selected || treatment.cause == Cause::tree_box);
     window.act();
 
-    const int computed = lite_status(window.db(), window.milk);
+    const StatusCode computed = lite_status(window.db(), window.milk);
     QVERIFY(computed != plain_code(window.mark())); // or the two would not be told apart
-    const int before = treatment.cause == Cause::page_box ? 6 : 7;
+    const StatusCode before = treatment.cause == Cause::page_box ? StatusCode::inactive : StatusCode::buy_it;
     QCOMPARE(window.number("SELECT status FROM items_1 WHERE item COLLATE NOCASE = 'Milk'"),
-             window.code(treatment.stored, computed, before));
+             code_number(window.code(treatment.stored, computed, before)));
 
-    const int node = window.code(treatment.node, computed, before);
+    const int node = code_number(window.code(treatment.node, computed, before));
     QCOMPARE(TreeView::picture(window.node()), node);
     QCOMPARE(TreeView::tag(window.node()), QString::number(node));
     if (treatment.node_shown)

@@ -145,7 +145,7 @@ void User::tick()
         return;
     const GridRow& clicked = grid.rows().row(row);
     Operation operation{Kind::tick, clicked.groc_key, clicked.item_key, clicked.list_key, !clicked.to_get};
-    const QRect cell = grid.cell_rect(row, grid_column::check);
+    const QRect cell = grid.cell_rect(row, GridColumn::check);
     note(begin_line(operation));
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
                       grid.viewport()->mapFrom(grid.parentWidget(), cell.center()));

@@ -61,13 +61,13 @@ public:
     ListGrid& grid() { return main().list_pane().grid(); }
     RowEditor& editor() { return main().row_editor(); }
 
-    QPoint middle_of(int row, int column)
+    QPoint middle_of(int row, GridColumn column)
     {
         const QRect cell = grid().cell_rect(row, column);
         return grid().viewport()->mapFrom(grid().parentWidget(), cell.center());
     }
 
-    void click_cell(int row, int column, Qt::MouseButton button = Qt::LeftButton)
+    void click_cell(int row, GridColumn column, Qt::MouseButton button = Qt::LeftButton)
     {
         QTest::mouseClick(grid().viewport(), button, {}, middle_of(row, column));
     }
@@ -83,7 +83,7 @@ public:
     /// Opens the editor as a user does: by a click on the row's name.
     void open_row(int row)
     {
-        click_cell(row, grid_column::item);
+        click_cell(row, GridColumn::item);
         QVERIFY(editor().is_open());
         QCOMPARE(editor().edit_row(), row);
     }
@@ -111,14 +111,14 @@ public:
     }
 
     /// The rectangle of an edited row's cell and of a control over it, both in the grid's parent.
-    QRect cell_in_form(int column) { return grid().cell_rect(editor().edit_row(), column); }
+    QRect cell_in_form(GridColumn column) { return grid().cell_rect(editor().edit_row(), column); }
     QRect in_form(const char* name)
     {
         QWidget& control = widget(name);
         return {control.mapTo(grid().parentWidget(), QPoint()), control.size()};
     }
 
-    QString cell(int row, int column) { return grid().rows().cell_text(row, column); }
+    QString cell(int row, GridColumn column) { return grid().rows().cell_text(row, column); }
 
     /// A field of a row, between brackets so that blanks count.
     QString field(Key key, const char* column)
@@ -128,7 +128,7 @@ public:
         return query.next() ? query.text(0) : QStringLiteral("gone");
     }
 
-    void set_group(int group, bool on)
+    void set_group(ColumnGroup group, bool on)
     {
         if (main().list_pane().column_group_shown(group) == on)
             return;

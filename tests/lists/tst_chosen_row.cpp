@@ -38,7 +38,7 @@ void tst_chosen_row::check_chosen(int row)
     QCOMPARE(w().grid().current_row(), row);
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().editor().edit_row(), row);
-    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(grid_column::desc).top());
+    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(GridColumn::desc).top());
     for (int i = 0; i < w().grid().rows().rows(); ++i)
         QCOMPARE(w().grid().rows().row(i).bold, i == row);
 }
@@ -48,7 +48,7 @@ void tst_chosen_row::a_tick_on_another_row_takes_the_open_boxes_along()
     w().rows(4);
     w().open();
     w().open_row(1);
-    w().click_cell(3, grid_column::check);
+    w().click_cell(3, GridColumn::check);
     QVERIFY(!w().grid().rows().row(3).to_get);
     QVERIFY(w().grid().rows().row(1).to_get);
     check_chosen(3);
@@ -70,9 +70,9 @@ void tst_chosen_row::a_press_that_ends_beside_the_columns_leaves_one_row_chosen(
     w().rows(4);
     w().open();
     w().open_row(1);
-    QTest::mousePress(w().grid().viewport(), Qt::LeftButton, {}, w().middle_of(2, grid_column::desc));
+    QTest::mousePress(w().grid().viewport(), Qt::LeftButton, {}, w().middle_of(2, GridColumn::desc));
     QTest::mouseRelease(w().grid().viewport(), Qt::LeftButton, {},
-                        QPoint(w().grid().viewport()->width() - 1, w().middle_of(2, grid_column::desc).y()));
+                        QPoint(w().grid().viewport()->width() - 1, w().middle_of(2, GridColumn::desc).y()));
     check_chosen(2);
 }
 
@@ -80,10 +80,10 @@ void tst_chosen_row::a_tick_after_a_right_click_leaves_no_other_row_bold()
 {
     w().rows(3);
     w().open();
-    w().click_cell(0, grid_column::item, Qt::RightButton);
+    w().click_cell(0, GridColumn::item, Qt::RightButton);
     QVERIFY(w().grid().rows().row(0).bold);
     w().main().commands().menu(QStringLiteral("mnu_lv")).close();
-    w().click_cell(2, grid_column::check);
+    w().click_cell(2, GridColumn::check);
     QCOMPARE(w().grid().current_row(), 2);
     QVERIFY(!w().grid().rows().row(0).bold);
 }
@@ -144,7 +144,7 @@ void tst_chosen_row::hiding_a_column_group_in_the_item_editor_leaves_the_name_al
         dialog.activateWindow();
         QTRY_COMPARE(QApplication::activeWindow(), &dialog);
         EditorHands hands(dialog, script);
-        hands.click_cell(0, grid_column::desc);
+        hands.click_cell(0, GridColumn::desc);
         auto* aisle = dialog.findChild<QLineEdit*>(QStringLiteral("aisle_brdr"));
         auto* shown = dialog.findChild<QCheckBox*>(QStringLiteral("Cmd_ShowCol(1)"));
         if (!shown->isChecked())

@@ -5,6 +5,7 @@
 #include "support/table_dump.h"
 #include "widgets/row_editor.h"
 #include "window/commands.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QMessageBox>
@@ -146,13 +147,13 @@ void tst_clearing::clearing_is_not_offered_in_the_all_lists_view()
 {
     HomeWithLists home;
     frmmain& main = home.load();
-    QVERIFY(home.find<QToolButton>(QStringLiteral("Toolbar1(2)"))->isEnabled());
+    QVERIFY(home.find<QToolButton>(tool_button(ToolButton::clear))->isEnabled());
     QVERIFY(main.commands().action(QStringLiteral("mnu_list_del")).isEnabled());
     QAction& all = main.commands().list_entry(2);
     QVERIFY(all.isEnabled());
     all.trigger();
     QVERIFY(main.shared.all_lists_view);
-    QVERIFY(!home.find<QToolButton>(QStringLiteral("Toolbar1(2)"))->isEnabled());
+    QVERIFY(!home.find<QToolButton>(tool_button(ToolButton::clear))->isEnabled());
     QVERIFY(!main.commands().action(QStringLiteral("mnu_list_del")).isEnabled());
 }
 
@@ -278,11 +279,11 @@ void tst_clearing::groc_del_of_the_last_row_empties_the_grid_and_closes_the_edit
     HomeWithLists home;
     home.set_pref(QStringLiteral("alist"), QString::number(home.camping));
     frmmain& main = home.load();
-    main.list_pane().grid().set_current(0, grid_column::item);
+    main.list_pane().grid().set_current(0, GridColumn::item);
     main.row_editor().show_l_line();
     main.clearing().groc_del(home.eggs_camping);
     QCOMPARE(home.rows().rows(), 1);
-    main.list_pane().grid().set_current(0, grid_column::item);
+    main.list_pane().grid().set_current(0, GridColumn::item);
     main.row_editor().show_l_line();
     main.clearing().groc_del(home.milk_camping);
     QCOMPARE(home.rows().rows(), 0);

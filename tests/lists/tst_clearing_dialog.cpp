@@ -8,6 +8,7 @@
 #include "lists/placing.h"
 #include "support/table_dump.h"
 #include "widgets/row_editor.h"
+#include "support/tool_button.h"
 
 #include <QGuiApplication>
 #include <QMenuBar>
@@ -63,7 +64,7 @@ std::function<void(QDialog&)> choose_and_ok(int index)
 
 void click_clear(TestWindow& window)
 {
-    auto* clear = window.find<QToolButton>(QStringLiteral("Toolbar1(2)"));
+    auto* clear = window.find<QToolButton>(tool_button(ToolButton::clear));
     QVERIFY(clear->isEnabled());
     QTest::mouseClick(clear, Qt::LeftButton);
 }
@@ -386,7 +387,7 @@ void tst_clearing_dialog::deleting_the_last_row_of_a_list_leaves_the_list_itself
     };
     // Row by row with the Delete key ...
     ListGrid& grid = main.list_pane().grid();
-    const QRect cell = grid.cell_rect(0, grid_column::item);
+    const QRect cell = grid.cell_rect(0, GridColumn::item);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
                       grid.viewport()->mapFrom(grid.parentWidget(), cell.center()));
     for (int rows = 3; rows > 0; --rows) {
@@ -434,7 +435,7 @@ void tst_clearing_dialog::clear_is_not_offered_in_the_all_lists_view()
     QCOMPARE(clear.text(), QStringLiteral("Clear lists"));
     const QStringList before = table_dump(home.db());
     const MessageScript nothing_comes;
-    auto* button = home.find<QToolButton>(QStringLiteral("Toolbar1(2)"));
+    auto* button = home.find<QToolButton>(tool_button(ToolButton::clear));
     QVERIFY(!button->isEnabled());
     QTest::mouseClick(button, Qt::LeftButton);
     clear.trigger();
@@ -513,7 +514,7 @@ void tst_clearing_dialog::deleting_the_only_list_leaves_the_invitation()
     QCOMPARE(int(main.shared.current_list), -1);
     QVERIFY(notice(window)->isVisible());
     QVERIFY(!main.commands().action(QStringLiteral("mnu_list_clear")).isEnabled());
-    QVERIFY(!window.find<QToolButton>(QStringLiteral("Toolbar1(2)"))->isEnabled());
+    QVERIFY(!window.find<QToolButton>(tool_button(ToolButton::clear))->isEnabled());
 }
 
 void tst_clearing_dialog::clearing_unlights_rows_that_a_placing_has_lit()
@@ -576,7 +577,7 @@ void tst_clearing_dialog::a_row_under_edit_is_written_before()
     main.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&main));
     ListGrid& grid = main.list_pane().grid();
-    const QRect cell = grid.cell_rect(1, grid_column::item);
+    const QRect cell = grid.cell_rect(1, GridColumn::item);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
                       grid.viewport()->mapFrom(grid.parentWidget(), cell.center()));
     QVERIFY(main.row_editor().is_open());
@@ -592,7 +593,7 @@ void tst_clearing_dialog::a_row_under_edit_is_written_before()
     });
     click_clear(home);
     QCOMPARE(home.text("SELECT desc FROM groc_1 WHERE key_id = 3"), QStringLiteral("brown"));
-    QCOMPARE(home.rows().cell_text(1, grid_column::desc), QStringLiteral("brown"));
+    QCOMPARE(home.rows().cell_text(1, GridColumn::desc), QStringLiteral("brown"));
 }
 
 namespace {

@@ -34,7 +34,7 @@ private:
     {
         QTest::mouseDClick(w().main().windowHandle(), Qt::LeftButton, {}, on.mapTo(&w().main(), position));
     }
-    void double_click_cell(int row, int column, QPoint from_middle = {})
+    void double_click_cell(int row, GridColumn column, QPoint from_middle = {})
     {
         double_click(*w().grid().viewport(), w().middle_of(row, column) + from_middle);
     }
@@ -62,10 +62,10 @@ void tst_double_click::on_the_end_of_a_name_opens_the_row_and_leaves_it_there()
     w().open();
     const QString before = table();
     MessageScript no_dialog;
-    const QRect name = w().grid().cell_rect(1, grid_column::item);
+    const QRect name = w().grid().cell_rect(1, GridColumn::item);
     // The second round comes after a use of the button itself.
     for (int round = 0; round < 2; ++round) {
-        double_click_cell(1, grid_column::item, QPoint(name.right() - from_end - name.center().x(), 0));
+        double_click_cell(1, GridColumn::item, QPoint(name.right() - from_end - name.center().x(), 0));
         QCOMPARE(table(), before);
         QCOMPARE(w().grid().rows().rows(), 3);
         QVERIFY(w().editor().is_open());
@@ -81,7 +81,7 @@ void tst_double_click::on_a_coupon_switches_it_once()
 {
     w().rows(3);
     w().open();
-    double_click_cell(1, grid_column::coupon);
+    double_click_cell(1, GridColumn::coupon);
     QCOMPARE(w().field(2, "cpn"), QStringLiteral("[1]"));
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().widget("chck_box").property("Tag").toString(), QStringLiteral("ON"));
@@ -92,8 +92,8 @@ void tst_double_click::on_a_quantity_steps_nothing()
     w().rows(3);
     w().open();
     const QString before = table();
-    const QRect cell = w().grid().cell_rect(1, grid_column::qty);
-    double_click_cell(1, grid_column::qty, QPoint(cell.right() - 3 - cell.center().x(), -5));
+    const QRect cell = w().grid().cell_rect(1, GridColumn::qty);
+    double_click_cell(1, GridColumn::qty, QPoint(cell.right() - 3 - cell.center().x(), -5));
     QVERIFY(w().in_form("qty_btn(0)").contains(cell.right() - 3, cell.center().y() - 5));
     QCOMPARE(table(), before);
     QVERIFY(w().editor().is_open());
@@ -137,7 +137,7 @@ void tst_double_click::on_the_buy_it_box_flips_the_mark_twice()
         changes += now != was ? 1 : 0;
         was = now;
     });
-    double_click_cell(1, grid_column::check);
+    double_click_cell(1, GridColumn::check);
     QCOMPARE(changes, 2);
     QVERIFY(w().grid().rows().row(1).to_get);
     QCOMPARE(w().number("SELECT sum(to_get) FROM groc_1"), 3);
@@ -174,7 +174,7 @@ void tst_double_click::on_a_row_that_the_first_click_scrolled_away_touches_no_ot
         w().main().resize(1000, height);
     const int row = grid.rows_in_view();
     QVERIFY(!grid.row_is_visible(row));
-    const QPoint sliver(w().middle_of(row, grid_column::coupon).x(), grid.viewport()->height() - 3);
+    const QPoint sliver(w().middle_of(row, GridColumn::coupon).x(), grid.viewport()->height() - 3);
     QCOMPARE(grid.row_at(sliver.y()), row);
     const Key key = grid.rows().row(row).groc_key;
     double_click(*grid.viewport(), sliver);
@@ -188,8 +188,8 @@ void tst_double_click::on_a_description_marks_the_word()
 {
     w().rows(3);
     w().open();
-    const QRect cell = w().grid().cell_rect(1, grid_column::desc);
-    double_click_cell(1, grid_column::desc, QPoint(cell.left() + 12 - cell.center().x(), 0));
+    const QRect cell = w().grid().cell_rect(1, GridColumn::desc);
+    double_click_cell(1, GridColumn::desc, QPoint(cell.left() + 12 - cell.center().x(), 0));
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().box("desc_brdr").selectedText(), QStringLiteral("some"));
 }
@@ -199,15 +199,15 @@ void tst_double_click::a_click_after_a_lost_one_counts()
     w().rows(3);
     w().open();
     MessageScript no_dialog;
-    const QRect name = w().grid().cell_rect(1, grid_column::item);
+    const QRect name = w().grid().cell_rect(1, GridColumn::item);
     const QPoint end(name.right() - 8 - name.center().x(), 0);
-    double_click_cell(1, grid_column::item, end);
+    double_click_cell(1, GridColumn::item, end);
     QTest::mouseClick(w().main().windowHandle(), Qt::LeftButton, {},
-                      w().grid().viewport()->mapTo(&w().main(), w().middle_of(1, grid_column::item) + end));
+                      w().grid().viewport()->mapTo(&w().main(), w().middle_of(1, GridColumn::item) + end));
     QCOMPARE(w().grid().rows().rows(), 2);
     QCOMPARE(w().number("SELECT count(*) FROM groc_1 WHERE key_id = 2"), 0);
     QTest::mouseClick(w().main().windowHandle(), Qt::LeftButton, {},
-                      w().grid().viewport()->mapTo(&w().main(), w().middle_of(0, grid_column::check)));
+                      w().grid().viewport()->mapTo(&w().main(), w().middle_of(0, GridColumn::check)));
     QVERIFY(!w().grid().rows().row(0).to_get);
 }
 

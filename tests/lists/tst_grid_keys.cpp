@@ -19,6 +19,11 @@ private slots:
     void escape_gives_back_what_the_box_had_and_closes_data();
     void escape_gives_back_what_the_box_had_and_closes();
     void escape_leaves_the_other_boxes_as_they_were_left();
+    void space_in_the_date_box_switches_the_coupon();
+    void down_in_the_date_box_opens_the_calendar();
+    void without_a_coupon_no_calendar_opens();
+    void escape_in_the_date_box_gives_coupon_and_date_back_data();
+    void escape_in_the_date_box_gives_coupon_and_date_back();
     void one_click_into_a_text_cell_puts_the_caret_there_data();
     void one_click_into_a_text_cell_puts_the_caret_there();
     void a_click_on_a_name_leaves_the_keyboard_in_the_grid();
@@ -144,7 +149,7 @@ void tst_grid_keys::the_menu_key_opens_the_pop_up_of_the_row()
     QVERIFY(w.grid().rows().row(1).bold);
     menu.close();
     w.main().commands().action(QStringLiteral("mnu_lv_di")).trigger();
-    QCOMPARE(w.cell(1, grid_column::item), QStringLiteral("Item 002"));
+    QCOMPARE(w.cell(1, GridColumn::item), QStringLiteral("Item 002"));
 }
 
 void tst_grid_keys::escape_gives_back_what_the_box_had_and_closes_data()
@@ -173,7 +178,7 @@ void tst_grid_keys::escape_gives_back_what_the_box_had_and_closes()
     QCOMPARE(w.field(butter, field.constData()), QStringLiteral("[other]"));
     QTest::keyClick(&w.box(box.constData()), Qt::Key_Escape);
     QCOMPARE(w.field(butter, field.constData()), u'[' + before + u']');
-    QCOMPARE(w.cell(0, grid_column::item), QStringLiteral("Butter"));
+    QCOMPARE(w.cell(0, GridColumn::item), QStringLiteral("Butter"));
     QVERIFY(!w.editor().is_open());
     QVERIFY(w.grid().hasFocus());
 }
@@ -194,18 +199,133 @@ void tst_grid_keys::escape_leaves_the_other_boxes_as_they_were_left()
     QCOMPARE(w.field(butter, "desc"), QStringLiteral("[fresh]"));
 }
 
+namespace {
+
+/// Goes from the grid over the boxes of the row to the date box.
+void go_to_date(EditingWindow& w)
+{
+    w.grid().setFocus();
+    QTest::keyClick(&w.grid(), Qt::Key_F2);
+    for (const char* box : {"desc_brdr", "qty_brdr"}) {
+        QVERIFY2(w.box(box).hasFocus(), box);
+        QTest::keyClick(&w.box(box), Qt::Key_End);
+        QTest::keyClick(&w.box(box), Qt::Key_Right);
+    }
+    QVERIFY(w.box("dp_brdr").hasFocus());
+}
+
+void press(Qt::Key key)
+{
+    QVERIFY(QApplication::focusWidget());
+    QTest::keyClick(QApplication::focusWidget(), key);
+}
+
+} // namespace
+
+void tst_grid_keys::space_in_the_date_box_switches_the_coupon()
+{
+    EditingWindow w;
+    const Key butter = w.row(QStringLiteral("Butter"));
+    w.open();
+    go_to_date(w);
+    press(Qt::Key_Space);
+    QCOMPARE(w.field(butter, "cpn"), QStringLiteral("[1]"));
+    QCOMPARE(w.field(butter, "created"), QStringLiteral("[2026-03-14]"));
+    QCOMPARE(w.box("dp_brdr").text(), QStringLiteral("3/14/26"));
+    QVERIFY(w.box("dp_brdr").hasFocus());
+    press(Qt::Key_Space);
+    QCOMPARE(w.field(butter, "cpn"), QStringLiteral("[0]"));
+    QCOMPARE(trim(w.cell(0, GridColumn::date)), QString());
+    press(Qt::Key_Space);
+    press(Qt::Key_Return);
+    QVERIFY(w.grid().hasFocus());
+    QCOMPARE(w.field(butter, "cpn"), QStringLiteral("[1]"));
+}
+
+void tst_grid_keys::down_in_the_date_box_opens_the_calendar()
+{
+    EditingWindow w;
+    const Key butter = w.row(QStringLiteral("Butter"));
+    w.coupon(butter, QStringLiteral("2026-05-06"), true);
+    w.open();
+    go_to_date(w);
+    press(Qt::Key_Down);
+    QVERIFY(w.calendar().isAncestorOf(QApplication::focusWidget()));
+    press(Qt::Key_Right);
+    press(Qt::Key_Escape);
+    QVERIFY(!w.shown("MonthView1"));
+    QVERIFY(w.box("dp_brdr").hasFocus());
+    QCOMPARE(w.field(butter, "created"), QStringLiteral("[2026-05-06]"));
+    press(Qt::Key_Down);
+    press(Qt::Key_Right);
+    press(Qt::Key_Return);
+    QVERIFY(!w.shown("MonthView1"));
+    QVERIFY(w.box("dp_brdr").hasFocus());
+    QCOMPARE(w.field(butter, "created"), QStringLiteral("[2026-05-07]"));
+    QCOMPARE(w.box("dp_brdr").text(), QStringLiteral("5/7/26"));
+    press(Qt::Key_Left);
+    QVERIFY(w.box("qty_brdr").hasFocus());
+}
+
+void tst_grid_keys::without_a_coupon_no_calendar_opens()
+{
+    EditingWindow w;
+    w.row(QStringLiteral("Butter"));
+    w.open();
+    go_to_date(w);
+    press(Qt::Key_Down);
+    QVERIFY(!w.shown("MonthView1"));
+    QVERIFY(w.box("dp_brdr").hasFocus());
+}
+
+void tst_grid_keys::escape_in_the_date_box_gives_coupon_and_date_back_data()
+{
+    QTest::addColumn<bool>("on");
+    QTest::addColumn<QString>("expiry");
+    QTest::newRow("no coupon") << false << QString();
+    QTest::newRow("a coupon") << true << QStringLiteral("2026-05-06");
+    QTest::newRow("an expired coupon") << true << QStringLiteral("2026-01-20");
+}
+
+void tst_grid_keys::escape_in_the_date_box_gives_coupon_and_date_back()
+{
+    QFETCH(bool, on);
+    QFETCH(QString, expiry);
+    EditingWindow w;
+    const Key butter = w.row(QStringLiteral("Butter"));
+    if (on)
+        w.coupon(butter, expiry, true);
+    w.open();
+    const QString cell = w.cell(0, GridColumn::date);
+    go_to_date(w);
+    press(Qt::Key_Space);
+    if (on)
+        press(Qt::Key_Space);
+    press(Qt::Key_Down);
+    press(Qt::Key_Right);
+    press(Qt::Key_Return);
+    QVERIFY(w.cell(0, GridColumn::date) != cell);
+    press(Qt::Key_Escape);
+    QVERIFY(!w.editor().is_open());
+    QVERIFY(w.grid().hasFocus());
+    QCOMPARE(w.field(butter, "cpn"), on ? QStringLiteral("[1]") : QStringLiteral("[0]"));
+    QCOMPARE(trim(w.cell(0, GridColumn::date)), trim(cell));
+    if (on)
+        QCOMPARE(w.field(butter, "created"), u'[' + expiry + u']');
+}
+
 void tst_grid_keys::one_click_into_a_text_cell_puts_the_caret_there_data()
 {
-    QTest::addColumn<int>("column");
+    QTest::addColumn<GridColumn>("column");
     QTest::addColumn<QByteArray>("box");
-    QTest::newRow("description") << grid_column::desc << QByteArray("desc_brdr");
-    QTest::newRow("quantity") << grid_column::qty << QByteArray("qty_brdr");
-    QTest::newRow("aisle") << grid_column::aisle << QByteArray("aisle_brdr");
+    QTest::newRow("description") << GridColumn::desc << QByteArray("desc_brdr");
+    QTest::newRow("quantity") << GridColumn::qty << QByteArray("qty_brdr");
+    QTest::newRow("aisle") << GridColumn::aisle << QByteArray("aisle_brdr");
 }
 
 void tst_grid_keys::one_click_into_a_text_cell_puts_the_caret_there()
 {
-    QFETCH(int, column);
+    QFETCH(GridColumn, column);
     QFETCH(QByteArray, box);
     EditingWindow w;
     w.row(QStringLiteral("Butter"), QStringLiteral("aaaaaaaa"), QStringLiteral("aa"), QStringLiteral("aa"));
@@ -231,7 +351,7 @@ void tst_grid_keys::a_click_on_a_name_leaves_the_keyboard_in_the_grid()
     EditingWindow w;
     w.row(QStringLiteral("Butter"));
     w.open();
-    for (const int column : {grid_column::item, grid_column::coupon, grid_column::check}) {
+    for (const GridColumn column : {GridColumn::item, GridColumn::coupon, GridColumn::check}) {
         w.click_cell(0, column);
         QVERIFY(w.grid().hasFocus());
         w.editor().lv_edit_off();

@@ -63,7 +63,7 @@ private:
         window_->rows(6);
         window_->open();
         window_->main().view_state().set_color(color);
-        window_->grid().set_current(2, grid_column::item);
+        window_->grid().set_current(2, GridColumn::item);
     }
 
     QImage picture() { return window_->grid().viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32); }
@@ -72,7 +72,7 @@ private:
     QPoint empty_place(int row)
     {
         const ListGrid& grid = window_->grid();
-        const QRect cell = grid.cell_rect(row, grid_column::desc).translated(-grid.pos());
+        const QRect cell = grid.cell_rect(row, GridColumn::desc).translated(-grid.pos());
         return {cell.right() - 4, cell.center().y()};
     }
 
@@ -120,7 +120,7 @@ void tst_grid_looks::a_box_with_the_keyboard_stands_out()
 {
     QFETCH(int, color);
     open(color);
-    window_->click_cell(2, grid_column::desc);
+    window_->click_cell(2, GridColumn::desc);
     auto* box = window_->find<QLineEdit>(QStringLiteral("desc_brdr"));
     QVERIFY(box->isVisible());
     window_->grid().setFocus();
@@ -143,7 +143,7 @@ void tst_grid_looks::a_quantity_stands_clear_of_its_steppers()
     window_->row(QStringLiteral("Flour"), QStringLiteral(" "), QStringLiteral("500 grams"), QStringLiteral("12A"));
     window_->open();
     window_->main().view_state().set_type_size(points);
-    window_->click_cell(0, grid_column::desc);
+    window_->click_cell(0, GridColumn::desc);
     window_->find<QLineEdit>(QStringLiteral("desc_brdr"))->setFocus();
     for (const QString& name : {QStringLiteral("qty"), QStringLiteral("aisle")}) {
         auto* box = window_->find<QLineEdit>(name + QStringLiteral("_brdr"));
@@ -168,9 +168,9 @@ void tst_grid_looks::a_long_quantity_is_told_whole()
         return QToolTip::text();
     };
     ListGrid& grid = window_->grid();
-    const QPoint cell = grid.cell_rect(0, grid_column::qty).translated(-grid.pos()).center();
+    const QPoint cell = grid.cell_rect(0, GridColumn::qty).translated(-grid.pos()).center();
     QVERIFY(tip_at(grid.viewport(), cell).contains(QStringLiteral("500 grams of it")));
-    window_->click_cell(0, grid_column::desc);
+    window_->click_cell(0, GridColumn::desc);
     auto* box = window_->find<QLineEdit>(QStringLiteral("qty_brdr"));
     QVERIFY(tip_at(box, box->rect().center()).contains(QStringLiteral("500 grams of it")));
     box->setText(QStringLiteral("2"));
@@ -212,7 +212,7 @@ void tst_grid_looks::no_quantity_touches_the_box_of_the_coupon()
     const ListGrid& grid = window_->grid();
     const QImage image = picture();
     for (int row = 0; row < quantities.size(); ++row) {
-        const QRect cell = grid.cell_rect(row, grid_column::qty).translated(-grid.pos());
+        const QRect cell = grid.cell_rect(row, GridColumn::qty).translated(-grid.pos());
         const QColor ground = image.pixelColor(empty_place(row));
         const QRect end(cell.right() - 1, cell.top() + 1, 2, cell.height() - 2);
         QVERIFY(best_contrast(image, cell.adjusted(3, 1, -4, -1), ground) >= 4.5);
@@ -247,8 +247,8 @@ void tst_grid_looks::no_name_looks_out_behind_the_buttons_of_its_row()
     window_->main().view_state().set_type_size(points);
     for (const int width : {60, 75, 90, 120, 180}) {
         for (const int row : {0, 1}) {
-            window_->grid().set_col_width(grid_column::item, width);
-            window_->click_cell(row, grid_column::desc);
+            window_->grid().set_col_width(GridColumn::item, width);
+            window_->click_cell(row, GridColumn::desc);
             const auto* buttons = window_->find<QWidget>(QStringLiteral("frmEditDel"));
             const auto* box = window_->find<QWidget>(QStringLiteral("desc_brdr"));
             QVERIFY(buttons->isVisible() && box->isVisible());

@@ -30,19 +30,19 @@ private:
 
 void tst_list_clicks::a_click_on_any_cell_shows_the_status_of_its_row_data()
 {
-    QTest::addColumn<int>("column");
-    QTest::newRow("light") << grid_column::light;
-    QTest::newRow("name") << grid_column::item;
-    QTest::newRow("description") << grid_column::desc;
-    QTest::newRow("quantity") << grid_column::qty;
-    QTest::newRow("coupon") << grid_column::coupon;
-    QTest::newRow("date") << grid_column::date;
-    QTest::newRow("aisle") << grid_column::aisle;
+    QTest::addColumn<GridColumn>("column");
+    QTest::newRow("light") << GridColumn::light;
+    QTest::newRow("name") << GridColumn::item;
+    QTest::newRow("description") << GridColumn::desc;
+    QTest::newRow("quantity") << GridColumn::qty;
+    QTest::newRow("coupon") << GridColumn::coupon;
+    QTest::newRow("date") << GridColumn::date;
+    QTest::newRow("aisle") << GridColumn::aisle;
 }
 
 void tst_list_clicks::a_click_on_any_cell_shows_the_status_of_its_row()
 {
-    QFETCH(int, column);
+    QFETCH(GridColumn, column);
     w().row(QStringLiteral("Apple"));
     const Key bread = w().row(QStringLiteral("Bread"));
     Query(w().db(), "UPDATE groc_1 SET to_get = 0 WHERE key_id = ?", bread).run();
@@ -64,7 +64,7 @@ void tst_list_clicks::a_right_press_below_the_rows_marks_nothing_and_pops_up_the
     w().open_row(1);
     w().editor().lv_edit_off();
     w().main().set_status(QStringLiteral("before"));
-    const QPoint below = w().middle_of(5, grid_column::item);
+    const QPoint below = w().middle_of(5, GridColumn::item);
     QTest::mousePress(w().grid().viewport(), Qt::RightButton, {}, below);
     QCOMPARE(w().grid().current_row(), 1);
     for (const GridRow& row : w().grid().rows().list_rows())
@@ -82,27 +82,27 @@ void tst_list_clicks::a_click_below_the_last_row_closes_the_editor_whichever_row
     w().open();
     for (const int row : {0, 1, 2}) {
         w().open_row(row);
-        w().click_cell(4, grid_column::desc);
+        w().click_cell(4, GridColumn::desc);
         QVERIFY(!w().editor().is_open());
         QCOMPARE(w().editor().edit_row(), -1);
         QCOMPARE(w().grid().current_row(), row);
     }
     w().open_row(0);
-    w().click_cell(5, grid_column::check);
+    w().click_cell(5, GridColumn::check);
     QVERIFY(!w().editor().is_open());
     QCOMPARE(w().number("SELECT sum(to_get) FROM groc_1"), 3);
 }
 
 void tst_list_clicks::a_click_on_the_light_or_box_of_another_row_takes_the_editor_along_data()
 {
-    QTest::addColumn<int>("column");
-    QTest::newRow("light") << grid_column::light;
-    QTest::newRow("box") << grid_column::check;
+    QTest::addColumn<GridColumn>("column");
+    QTest::newRow("light") << GridColumn::light;
+    QTest::newRow("box") << GridColumn::check;
 }
 
 void tst_list_clicks::a_click_on_the_light_or_box_of_another_row_takes_the_editor_along()
 {
-    QFETCH(int, column);
+    QFETCH(GridColumn, column);
     w().rows(4);
     w().open();
     w().open_row(1);

@@ -21,8 +21,8 @@ private slots:
 
 private:
     EditingWindow& w() { return *window_; }
-    int item_width() { return w().grid().col_width(grid_column::item); }
-    int desc_width() { return w().grid().col_width(grid_column::desc); }
+    int item_width() { return w().grid().col_width(GridColumn::item); }
+    int desc_width() { return w().grid().col_width(GridColumn::desc); }
 
     static void drag(QWidget& grip, int by)
     {
@@ -44,10 +44,10 @@ void tst_list_columns::both_groups_hidden_give_134_pixels_to_the_text_columns()
     w().open();
     w().main().list_pane().set_col_widths();
     QCOMPARE(item_width() + desc_width() - 2, w().grid().width() - 206);
-    w().set_group(0, false);
+    w().set_group(ColumnGroup::coupon, false);
     w().main().list_pane().set_col_widths();
     QCOMPARE(item_width() + desc_width() - 2, w().grid().width() - 206 + 98);
-    w().set_group(1, false);
+    w().set_group(ColumnGroup::aisle, false);
     w().main().list_pane().set_col_widths();
     QCOMPARE(item_width() + desc_width() - 2, w().grid().width() - 206 + 134);
 }
@@ -56,8 +56,8 @@ void tst_list_columns::with_both_groups_hidden_the_text_columns_keep_their_ratio
 {
     w().rows(3);
     w().open();
-    w().set_group(0, false);
-    w().set_group(1, false);
+    w().set_group(ColumnGroup::coupon, false);
+    w().set_group(ColumnGroup::aisle, false);
     drag(w().widget("listheader_sprtr(0)"), -60);
     const int item = item_width();
     const int desc = desc_width();
@@ -94,7 +94,7 @@ void tst_list_columns::a_toggle_beside_a_wide_tree_moves_the_separator_and_store
     const int dragged = layout.separator();
     QVERIFY(w().grid().width() < 400);
     QCOMPARE(w().pref(QStringLiteral("seprtr")), QString::number(dragged * 15));
-    w().set_group(1, false);
+    w().set_group(ColumnGroup::aisle, false);
     QVERIFY(layout.separator() < dragged);
     QVERIFY(w().grid().width() >= 400);
     QVERIFY(w().grid().geometry().right() < w().grid().parentWidget()->width());

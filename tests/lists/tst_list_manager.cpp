@@ -6,6 +6,7 @@
 #include "widgets/plain_style.h"
 #include "widgets/row_editor.h"
 #include "window/view_state.h"
+#include "support/tool_button.h"
 
 #include <QStatusBar>
 #include <QtTest>
@@ -291,7 +292,7 @@ void tst_list_manager::the_text_of_an_open_row_is_stored()
     const Key row = w.add_row(eggs, 1, true);
     w.open(three);
     ListGrid& grid = w.main().list_pane().grid();
-    const QPoint cell = grid.cell_rect(0, grid_column::item).center();
+    const QPoint cell = grid.cell_rect(0, GridColumn::item).center();
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.viewport()->mapFrom(grid.parentWidget(), cell));
     QVERIFY(w.main().row_editor().is_open());
     auto* box = w.find<QLineEdit>(QStringLiteral("desc_brdr"));
@@ -426,7 +427,7 @@ void tst_list_manager::menu_entry_and_button_open_and_close_the_window()
     w.add_list(QStringLiteral("Weekly"));
     w.load();
     QVERIFY(!w.manager() && !w.ticked());
-    auto* button = w.find<QToolButton>(QStringLiteral("Toolbar1(3)"));
+    auto* button = w.find<QToolButton>(tool_button(ToolButton::lists));
     QVERIFY(button->isEnabled());
     QTest::mouseClick(button, Qt::LeftButton);
     QVERIFY(w.manager()->isVisible());

@@ -85,27 +85,27 @@ void tst_list_mouse::choose(const char* command)
 
 void tst_list_mouse::a_click_on_a_text_cell_opens_the_editor_on_its_row_data()
 {
-    QTest::addColumn<int>("column");
-    QTest::newRow("name") << grid_column::item;
-    QTest::newRow("description") << grid_column::desc;
-    QTest::newRow("quantity") << grid_column::qty;
-    QTest::newRow("date") << grid_column::date;
-    QTest::newRow("aisle") << grid_column::aisle;
+    QTest::addColumn<GridColumn>("column");
+    QTest::newRow("name") << GridColumn::item;
+    QTest::newRow("description") << GridColumn::desc;
+    QTest::newRow("quantity") << GridColumn::qty;
+    QTest::newRow("date") << GridColumn::date;
+    QTest::newRow("aisle") << GridColumn::aisle;
 }
 
 void tst_list_mouse::a_click_on_a_text_cell_opens_the_editor_on_its_row()
 {
-    QFETCH(int, column);
+    QFETCH(GridColumn, column);
     w().rows(4);
     w().open();
     w().click_cell(2, column);
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().editor().edit_row(), 2);
     QCOMPARE(w().grid().current_row(), 2);
-    QCOMPARE(w().grid().current_col(), grid_column::item);
+    QCOMPARE(w().grid().current_col(), GridColumn::item);
     QVERIFY(w().grid().rows().row(2).bold);
 
-    w().click_cell(0, grid_column::item);
+    w().click_cell(0, GridColumn::item);
     QVERIFY(w().grid().hasFocus());
     QCOMPARE(w().editor().edit_row(), 0);
     QVERIFY(!w().grid().rows().row(2).bold);
@@ -117,14 +117,14 @@ void tst_list_mouse::a_click_below_the_last_row_closes_the_editor_and_does_not_o
     w().rows(3);
     w().open();
     w().open_row(2);
-    w().click_cell(4, grid_column::item);
+    w().click_cell(4, GridColumn::item);
     QVERIFY(!w().editor().is_open());
     QCOMPARE(w().editor().edit_row(), -1);
     QCOMPARE(w().grid().current_row(), 2);
     for (const GridRow& row : w().grid().rows().list_rows())
         QVERIFY(!row.bold);
 
-    w().click_cell(4, grid_column::item);
+    w().click_cell(4, GridColumn::item);
     QVERIFY(!w().editor().is_open());
 }
 
@@ -132,8 +132,8 @@ void tst_list_mouse::a_click_right_of_the_columns_does_nothing()
 {
     w().rows(3);
     w().open();
-    w().grid().set_col_width(grid_column::desc, 40);
-    const QRect last = w().grid().cell_rect(1, grid_column::aisle);
+    w().grid().set_col_width(GridColumn::desc, 40);
+    const QRect last = w().grid().cell_rect(1, GridColumn::aisle);
     const QPoint beyond
         = w().grid().viewport()->mapFrom(w().grid().parentWidget(), last.center()) + QPoint(last.width(), 0);
     QVERIFY(w().grid().viewport()->rect().contains(beyond));
@@ -142,7 +142,7 @@ void tst_list_mouse::a_click_right_of_the_columns_does_nothing()
     QCOMPARE(w().number("SELECT sum(to_get) FROM groc_1"), 3);
 
     // The last pixel of the last column is beyond, the fourth before it is not.
-    const QPoint last_pixel = w().middle_of(1, grid_column::aisle) + QPoint(last.right() - last.center().x(), 0);
+    const QPoint last_pixel = w().middle_of(1, GridColumn::aisle) + QPoint(last.right() - last.center().x(), 0);
     QTest::mouseClick(w().grid().viewport(), Qt::LeftButton, {}, last_pixel);
     QVERIFY(!w().editor().is_open());
     QTest::mouseClick(w().grid().viewport(), Qt::LeftButton, {}, last_pixel - QPoint(4, 0));
@@ -154,7 +154,7 @@ void tst_list_mouse::a_click_on_a_light_shows_the_status_and_leaves_the_editor_c
     w().rows(3);
     w().open();
     w().main().set_status(QStringLiteral("before"));
-    w().click_cell(1, grid_column::light);
+    w().click_cell(1, GridColumn::light);
     QVERIFY(!w().editor().is_open());
     QVERIFY(status().startsWith(QStringLiteral("Active On Corner shop list")));
     QCOMPARE(w().number("SELECT sum(to_get) FROM groc_1"), 3);
@@ -164,13 +164,13 @@ void tst_list_mouse::a_click_on_the_buy_it_box_flips_the_mark_and_leaves_the_edi
 {
     w().rows(3);
     w().open();
-    w().click_cell(1, grid_column::check);
+    w().click_cell(1, GridColumn::check);
     QVERIFY(!w().editor().is_open());
     QVERIFY(!w().grid().rows().row(1).to_get);
     QCOMPARE(w().number("SELECT to_get FROM groc_1 WHERE key_id = 2"), 0);
     QCOMPARE(w().number("SELECT sum(to_get) FROM groc_1"), 2);
-    QCOMPARE(w().grid().current_col(), grid_column::item);
-    w().click_cell(1, grid_column::check);
+    QCOMPARE(w().grid().current_col(), GridColumn::item);
+    w().click_cell(1, GridColumn::check);
     QVERIFY(w().grid().rows().row(1).to_get);
     QCOMPARE(w().number("SELECT sum(to_get) FROM groc_1"), 3);
 }
@@ -179,7 +179,7 @@ void tst_list_mouse::a_quick_pair_of_clicks_flips_the_mark_twice()
 {
     w().rows(2);
     w().open();
-    const QPoint box = w().middle_of(1, grid_column::check);
+    const QPoint box = w().middle_of(1, GridColumn::check);
     QTest::mouseClick(w().grid().viewport(), Qt::LeftButton, {}, box);
     QVERIFY(!w().grid().rows().row(1).to_get);
     w().double_click(*w().grid().viewport(), box);
@@ -194,9 +194,9 @@ void tst_list_mouse::a_press_below_the_rows_that_ends_on_one_changes_nothing()
 {
     w().rows(2);
     w().open();
-    w().grid().set_current(0, grid_column::check);
-    QTest::mousePress(w().grid().viewport(), Qt::LeftButton, {}, w().middle_of(4, grid_column::check));
-    QTest::mouseRelease(w().grid().viewport(), Qt::LeftButton, {}, w().middle_of(1, grid_column::check));
+    w().grid().set_current(0, GridColumn::check);
+    QTest::mousePress(w().grid().viewport(), Qt::LeftButton, {}, w().middle_of(4, GridColumn::check));
+    QTest::mouseRelease(w().grid().viewport(), Qt::LeftButton, {}, w().middle_of(1, GridColumn::check));
     QVERIFY(!w().editor().is_open());
     QCOMPARE(w().number("SELECT sum(to_get) FROM groc_1"), 2);
 }
@@ -204,7 +204,7 @@ void tst_list_mouse::a_press_below_the_rows_that_ends_on_one_changes_nothing()
 void tst_list_mouse::clicks_on_an_empty_list_do_nothing()
 {
     w().load();
-    for (const int column : {grid_column::check, grid_column::item, grid_column::coupon})
+    for (const GridColumn column : {GridColumn::check, GridColumn::item, GridColumn::coupon})
         for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton})
             QTest::mouseClick(w().grid().viewport(), button, {}, w().middle_of(0, column));
     for (const auto key : {Qt::Key_Delete, Qt::Key_Up, Qt::Key_Down})
@@ -217,7 +217,7 @@ void tst_list_mouse::the_middle_button_changes_nothing()
 {
     w().rows(2);
     w().open();
-    for (const int column : {grid_column::check, grid_column::item, grid_column::coupon}) {
+    for (const GridColumn column : {GridColumn::check, GridColumn::item, GridColumn::coupon}) {
         w().grid().set_current(1, column);
         w().click_cell(1, column, Qt::MiddleButton);
     }
@@ -231,18 +231,18 @@ void tst_list_mouse::a_click_on_the_coupon_turns_it_on_and_off()
     w().coupon(key, QStringLiteral("2020-01-01"), false);
     w().open();
 
-    w().click_cell(0, grid_column::coupon);
+    w().click_cell(0, GridColumn::coupon);
     QCOMPARE(w().grid().rows().row(0).coupon, coupon_on);
-    QCOMPARE(w().cell(0, grid_column::date), QStringLiteral("3/14/2026"));
+    QCOMPARE(w().cell(0, GridColumn::date), QStringLiteral("3/14/2026"));
     QCOMPARE(w().field(key, "cpn"), QStringLiteral("[1]"));
     QCOMPARE(w().field(key, "created"), QStringLiteral("[2026-03-14]"));
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().widget("chck_box").property("Tag").toString(), QStringLiteral("ON"));
 
     w().editor().lv_edit_off();
-    w().click_cell(0, grid_column::coupon);
+    w().click_cell(0, GridColumn::coupon);
     QCOMPARE(w().grid().rows().row(0).coupon, coupon_off);
-    QCOMPARE(w().cell(0, grid_column::date), QStringLiteral(" "));
+    QCOMPARE(w().cell(0, GridColumn::date), QStringLiteral(" "));
     QCOMPARE(w().field(key, "cpn"), QStringLiteral("[0]"));
     QCOMPARE(w().field(key, "created"), QStringLiteral("[2026-03-14]"));
     QCOMPARE(w().widget("chck_box").property("Tag").toString(), QStringLiteral("OFF"));
@@ -253,13 +253,13 @@ void tst_list_mouse::re_ticking_a_coupon_with_an_expired_date_moves_it_to_today(
     const Key key = w().row(QStringLiteral("Milk"));
     w().coupon(key, QStringLiteral("2026-03-13"), true);
     w().open();
-    QCOMPARE(w().cell(0, grid_column::date), QStringLiteral("3/13/2026"));
-    w().click_cell(0, grid_column::coupon);
+    QCOMPARE(w().cell(0, GridColumn::date), QStringLiteral("3/13/2026"));
+    w().click_cell(0, GridColumn::coupon);
     QCOMPARE(w().field(key, "created"), QStringLiteral("[2026-03-13]"));
     w().editor().lv_edit_off();
-    w().click_cell(0, grid_column::coupon);
+    w().click_cell(0, GridColumn::coupon);
     QCOMPARE(w().field(key, "created"), QStringLiteral("[2026-03-14]"));
-    QCOMPARE(w().cell(0, grid_column::date), QStringLiteral("3/14/2026"));
+    QCOMPARE(w().cell(0, GridColumn::date), QStringLiteral("3/14/2026"));
 }
 
 void tst_list_mouse::re_ticking_a_coupon_with_a_future_date_keeps_it()
@@ -267,11 +267,11 @@ void tst_list_mouse::re_ticking_a_coupon_with_a_future_date_keeps_it()
     const Key key = w().row(QStringLiteral("Milk"));
     w().coupon(key, QStringLiteral("2028-02-29"), true);
     w().open();
-    w().click_cell(0, grid_column::coupon);
+    w().click_cell(0, GridColumn::coupon);
     w().editor().lv_edit_off();
-    w().click_cell(0, grid_column::coupon);
+    w().click_cell(0, GridColumn::coupon);
     QCOMPARE(w().field(key, "created"), QStringLiteral("[2028-02-29]"));
-    QCOMPARE(w().cell(0, grid_column::date), QStringLiteral("2/29/2028"));
+    QCOMPARE(w().cell(0, GridColumn::date), QStringLiteral("2/29/2028"));
 }
 
 void tst_list_mouse::a_coupon_click_on_a_row_that_has_gone_changes_only_the_picture()
@@ -280,9 +280,9 @@ void tst_list_mouse::a_coupon_click_on_a_row_that_has_gone_changes_only_the_pict
     w().row(QStringLiteral("Salt"));
     w().open();
     Query(w().db(), "DELETE FROM groc_1 WHERE key_id = ?", key).run();
-    w().click_cell(0, grid_column::coupon);
+    w().click_cell(0, GridColumn::coupon);
     QCOMPARE(w().grid().rows().row(0).coupon, coupon_on);
-    QCOMPARE(w().cell(0, grid_column::date), QStringLiteral(" "));
+    QCOMPARE(w().cell(0, GridColumn::date), QStringLiteral(" "));
     QCOMPARE(w().number("SELECT count(*) FROM groc_1"), 1);
     QCOMPARE(w().number("SELECT cpn FROM groc_1"), 0);
 }
@@ -294,11 +294,11 @@ void tst_list_mouse::in_the_all_lists_view_no_list_stays_current()
     w().set_pref(QStringLiteral("alist"), QStringLiteral("0"));
     w().open();
     QVERIFY(w().main().shared.all_lists_view);
-    w().click_cell(1, grid_column::check);
+    w().click_cell(1, GridColumn::check);
     QVERIFY(!w().grid().rows().row(1).to_get);
     QCOMPARE(w().number("SELECT to_get FROM groc_1 WHERE key_id = 2"), 0);
     QCOMPARE(w().main().shared.current_list, Key(0));
-    w().click_cell(1, grid_column::coupon);
+    w().click_cell(1, GridColumn::coupon);
     QCOMPARE(w().main().shared.current_list, Key(0));
     QCOMPARE(w().number("SELECT cpn FROM groc_1 WHERE key_id = 2"), 1);
     QVERIFY(w().editor().is_open());
@@ -309,13 +309,13 @@ void tst_list_mouse::the_right_press_marks_the_row_and_closes_the_editor()
     w().rows(3);
     w().open();
     w().open_row(0);
-    QTest::mousePress(w().grid().viewport(), Qt::RightButton, {}, w().middle_of(2, grid_column::desc));
+    QTest::mousePress(w().grid().viewport(), Qt::RightButton, {}, w().middle_of(2, GridColumn::desc));
     QVERIFY(!w().editor().is_open());
     QCOMPARE(w().grid().current_row(), 2);
     QVERIFY(w().grid().rows().row(2).bold);
     QVERIFY(!w().grid().rows().row(0).bold);
     QVERIFY(!row_menu().isVisible());
-    QTest::mouseRelease(w().grid().viewport(), Qt::RightButton, {}, w().middle_of(2, grid_column::desc));
+    QTest::mouseRelease(w().grid().viewport(), Qt::RightButton, {}, w().middle_of(2, GridColumn::desc));
     QVERIFY(row_menu().isVisible());
     row_menu().close();
 }
@@ -324,7 +324,7 @@ void tst_list_mouse::the_right_button_pops_up_the_row_menu()
 {
     w().rows(3);
     w().open();
-    w().click_cell(1, grid_column::check, Qt::RightButton);
+    w().click_cell(1, GridColumn::check, Qt::RightButton);
     QVERIFY(row_menu().isVisible());
     QStringList captions;
     for (const QAction* action : row_menu().actions())
@@ -344,8 +344,8 @@ void tst_list_mouse::the_right_release_shows_the_status_before_the_menu()
     QStringList at_menu;
     connect(&row_menu(), &QMenu::aboutToShow, &row_menu(), [&] { at_menu += status(); });
     for (const int row : {1, 0}) {
-        QTest::mousePress(w().grid().viewport(), Qt::RightButton, {}, w().middle_of(row, grid_column::item));
-        QTest::mouseRelease(w().grid().viewport(), Qt::RightButton, {}, w().middle_of(row, grid_column::item));
+        QTest::mousePress(w().grid().viewport(), Qt::RightButton, {}, w().middle_of(row, GridColumn::item));
+        QTest::mouseRelease(w().grid().viewport(), Qt::RightButton, {}, w().middle_of(row, GridColumn::item));
         QVERIFY(row_menu().isVisible());
         row_menu().close();
     }
@@ -359,7 +359,7 @@ void tst_list_mouse::the_row_menu_removes_its_row_without_a_question()
     w().rows(3);
     w().open();
     MessageScript no_question;
-    w().click_cell(1, grid_column::desc, Qt::RightButton);
+    w().click_cell(1, GridColumn::desc, Qt::RightButton);
     choose("mnu_lv_di");
     QCOMPARE(w().grid().rows().rows(), 2);
     QCOMPARE(w().number("SELECT count(*) FROM groc_1 WHERE key_id = 2"), 0);
@@ -378,7 +378,7 @@ void tst_list_mouse::the_row_menu_opens_the_item_editor()
         QCOMPARE(request_of(dialog).mode, EditMode::edit_item);
         dialog.reject();
     });
-    w().click_cell(1, grid_column::desc, Qt::RightButton);
+    w().click_cell(1, GridColumn::desc, Qt::RightButton);
     choose("mnu_lv_ed");
     QCOMPARE(script.left(), 0);
 }
@@ -499,7 +499,7 @@ void tst_list_mouse::the_pencil_opens_the_item_editor_and_shows_its_changes()
     script.drive([this](QDialog& dialog) {
         QCOMPARE(request_of(dialog).row, Key(2));
         QCOMPARE(request_of(dialog).mode, EditMode::edit_item);
-        w().grid().rows().set_cell_text(1, grid_column::desc, QStringLiteral("changed there"));
+        w().grid().rows().set_cell_text(1, GridColumn::desc, QStringLiteral("changed there"));
         dialog.reject();
     });
     w().press("imgedit");
@@ -564,7 +564,7 @@ void tst_list_mouse::a_click_on_the_last_page_ticks_the_row_under_the_pointer()
     grid.set_top_row(80);
     QVERIFY(grid.rowViewportPosition(grid.top_row()) > 0); // a part of a row stands above it
     const int row = grid.top_row() + 2;
-    const QRect drawn = grid.visualRect(grid.rows().index(row, grid_column::check));
+    const QRect drawn = grid.visualRect(grid.rows().cell(row, GridColumn::check));
     const Key key = grid.rows().row(row).groc_key;
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(drawn.center().x(), drawn.top() + 1));
     QCOMPARE(w().field(key, "to_get"), QStringLiteral("[0]"));
@@ -578,11 +578,11 @@ void tst_list_mouse::the_editor_covers_its_row_on_the_last_page()
     ListGrid& grid = w().grid();
     grid.set_top_row(80);
     for (const int row : {79, grid.top_row() + 1, grid.top_row() - 1}) {
-        const QRect drawn = grid.visualRect(grid.rows().index(row, grid_column::desc));
+        const QRect drawn = grid.visualRect(grid.rows().cell(row, GridColumn::desc));
         QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(drawn.center().x(), drawn.bottom()));
         QVERIFY(w().editor().is_open());
         QCOMPARE(w().editor().edit_row(), row);
-        const QRect shown = grid.visualRect(grid.rows().index(row, grid_column::desc));
+        const QRect shown = grid.visualRect(grid.rows().cell(row, GridColumn::desc));
         QVERIFY(grid.row_is_visible(row));
         const QRect box = w().box("desc_brdr").geometry();
         QCOMPARE(box.top(), grid.viewport()->mapTo(grid.parentWidget(), shown.topLeft()).y());

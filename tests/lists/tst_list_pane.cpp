@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QFrame>
+#include <QHeaderView>
 #include <QTest>
 #include <QTextBrowser>
 
@@ -66,18 +67,12 @@ private:
     {
         return window->add_row(window->add_item(QLatin1String(name), 0), list, to_get);
     }
-    int columns_width(int first, int last)
-    {
-        int sum = 0;
-        for (int column = first; column <= last; ++column)
-            sum += grid().col_width(column);
-        return sum;
-    }
+    int text_columns_width() { return grid().col_width(GridColumn::item) + grid().col_width(GridColumn::desc); }
 
-    void toggle_by_menu(int group)
+    void toggle_by_menu(ColumnGroup group)
     {
-        QAction& entry = window->main().commands().action(group == 0 ? QStringLiteral("mnu_view_cpn")
-                                                                     : QStringLiteral("mnu_view_aisle"));
+        QAction& entry = window->main().commands().action(
+            group == ColumnGroup::coupon ? QStringLiteral("mnu_view_cpn") : QStringLiteral("mnu_view_aisle"));
         QVERIFY(entry.isEnabled());
         entry.trigger();
     }
@@ -126,10 +121,12 @@ void tst_list_pane::load_shows_the_rows_of_the_list()
     QCOMPARE(rows.row(1).list_key, list);
     QCOMPARE(rows.row(1).item_key, milk);
     QVERIFY(rows.row(1).to_get);
-    const char* texts[] = {"Milk", "fresh", "2", "", "12/5/2026", "4b"};
-    for (int column = 2; column < 8; ++column)
-        QCOMPARE(rows.cell_text(1, column), QLatin1String(texts[column - 2]));
-    QCOMPARE(rows.cell_text(0, grid_column::date), QStringLiteral(" "));
+    using enum GridColumn;
+    const std::pair<GridColumn, const char*> texts[]
+        = {{item, "Milk"}, {desc, "fresh"}, {qty, "2"}, {coupon, ""}, {date, "12/5/2026"}, {aisle, "4b"}};
+    for (const auto& [column, text] : texts)
+        QCOMPARE(rows.cell_text(1, column), QLatin1String(text));
+    QCOMPARE(rows.cell_text(0, GridColumn::date), QStringLiteral(" "));
     QVERIFY(!window->main().shared.all_lists_view);
 }
 
@@ -139,10 +136,10 @@ void tst_list_pane::load_makes_the_first_row_current()
     for (const char* name : {"a", "b", "c"})
         add(name, list);
     ListPane& pane = open(list);
-    grid().set_current(2, 4);
+    grid().set_current(2, GridColumn::qty);
     pane.lv_load(list);
     QCOMPARE(grid().current_row(), 0);
-    QCOMPARE(grid().current_col(), 2);
+    QCOMPARE(grid().current_col(), GridColumn::item);
 }
 
 void tst_list_pane::list_without_rows_is_active_and_can_be_renamed()
@@ -204,8 +201,8 @@ void tst_list_pane::quantity_empty_or_blank_shows_one_blank()
     window->add_row(item, list, false, QStringLiteral(" "), QString());
     window->add_row(item, list, false, QStringLiteral(" "), QStringLiteral("    "));
     open(list);
-    QCOMPARE(grid().rows().cell_text(0, grid_column::qty), QStringLiteral(" "));
-    QCOMPARE(grid().rows().cell_text(1, grid_column::qty), QStringLiteral(" "));
+    QCOMPARE(grid().rows().cell_text(0, GridColumn::qty), QStringLiteral(" "));
+    QCOMPARE(grid().rows().cell_text(1, GridColumn::qty), QStringLiteral(" "));
 }
 
 void tst_list_pane::description_and_aisle_of_one_blank_show_as_blank()
@@ -214,12 +211,12 @@ void tst_list_pane::description_and_aisle_of_one_blank_show_as_blank()
     const Key item = window->add_item(QStringLiteral("Milk"), 0);
     window->add_row(item, list, false, QStringLiteral(" "), QStringLiteral("2"), QStringLiteral(" "));
     open(list);
-    for (const int column : {grid_column::desc, grid_column::aisle}) {
+    for (const GridColumn column : {GridColumn::desc, GridColumn::aisle}) {
         QVERIFY(trim(grid().rows().cell_text(0, column)).isEmpty());
-        const QModelIndex cell = grid().rows().index(0, column);
+        const QModelIndex cell = grid().rows().cell(0, column);
         QVERIFY(trim(grid().rows().data(cell, Qt::DisplayRole).toString()).isEmpty());
     }
-    QCOMPARE(grid().rows().cell_text(0, grid_column::qty), QStringLiteral("2"));
+    QCOMPARE(grid().rows().cell_text(0, GridColumn::qty), QStringLiteral("2"));
 }
 
 void tst_list_pane::key_beyond_16_bits_ends_in_the_error_handler()
@@ -295,9 +292,9 @@ void tst_list_pane::change_of_the_scroll_bar_makes_column_3_current()
     pane.lv_load(list);
     QVERIFY(grid().scroll_bar_shown());
     QCOMPARE(grid().current_row(), 0);
-    QCOMPARE(grid().current_col(), 3);
+    QCOMPARE(grid().current_col(), GridColumn::desc);
     pane.lv_load(list);
-    QCOMPARE(grid().current_col(), 2);
+    QCOMPARE(grid().current_col(), GridColumn::item);
 }
 
 void tst_list_pane::set_row_makes_the_first_match_current()
@@ -317,11 +314,11 @@ void tst_list_pane::box_hides_its_columns_and_stores_the_switch()
 {
     open(window->add_list(QStringLiteral("A")));
     const QString application = QStringLiteral("Velora");
-    for (const int group : {0, 1}) {
-        const QString key = group == 0 ? QStringLiteral("cpn") : QStringLiteral("aisle");
-        auto* box = window->find<QCheckBox>(QStringLiteral("Cmd_ShowCol(%1)").arg(group));
+    for (const ColumnGroup group : column_groups) {
+        const QString key = group == ColumnGroup::coupon ? QStringLiteral("cpn") : QStringLiteral("aisle");
+        auto* box = window->find<QCheckBox>(QStringLiteral("Cmd_ShowCol(%1)").arg(static_cast<int>(group)));
         QVERIFY(box->isEnabled() && box->isVisible() && box->isChecked());
-        const int last = group == 0 ? grid_column::date : grid_column::aisle;
+        const GridColumn last = group == ColumnGroup::coupon ? GridColumn::date : GridColumn::aisle;
         QTest::mouseClick(box, Qt::RightButton);
         QVERIFY(grid().col_width(last) > 0);
         QTest::mousePress(box, Qt::LeftButton);
@@ -333,43 +330,43 @@ void tst_list_pane::box_hides_its_columns_and_stores_the_switch()
         QTest::mouseClick(box, Qt::LeftButton);
         QCOMPARE(window->pref(key, application), QStringLiteral("1"));
     }
-    QCOMPARE(grid().col_width(5), 18);
-    QCOMPARE(grid().col_width(6), 80);
-    QCOMPARE(grid().col_width(7), 36);
+    QCOMPARE(grid().col_width(GridColumn::coupon), 18);
+    QCOMPARE(grid().col_width(GridColumn::date), 80);
+    QCOMPARE(grid().col_width(GridColumn::aisle), 36);
 }
 
 void tst_list_pane::toggle_levels_the_text_columns()
 {
     open(window->add_list(QStringLiteral("A")));
-    QCOMPARE(columns_width(2, 3), 294 + 2);
+    QCOMPARE(text_columns_width(), 294 + 2);
     grid().resize(grid_width + 1, ten_rows_high);
-    grid().set_col_width(2, 201);
-    grid().set_col_width(3, 96);
-    toggle_by_menu(0);
-    QCOMPARE(grid().col_width(2), (297 + 98) / 2);
-    QCOMPARE(grid().col_width(3), 297 + 98 - (297 + 98) / 2);
-    toggle_by_menu(1);
-    QCOMPARE(columns_width(2, 3), 297 + 98 + 36);
-    toggle_by_menu(0);
-    QCOMPARE(columns_width(2, 3), 297 + 36);
+    grid().set_col_width(GridColumn::item, 201);
+    grid().set_col_width(GridColumn::desc, 96);
+    toggle_by_menu(ColumnGroup::coupon);
+    QCOMPARE(grid().col_width(GridColumn::item), (297 + 98) / 2);
+    QCOMPARE(grid().col_width(GridColumn::desc), 297 + 98 - (297 + 98) / 2);
+    toggle_by_menu(ColumnGroup::aisle);
+    QCOMPARE(text_columns_width(), 297 + 98 + 36);
+    toggle_by_menu(ColumnGroup::coupon);
+    QCOMPARE(text_columns_width(), 297 + 36);
 }
 
 void tst_list_pane::toggle_twice_returns_to_the_first_widths()
 {
     ListPane& pane = open(window->add_list(QStringLiteral("A")));
-    const int item = grid().col_width(2);
-    const int desc = grid().col_width(3);
+    const int item = grid().col_width(GridColumn::item);
+    const int desc = grid().col_width(GridColumn::desc);
     QCOMPARE(item, 148);
-    for (const int group : {0, 1}) {
+    for (const ColumnGroup group : column_groups) {
         toggle_by_menu(group);
         toggle_by_menu(group);
-        QCOMPARE(grid().col_width(2), item);
-        QCOMPARE(grid().col_width(3), desc);
+        QCOMPARE(grid().col_width(GridColumn::item), item);
+        QCOMPARE(grid().col_width(GridColumn::desc), desc);
     }
     // A call without a change of the box moves nothing.
-    pane.show_column_group(0);
-    QCOMPARE(grid().col_width(2), item);
-    QCOMPARE(grid().col_width(6), 80);
+    pane.show_column_group(ColumnGroup::coupon);
+    QCOMPARE(grid().col_width(GridColumn::item), item);
+    QCOMPARE(grid().col_width(GridColumn::date), 80);
 }
 
 void tst_list_pane::toggle_in_a_small_window_sets_both_text_columns_to_115()
@@ -378,15 +375,15 @@ void tst_list_pane::toggle_in_a_small_window_sets_both_text_columns_to_115()
     window->main().resize(560, 450);
     QCoreApplication::processEvents();
     QVERIFY(grid().width() < 436);
-    toggle_by_menu(0);
-    QCOMPARE(grid().col_width(2), 115);
-    QCOMPARE(grid().col_width(3), 115);
+    toggle_by_menu(ColumnGroup::coupon);
+    QCOMPARE(grid().col_width(GridColumn::item), 115);
+    QCOMPARE(grid().col_width(GridColumn::desc), 115);
     // With both groups on show 115 is too wide for such a grid: the columns are fitted in.
-    toggle_by_menu(0);
-    QCOMPARE(columns_width(0, 7), grid().width() + 2);
-    QVERIFY(std::abs(grid().col_width(2) - grid().col_width(3)) <= 1);
-    const QRect first = window->main().list_pane().header().show_box(0).geometry();
-    const QRect second = window->main().list_pane().header().show_box(1).geometry();
+    toggle_by_menu(ColumnGroup::coupon);
+    QCOMPARE(grid().horizontalHeader()->length(), grid().width() + 2);
+    QVERIFY(std::abs(grid().col_width(GridColumn::item) - grid().col_width(GridColumn::desc)) <= 1);
+    const QRect first = window->main().list_pane().header().show_box(ColumnGroup::coupon).geometry();
+    const QRect second = window->main().list_pane().header().show_box(ColumnGroup::aisle).geometry();
     QVERIFY(!first.intersects(second));
     QVERIFY(second.right() <= grid().geometry().right());
 }
@@ -398,12 +395,12 @@ void tst_list_pane::menu_captions_follow_the_groups()
         = [this](const char* name) { return window->main().commands().action(QLatin1String(name)).text(); };
     QCOMPARE(caption("mnu_view_cpn"), QStringLiteral("Hide coupon-expiry column"));
     QCOMPARE(caption("mnu_view_aisle"), QStringLiteral("Hide aisle column"));
-    toggle_by_menu(0);
+    toggle_by_menu(ColumnGroup::coupon);
     QCOMPARE(caption("mnu_view_cpn"), QStringLiteral("Show coupon-expiry column"));
     QCOMPARE(caption("mnu_view_aisle"), QStringLiteral("Hide aisle column"));
-    toggle_by_menu(1);
+    toggle_by_menu(ColumnGroup::aisle);
     QCOMPARE(caption("mnu_view_aisle"), QStringLiteral("Show aisle column"));
-    toggle_by_menu(0);
+    toggle_by_menu(ColumnGroup::coupon);
     QCOMPARE(caption("mnu_view_cpn"), QStringLiteral("Hide coupon-expiry column"));
 }
 
@@ -411,11 +408,11 @@ void tst_list_pane::restore_reads_the_switches_and_stores_nothing()
 {
     window->set_pref(QStringLiteral("cpn"), QStringLiteral("0"));
     ListPane& pane = open(window->add_list(QStringLiteral("A")));
-    QVERIFY(!pane.column_group_shown(0));
-    QVERIFY(pane.column_group_shown(1));
-    QCOMPARE(grid().col_width(5), 0);
-    QCOMPARE(grid().col_width(6), 0);
-    QCOMPARE(grid().col_width(7), 36);
+    QVERIFY(!pane.column_group_shown(ColumnGroup::coupon));
+    QVERIFY(pane.column_group_shown(ColumnGroup::aisle));
+    QCOMPARE(grid().col_width(GridColumn::coupon), 0);
+    QCOMPARE(grid().col_width(GridColumn::date), 0);
+    QCOMPARE(grid().col_width(GridColumn::aisle), 36);
     QCOMPARE(window->main().commands().action(QStringLiteral("mnu_view_cpn")).text(),
              QStringLiteral("Show coupon-expiry column"));
     QCOMPARE(window->pref(QStringLiteral("cpn"), QStringLiteral("Velora")), QStringLiteral("(none)"));
@@ -432,7 +429,7 @@ void tst_list_pane::placed_row_is_sorted_in_and_current()
     row.item = QStringLiteral("MELON");
     QCOMPARE(pane.add_row(row), 1);
     QCOMPARE(grid().current_row(), 1);
-    QCOMPARE(grid().current_col(), 2);
+    QCOMPARE(grid().current_col(), GridColumn::item);
     row.groc_key = 51;
     row.item = QStringLiteral("bread");
     QCOMPARE(pane.add_row(row, false), 1);
@@ -447,16 +444,16 @@ void tst_list_pane::placing_and_removing_follow_the_scroll_bar()
         add("row", list);
     ListPane& pane = open(list);
     QVERIFY(!grid().scroll_bar_shown());
-    const int wide = columns_width(2, 3);
+    const int wide = text_columns_width();
     GridRow row;
     row.groc_key = 500;
     row.item = QStringLiteral("zest");
     pane.add_row(row);
     QVERIFY(grid().scroll_bar_shown());
-    QCOMPARE(columns_width(2, 3), wide - 17);
+    QCOMPARE(text_columns_width(), wide - 17);
     pane.remove_row(500);
     QVERIFY(!grid().scroll_bar_shown());
-    QCOMPARE(columns_width(2, 3), wide);
+    QCOMPARE(text_columns_width(), wide);
     QCOMPARE(grid().current_row(), rows_without_bar - 1);
 }
 

@@ -1,6 +1,7 @@
 #include "widgets/list_grid.h"
 #include "lists/list_menu.h"
 #include "lists/list_pane.h"
+#include "support/tool_button.h"
 
 #include <QToolButton>
 
@@ -69,7 +70,7 @@ void tst_list_restart::no_list_in_the_setting_while_one_exists_shows_all_lists()
         QAction& print = main.commands().action(QStringLiteral("mnu_list_Print"));
         QVERIFY(print.isEnabled());
         QCOMPARE(Commands::plain_caption(print), QStringLiteral("Print all lists"));
-        auto* button = window.find<QToolButton>(QStringLiteral("Toolbar1(10)"));
+        auto* button = window.find<QToolButton>(tool_button(ToolButton::print));
         QVERIFY(button && button->isEnabled());
         QCOMPARE(button->toolTip(), QStringLiteral("Print all shopping lists"));
     };

@@ -529,8 +529,8 @@ void tst_lists::deleting_the_last_list_hides_both_column_groups_for_good()
     window.set_pref(QStringLiteral("aisle"), QStringLiteral("1"));
     frmmain& main = window.load();
     HeaderBar& header = main.list_pane().header();
-    QVERIFY(header.group_shown(0));
-    QVERIFY(header.group_shown(1));
+    QVERIFY(header.group_shown(ColumnGroup::coupon));
+    QVERIFY(header.group_shown(ColumnGroup::aisle));
     MessageScript script;
     script.expect(QStringLiteral("Warning"), QStringLiteral("Are you sure you want to \ndelete the Weekly list?"),
                   Answer::yes);
@@ -541,10 +541,10 @@ void tst_lists::deleting_the_last_list_hides_both_column_groups_for_good()
     QCOMPARE(window.pref(QStringLiteral("aisle"), QStringLiteral("Velora")), QStringLiteral("0"));
     QVERIFY(notice(window)->isVisible());
     make_list(window, QStringLiteral("Camping"));
-    QVERIFY(!header.group_shown(0));
-    QVERIFY(!header.group_shown(1));
-    QCOMPARE(main.list_pane().grid().col_width(grid_column::aisle), 0);
-    QCOMPARE(main.list_pane().grid().col_width(grid_column::date), 0);
+    QVERIFY(!header.group_shown(ColumnGroup::coupon));
+    QVERIFY(!header.group_shown(ColumnGroup::aisle));
+    QCOMPARE(main.list_pane().grid().col_width(GridColumn::aisle), 0);
+    QCOMPARE(main.list_pane().grid().col_width(GridColumn::date), 0);
 }
 
 void tst_lists::list_with_dead_links_only_says_so_and_goes()

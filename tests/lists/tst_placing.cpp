@@ -50,7 +50,7 @@ public:
     }
     void view_all() { main().list_pane().lv_load(main().shared.current_list = 0); }
     GridModel& rows() { return main().list_pane().grid().rows(); }
-    QString cell(int row, int column) { return rows().cell_text(row, column); }
+    QString cell(int row, GridColumn column) { return rows().cell_text(row, column); }
     QString panel() { return main().findChild<QWidget*>(QStringLiteral("StatusBar1(1)"))->toolTip(); }
     int node_picture(Key item) { return TreeView::picture(main().stock_tree().item_node(item)); }
     void refuse(const char* operation, const char* table)
@@ -120,7 +120,7 @@ void tst_placing::placing_writes_the_three_tables()
     QVERIFY(placed.has_value());
     QCOMPARE(int(placed->groc_key), 1);
     QCOMPARE(placed->item, QStringLiteral("Milk"));
-    QCOMPARE(placed->status, 7);
+    QCOMPARE(placed->status, StatusCode::buy_it);
     QCOMPARE(home.text("SELECT key_id || '|' || item || '|' || desc || '|' || aisle || '|' || to_get || '|' || qty"
                        " || '|' || list || '|' || item_id || '|' || modified || '|' || created || '|' || cpn"
                        " FROM groc_1"),
@@ -230,13 +230,13 @@ void tst_placing::placed_row_is_filled_and_current()
     QCOMPARE(row.light, 179);
     QCOMPARE(row.check, 122);
     QCOMPARE(row.coupon, 117);
-    QCOMPARE(home.cell(1, grid_column::item), QStringLiteral("Milk"));
-    QCOMPARE(home.cell(1, grid_column::desc), QStringLiteral("low fat"));
-    QCOMPARE(home.cell(1, grid_column::qty), QStringLiteral("12"));
-    QCOMPARE(home.cell(1, grid_column::date), QStringLiteral(" "));
-    QCOMPARE(home.cell(1, grid_column::aisle), QStringLiteral("7"));
+    QCOMPARE(home.cell(1, GridColumn::item), QStringLiteral("Milk"));
+    QCOMPARE(home.cell(1, GridColumn::desc), QStringLiteral("low fat"));
+    QCOMPARE(home.cell(1, GridColumn::qty), QStringLiteral("12"));
+    QCOMPARE(home.cell(1, GridColumn::date), QStringLiteral(" "));
+    QCOMPARE(home.cell(1, GridColumn::aisle), QStringLiteral("7"));
     QCOMPARE(main.list_pane().grid().current_row(), 1);
-    QCOMPARE(main.list_pane().grid().current_col(), grid_column::item);
+    QCOMPARE(main.list_pane().grid().current_col(), GridColumn::item);
     QCOMPARE(home.panel(), QStringLiteral("Active On Weekly list :: OTHER category"));
     QCOMPARE(home.node_picture(home.milk), 7);
 }
@@ -281,11 +281,11 @@ void tst_placing::menu_command_places_the_selected_item()
     QVERIFY(command.isEnabled());
     command.trigger();
     QCOMPARE(home.rows().rows(), 1);
-    QCOMPARE(home.cell(0, grid_column::item), QStringLiteral("Milk"));
-    QCOMPARE(home.cell(0, grid_column::qty), QStringLiteral(" "));
+    QCOMPARE(home.cell(0, GridColumn::item), QStringLiteral("Milk"));
+    QCOMPARE(home.cell(0, GridColumn::qty), QStringLiteral(" "));
     QCOMPARE(home.text("SELECT qty FROM groc_1"), QStringLiteral("0"));
     main.list_pane().lv_load(home.weekly);
-    QCOMPARE(home.cell(0, grid_column::qty), QStringLiteral("0"));
+    QCOMPARE(home.cell(0, GridColumn::qty), QStringLiteral("0"));
 }
 
 void tst_placing::row_placed_inactive_opens_ticked_while_the_item_is_active_elsewhere()
@@ -308,13 +308,13 @@ void tst_placing::quiet_placing_leaves_current_row_and_status()
     for (const char* name : {"Apples", "Zucchini"})
         home.add_row(home.add_item(QString::fromLatin1(name), 0), home.weekly, false);
     frmmain& main = home.load();
-    main.list_pane().grid().set_current(1, grid_column::item);
+    main.list_pane().grid().set_current(1, GridColumn::item);
     main.set_status(QStringLiteral("untouched"));
     Placement placement = home.placement(home.milk, home.weekly);
     placement.quiet = true;
     main.placing().add_item(placement);
     QCOMPARE(home.rows().rows(), 3);
-    QCOMPARE(home.cell(main.list_pane().grid().current_row(), grid_column::item), QStringLiteral("Zucchini"));
+    QCOMPARE(home.cell(main.list_pane().grid().current_row(), GridColumn::item), QStringLiteral("Zucchini"));
     QCOMPARE(home.panel(), QStringLiteral("untouched"));
     QCOMPARE(home.node_picture(home.milk), 7);
 }
@@ -332,7 +332,7 @@ void tst_placing::same_item_twice_gives_two_rows_and_set_row_finds_by_key()
     const Key second = placed.key();
     QVERIFY(first != second);
     QCOMPARE(home.rows().rows(), 2);
-    QCOMPARE(home.cell(0, grid_column::item), home.cell(1, grid_column::item));
+    QCOMPARE(home.cell(0, GridColumn::item), home.cell(1, GridColumn::item));
     for (const Key key : {second, first}) {
         QVERIFY(main.list_pane().set_row(key));
         QCOMPARE(int(home.rows().row(main.list_pane().grid().current_row()).groc_key), int(key));
@@ -360,7 +360,7 @@ void tst_placing::item_on_a_list_that_is_not_shown_leaves_the_grid()
     frmmain& main = home.load();
     main.placing().add_item(home.placement(home.milk, home.camping));
     QCOMPARE(home.rows().rows(), 1);
-    QCOMPARE(home.cell(0, grid_column::item), QStringLiteral("Apples"));
+    QCOMPARE(home.cell(0, GridColumn::item), QStringLiteral("Apples"));
     QCOMPARE(home.number("SELECT list FROM tie WHERE item_id = 1"), int(home.camping));
     QCOMPARE(home.number("SELECT status FROM items_1 WHERE key_id = 1"), 7);
     QCOMPARE(home.node_picture(home.milk), 7);

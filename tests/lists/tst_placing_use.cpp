@@ -129,7 +129,7 @@ void tst_placing_use::rows_out_of_order_are_sorted_along_with_current_row_and_op
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(60, grid.row_height() / 2));
     RowEditor& editor = stock.main().row_editor();
     QCOMPARE(editor.edit_row(), 0);
-    stock.rows().set_cell_text(0, grid_column::item, QStringLiteral("Yams"));
+    stock.rows().set_cell_text(0, GridColumn::item, QStringLiteral("Yams"));
 
     Placement quiet;
     quiet.list_key = list;
@@ -142,7 +142,7 @@ void tst_placing_use::rows_out_of_order_are_sorted_along_with_current_row_and_op
     QVERIFY(editor.is_open());
     QCOMPARE(editor.edit_row(), 3);
     auto* desc = stock.find<QLineEdit>(QStringLiteral("desc_brdr"));
-    QCOMPARE(desc->y(), grid.cell_rect(3, grid_column::desc).top());
+    QCOMPARE(desc->y(), grid.cell_rect(3, GridColumn::desc).top());
     QTest::mouseClick(desc, Qt::LeftButton);
     QTest::keyClick(desc, Qt::Key_End);
     QTest::keyClicks(desc, QStringLiteral("!"));
@@ -162,7 +162,7 @@ void tst_placing_use::with_a_stored_choice_older_than_the_lists_placing_asks_for
         QCOMPARE(dialog.objectName(), QStringLiteral("l_item_edit"));
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Adding Milk"));
         EditorHands hands(dialog, script);
-        hands.click_cell(0, grid_column::light);
+        hands.click_cell(0, GridColumn::light);
         hands.press_ok();
     });
     stock.click_box(milk);
@@ -211,7 +211,7 @@ void tst_placing_use::in_the_all_lists_view_the_new_row_is_brought_into_view_and
     MessageScript script;
     script.drive([&](QDialog& dialog) {
         EditorHands hands(dialog, script);
-        hands.click_cell(1, grid_column::light);
+        hands.click_cell(1, GridColumn::light);
         hands.press_ok();
     });
     stock.place(zest);

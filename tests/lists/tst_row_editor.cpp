@@ -20,11 +20,11 @@ constexpr const char* all_controls[]
 struct TextBox {
     const char* name;
     const char* field;
-    int column;
+    GridColumn column;
 };
-constexpr TextBox text_boxes[] = {{"desc_brdr", "desc", grid_column::desc},
-                                  {"qty_brdr", "qty", grid_column::qty},
-                                  {"aisle_brdr", "aisle", grid_column::aisle}};
+constexpr TextBox text_boxes[] = {{"desc_brdr", "desc", GridColumn::desc},
+                                  {"qty_brdr", "qty", GridColumn::qty},
+                                  {"aisle_brdr", "aisle", GridColumn::aisle}};
 
 } // namespace
 
@@ -99,7 +99,7 @@ void tst_row_editor::boxes()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QByteArray>("field");
-    QTest::addColumn<int>("column");
+    QTest::addColumn<GridColumn>("column");
     for (const TextBox& box : text_boxes)
         QTest::newRow(box.field) << QByteArray(box.name) << QByteArray(box.field) << box.column;
 }
@@ -111,8 +111,8 @@ void tst_row_editor::open_at(int size, bool coupon_group, bool aisle_group)
     w().coupon(2, QStringLiteral("2026-12-31"), true);
     w().open();
     QCOMPARE(w().grid().row_height(), size == 9 ? 19 : size == 10 ? 24 : 28);
-    w().set_group(0, coupon_group);
-    w().set_group(1, aisle_group);
+    w().set_group(ColumnGroup::coupon, coupon_group);
+    w().set_group(ColumnGroup::aisle, aisle_group);
     w().open_row(1);
 }
 
@@ -132,7 +132,7 @@ void tst_row_editor::boxes_cover_their_cells()
     QFETCH(bool, aisle);
     open_at(size, coupon, aisle);
 
-    const auto covers = [this](const char* name, int column, bool expected) {
+    const auto covers = [this](const char* name, GridColumn column, bool expected) {
         QVERIFY2(w().shown(name) == expected, name);
         if (!expected)
             return;
@@ -149,14 +149,14 @@ void tst_row_editor::boxes_cover_their_cells()
         QCOMPARE(box.height(), cell.height());
         QVERIFY2(qAbs(box.left() - cell.left()) <= 1 && qAbs(box.right() - cell.right()) <= 1, qPrintable(what));
     };
-    covers("desc_brdr", grid_column::desc, true);
-    covers("qty_brdr", grid_column::qty, true);
-    covers("cpn_bkgrnd", grid_column::coupon, coupon);
-    covers("chck_box", grid_column::coupon, coupon);
-    covers("dp_frame", grid_column::date, coupon);
-    covers("dp_brdr", grid_column::date, coupon);
-    covers("cpn_brdr", grid_column::date, coupon);
-    covers("aisle_brdr", grid_column::aisle, aisle);
+    covers("desc_brdr", GridColumn::desc, true);
+    covers("qty_brdr", GridColumn::qty, true);
+    covers("cpn_bkgrnd", GridColumn::coupon, coupon);
+    covers("chck_box", GridColumn::coupon, coupon);
+    covers("dp_frame", GridColumn::date, coupon);
+    covers("dp_brdr", GridColumn::date, coupon);
+    covers("cpn_brdr", GridColumn::date, coupon);
+    covers("aisle_brdr", GridColumn::aisle, aisle);
     QCOMPARE(w().shown("dtp_btn"), coupon);
     QVERIFY(!w().shown("MonthView1"));
 }
@@ -202,13 +202,13 @@ void tst_row_editor::pencil_and_cross_stand_at_the_end_of_the_name()
 
     // Where the name is short of room they come closer together, and then go.
     w().editor().lv_edit_off();
-    w().grid().set_col_width(grid_column::item, 60);
+    w().grid().set_col_width(GridColumn::item, 60);
     w().open_row(1);
     QVERIFY(w().shown("frmEditDel"));
     QCOMPARE(w().in_form("frmEditDel").width(), 33);
-    QVERIFY(w().in_form("frmEditDel").left() > w().cell_in_form(grid_column::item).left() + 20);
+    QVERIFY(w().in_form("frmEditDel").left() > w().cell_in_form(GridColumn::item).left() + 20);
     w().editor().lv_edit_off();
-    w().grid().set_col_width(grid_column::item, 40);
+    w().grid().set_col_width(GridColumn::item, 40);
     w().open_row(1);
     QVERIFY(!w().shown("frmEditDel"));
 }
@@ -226,7 +226,7 @@ void tst_row_editor::boxes_open_with_the_text_of_their_cells()
     }
     QCOMPARE(w().box("desc_brdr").text(), QStringLiteral("skimmed"));
     QCOMPARE(w().box("dp_brdr").text(), QStringLiteral("1/5/27"));
-    QCOMPARE(w().cell(0, grid_column::date), QStringLiteral("1/5/2027"));
+    QCOMPARE(w().cell(0, GridColumn::date), QStringLiteral("1/5/2027"));
     QCOMPARE(w().widget("chck_box").property("Tag").toString(), QStringLiteral("ON"));
     w().open_row(1);
     QCOMPARE(trim(w().box("desc_brdr").text()), QString());
@@ -329,16 +329,16 @@ void tst_row_editor::a_row_out_of_view_is_scrolled_in()
     w().rows(80);
     w().open();
     const int in_view = w().grid().rows_in_view();
-    w().grid().set_current(70, grid_column::item);
+    w().grid().set_current(70, GridColumn::item);
     w().editor().show_l_line();
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().grid().top_row(), 70 - in_view + 1);
-    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(grid_column::desc).top());
-    w().grid().set_current(5, grid_column::item);
+    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(GridColumn::desc).top());
+    w().grid().set_current(5, GridColumn::item);
     w().editor().show_l_line();
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().grid().top_row(), 5);
-    w().grid().set_current(79, grid_column::item);
+    w().grid().set_current(79, GridColumn::item);
     w().editor().show_l_line();
     QVERIFY(w().grid().row_is_visible(79));
     QVERIFY(w().in_form("desc_brdr").bottom() <= w().grid().geometry().bottom());
@@ -349,7 +349,7 @@ void tst_row_editor::controls_end_at_the_grids_edge()
     w().rows(3);
     w().coupon(1, QStringLiteral("2027-01-05"), true);
     w().open();
-    w().grid().set_col_width(grid_column::desc, w().grid().width() - 230);
+    w().grid().set_col_width(GridColumn::desc, w().grid().width() - 230);
     w().open_row(0);
     const QRect view(w().grid().viewport()->mapTo(w().grid().parentWidget(), QPoint()),
                      w().grid().viewport()->size());
@@ -363,7 +363,7 @@ void tst_row_editor::each_key_is_written_at_once()
 {
     QFETCH(QByteArray, name);
     QFETCH(QByteArray, field);
-    QFETCH(int, column);
+    QFETCH(GridColumn, column);
     w().rows(3);
     w().open();
     w().open_row(1);
@@ -389,14 +389,14 @@ void tst_row_editor::blanking_a_description_stores_one_blank_and_the_cell_stays_
     w().open_row(0);
     w().type_into("desc_brdr", QString());
     QCOMPARE(w().field(key, "desc"), QStringLiteral("[ ]"));
-    QCOMPARE(trim(w().cell(0, grid_column::desc)), QString());
+    QCOMPARE(trim(w().cell(0, GridColumn::desc)), QString());
 }
 
 void tst_row_editor::blanking_any_box_stores_one_blank()
 {
     QFETCH(QByteArray, name);
     QFETCH(QByteArray, field);
-    QFETCH(int, column);
+    QFETCH(GridColumn, column);
     w().rows(2);
     w().open();
     w().open_row(1);
@@ -446,7 +446,7 @@ void tst_row_editor::pasted_line_ends_become_blanks()
     QApplication::clipboard()->setText(QStringLiteral("one\r\ntwo\nthree\rfour\u2028five"));
     QTest::keySequence(&w().box("desc_brdr"), QKeySequence::Paste);
     QCOMPARE(w().field(1, "desc"), QStringLiteral("[one two three four five]"));
-    QCOMPARE(w().cell(0, grid_column::desc), QStringLiteral("one two three four five"));
+    QCOMPARE(w().cell(0, GridColumn::desc), QStringLiteral("one two three four five"));
     QCOMPARE(w().box("desc_brdr").cursorPosition(), w().box("desc_brdr").text().size());
     QApplication::clipboard()->setText(QStringLiteral("\n\n"));
     w().type_into("desc_brdr", QString());
@@ -462,7 +462,7 @@ void tst_row_editor::the_box_keeps_what_was_typed()
     w().type_into("desc_brdr", QStringLiteral(" two "));
     QCOMPARE(w().box("desc_brdr").text(), QStringLiteral(" two "));
     QCOMPARE(w().field(1, "desc"), QStringLiteral("[two]"));
-    QCOMPARE(w().cell(0, grid_column::desc), QStringLiteral("two"));
+    QCOMPARE(w().cell(0, GridColumn::desc), QStringLiteral("two"));
     QTest::keyClicks(&w().box("desc_brdr"), QStringLiteral("words"));
     QCOMPARE(w().field(1, "desc"), QStringLiteral("[two words]"));
 }
@@ -474,11 +474,11 @@ void tst_row_editor::typing_in_a_row_that_has_gone_is_skipped()
     w().open_row(1);
     Query(w().db(), "DELETE FROM groc_1 WHERE key_id = 2").run();
     w().type_into("qty_brdr", QStringLiteral("9"));
-    QCOMPARE(w().cell(1, grid_column::qty), QStringLiteral("9"));
+    QCOMPARE(w().cell(1, GridColumn::qty), QStringLiteral("9"));
     w().press("qty_btn(0)");
     w().press("chck_box");
     QCOMPARE(w().widget("chck_box").property("Tag").toString(), QStringLiteral("ON"));
-    QCOMPARE(trim(w().cell(1, grid_column::date)), QString());
+    QCOMPARE(trim(w().cell(1, GridColumn::date)), QString());
     QCOMPARE(w().number("SELECT count(*) FROM groc_1 WHERE desc = 'some' AND qty = '2' AND cpn = 0"), 1);
     QVERIFY(w().editor().is_open());
 }
@@ -494,8 +494,8 @@ void tst_row_editor::a_key_changes_one_cell_and_loads_nothing()
     QSignalSpy scrolled(&w().grid(), &ListGrid::scrolled);
     QTest::keyClick(&w().box("desc_brdr"), 'b');
     QCOMPARE(changed.size(), 1);
-    QCOMPARE(changed[0][0].toModelIndex(), w().grid().rows().index(3, grid_column::desc));
-    QCOMPARE(changed[0][1].toModelIndex(), w().grid().rows().index(3, grid_column::desc));
+    QCOMPARE(changed[0][0].toModelIndex(), w().grid().rows().cell(3, GridColumn::desc));
+    QCOMPARE(changed[0][1].toModelIndex(), w().grid().rows().cell(3, GridColumn::desc));
     QCOMPARE(reset.size(), 0);
     QCOMPARE(scrolled.size(), 0);
 }
@@ -520,7 +520,7 @@ void tst_row_editor::a_quantity_of_letters_alone_steps_to_1_followed_by_those_le
     w().open_row(0);
     w().press("qty_btn(0)");
     QCOMPARE(w().box("qty_brdr").text(), QStringLiteral("1lb"));
-    QCOMPARE(w().cell(0, grid_column::qty), QStringLiteral("1lb"));
+    QCOMPARE(w().cell(0, GridColumn::qty), QStringLiteral("1lb"));
     QCOMPARE(w().field(key, "qty"), QStringLiteral("[1lb]"));
     w().press("qty_btn(0)");
     QCOMPARE(w().field(key, "qty"), QStringLiteral("[2lb]"));
@@ -538,7 +538,7 @@ void tst_row_editor::a_quantity_of_1_stepped_down_shows_an_empty_box_and_stores_
     w().open_row(0);
     w().press("qty_btn(1)");
     QCOMPARE(w().box("qty_brdr").text(), QString());
-    QCOMPARE(trim(w().cell(0, grid_column::qty)), QString());
+    QCOMPARE(trim(w().cell(0, GridColumn::qty)), QString());
     QCOMPARE(w().field(key, "qty"), QStringLiteral("[ ]"));
 }
 
@@ -549,11 +549,11 @@ void tst_row_editor::steppers_write_quantity_and_aisle()
     w().open_row(1);
     w().press("qty_btn(0)");
     QCOMPARE(w().field(2, "qty"), QStringLiteral("[3]"));
-    QCOMPARE(w().grid().current_col(), grid_column::qty);
+    QCOMPARE(w().grid().current_col(), GridColumn::qty);
     w().press("aisle_btn(1)");
     QCOMPARE(w().field(2, "aisle"), QStringLiteral("[4]"));
-    QCOMPARE(w().cell(1, grid_column::aisle), QStringLiteral("4"));
-    QCOMPARE(w().grid().current_col(), grid_column::aisle);
+    QCOMPARE(w().cell(1, GridColumn::aisle), QStringLiteral("4"));
+    QCOMPARE(w().grid().current_col(), GridColumn::aisle);
     QCOMPARE(w().grid().current_row(), 1);
     w().press("aisle_btn(0)");
     w().double_click(w().widget("aisle_btn(0)"), QPoint(3, 3));

@@ -49,14 +49,14 @@ private:
 
 void tst_row_editor_dialog::after_ok_the_boxes_stay_on_their_row_data()
 {
-    QTest::addColumn<int>("column");
-    QTest::newRow("after a click on another light") << grid_column::light;
-    QTest::newRow("after a click on another buy-it box") << grid_column::check;
+    QTest::addColumn<GridColumn>("column");
+    QTest::newRow("after a click on another light") << GridColumn::light;
+    QTest::newRow("after a click on another buy-it box") << GridColumn::check;
 }
 
 void tst_row_editor_dialog::after_ok_the_boxes_stay_on_their_row()
 {
-    QFETCH(int, column);
+    QFETCH(GridColumn, column);
     w().rows(4);
     w().open();
     w().open_row(1);
@@ -70,7 +70,7 @@ void tst_row_editor_dialog::after_ok_the_boxes_stay_on_their_row()
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().editor().edit_row(), 3);
     QCOMPARE(w().box("desc_brdr").text(), QStringLiteral("fresh"));
-    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(grid_column::desc).top());
+    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(GridColumn::desc).top());
     w().type_into("qty_brdr", QStringLiteral("9"));
     QCOMPARE(w().text("SELECT group_concat(desc || qty) FROM groc_1"), QStringLiteral("some2,some2,some2,fresh9"));
 }
@@ -83,18 +83,18 @@ void tst_row_editor_dialog::after_a_placing_on_the_same_list_the_boxes_follow_th
     w().open();
     QVERIFY(w().main().shared.all_lists_view);
     w().open_row(2);
-    w().click_cell(0, grid_column::check);
+    w().click_cell(0, GridColumn::check);
     edit([&](EditorHands& hands) {
         int row = 0;
         while (hands.row(row).list_key != market)
             ++row;
-        hands.click_cell(row, grid_column::light);
+        hands.click_cell(row, GridColumn::light);
         hands.press_ok();
     });
     QCOMPARE(w().grid().rows().rows(), 4);
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().grid().rows().row(w().editor().edit_row()).groc_key, Key(1));
-    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(grid_column::desc).top());
+    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(GridColumn::desc).top());
 }
 
 void tst_row_editor_dialog::after_ok_the_boxes_show_what_the_dialog_wrote()
@@ -106,12 +106,12 @@ void tst_row_editor_dialog::after_ok_the_boxes_show_what_the_dialog_wrote()
         hands.type_name(QStringLiteral("Item 001b"));
         hands.type_cell(0, "desc_brdr", QStringLiteral("changed there"));
         hands.type_cell(0, "qty_brdr", QStringLiteral("7"));
-        hands.click_cell(0, grid_column::coupon);
+        hands.click_cell(0, GridColumn::coupon);
         hands.press_ok();
     });
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().editor().edit_row(), 1);
-    QCOMPARE(w().cell(1, grid_column::item), QStringLiteral("Item 001b"));
+    QCOMPARE(w().cell(1, GridColumn::item), QStringLiteral("Item 001b"));
     QCOMPARE(w().box("desc_brdr").text(), QStringLiteral("changed there"));
     QCOMPARE(w().box("qty_brdr").text(), QStringLiteral("7"));
     QCOMPARE(w().widget("chck_box").property("Tag").toString(), QStringLiteral("ON"));
@@ -130,7 +130,7 @@ void tst_row_editor_dialog::when_the_dialog_takes_the_row_away_the_grid_takes_th
     QTest::mouseClick(&w().box("desc_brdr"), Qt::LeftButton);
     QVERIFY(w().box("desc_brdr").hasFocus());
     edit([](EditorHands& hands) {
-        hands.click_cell(0, grid_column::light);
+        hands.click_cell(0, GridColumn::light);
         hands.press_ok();
     });
     QCOMPARE(w().grid().rows().rows(), 3);
@@ -151,7 +151,7 @@ void tst_row_editor_dialog::when_the_dialog_turns_the_coupon_off_the_grid_takes_
     w().press("dtp_btn");
     QVERIFY(w().calendar().isAncestorOf(QApplication::focusWidget()));
     edit([](EditorHands& hands) {
-        hands.click_cell(0, grid_column::coupon);
+        hands.click_cell(0, GridColumn::coupon);
         hands.press_ok();
     });
     QCOMPARE(w().field(2, "cpn"), QStringLiteral("[0]"));

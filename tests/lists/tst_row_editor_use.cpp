@@ -79,7 +79,7 @@ void tst_row_editor_use::the_check_box_turns_the_coupon_on_and_off()
     QCOMPARE(w().widget("chck_box").property("picture").toInt(), 126 + w().main().shared.color_index);
     QVERIFY(w().shown("dtp_btn"));
     QCOMPARE(w().box("dp_brdr").text(), QStringLiteral("3/14/26"));
-    QCOMPARE(w().cell(0, grid_column::date), QStringLiteral("3/14/2026"));
+    QCOMPARE(w().cell(0, GridColumn::date), QStringLiteral("3/14/2026"));
     QCOMPARE(w().field(key, "cpn"), QStringLiteral("[1]"));
     QCOMPARE(w().field(key, "created"), QStringLiteral("[2026-03-14]"));
 
@@ -90,7 +90,7 @@ void tst_row_editor_use::the_check_box_turns_the_coupon_on_and_off()
     QCOMPARE(w().widget("chck_box").property("picture").toInt(), off_picture);
     QVERIFY(!w().shown("dtp_btn"));
     QVERIFY(!w().shown("MonthView1"));
-    QCOMPARE(w().cell(0, grid_column::date), QStringLiteral(" "));
+    QCOMPARE(w().cell(0, GridColumn::date), QStringLiteral(" "));
     QCOMPARE(w().box("dp_brdr").text(), QStringLiteral(" "));
     QCOMPARE(w().field(key, "cpn"), QStringLiteral("[0]"));
     QCOMPARE(w().field(key, "created"), QStringLiteral("[2026-03-14]"));
@@ -118,7 +118,7 @@ void tst_row_editor_use::re_ticking_a_coupon_with_a_future_date_keeps_it()
     w().press("chck_box");
     w().press("chck_box");
     QCOMPARE(w().box("dp_brdr").text(), QStringLiteral("3/15/26"));
-    QCOMPARE(w().cell(0, grid_column::date), QStringLiteral("3/15/2026"));
+    QCOMPARE(w().cell(0, GridColumn::date), QStringLiteral("3/15/2026"));
     QCOMPARE(w().field(key, "created"), QStringLiteral("[2026-03-15]"));
 }
 
@@ -170,7 +170,7 @@ void tst_row_editor_use::a_chosen_date_is_written_even_in_the_past()
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     QVERIFY(!w().shown("MonthView1"));
     QCOMPARE(w().field(key, "created"), QStringLiteral("[2026-01-19]"));
-    QCOMPARE(w().cell(0, grid_column::date), QStringLiteral("1/19/2026"));
+    QCOMPARE(w().cell(0, GridColumn::date), QStringLiteral("1/19/2026"));
     QCOMPARE(w().box("dp_brdr").text(), QStringLiteral("1/19/26"));
     QVERIFY(w().editor().is_open());
 
@@ -282,7 +282,7 @@ void tst_row_editor_use::the_chain_skips_hidden_columns()
 {
     w().rows(1);
     w().open();
-    w().set_group(0, false);
+    w().set_group(ColumnGroup::coupon, false);
     w().open_row(0);
     QTest::mouseClick(&w().box("qty_brdr"), Qt::LeftButton, {}, QPoint(5, 5));
     QTest::keyClick(&w().box("qty_brdr"), Qt::Key_End);
@@ -291,7 +291,7 @@ void tst_row_editor_use::the_chain_skips_hidden_columns()
     QTest::keyClick(&w().box("aisle_brdr"), Qt::Key_Home);
     QTest::keyClick(&w().box("aisle_brdr"), Qt::Key_Left);
     QVERIFY(w().box("qty_brdr").hasFocus());
-    w().set_group(1, false);
+    w().set_group(ColumnGroup::aisle, false);
     QVERIFY(w().editor().is_open());
     QTest::keyClick(&w().box("qty_brdr"), Qt::Key_End);
     QTest::keyClick(&w().box("qty_brdr"), Qt::Key_Right);
@@ -352,7 +352,7 @@ void tst_row_editor_use::scrolling_hides_the_row_and_the_next_click_opens_it()
         QVERIFY2(!w().shown(control), control);
     QVERIFY(!w().grid().rows().row(3).bold);
     w().open_row(4);
-    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(grid_column::desc).top());
+    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(GridColumn::desc).top());
     QCOMPARE(w().grid().top_row(), 2);
 }
 
@@ -402,7 +402,7 @@ void tst_row_editor_use::a_click_on_a_tab_closes_the_editor()
     QFETCH(int, tab);
     w().rows(2);
     w().open();
-    w().click_cell(1, grid_column::desc);
+    w().click_cell(1, GridColumn::desc);
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().editor().edit_row(), 1);
     auto* tabs = w().find<QTabBar>(strip);
@@ -464,18 +464,18 @@ void tst_row_editor_use::a_column_group_comes_and_goes_with_its_editors()
     w().open_row(1);
     w().press("dtp_btn");
     w().type_into("desc_brdr", QStringLiteral("half typed "));
-    w().set_group(0, false);
+    w().set_group(ColumnGroup::coupon, false);
     QVERIFY(w().editor().is_open());
     QVERIFY(!w().shown("MonthView1"));
     for (const char* name : {"chck_box", "cpn_bkgrnd", "dp_frame", "dp_brdr", "cpn_brdr", "dtp_btn"})
         QVERIFY2(!w().shown(name), name);
     QVERIFY(w().shown("aisle_brdr"));
-    QCOMPARE(w().in_form("desc_brdr").right(), w().cell_in_form(grid_column::desc).right());
+    QCOMPARE(w().in_form("desc_brdr").right(), w().cell_in_form(GridColumn::desc).right());
     QCOMPARE(w().box("desc_brdr").text(), QStringLiteral("half typed "));
-    w().set_group(1, false);
+    w().set_group(ColumnGroup::aisle, false);
     for (const char* name : {"aisle_brdr", "aisle_btn(0)", "aisle_btn(1)"})
         QVERIFY2(!w().shown(name), name);
-    w().set_group(0, true);
+    w().set_group(ColumnGroup::coupon, true);
     for (const char* name : {"chck_box", "cpn_bkgrnd", "dp_frame", "dp_brdr", "cpn_brdr", "dtp_btn"})
         QVERIFY2(w().shown(name), name);
 }
@@ -495,7 +495,7 @@ void tst_row_editor_use::a_dragged_column_border_takes_the_boxes_along()
     QTest::mouseRelease(&grip, Qt::LeftButton, {}, grip.mapFromGlobal(to));
     QVERIFY(w().editor().is_open());
     QCOMPARE(w().in_form("desc_brdr").left(), before.left() - 30);
-    QCOMPARE(w().in_form("desc_brdr").right(), w().cell_in_form(grid_column::desc).right());
+    QCOMPARE(w().in_form("desc_brdr").right(), w().cell_in_form(GridColumn::desc).right());
     QCOMPARE(w().in_form("frmEditDel").left(), w().in_form("desc_brdr").left() - 44);
 }
 
@@ -509,10 +509,10 @@ void tst_row_editor_use::the_editor_follows_its_row()
     first.groc_key = 99;
     w().grid().rows().insert_sorted(first);
     QCOMPARE(w().editor().edit_row(), 3);
-    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(grid_column::desc).top());
+    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(GridColumn::desc).top());
     w().type_into("desc_brdr", QStringLiteral("moved"));
     QCOMPARE(w().field(3, "desc"), QStringLiteral("[moved]"));
-    QCOMPARE(w().cell(3, grid_column::desc), QStringLiteral("moved"));
+    QCOMPARE(w().cell(3, GridColumn::desc), QStringLiteral("moved"));
     w().grid().rows().remove_row(3);
     QVERIFY(!w().editor().is_open());
 }
@@ -525,7 +525,7 @@ void tst_row_editor_use::a_change_of_type_size_replaces_the_editor()
     w().main().shared.type_size = 12;
     w().grid().set_type_size(12);
     w().editor().set_type_size(12);
-    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(grid_column::desc).top());
+    QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(GridColumn::desc).top());
     QCOMPARE(w().in_form("desc_brdr").height(), 28);
     QCOMPARE(w().widget("qty_btn(0)").property("picture").toInt(), 152);
     QCOMPARE(w().widget("qty_btn(1)").property("picture").toInt(), 158);

@@ -6,7 +6,9 @@ namespace tarnwick::list_rows {
 
 inline const QDate today(2026, 3, 14);
 
-inline ReportOptions options(Key sort, Key col_ct, Key active = 1, Key size = 0)
+using enum ReportSort;
+
+inline ReportOptions options(ReportSort sort, Key col_ct, Key active = 1, Key size = 0)
 {
     return {sort, col_ct, active, size};
 }

@@ -7,6 +7,7 @@
 #include "support/message_script.h"
 #include "support/test_window.h"
 #include "window/commands.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QDir>
@@ -54,16 +55,13 @@ inline void trigger(TestWindow& w, const char* name)
 }
 
 /// Clicks a toolbar button that is enabled.
-inline void click_button(TestWindow& w, int index)
+inline void click_button(TestWindow& w, ToolButton which)
 {
-    auto* button = w.find<QToolButton>(QStringLiteral("Toolbar1(%1)").arg(index));
+    auto* button = w.find<QToolButton>(tool_button(which));
     QVERIFY(button);
     QVERIFY(button->isEnabled());
     QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(10, button->height() / 2));
 }
-
-inline constexpr int print_button = 10;
-inline constexpr int preview_button = 11;
 
 inline QPushButton& Command1(QDialog& window, int index)
 {

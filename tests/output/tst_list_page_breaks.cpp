@@ -72,7 +72,7 @@ void tst_list_page_breaks::pages_by_item_follow_the_formula()
 {
     QFETCH(int, columns);
     QFETCH(int, count);
-    const ListPages all = pages(rows(count), options(0, static_cast<Key>(columns)));
+    const ListPages all = pages(rows(count), options(by_item, static_cast<Key>(columns)));
     QTEST(all.count(), "expected");
     for (int number = 1; number <= all.count(); ++number)
         QVERIFY(has_thing(all.page(number), QStringLiteral("txtItem(0)")));
@@ -80,7 +80,7 @@ void tst_list_page_breaks::pages_by_item_follow_the_formula()
 
 void tst_list_page_breaks::a_page_by_item_begins_at_its_record()
 {
-    const ListPages all = pages(rows(150), options(0, 2));
+    const ListPages all = pages(rows(150), options(by_item, 2));
     QCOMPARE(text_on(all.page(1), QStringLiteral("txtItem(0)")), QStringLiteral("Dairy 0000"));
     QCOMPARE(text_on(all.page(2), QStringLiteral("txtItem(0)")), QStringLiteral("Dairy 0070"));
     QCOMPARE(text_on(all.page(3), QStringLiteral("txtItem(0)")), QStringLiteral("Dairy 0140"));
@@ -88,19 +88,19 @@ void tst_list_page_breaks::a_page_by_item_begins_at_its_record()
 
 void tst_list_page_breaks::rows_that_the_formula_leaves_out_are_told_on_the_last_page()
 {
-    const ListPages all = pages(rows(36), options(0, 1));
+    const ListPages all = pages(rows(36), options(by_item, 1));
     QCOMPARE(printed_items(all).size(), 35);
     QCOMPARE(text_on(all.page(1), QStringLiteral("page_note")),
              QStringLiteral("1 more item is not on these pages"));
-    QVERIFY(!has_thing(pages(rows(35), options(0, 1)).page(1), QStringLiteral("page_note")));
-    const ListPages two = pages(rows(37), options(0, 1));
+    QVERIFY(!has_thing(pages(rows(35), options(by_item, 1)).page(1), QStringLiteral("page_note")));
+    const ListPages two = pages(rows(37), options(by_item, 1));
     QVERIFY(!has_thing(two.page(1), QStringLiteral("page_note")));
     QVERIFY(!has_thing(two.page(2), QStringLiteral("page_note")));
 }
 
 void tst_list_page_breaks::several_rows_left_out_are_counted()
 {
-    const ListPages all = pages(rows(72), options(0, 1));
+    const ListPages all = pages(rows(72), options(by_item, 1));
     QCOMPARE(printed_items(all).size(), 70);
     QVERIFY(!has_thing(all.page(1), QStringLiteral("page_note")));
     QCOMPARE(text_on(all.page(2), QStringLiteral("page_note")),
@@ -109,14 +109,14 @@ void tst_list_page_breaks::several_rows_left_out_are_counted()
 
 void tst_list_page_breaks::no_page_by_the_formula_renders_one()
 {
-    const ListPages all = pages(rows(36), options(0, 2));
+    const ListPages all = pages(rows(36), options(by_item, 2));
     QCOMPARE(all.count(), 1);
     QCOMPARE(printed_items(all).size(), 36);
 }
 
 void tst_list_page_breaks::a_group_has_a_centred_bold_heading_without_boxes()
 {
-    const Page page = pages(rows(2), options(1, 1, 0)).page(1);
+    const Page page = pages(rows(2), options(by_category, 1, 0)).page(1);
     const PageThing heading = thing(page, QStringLiteral("txtItem(0)"));
     QCOMPARE(heading.text, QStringLiteral("Dairy"));
     QCOMPARE(heading.align, PageThing::Align::centre);
@@ -134,7 +134,7 @@ void tst_list_page_breaks::a_group_has_a_centred_bold_heading_without_boxes()
 void tst_list_page_breaks::a_group_that_starts_on_the_last_slot_of_a_column_opens_the_next_with_its_heading()
 {
     // Heading and 33 rows fill slots 0 to 33; the second group would have slot 34.
-    const Page page = pages(joined(rows(33), rows(3, QStringLiteral("Fish"))), options(1, 2)).page(1);
+    const Page page = pages(joined(rows(33), rows(3, QStringLiteral("Fish"))), options(by_category, 2)).page(1);
     QVERIFY(!has_thing(page, QStringLiteral("txtItem(34)")));
     QVERIFY(!has_thing(page, QStringLiteral("Line1(34)")));
     QVERIFY(!has_thing(page, QStringLiteral("Line4(34)")));
@@ -143,7 +143,7 @@ void tst_list_page_breaks::a_group_that_starts_on_the_last_slot_of_a_column_open
 
 void tst_list_page_breaks::a_group_that_runs_over_a_column_top_repeats_its_heading_in_one_slot()
 {
-    const Page page = pages(rows(40), options(1, 2)).page(1);
+    const Page page = pages(rows(40), options(by_category, 2)).page(1);
     QCOMPARE(slot_texts(page, 33, 4),
              QStringList({QStringLiteral("Dairy 0032"), QStringLiteral("Dairy 0033"),
                           QStringLiteral("Dairy (Cont'd)"), QStringLiteral("Dairy 0034")}));
@@ -152,7 +152,7 @@ void tst_list_page_breaks::a_group_that_runs_over_a_column_top_repeats_its_headi
 
 void tst_list_page_breaks::a_waiting_group_at_the_foot_of_a_page_opens_the_next()
 {
-    const ListPages all = pages(joined(rows(33), rows(1, QStringLiteral("Fish"))), options(1, 1));
+    const ListPages all = pages(joined(rows(33), rows(1, QStringLiteral("Fish"))), options(by_category, 1));
     QCOMPARE(all.count(), 2);
     QCOMPARE(slot_texts(all.page(2), 0, 3),
              QStringList({QStringLiteral("Fish"), QStringLiteral("Fish 0000"), QStringLiteral("(none)")}));
@@ -160,17 +160,17 @@ void tst_list_page_breaks::a_waiting_group_at_the_foot_of_a_page_opens_the_next(
 
 void tst_list_page_breaks::the_first_heading_of_a_later_page_is_plain()
 {
-    const ListPages all = pages(rows(40), options(1, 1));
+    const ListPages all = pages(rows(40), options(by_category, 1));
     QCOMPARE(all.count(), 2);
     QCOMPARE(slot_texts(all.page(2), 0, 2), QStringList({QStringLiteral("Dairy"), QStringLiteral("Dairy 0034")}));
 }
 
 void tst_list_page_breaks::no_empty_page_follows_one_that_the_last_record_fills()
 {
-    QCOMPARE(pages(rows(34), options(1, 1)).count(), 1);
-    QCOMPARE(pages(rows(35), options(1, 1)).count(), 2);
-    QCOMPARE(pages(rows(68), options(1, 2)).count(), 1); // a heading in each column
-    QCOMPARE(pages(rows(69), options(1, 2)).count(), 2);
+    QCOMPARE(pages(rows(34), options(by_category, 1)).count(), 1);
+    QCOMPARE(pages(rows(35), options(by_category, 1)).count(), 2);
+    QCOMPARE(pages(rows(68), options(by_category, 2)).count(), 1); // a heading in each column
+    QCOMPARE(pages(rows(69), options(by_category, 2)).count(), 2);
 }
 
 void tst_list_page_breaks::an_item_without_an_aisle_falls_under_aisle_unknown()
@@ -178,7 +178,7 @@ void tst_list_page_breaks::an_item_without_an_aisle_falls_under_aisle_unknown()
     const Page page = pages({row(QStringLiteral("Milk"), QString(), QString()),
                              row(QStringLiteral("Oats"), QString(), QStringLiteral(" ")),
                              row(QStringLiteral("Eggs"), QString(), QStringLiteral(" 4 "))},
-                            options(2, 1))
+                            options(by_aisle, 1))
                           .page(1);
     QCOMPARE(slot_texts(page, 0, 5),
              QStringList({QStringLiteral("Aisle ?"), QStringLiteral("Milk"), QStringLiteral("Oats"),
@@ -187,7 +187,7 @@ void tst_list_page_breaks::an_item_without_an_aisle_falls_under_aisle_unknown()
 
 void tst_list_page_breaks::an_aisle_runs_over_a_column_top()
 {
-    const Page page = pages(rows(40), options(2, 2)).page(1);
+    const Page page = pages(rows(40), options(by_aisle, 2)).page(1);
     QCOMPARE(text_on(page, QStringLiteral("txtItem(35)")), QStringLiteral("5 Aisle (Cont'd)"));
 }
 
@@ -196,7 +196,7 @@ void tst_list_page_breaks::an_unknown_aisle_runs_over_a_column_top()
     std::vector<ListRow> unknown = rows(40);
     for (ListRow& each : unknown)
         each.aisle = QStringLiteral(" ");
-    const Page page = pages(unknown, options(2, 2)).page(1);
+    const Page page = pages(unknown, options(by_aisle, 2)).page(1);
     QCOMPARE(text_on(page, QStringLiteral("txtItem(35)")), QStringLiteral("? Aisle (Cont'd)"));
 }
 
@@ -204,7 +204,7 @@ void tst_list_page_breaks::categories_of_one_name_are_one_group()
 {
     const Page page = pages({row(QStringLiteral("Cream"), QStringLiteral("dairy")), row(QStringLiteral("Milk")),
                              row(QStringLiteral("Yogurt"), QStringLiteral("dairy"))},
-                            options(1, 1))
+                            options(by_category, 1))
                           .page(1);
     QCOMPARE(slot_texts(page, 0, 4),
              QStringList({QStringLiteral("dairy"), QStringLiteral("Cream"), QStringLiteral("Milk"),
@@ -237,8 +237,8 @@ void tst_list_page_breaks::every_row_is_printed_once_in_its_order()
             items.append(name);
         }
     }
-    const ListPages all
-        = pages(all_rows, options(static_cast<Key>(sort), static_cast<Key>(columns), 1, static_cast<Key>(size)));
+    const ListPages all = pages(
+        all_rows, options(static_cast<ReportSort>(sort), static_cast<Key>(columns), 1, static_cast<Key>(size)));
     QCOMPARE(printed_items(all), items);
     for (int number = 1; number <= all.count(); ++number)
         QVERIFY(thing(all.page(number), QStringLiteral("txtItem(0)")).bold);

@@ -10,7 +10,7 @@ using namespace tarnwick::list_rows;
 
 namespace {
 
-Page one_row(const ListRow& of, const ReportOptions& with = options(0, 1))
+Page one_row(const ListRow& of, const ReportOptions& with = options(by_item, 1))
 {
     return pages({of}, with).page(1);
 }
@@ -56,21 +56,21 @@ private slots:
 
 void tst_list_pages::all_lists_by_item_are_titled_all_lists()
 {
-    const Page page = pages(rows(1), options(0, 2), QStringLiteral("All")).page(1);
+    const Page page = pages(rows(1), options(by_item, 2), QStringLiteral("All")).page(1);
     QCOMPARE(text_on(page, QStringLiteral("LblColTitle(0)")), QStringLiteral("All lists"));
-    QCOMPARE(text_on(pages(rows(1), options(0, 2)).page(1), QStringLiteral("LblColTitle(0)")),
+    QCOMPARE(text_on(pages(rows(1), options(by_item, 2)).page(1), QStringLiteral("LblColTitle(0)")),
              QStringLiteral("Weekly list"));
 }
 
 void tst_list_pages::the_second_column_is_titled_list_for_all_lists_too()
 {
-    const Page page = pages(rows(36), options(0, 2), QStringLiteral("All")).page(1);
+    const Page page = pages(rows(36), options(by_item, 2), QStringLiteral("All")).page(1);
     QCOMPARE(text_on(page, QStringLiteral("LblColTitle(1)")), QStringLiteral("All list"));
 }
 
 void tst_list_pages::the_captions_and_their_frame_stand_over_the_first_column()
 {
-    const Page page = pages(rows(1), options(0, 1)).page(1);
+    const Page page = pages(rows(1), options(by_item, 1)).page(1);
     const QStringList captions
         = {QStringLiteral("ITEM"), QStringLiteral("QTY"), QStringLiteral("CPN"), QStringLiteral("ASL")};
     for (int i = 0; i < 4; ++i)
@@ -88,25 +88,25 @@ void tst_list_pages::the_second_frame_comes_with_the_second_column()
         = {QStringLiteral("LblColTitle(1)"), QStringLiteral("Picture1(1)"), QStringLiteral("ttlLabel2(3)"),
            QStringLiteral("ttlLineH2(0)"), QStringLiteral("ttlLineV2(4)")};
     for (const QString& name : second) {
-        QVERIFY2(!has_thing(pages(rows(34), options(0, 2)).page(1), name), qPrintable(name));
-        QVERIFY2(has_thing(pages(rows(36), options(0, 2)).page(1), name), qPrintable(name));
-        QVERIFY2(!has_thing(pages(rows(60), options(0, 1)).page(1), name), qPrintable(name));
+        QVERIFY2(!has_thing(pages(rows(34), options(by_item, 2)).page(1), name), qPrintable(name));
+        QVERIFY2(has_thing(pages(rows(36), options(by_item, 2)).page(1), name), qPrintable(name));
+        QVERIFY2(!has_thing(pages(rows(60), options(by_item, 1)).page(1), name), qPrintable(name));
     }
 }
 
 void tst_list_pages::line6_belongs_to_the_second_column_by_item()
 {
     const QString line = QStringLiteral("Line6");
-    QVERIFY(has_thing(pages(rows(50), options(0, 2)).page(1), line));
-    QVERIFY(!has_thing(pages(rows(34), options(0, 2)).page(1), line));
-    QVERIFY(!has_thing(pages(rows(50), options(0, 1)).page(1), line));
-    QVERIFY(!has_thing(pages(rows(50), options(1, 2)).page(1), line));
-    QVERIFY(!has_thing(pages(rows(50), options(2, 2)).page(1), line));
+    QVERIFY(has_thing(pages(rows(50), options(by_item, 2)).page(1), line));
+    QVERIFY(!has_thing(pages(rows(34), options(by_item, 2)).page(1), line));
+    QVERIFY(!has_thing(pages(rows(50), options(by_item, 1)).page(1), line));
+    QVERIFY(!has_thing(pages(rows(50), options(by_category, 2)).page(1), line));
+    QVERIFY(!has_thing(pages(rows(50), options(by_aisle, 2)).page(1), line));
 }
 
 void tst_list_pages::a_page_shows_its_own_slots_only()
 {
-    const ListPages all = pages(rows(40), options(0, 1));
+    const ListPages all = pages(rows(40), options(by_item, 1));
     QCOMPARE(all.count(), 2);
     QVERIFY(has_thing(all.page(1), QStringLiteral("txtItem(34)")));
     QVERIFY(has_thing(all.page(2), QStringLiteral("txtItem(4)")));
@@ -130,7 +130,7 @@ void tst_list_pages::the_slots_of_a_size_follow_in_its_pitch()
     QFETCH(int, size);
     QFETCH(int, rows_per_column);
     QFETCH(int, pitch);
-    const Page page = pages(rows(100), options(0, 2, 0, static_cast<Key>(size))).page(1);
+    const Page page = pages(rows(100), options(by_item, 2, 0, static_cast<Key>(size))).page(1);
     QVERIFY(has_thing(page, element("txtItem", 2 * rows_per_column - 1)));
     QVERIFY(!has_thing(page, element("txtItem", 2 * rows_per_column)));
     for (int i = 1; i < rows_per_column; ++i) {
@@ -172,7 +172,7 @@ void tst_list_pages::one_column_fills_the_page()
 
 void tst_list_pages::the_second_column_lies_337_pixels_to_the_right()
 {
-    const Page page = pages(rows(70), options(0, 2, 0)).page(1);
+    const Page page = pages(rows(70), options(by_item, 2, 0)).page(1);
     const auto moved = [&](const QString& left, const QString& right) {
         const PageThing from = thing(page, left);
         const PageThing to = thing(page, right);
@@ -213,7 +213,7 @@ void tst_list_pages::type_sizes_follow_the_report_size()
     QFETCH(int, item);
     QFETCH(int, cells);
     QFETCH(int, height);
-    const Page page = one_row(row(QStringLiteral("Milk")), options(0, 1, 1, static_cast<Key>(size)));
+    const Page page = one_row(row(QStringLiteral("Milk")), options(by_item, 1, 1, static_cast<Key>(size)));
     QCOMPARE(thing(page, QStringLiteral("txtItem(0)")).size, item);
     QCOMPARE(thing(page, QStringLiteral("LblColTitle(0)")).size, item);
     QCOMPARE(thing(page, QStringLiteral("txtQty(0)")).size, cells);
@@ -227,9 +227,9 @@ void tst_list_pages::type_sizes_follow_the_report_size()
 
 void tst_list_pages::the_lines_go_down_with_the_type_size()
 {
-    const Page small = one_row(row(QStringLiteral("Milk")), options(0, 1, 1, 0));
+    const Page small = one_row(row(QStringLiteral("Milk")), options(by_item, 1, 1, 0));
     for (const auto& [size, shift] : {std::pair{1, 2}, std::pair{2, 6}}) {
-        const Page other = one_row(row(QStringLiteral("Milk")), options(0, 1, 1, static_cast<Key>(size)));
+        const Page other = one_row(row(QStringLiteral("Milk")), options(by_item, 1, 1, static_cast<Key>(size)));
         const auto moved = [&](const char* name) { return thing(other, QLatin1String(name)).line; };
         const auto rest = [&](const char* name) { return thing(small, QLatin1String(name)).line; };
         QCOMPARE(moved("Line1(0)"), rest("Line1(0)").translated(0, shift));
@@ -260,7 +260,7 @@ void tst_list_pages::nothing_of_a_slot_crosses_a_line()
     std::vector<ListRow> some = rows(60);
     for (ListRow& each : some)
         each.cpn = true;
-    const Page page = pages(some, options(0, static_cast<Key>(col_ct), 0, static_cast<Key>(size))).page(1);
+    const Page page = pages(some, options(by_item, static_cast<Key>(col_ct), 0, static_cast<Key>(size))).page(1);
     int boxes = 0;
     for (const PageThing& box : page.things) {
         if (!box.name.startsWith(QLatin1String("txt")) && box.kind != PageThing::Kind::check)
@@ -355,17 +355,17 @@ void tst_list_pages::a_coupon_without_a_date_is_not_struck_through()
 void tst_list_pages::the_check_box_is_shown_only_with_all_rows()
 {
     ListRow each = row(QStringLiteral("Milk"));
-    QVERIFY(!has_thing(one_row(each, options(0, 1, 1)), QStringLiteral("Checkbox(0)")));
-    QVERIFY(thing(one_row(each, options(0, 1, 0)), QStringLiteral("Checkbox(0)")).checked);
+    QVERIFY(!has_thing(one_row(each, options(by_item, 1, 1)), QStringLiteral("Checkbox(0)")));
+    QVERIFY(thing(one_row(each, options(by_item, 1, 0)), QStringLiteral("Checkbox(0)")).checked);
     each.to_get = false;
-    const Page page = one_row(each, options(0, 1, 0));
+    const Page page = one_row(each, options(by_item, 1, 0));
     QVERIFY(has_thing(page, QStringLiteral("Checkbox(0)")));
     QVERIFY(!thing(page, QStringLiteral("Checkbox(0)")).checked);
 }
 
 void tst_list_pages::every_page_has_its_number_at_the_foot()
 {
-    const ListPages all = pages(rows(150), options(0, 2));
+    const ListPages all = pages(rows(150), options(by_item, 2));
     for (int number = 1; number <= 3; ++number)
         QCOMPARE(text_on(all.page(number), QStringLiteral("page_foot")),
                  QStringLiteral("page %1 of 3").arg(number));
@@ -373,14 +373,14 @@ void tst_list_pages::every_page_has_its_number_at_the_foot()
 
 void tst_list_pages::a_page_beyond_the_last_is_refused()
 {
-    const ListPages all = pages(rows(1), options(0, 1));
+    const ListPages all = pages(rows(1), options(by_item, 1));
     QVERIFY_EXCEPTION_THROWN(all.page(2), std::out_of_range);
     QVERIFY_EXCEPTION_THROWN(all.page(0), std::out_of_range);
 }
 
 void tst_list_pages::damaged_options_count_as_the_nearest()
 {
-    const ListPages odd = pages(rows(60), {-7, 31, 1, 99});
+    const ListPages odd = pages(rows(60), {report_sort_of(-7), 31, 1, 99});
     QCOMPARE(odd.count(), 3); // one column of 27 rows, by item
     QVERIFY(!thing(odd.page(1), QStringLiteral("txtItem(0)")).bold);
 }

@@ -5,6 +5,7 @@
 #include "output/print_fixture.h"
 #include "output/printing.h"
 #include "window/view_state.h"
+#include "support/tool_button.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -129,7 +130,7 @@ void tst_list_printing::rows_come_in_the_order_of_the_options()
     w.add_row(w.add_item(QStringLiteral("apple"), 0), list, true, none, none, QStringLiteral("2"));
     w.add_row(w.add_item(QStringLiteral("Bread"), bakery), list, true, none, none, QStringLiteral("2"));
     QStringList items;
-    for (const ListRow& row : read_list_rows(w.db(), list, {static_cast<Key>(sort), 1, 1, 0}))
+    for (const ListRow& row : read_list_rows(w.db(), list, {static_cast<ReportSort>(sort), 1, 1, 0}))
         items.append(row.item);
     QTEST(items.join(QLatin1Char(' ')), "order");
 }
@@ -156,7 +157,7 @@ void tst_list_printing::buy_it_rows_alone_when_the_option_says_so()
     w.add_row(w.add_item(QStringLiteral("Milk"), 0), list, true, QStringLiteral("skimmed"), QStringLiteral("2"),
               QStringLiteral("7"));
     w.add_row(w.add_item(QStringLiteral("Wine"), 0), list, false);
-    const auto bought = read_list_rows(w.db(), list, {0, 1, 1, 0});
+    const auto bought = read_list_rows(w.db(), list, {ReportSort::by_item, 1, 1, 0});
     QCOMPARE(bought.size(), size_t(1));
     QCOMPARE(bought[0].item, QStringLiteral("Milk"));
     QCOMPARE(bought[0].desc, QStringLiteral("skimmed"));
@@ -165,7 +166,7 @@ void tst_list_printing::buy_it_rows_alone_when_the_option_says_so()
     QCOMPARE(bought[0].category, QStringLiteral("OTHER"));
     QVERIFY(bought[0].to_get);
     QCOMPARE(bought[0].created, w.date);
-    QCOMPARE(read_list_rows(w.db(), list, {0, 1, 0, 0}).size(), size_t(2));
+    QCOMPARE(read_list_rows(w.db(), list, {ReportSort::by_item, 1, 0, 0}).size(), size_t(2));
 }
 
 void tst_list_printing::the_menu_prints_the_list_on_the_printer_in_one_job()
@@ -196,7 +197,7 @@ void tst_list_printing::the_print_button_prints_the_list_on_show()
     TestPrinter printer(w);
     w.rows(3);
     w.open();
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QCOMPARE(printer.jobs, 1);
     QVERIFY(printer.job(0).value(0).text().contains(QLatin1String("Corner shop list")));
 }
@@ -466,14 +467,14 @@ void tst_list_printing::the_proposed_name_holds_no_slash_and_ends_in_pdf()
 
 void tst_list_printing::an_empty_list_is_told()
 {
-    for (const int index : {print_button, preview_button}) {
+    for (const ToolButton which : {ToolButton::print, ToolButton::preview}) {
         EditingWindow w;
         TestPrinter printer(w);
         set_report(w, "active", "0");
         w.load();
         MessageScript script;
         script.expect(QStringLiteral("Valora info"), QStringLiteral("No items to print"));
-        click_button(w, index);
+        click_button(w, which);
         QCOMPARE(printer.jobs, 0);
     }
 }
@@ -508,8 +509,8 @@ void tst_list_printing::without_a_list_print_and_preview_are_disabled()
     w.set_pref(QStringLiteral("alist"), QStringLiteral("-1"));
     w.load();
     QVERIFY(!w.main().commands().action(QStringLiteral("mnu_list_Print")).isEnabled());
-    for (const int index : {print_button, preview_button})
-        QVERIFY(!w.find<QWidget>(QStringLiteral("Toolbar1(%1)").arg(index))->isEnabled());
+    for (const ToolButton which : {ToolButton::print, ToolButton::preview})
+        QVERIFY(!w.find<QWidget>(tool_button(which))->isEnabled());
 }
 
 void tst_list_printing::an_open_row_is_written_before_it_is_printed()
@@ -521,7 +522,7 @@ void tst_list_printing::an_open_row_is_written_before_it_is_printed()
     w.open();
     w.open_row(1);
     w.type_into("desc_brdr", QStringLiteral("ripe"));
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QVERIFY(!w.editor().is_open());
     QVERIFY(printer.job(0).value(0).text().contains(QLatin1String("Item 001: ripe")));
 }

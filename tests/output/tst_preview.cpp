@@ -20,7 +20,7 @@ void preview(EditingWindow& w, const std::function<void(QDialog&)>& look)
         look(window);
         window.reject(); // where a failed check left it open
     });
-    click_button(w, preview_button);
+    click_button(w, ToolButton::preview);
 }
 
 QString shown_number(QDialog& window)
@@ -212,7 +212,7 @@ void tst_preview::the_frame_carries_what_is_painted()
     w.coupon(w.row(QStringLiteral("Apples"), QStringLiteral("red"), QStringLiteral("2"), QStringLiteral("7")),
              QStringLiteral("2026-03-01"), true);
     w.open();
-    w.main().shared.reports = {0, 1, 0, 1};
+    w.main().shared.reports = {ReportSort::by_item, 1, 0, 1};
     preview(w, [](QDialog& window) {
         const QVariantMap item = shown(window, QStringLiteral("txtItem(0)"));
         QCOMPARE(item.value(QStringLiteral("text")).toString(), QStringLiteral("Apples: red"));
@@ -247,7 +247,7 @@ void tst_preview::what_the_frame_carries_is_renewed_at_each_page()
     EditingWindow w;
     w.rows(100);
     w.open();
-    w.main().shared.reports = {0, 1, 1, 0};
+    w.main().shared.reports = {ReportSort::by_item, 1, 1, 0};
     preview(w, [](QDialog& window) {
         QCOMPARE(shown_text(window, "txtItem(0)"), QStringLiteral("Item 000: some"));
         click(window, 3);
@@ -321,7 +321,7 @@ void tst_preview::preview_and_paper_look_the_same()
     TestPrinter printer(w);
     w.rows(150);
     w.open();
-    w.main().shared.reports = {sort, columns, 0, 1};
+    w.main().shared.reports = {report_sort_of(sort), columns, 0, 1};
     QList<QImage> previewed;
     preview(w, [&](QDialog& window) {
         for (;;) {
@@ -500,7 +500,7 @@ void tst_preview::an_open_row_is_closed_before_the_preview()
     EditingWindow w;
     w.rows(3);
     w.open();
-    w.main().shared.reports.sort = 0;
+    w.main().shared.reports.sort = ReportSort::by_item;
     w.open_row(1);
     w.type_into("desc_brdr", QStringLiteral("ripe"));
     preview(w, [&](QDialog& window) {
@@ -525,12 +525,12 @@ void tst_preview::escape_closes_the_preview()
 
 void tst_preview::the_sample_follows_the_options()
 {
-    QCOMPARE(sample_number({0, 1, 1, 0}), 138);
-    QCOMPARE(sample_number({1, 1, 1, 0}), 139);
-    QCOMPARE(sample_number({2, 1, 1, 0}), 138);
-    QCOMPARE(sample_number({0, 2, 1, 0}), 140);
-    QCOMPARE(sample_number({1, 2, 1, 0}), 141);
-    QCOMPARE(sample_number({2, 2, 1, 0}), 140);
+    QCOMPARE(sample_number({ReportSort::by_item, 1, 1, 0}), 138);
+    QCOMPARE(sample_number({ReportSort::by_category, 1, 1, 0}), 139);
+    QCOMPARE(sample_number({ReportSort::by_aisle, 1, 1, 0}), 138);
+    QCOMPARE(sample_number({ReportSort::by_item, 2, 1, 0}), 140);
+    QCOMPARE(sample_number({ReportSort::by_category, 2, 1, 0}), 141);
+    QCOMPARE(sample_number({ReportSort::by_aisle, 2, 1, 0}), 140);
 }
 
 void tst_preview::there_are_four_samples_and_all_differ()

@@ -2,6 +2,7 @@
 #include "support/message_script.h"
 #include "support/test_window.h"
 #include "window/commands.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -106,7 +107,7 @@ void tst_print_setup::menu_and_drop_down_open_it()
     if (menu)
         action = &main.commands().action(QStringLiteral("mnu_list_prntsetup"));
     else
-        action = window_->find<QToolButton>(QStringLiteral("Toolbar1(10)"))->menu()->actions().front();
+        action = window_->find<QToolButton>(tool_button(ToolButton::print))->menu()->actions().front();
     QCOMPARE(action->objectName(), menu ? QStringLiteral("mnu_list_prntsetup") : QStringLiteral("PRNT_OPT"));
     QVERIFY(action->isEnabled());
     action->trigger();
@@ -158,7 +159,8 @@ void tst_print_setup::it_opens_on_the_options()
     QFETCH(int, col_ct);
     QFETCH(int, active);
     QFETCH(int, size);
-    open({static_cast<Key>(sort), static_cast<Key>(col_ct), static_cast<Key>(active), static_cast<Key>(size)});
+    open({report_sort_of(static_cast<Key>(sort)), static_cast<Key>(col_ct), static_cast<Key>(active),
+          static_cast<Key>(size)});
     for (int i = 0; i < 3; ++i)
         QCOMPARE(radio(qPrintable(QStringLiteral("Option2(%1)").arg(i))).isChecked(), i == sort);
     QCOMPARE(radio("OptionCol(0)").isChecked(), col_ct == 1);
@@ -169,18 +171,18 @@ void tst_print_setup::it_opens_on_the_options()
 
 void tst_print_setup::numbers_of_a_damaged_setting_choose_nothing()
 {
-    open({-3, 2, 0, 12});
+    open({report_sort_of(-3), 2, 0, 12});
     for (const char* name : {"Option2(0)", "Option2(1)", "Option2(2)"})
         QVERIFY(!radio(name).isChecked());
     QCOMPARE(find<QComboBox>("ComboSize").currentIndex(), -1);
     click(find<QPushButton>("Command1(2)"));
-    QCOMPARE(options_.sort, Key{-3});
+    QCOMPARE(options_.sort, std::nullopt);
     QCOMPARE(options_.size, Key{12});
 }
 
 void tst_print_setup::opening_writes_no_setting()
 {
-    open({2, 1, 0, 2});
+    open({ReportSort::by_aisle, 1, 0, 2});
     for (const char* key : {"sort", "col_ct", "active", "size"})
         QCOMPARE(stored(key), QStringLiteral("(none)"));
 }
@@ -190,7 +192,7 @@ void tst_print_setup::each_change_counts_at_once_in_memory_and_under_velora()
     settings_->set_reg();
     open();
     click(radio("Option2(2)"));
-    QCOMPARE(options_.sort, Key{2});
+    QCOMPARE(options_.sort, ReportSort::by_aisle);
     QCOMPARE(stored("sort"), QStringLiteral("2"));
     click(radio("OptionCol(0)"));
     QCOMPARE(options_.col_ct, Key{1});
@@ -215,7 +217,7 @@ void tst_print_setup::the_keyboard_changes_them_too()
     QVERIFY(QTest::qWaitForWindowActive(dialog_.get()));
     radio("Option2(1)").setFocus();
     QTest::keyClick(&radio("Option2(1)"), Qt::Key_Down);
-    QCOMPARE(options_.sort, Key{2});
+    QCOMPARE(options_.sort, ReportSort::by_aisle);
     QCOMPARE(stored("sort"), QStringLiteral("2"));
 }
 
@@ -230,13 +232,13 @@ void tst_print_setup::a_change_lasts_until_the_program_ends()
     };
     script.drive(change);
     first.commands().run(QStringLiteral("mnu_list_prntsetup"));
-    QCOMPARE(first.shared.reports.sort, Key{2});
+    QCOMPARE(first.shared.reports.sort, ReportSort::by_aisle);
     script.drive([](QDialog& dialog) {
         QVERIFY(dialog.findChild<QRadioButton*>(QStringLiteral("Option2(2)"))->isChecked());
         dialog.reject();
     });
     first.commands().run(QStringLiteral("mnu_list_prntsetup"));
-    QCOMPARE(window_->load().shared.reports.sort, Key{1});
+    QCOMPARE(window_->load().shared.reports.sort, ReportSort::by_category);
 }
 
 void tst_print_setup::the_sample_follows_columns_and_order_data()
@@ -255,11 +257,11 @@ void tst_print_setup::the_sample_follows_columns_and_order()
     QFETCH(int, columns);
     QFETCH(int, sort);
     QFETCH(int, picture);
-    open({static_cast<Key>(sort), static_cast<Key>(columns), 1, 0});
+    open({report_sort_of(static_cast<Key>(sort)), static_cast<Key>(columns), 1, 0});
     QCOMPARE(sample(), picture);
     QVERIFY(!find<QLabel>("Picture1").pixmap(Qt::ReturnByValue).isNull());
 
-    open({static_cast<Key>(sort == 0 ? 1 : 0), static_cast<Key>(columns == 1 ? 2 : 1), 1, 0});
+    open({sort == 0 ? ReportSort::by_category : ReportSort::by_item, static_cast<Key>(columns == 1 ? 2 : 1), 1, 0});
     click(radio(qPrintable(QStringLiteral("OptionCol(%1)").arg(columns - 1))));
     click(radio(qPrintable(QStringLiteral("Option2(%1)").arg(sort))));
     QCOMPARE(sample(), picture);
@@ -278,10 +280,10 @@ void tst_print_setup::print_and_preview_take_the_controls_and_leave_it_open()
 {
     open();
     QSignalSpy printed(dialog_.get(), &pic_frm::print_wanted);
-    options_ = {0, 1, 0, 0}; // behind the dialog's back
+    options_ = {ReportSort::by_item, 1, 0, 0}; // behind the dialog's back
     click(find<QPushButton>("Command1(0)"));
     QCOMPARE(printed.takeFirst().at(0).toBool(), false);
-    QCOMPARE(options_.sort, Key{1});
+    QCOMPARE(options_.sort, ReportSort::by_category);
     QCOMPARE(options_.col_ct, Key{2});
     QCOMPARE(options_.active, Key{1});
     click(find<QPushButton>("Command1(1)"));
@@ -293,10 +295,10 @@ void tst_print_setup::close_takes_the_controls_and_closes()
 {
     open();
     const QSignalSpy printed(dialog_.get(), &pic_frm::print_wanted);
-    options_ = {0, 1, 0, 0}; // behind the dialog's back
+    options_ = {ReportSort::by_item, 1, 0, 0}; // behind the dialog's back
     click(find<QPushButton>("Command1(2)"));
     QVERIFY(!dialog_->isVisible());
-    QCOMPARE(options_.sort, Key{1});
+    QCOMPARE(options_.sort, ReportSort::by_category);
     QCOMPARE(options_.col_ct, Key{2});
     QCOMPARE(options_.active, Key{1});
     QCOMPARE(printed.count(), 0);

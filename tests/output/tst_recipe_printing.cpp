@@ -95,7 +95,7 @@ void tst_recipe_printing::the_print_button_prints_the_recipe_page()
     RecipeWindow w;
     TestPrinter printer(w);
     open_recipe(w, QStringLiteral("Plum jam"));
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QVERIFY(printed_text(printer).contains(QLatin1String("Plum jam Stir.")));
 }
 
@@ -107,7 +107,7 @@ void tst_recipe_printing::an_edit_not_yet_saved_is_printed()
     w.focus(w.Text1());
     QTest::keyClick(&w.Text1(), Qt::Key_End, Qt::ControlModifier);
     QTest::keyClicks(&w.Text1(), QStringLiteral(" Cool."));
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QVERIFY(printed_text(printer).contains(QLatin1String("Stir. Cool.")));
 }
 
@@ -127,7 +127,7 @@ void tst_recipe_printing::an_open_line_is_written_before_it_is_printed()
     QTest::mouseClick(item, Qt::LeftButton);
     item->selectAll();
     QTest::keyClicks(item, QStringLiteral("Damsons"));
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QVERIFY(!w.page().editor_open());
     QVERIFY(printed_text(printer).contains(QLatin1String("Damsons")));
     QCOMPARE(w.text("SELECT item FROM recipe_2"), QStringLiteral("Damsons"));
@@ -150,7 +150,7 @@ void tst_recipe_printing::a_line_without_a_name_keeps_the_user()
     QTest::keyClick(item, Qt::Key_Delete);
     MessageScript script;
     script.drive([](QDialog& message) { message.reject(); });
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QCOMPARE(printer.jobs, w.page().editor_open() ? 0 : 1);
 }
 
@@ -163,7 +163,7 @@ void tst_recipe_printing::with_26_lines_there_is_no_question()
     w.load();
     show_recipe(w, recipe);
     const MessageScript script;
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QCOMPARE(printed_text(printer).count(QLatin1String("Salt")), 26);
 }
 
@@ -177,7 +177,7 @@ void tst_recipe_printing::with_27_lines_there_is_a_question()
     show_recipe(w, recipe);
     MessageScript script;
     script.expect(QStringLiteral("Tarnwick"), too_many(), Answer::ok);
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QCOMPARE(printer.jobs, 1);
     QCOMPARE(printed_text(printer).count(QLatin1String("Salt")), 26);
 }
@@ -192,7 +192,7 @@ void tst_recipe_printing::cancel_at_the_question_prints_nothing()
     show_recipe(w, recipe);
     MessageScript script;
     script.expect(QStringLiteral("Tarnwick"), too_many(), Answer::cancel);
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QCOMPARE(printer.jobs, 0);
 }
 
@@ -209,7 +209,7 @@ void tst_recipe_printing::the_question_comes_before_the_preview_too()
         QCOMPARE(window.objectName(), QStringLiteral("prev_rcp"));
         click(window, 1);
     });
-    click_button(w, preview_button);
+    click_button(w, ToolButton::preview);
 }
 
 void tst_recipe_printing::nothing_of_a_long_body_is_lost_on_paper()
@@ -217,7 +217,7 @@ void tst_recipe_printing::nothing_of_a_long_body_is_lost_on_paper()
     RecipeWindow w;
     TestPrinter printer(w);
     open_recipe(w, QStringLiteral("Plum jam"), prose(1500));
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     const QString text = printed_text(printer);
     for (int i = 0; i < 1500; ++i)
         QVERIFY2(text.contains(QStringLiteral("word%1").arg(i, 4, 10, QLatin1Char('0'))),
@@ -235,7 +235,7 @@ void tst_recipe_printing::nothing_of_many_short_lines_is_lost_on_paper()
     RecipeWindow w;
     TestPrinter printer(w);
     open_recipe(w, QStringLiteral("Plum jam"), body);
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     const auto pages = printer.job(0);
     for (int i = 0; i < 120; ++i) {
         const QString step = QStringLiteral("step%1").arg(i, 4, 10, QLatin1Char('0'));
@@ -260,7 +260,7 @@ void tst_recipe_printing::without_a_printer_a_pdf_takes_the_recipes_name()
         QCOMPARE(name->text(), QStringLiteral("Half-half.pdf"));
         QTest::keyClick(name, Qt::Key_Return);
     });
-    click_button(w, print_button);
+    click_button(w, ToolButton::print);
     QCOMPARE(read_pdf(documents.filePath(QStringLiteral("Half-half.pdf"))).size(), 1);
 }
 
@@ -315,7 +315,7 @@ void tst_recipe_printing::the_preview_shows_one_page_without_neighbours()
         QCOMPARE(part(window, "Frame1").size(), QSize(page_form::width, page_form::height));
         click(window, 1);
     });
-    click_button(w, preview_button);
+    click_button(w, ToolButton::preview);
 }
 
 void tst_recipe_printing::next_and_previous_turn_between_two_pages()
@@ -345,7 +345,7 @@ void tst_recipe_printing::next_and_previous_turn_between_two_pages()
         QCOMPARE(shown_text(window, "txtBody"), head);
         click(window, 1);
     });
-    click_button(w, preview_button);
+    click_button(w, ToolButton::preview);
 }
 
 void tst_recipe_printing::print_sends_all_pages_and_ends()
@@ -356,7 +356,7 @@ void tst_recipe_printing::print_sends_all_pages_and_ends()
     MessageScript script;
     script.drive([](QDialog& window) { click(window, 3); });
     script.drive([](QDialog& window) { click(window, 0); });
-    click_button(w, preview_button);
+    click_button(w, ToolButton::preview);
     QCOMPARE(printer.jobs, 1);
     QCOMPARE(printer.job(0).size(), 2);
 }
@@ -368,7 +368,7 @@ void tst_recipe_printing::close_ends_without_printing()
     open_recipe(w, QStringLiteral("Plum jam"));
     MessageScript script;
     script.drive([](QDialog& window) { click(window, 1); });
-    click_button(w, preview_button);
+    click_button(w, ToolButton::preview);
     QCOMPARE(printer.jobs, 0);
     QVERIFY(QTest::qWaitForWindowActive(&w.main()));
 }
@@ -381,7 +381,7 @@ void tst_recipe_printing::escape_ends_without_printing()
     MessageScript script;
     script.drive([](QDialog& window) { click(window, 3); });
     script.drive([](QDialog& window) { QTest::keyClick(&window, Qt::Key_Escape); });
-    click_button(w, preview_button);
+    click_button(w, ToolButton::preview);
     QCOMPARE(printer.jobs, 0);
 }
 

@@ -1,6 +1,7 @@
 #include "output/sending_steps.h"
 #include "support/full_disk.h"
 #include "support/rtf_reader.h"
+#include "support/tool_button.h"
 
 #include <QFile>
 #include <QLabel>
@@ -156,7 +157,7 @@ void tst_sending::a_list_goes_to_the_word_processor_as_one_file_url()
     window.load();
     MessageScript script;
     choose(script, Choice::all);
-    QTest::mouseClick(window.find<QWidget>(QStringLiteral("Toolbar1(12)")), Qt::LeftButton);
+    QTest::mouseClick(window.find<QWidget>(tool_button(ToolButton::word_processor)), Qt::LeftButton);
     QCOMPARE(window.opened, std::vector<QUrl>{QUrl::fromLocalFile(file(window, "list.rtf"))});
     const RtfDocument document = read_rtf(bytes_of(file(window, "list.rtf")));
     QVERIFY(document.whole);
@@ -191,7 +192,7 @@ void tst_sending::a_recipe_goes_to_the_word_processor_as_one_file_url()
     window.add_line(window.recipe, QStringLiteral("salt"));
     window.open();
     const MessageScript script;
-    QTest::mouseClick(window.find<QWidget>(QStringLiteral("Toolbar1(12)")), Qt::LeftButton);
+    QTest::mouseClick(window.find<QWidget>(tool_button(ToolButton::word_processor)), Qt::LeftButton);
     QCOMPARE(window.opened, std::vector<QUrl>{QUrl::fromLocalFile(file(window, "recipe.rtf"))});
     const RtfDocument document = read_rtf(bytes_of(file(window, "recipe.rtf")));
     QVERIFY(document.whole);

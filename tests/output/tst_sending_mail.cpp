@@ -1,4 +1,5 @@
 #include "output/sending_steps.h"
+#include "support/tool_button.h"
 
 using namespace tarnwick;
 using namespace tarnwick::sending_steps;
@@ -26,7 +27,7 @@ void tst_sending_mail::a_list_goes_to_the_mail_program_as_one_address()
     window.load();
     MessageScript script;
     choose(script, Choice::buy_it);
-    QTest::mouseClick(window.find<QWidget>(QStringLiteral("Toolbar1(13)")), Qt::LeftButton);
+    QTest::mouseClick(window.find<QWidget>(tool_button(ToolButton::email)), Qt::LeftButton);
     QVERIFY(address(window).startsWith("mailto:?subject=Corner%20shop%20list&body=Corner%20shop%20list%0D%0A%0D%0A"
                                        "Item%20%20"));
     QVERIFY(address(window).contains("%0D%0ACr%C3%A8me%20%26%20%7Btea%7D%20%F0%9F%8D%B5%20%20"));
@@ -52,7 +53,7 @@ void tst_sending_mail::the_email_button_follows_its_tag()
     window.add_row(window.add_item(QStringLiteral("Milk"), 0), window.add_list(QStringLiteral("Weekly")), true);
     window.open();
     const MessageScript script;
-    QTest::mouseClick(window.find<QWidget>(QStringLiteral("Toolbar1(13)")), Qt::LeftButton);
+    QTest::mouseClick(window.find<QWidget>(tool_button(ToolButton::email)), Qt::LeftButton);
     QVERIFY(address(window).startsWith("mailto:?subject=Soup&"));
 }
 

@@ -10,6 +10,7 @@
 #include "widgets/tree_view.h"
 #include "window/commands.h"
 #include "window/frmmain.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -48,11 +49,8 @@ private:
     Shown adding_to_recipe(bool item);
     void check_views();
     void command(const char* name, const Shown& wanted);
-    void button(int index, const Shown& wanted);
-    const QWidget& tool_button(int index)
-    {
-        return *main_.findChild<QWidget*>(QStringLiteral("Toolbar1(%1)").arg(index));
-    }
+    void button(ToolButton which, const Shown& wanted);
+    const QWidget& shown_button(ToolButton which) { return *main_.findChild<QWidget*>(tool_button(which)); }
     void same(const QString& what, const QString& is, const QString& wanted)
     {
         if (is != wanted)
@@ -82,12 +80,12 @@ void Captions::command(const char* name, const Shown& wanted)
                        .arg(wanted.enabled);
 }
 
-void Captions::button(int index, const Shown& wanted)
+void Captions::button(ToolButton which, const Shown& wanted)
 {
-    const QWidget& shown = tool_button(index);
+    const QWidget& shown = shown_button(which);
     if (Shown{shown.toolTip(), shown.isEnabled()} != Shown{plain_tool_tip(wanted.text), wanted.enabled})
         faults_ += QStringLiteral("button %1 says '%2' (%3) instead of '%4' (%5)")
-                       .arg(index)
+                       .arg(static_cast<int>(which))
                        .arg(shown.toolTip())
                        .arg(shown.isEnabled())
                        .arg(wanted.text)
@@ -108,7 +106,7 @@ void Captions::check_list()
          by_state("Tarnwick (", " list)", "Tarnwick (viewing all lists)", "Tarnwick"));
     command("mnu_list_Print", {by_state("Print ", " list", "Print all lists", "Print lists"), any});
     command("mnu_list_clear", {by_state("Clear ", " list", "Clear lists", "Clear lists"), list_.has_value()});
-    button(2, {by_state("Clear ", " list", "Clear lists", "Clear lists"), list_.has_value()});
+    button(ToolButton::clear, {by_state("Clear ", " list", "Clear lists", "Clear lists"), list_.has_value()});
     const QAction& rename = main_.commands().action(QStringLiteral("mnu_list_RenameList"));
     if (rename.isVisible() != list_.has_value())
         faults_ += QStringLiteral("mnu_list_RenameList is not %1").arg(list_.has_value());
@@ -118,13 +116,14 @@ void Captions::check_list()
     const bool item = node && TreeView::key(node).startsWith(QLatin1String("item"));
     const char* no_list = main_.shared.current_list < 0 && item ? "Delete shopping list" : "Delete list";
     command("mnu_list_del", {by_state("Delete ", " list", "Delete list", no_list), list_.has_value()});
-    button(10, {by_state("Print ", " list", "Print all shopping lists", "Print list"), any});
-    button(11, {by_state("Preview ", " list", "Preview all shopping lists", "Preview list"), any});
-    button(12,
+    button(ToolButton::print, {by_state("Print ", " list", "Print all shopping lists", "Print list"), any});
+    button(ToolButton::preview, {by_state("Preview ", " list", "Preview all shopping lists", "Preview list"), any});
+    button(ToolButton::word_processor,
            {by_state("Open ", " list in word processor", "Open all shopping lists in word processor",
                      "Open list in word processor"),
             any});
-    button(13, {by_state("Send ", "list by email", "Send all lists by email", "Send recipe by email"), any});
+    button(ToolButton::email,
+           {by_state("Send ", "list by email", "Send all lists by email", "Send recipe by email"), any});
 }
 
 void Captions::check_list_entries()
@@ -216,9 +215,9 @@ void Captions::check_views()
     const bool page = main_.recipe_page().has_recipe();
     if (shared.list_pane_shown)
         return;
-    for (const int index : {10, 11, 12, 13})
-        if (tool_button(index).isEnabled() != page)
-            faults_ += QStringLiteral("button %1 is not %2 with the page").arg(index).arg(page);
+    for (const auto which : {ToolButton::print, ToolButton::preview, ToolButton::word_processor, ToolButton::email})
+        if (shown_button(which).isEnabled() != page)
+            faults_ += QStringLiteral("button %1 is not %2 with the page").arg(static_cast<int>(which)).arg(page);
 }
 
 QStringList Captions::faults()

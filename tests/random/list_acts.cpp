@@ -29,7 +29,7 @@ int some_row(User& user)
     return row;
 }
 
-bool click_some_cell(User& user, int column, Qt::MouseButton button)
+bool click_some_cell(User& user, GridColumn column, Qt::MouseButton button)
 {
     ListGrid& grid = grid_of(user);
     const int row = some_row(user);
@@ -47,17 +47,17 @@ bool click_some_cell(User& user, int column, Qt::MouseButton button)
 
 bool click_cell(User& user)
 {
-    return click_some_cell(user, user.below(grid_column::count), Qt::LeftButton);
+    return click_some_cell(user, static_cast<GridColumn>(user.below(grid_column_count)), Qt::LeftButton);
 }
 
 bool click_row_box(User& user)
 {
-    return click_some_cell(user, grid_column::check, Qt::LeftButton);
+    return click_some_cell(user, GridColumn::check, Qt::LeftButton);
 }
 
 bool right_click_row(User& user)
 {
-    return click_some_cell(user, grid_column::item, Qt::RightButton);
+    return click_some_cell(user, GridColumn::item, Qt::RightButton);
 }
 
 bool press_grid_key(User& user)
@@ -74,7 +74,7 @@ bool click_header(User& user)
 {
     if (!grid_of(user).isVisible())
         return false;
-    QWidget& box = user.main().list_pane().header().show_box(user.below(2));
+    QWidget& box = user.main().list_pane().header().show_box(column_groups[static_cast<size_t>(user.below(2))]);
     if (!box.isVisible())
         return false;
     user.click(box, {box.height() / 2, box.height() / 2});

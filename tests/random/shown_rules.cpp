@@ -6,6 +6,7 @@
 #include "household/recipe_store.h"
 #include "recipes/line_widgets.h"
 #include "recipes/page_text.h"
+#include "recipes/page_texts.h"
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "stock/stock_tree.h"
@@ -123,7 +124,7 @@ void Oracle::check_stock_tree()
 void Oracle::check_recipe_tree()
 {
     TreeView& tree = main_.recipe_tree().view();
-    const RecipePage& page = main_.recipe_page();
+    RecipePage& page = main_.recipe_page();
     int expected = tree.is_flat() ? 0 : 15;
     Query recipes(db_, "SELECT key_id, r_name, cat FROM recipe_1");
     for (; recipes.next(); ++expected) {
@@ -134,7 +135,7 @@ void Oracle::check_recipe_tree()
             fault(about + QStringLiteral(" has no node"));
             continue;
         }
-        const bool typed = page.is_edited() && page.page_key() == key;
+        const bool typed = page.texts().is_edited() && page.page_key() == key;
         if (!typed && node->text(0) != trim(recipes.text(1)))
             fault(about + QStringLiteral(" reads '%1' in the tree").arg(node->text(0)));
         const QString folder = tree.is_flat() ? QString() : QStringLiteral("rcat") + recipes.text(2);
@@ -160,10 +161,10 @@ void Oracle::check_page()
         fault(QStringLiteral("the page shows recipe %1, which is gone").arg(page.page_key()));
         return;
     }
-    if (!page.is_edited() && trim(page.title().text()) != stored->name)
+    if (!page.texts().is_edited() && trim(page.title().text()) != stored->name)
         fault(QStringLiteral("the title reads '%1' instead of '%2'").arg(page.title().text(), stored->name));
     const bool emptied = page.Text1().is_blank() && stored->body == help_text(); // by the click into it
-    if (!page.is_edited() && !emptied && as_read(page.Text1().text()) != with_crlf(stored->body))
+    if (!page.texts().is_edited() && !emptied && as_read(page.Text1().text()) != with_crlf(stored->body))
         fault(QStringLiteral("the instructions read '%1' instead of '%2'").arg(page.Text1().text(), stored->body));
     QList<Key> keys;
     Query lines(db_, "SELECT key_id FROM recipe_2 WHERE r_ref = ? ORDER BY \"order\", key_id", page.page_key());

@@ -4,6 +4,7 @@
 #include "data/query.h"
 #include "recipes/line_widgets.h"
 #include "recipes/page_text.h"
+#include "recipes/page_texts.h"
 #include "recipes/recipe_page.h"
 #include "household/recipe_store.h"
 #include "recipes/recipe_tree.h"
@@ -14,6 +15,7 @@
 #include "stock/stock_tree.h"
 #include "support/message_script.h"
 #include "support/test_window.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QFrame>
@@ -100,7 +102,7 @@ public:
     QWidget& control(const QString& name) { return *find<QWidget>(name); }
     QString tag(const QString& name) { return control(name).property("Tag").toString(); }
     QString ingred(int i) { return page().lines().at(static_cast<size_t>(i)).ingred->text(); }
-    bool edited() { return page().is_edited(); }
+    bool edited() { return page().texts().is_edited(); }
 
     void click_node(const QString& key, Qt::MouseButton button = Qt::LeftButton)
     {
@@ -119,8 +121,9 @@ public:
     /// All buttons that print, preview, export and send the page are enabled; or all disabled.
     bool page_buttons_enabled(bool enabled)
     {
-        for (int i = 10; i <= 13; ++i) {
-            if (control(QStringLiteral("Toolbar1(%1)").arg(i)).isEnabled() != enabled)
+        for (const auto which :
+             {ToolButton::print, ToolButton::preview, ToolButton::word_processor, ToolButton::email}) {
+            if (control(tool_button(which)).isEnabled() != enabled)
                 return false;
         }
         return true;

@@ -3,6 +3,7 @@
 #include "window/toolbar.h"
 #include "stock/floating_buttons.h"
 #include "household/status.h"
+#include "support/tool_button.h"
 
 #include <QMenu>
 #include <QMessageBox>
@@ -107,7 +108,7 @@ void tst_ingredients::a_new_line_is_written_with_blanks_for_what_is_not_given()
 {
     LineWindow w;
     w.open();
-    QTest::mouseClick(w.find<QToolButton>(QStringLiteral("Toolbar1(6)")), Qt::LeftButton);
+    QTest::mouseClick(w.find<QToolButton>(tool_button(ToolButton::ingredient)), Qt::LeftButton);
     QVERIFY(w.editor().is_open());
     w.tab(w.qty());
     w.tab(w.measure());

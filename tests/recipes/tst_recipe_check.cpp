@@ -56,7 +56,7 @@ public:
     void click_grid_check(int place)
     {
         ListGrid& grid = main().list_pane().grid();
-        const QRect cell = grid.cell_rect(place, grid_column::check);
+        const QRect cell = grid.cell_rect(place, GridColumn::check);
         QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
                           grid.viewport()->mapFrom(grid.parentWidget(), cell.center()));
     }
@@ -123,13 +123,11 @@ void tst_recipe_check::check_pictures_follow_the_status()
     QFETCH(bool, enabled);
     CheckWindow window;
     window.load();
-    window.page().set_lites(0, code);
+    window.page().set_lites(0, code_of_number(code).value());
     QCOMPARE(window.picture("lite", 0), lite);
     QCOMPARE(window.picture("Check1", 0), check);
     QCOMPARE(window.control(QStringLiteral("Check1(0)")).isEnabled(), enabled);
-    window.page().set_lites(0, 4);
-    QCOMPARE(window.picture("lite", 0), lite);
-    window.page().set_lites(0, 7);
+    window.page().set_lites(0, StatusCode::buy_it);
     QVERIFY(window.control(QStringLiteral("Check1(0)")).isEnabled());
 }
 
@@ -400,7 +398,7 @@ void tst_recipe_check::unlinked_and_linked_lines_change_their_kind()
     window.load();
     ItemChange change;
     change.cause = Cause::item_editor;
-    change.items.push_back({window.item, 6, 6, 6});
+    change.items.push_back({window.item, StatusCode::inactive, StatusCode::inactive, StatusCode::inactive});
     change.record.emplace();
     Query(window.db(), "UPDATE recipe_2 SET item_ref = -1").run();
     window.page().line_stock().item_changed(change);

@@ -4,6 +4,7 @@
 #include "window/move_window.h"
 #include "support/error_number.h"
 #include "support/table_dump.h"
+#include "support/tool_button.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -122,8 +123,8 @@ void tst_recipe_lifecycle::deleting_the_only_recipe_disables_what_acts_on_the_pa
     script.expect(QStringLiteral("Warning"), deletion_question(QStringLiteral("Pie")), Answer::yes);
     QTest::keyClick(&window.tree(), Qt::Key_Delete);
     QVERIFY(window.page_buttons_enabled(false));
-    QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print recipe"));
-    QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview recipe"));
+    QCOMPARE(window.control(tool_button(ToolButton::print)).toolTip(), QStringLiteral("Print recipe"));
+    QCOMPARE(window.control(tool_button(ToolButton::preview)).toolTip(), QStringLiteral("Preview recipe"));
 }
 
 void tst_recipe_lifecycle::deleting_names_the_next_recipe_in_the_tool_tips()
@@ -137,9 +138,9 @@ void tst_recipe_lifecycle::deleting_names_the_next_recipe_in_the_tool_tips()
     script.expect(QStringLiteral("Warning"), deletion_question(QStringLiteral("Pie")), Answer::yes);
     QTest::keyClick(&window.tree(), Qt::Key_Delete);
     QVERIFY(window.page_buttons_enabled(true));
-    QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print Tart recipe"));
-    QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview Tart recipe"));
-    QCOMPARE(window.control(QStringLiteral("Toolbar1(12)")).toolTip(),
+    QCOMPARE(window.control(tool_button(ToolButton::print)).toolTip(), QStringLiteral("Print Tart recipe"));
+    QCOMPARE(window.control(tool_button(ToolButton::preview)).toolTip(), QStringLiteral("Preview Tart recipe"));
+    QCOMPARE(window.control(tool_button(ToolButton::word_processor)).toolTip(),
              QStringLiteral("Open recipe in word processor"));
 }
 
@@ -158,8 +159,8 @@ void tst_recipe_lifecycle::deleting_beside_a_list_keeps_the_tool_tips_of_the_lis
     script.expect(QStringLiteral("Warning"), deletion_question(QStringLiteral("Pie")), Answer::yes);
     window.trigger(QStringLiteral("mnu_recipe_del"));
     QVERIFY(window.page_buttons_enabled(true));
-    QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print Weekly list"));
-    QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview Weekly list"));
+    QCOMPARE(window.control(tool_button(ToolButton::print)).toolTip(), QStringLiteral("Print Weekly list"));
+    QCOMPARE(window.control(tool_button(ToolButton::preview)).toolTip(), QStringLiteral("Preview Weekly list"));
 }
 
 void tst_recipe_lifecycle::deleting_the_first_child_selects_the_next_any_other_the_one_before()

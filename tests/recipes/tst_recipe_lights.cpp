@@ -43,7 +43,7 @@ public:
 
     ListGrid& grid() { return main().list_pane().grid(); }
 
-    void click_cell(Key row, int column)
+    void click_cell(Key row, GridColumn column)
     {
         const QRect cell = grid().cell_rect(grid().rows().find_row(row), column);
         QTest::mouseClick(grid().viewport(), Qt::LeftButton, {},
@@ -57,7 +57,7 @@ public:
         for (int line = 0; line < 4; ++line) {
             int code_found = 0;
             for (const int code : {5, 6, 7, 8, 9}) {
-                const StatusPictures pictures = status_pictures(code);
+                const StatusPictures pictures = status_pictures(code_of_number(code).value());
                 if (shown("lite", line) == pictures.light && shown("Check1", line) == pictures.check)
                     code_found = code;
             }
@@ -99,13 +99,13 @@ void tst_recipe_lights::toggling_buy_it_in_the_grid_redraws_the_line()
 {
     LightsWindow window;
     window.open(true);
-    window.click_cell(window.eggs_row, grid_column::check);
+    window.click_cell(window.eggs_row, GridColumn::check);
     QCOMPARE(window.number("SELECT to_get FROM groc_1 WHERE item = 'Eggs'"), 1);
     QCOMPARE(window.codes(), (QList<int>{8, 7, 7, 9}));
-    window.click_cell(window.eggs_row, grid_column::check);
+    window.click_cell(window.eggs_row, GridColumn::check);
     QCOMPARE(window.codes(), (QList<int>{8, 6, 7, 9}));
     // The light tells all lists: milk is still to buy on the other one.
-    window.click_cell(window.milk_row, grid_column::check);
+    window.click_cell(window.milk_row, GridColumn::check);
     QCOMPARE(window.codes(), (QList<int>{7, 6, 7, 9}));
     window.main().view_state().show_list_pane(false);
     QCOMPARE(window.codes(), (QList<int>{7, 6, 7, 9}));
@@ -154,7 +154,7 @@ void tst_recipe_lights::removing_a_row_redraws_the_line_with_its_tool_tip()
     LightsWindow window;
     window.open(true);
     MessageScript no_question;
-    window.click_cell(window.eggs_row, grid_column::light);
+    window.click_cell(window.eggs_row, GridColumn::light);
     QTest::keyClick(&window.grid(), Qt::Key_Delete);
     QCOMPARE(window.number("SELECT count(*) FROM groc_1 WHERE item = 'Eggs'"), 0);
     QCOMPARE(window.codes(), (QList<int>{8, 5, 7, 9}));

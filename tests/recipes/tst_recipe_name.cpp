@@ -1,4 +1,5 @@
 #include "recipes/line_fixture.h"
+#include "support/tool_button.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -84,8 +85,8 @@ void tst_recipe_name::each_key_renames_tab_menus_and_tool_tips()
             QVERIFY2(window.caption(command).endsWith(rest), command);
         QCOMPARE(window.caption("mnu_tv_r_del"), QStringLiteral("Delete ") + name);
         QCOMPARE(window.caption("mnu_tv_r_move"), QStringLiteral("Move") + rest);
-        QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print") + rest);
-        QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview") + rest);
+        QCOMPARE(window.control(tool_button(ToolButton::print)).toolTip(), QStringLiteral("Print") + rest);
+        QCOMPARE(window.control(tool_button(ToolButton::preview)).toolTip(), QStringLiteral("Preview") + rest);
     }
 }
 
@@ -172,7 +173,7 @@ void tst_recipe_name::an_emptied_title_opens_no_line_editor()
     if (way == 0)
         QTest::keyClick(&window.title(), Qt::Key_I, Qt::ControlModifier);
     else if (way == 1)
-        QTest::mouseClick(&window.control(QStringLiteral("Toolbar1(6)")), Qt::LeftButton);
+        QTest::mouseClick(&window.control(tool_button(ToolButton::ingredient)), Qt::LeftButton);
     else if (way == 2)
         window.trigger(QStringLiteral("mnu_recipe_add_ingred"));
     else

@@ -2,6 +2,7 @@
 
 #include "recipes/page_geometry.h"
 #include "household/status.h"
+#include "support/tool_button.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -352,7 +353,7 @@ void tst_recipe_page::a_new_ingredient_without_a_recipe_is_answered_with_the_hin
     if (by_key)
         QTest::keyClick(&window.main(), Qt::Key_I, Qt::ControlModifier);
     else
-        QTest::mouseClick(&window.control(QStringLiteral("Toolbar1(6)")), Qt::LeftButton);
+        QTest::mouseClick(&window.control(tool_button(ToolButton::ingredient)), Qt::LeftButton);
     QCOMPARE(window.main().status_panels().text(), no_recipe);
     QVERIFY(!window.page().editor_open());
 }
@@ -397,8 +398,8 @@ void tst_recipe_page::name_is_in_the_tool_tips_of_print_and_preview()
 {
     RecipeWindow window;
     window.open_recipe(QStringLiteral("Soup"), QStringLiteral("11"));
-    QCOMPARE(window.control(QStringLiteral("Toolbar1(10)")).toolTip(), QStringLiteral("Print Soup recipe"));
-    QCOMPARE(window.control(QStringLiteral("Toolbar1(11)")).toolTip(), QStringLiteral("Preview Soup recipe"));
+    QCOMPARE(window.control(tool_button(ToolButton::print)).toolTip(), QStringLiteral("Print Soup recipe"));
+    QCOMPARE(window.control(tool_button(ToolButton::preview)).toolTip(), QStringLiteral("Preview Soup recipe"));
 }
 
 QTEST_MAIN(tst_recipe_page)

@@ -64,17 +64,16 @@ public:
         category().setCurrentIndex(index);
     }
 
-    void click_cell(int row, int column, Qt::MouseButton button = Qt::LeftButton)
+    void click_cell(int row, GridColumn column, Qt::MouseButton button = Qt::LeftButton)
     {
-        const QPoint place(grid().columnViewportPosition(column) + 8,
-                           row * grid().row_height() + grid().row_height() / 2);
+        const QPoint place(grid().col_left(column) + 8, row * grid().row_height() + grid().row_height() / 2);
         QTest::mouseClick(grid().viewport(), button, {}, place);
     }
 
     /// Opens the floating editors on a row and types into one of them.
     void type_cell(int row, const char* editor, const QString& text)
     {
-        click_cell(row, grid_column::desc);
+        click_cell(row, GridColumn::desc);
         auto* box = dialog.findChild<QLineEdit*>(QLatin1String(editor));
         QVERIFY(box);
         QVERIFY(box->isVisible());

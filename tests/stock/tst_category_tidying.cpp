@@ -291,7 +291,7 @@ void tst_category_tidying::the_place_in_the_list_stays_when_a_category_goes()
     load();
     ListGrid& grid = window_->main().list_pane().grid();
     const auto current = [&] { return rows().row(grid.current_row()).item; };
-    grid.set_current(2, grid_column::item);
+    grid.set_current(2, GridColumn::item);
     QCOMPARE(current(), QStringLiteral("Milk"));
     MessageScript script;
     const QString question = QStringLiteral("There are 2 stock items \n in the %1 category -\n"

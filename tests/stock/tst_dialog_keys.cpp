@@ -51,7 +51,7 @@ void tst_dialog_keys::enter_on_cancel_writes_nothing_in_the_item_editor()
     for (const int mode : {0, 2}) {
         test.open(mode, mode == 0 ? Key(-1) : test.milk, [&](EditorHands& hands) {
             hands.choose_category(QStringLiteral("Bakery"));
-            hands.click_cell(1, grid_column::light);
+            hands.click_cell(1, GridColumn::light);
             hands.type_name(QStringLiteral("Cream"));
             press_enter(hands.dialog, QStringLiteral("Command1(1)"));
             QVERIFY(!hands.dialog.isVisible());

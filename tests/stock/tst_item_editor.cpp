@@ -376,18 +376,18 @@ void tst_item_editor::light_follows_each_change()
     test.add_lists();
     test.window.load();
     test.open(0, -1, [&](EditorHands& hands) {
-        hands.click_cell(0, grid_column::light);
+        hands.click_cell(0, GridColumn::light);
         QCOMPARE(hands.state(), QStringLiteral("Inactive item"));
         QCOMPARE(hands.state_picture(), 136);
-        hands.click_cell(0, grid_column::check);
+        hands.click_cell(0, GridColumn::check);
         QCOMPARE(hands.state(), QStringLiteral("Active on one list"));
         QCOMPARE(hands.state_picture(), 137);
-        hands.click_cell(1, grid_column::light);
-        hands.click_cell(1, grid_column::check);
+        hands.click_cell(1, GridColumn::light);
+        hands.click_cell(1, GridColumn::check);
         QCOMPARE(hands.state(), QStringLiteral("Active on multiple lists"));
         QCOMPARE(hands.state_picture(), 144);
-        hands.click_cell(0, grid_column::light);
-        hands.click_cell(1, grid_column::light);
+        hands.click_cell(0, GridColumn::light);
+        hands.click_cell(1, GridColumn::light);
         QCOMPARE(hands.state(), QStringLiteral("Unlisted item"));
         QCOMPARE(hands.state_picture(), 134);
         QVERIFY(hands.ok().isDefault());

@@ -262,9 +262,9 @@ void tst_item_editor_checks::cancel_writes_nothing()
         [&](EditorHands& hands) {
             hands.type_name(QStringLiteral("Cream"));
             hands.choose_category(QStringLiteral("Bakery"));
-            hands.click_cell(0, grid_column::check);
+            hands.click_cell(0, GridColumn::check);
             hands.type_cell(0, "desc_brdr", QStringLiteral("warm"));
-            hands.click_cell(1, grid_column::light);
+            hands.click_cell(1, GridColumn::light);
             hands.press_cancel();
             QVERIFY(!hands.dialog.isVisible());
         },

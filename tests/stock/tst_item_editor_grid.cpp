@@ -23,9 +23,9 @@ public:
     bool shown(const char* name) { return widget(name).isVisible(); }
     QCalendarWidget& calendar() { return *dialog.findChild<QCalendarWidget*>(QStringLiteral("MonthView1")); }
 
-    QPoint middle_of(int row, int column)
+    QPoint middle_of(int row, GridColumn column)
     {
-        return {grid().columnViewportPosition(column) + grid().col_width(column) / 2,
+        return {grid().col_left(column) + grid().col_width(column) / 2,
                 row * grid().row_height() + grid().row_height() / 2};
     }
     void press_at(QPoint position) { QTest::mousePress(grid().viewport(), Qt::LeftButton, {}, position); }
@@ -33,7 +33,7 @@ public:
 
     /// The rectangle of a control or of a cell in the dialog.
     QRect in_dialog(const char* name) { return {widget(name).mapTo(&dialog, QPoint()), widget(name).size()}; }
-    QRect cell_in_dialog(int row, int column)
+    QRect cell_in_dialog(int row, GridColumn column)
     {
         const QRect cell = grid().cell_rect(row, column);
         return cell.translated(grid().parentWidget()->mapTo(&dialog, QPoint()));
@@ -45,14 +45,14 @@ public:
         if (!shown("desc_brdr"))
             return -1;
         for (int i = 0; i < grid().rows().rows(); ++i)
-            if (in_dialog("desc_brdr").top() == cell_in_dialog(i, grid_column::desc).top())
+            if (in_dialog("desc_brdr").top() == cell_in_dialog(i, GridColumn::desc).top())
                 return i;
         return -2;
     }
 
     void open_calendar(int row)
     {
-        click_cell(row, grid_column::desc);
+        click_cell(row, GridColumn::desc);
         QVERIFY(shown("dtp_btn"));
         QTest::mouseClick(&widget("dtp_btn"), Qt::LeftButton);
         QVERIFY(shown("MonthView1"));
@@ -98,7 +98,8 @@ void tst_item_editor_grid::a_press_below_the_rows_that_ends_on_one_acts_on_none(
 {
     EditorCase test;
     open(test, [](RowHands& hands) {
-        for (const int column : {grid_column::light, grid_column::check, grid_column::coupon, grid_column::desc}) {
+        for (const GridColumn column :
+             {GridColumn::light, GridColumn::check, GridColumn::coupon, GridColumn::desc}) {
             hands.grid().set_current(1, column);
             hands.press_at(hands.middle_of(5, column));
             hands.release_at(hands.middle_of(1, column));
@@ -113,31 +114,31 @@ void tst_item_editor_grid::a_press_below_the_rows_that_ends_on_one_acts_on_none(
 
 void tst_item_editor_grid::a_press_that_slips_to_another_cell_acts_on_its_own_data()
 {
-    QTest::addColumn<int>("pressed");
+    QTest::addColumn<GridColumn>("pressed");
     QTest::addColumn<int>("released_row");
-    QTest::addColumn<int>("released");
-    QTest::newRow("from the description to the on-list box") << grid_column::desc << 0 << grid_column::light;
-    QTest::newRow("from the buy-it box to the on-list box") << grid_column::check << 0 << grid_column::light;
-    QTest::newRow("from the buy-it box to that of the next row") << grid_column::check << 1 << grid_column::check;
+    QTest::addColumn<GridColumn>("released");
+    QTest::newRow("from the description to the on-list box") << GridColumn::desc << 0 << GridColumn::light;
+    QTest::newRow("from the buy-it box to the on-list box") << GridColumn::check << 0 << GridColumn::light;
+    QTest::newRow("from the buy-it box to that of the next row") << GridColumn::check << 1 << GridColumn::check;
     QTest::newRow("from the coupon to the description of the next row")
-        << grid_column::coupon << 1 << grid_column::desc;
+        << GridColumn::coupon << 1 << GridColumn::desc;
 }
 
 void tst_item_editor_grid::a_press_that_slips_to_another_cell_acts_on_its_own()
 {
-    QFETCH(int, pressed);
+    QFETCH(GridColumn, pressed);
     QFETCH(int, released_row);
-    QFETCH(int, released);
+    QFETCH(GridColumn, released);
     EditorCase test;
     open(test, [&](RowHands& hands) {
         hands.press_at(hands.middle_of(0, pressed));
         hands.release_at(hands.middle_of(released_row, released));
-        const bool ticked = pressed != grid_column::check;
-        const bool coupon = pressed == grid_column::coupon;
+        const bool ticked = pressed != GridColumn::check;
+        const bool coupon = pressed == GridColumn::coupon;
         QCOMPARE(hands.row(0).check, ticked ? picture_base::check_on : picture_base::check_off);
         QCOMPARE(hands.row(0).light, ticked ? picture_base::light_on : picture_base::light_off);
         QCOMPARE(hands.row(0).coupon, coupon ? picture_base::coupon_on : picture_base::coupon_off);
-        QCOMPARE(hands.open_row(), pressed == grid_column::check ? -1 : 0);
+        QCOMPARE(hands.open_row(), pressed == GridColumn::check ? -1 : 0);
         QCOMPARE(hands.row(1).light, picture_base::light_on);
         QCOMPARE(hands.row(1).check, picture_base::check_on);
     });
@@ -148,9 +149,9 @@ void tst_item_editor_grid::a_click_below_the_last_row_closes_the_boxes_whichever
     EditorCase test;
     open(test, [](RowHands& hands) {
         for (const int row : {2, 0}) {
-            hands.click_cell(row, grid_column::desc);
+            hands.click_cell(row, GridColumn::desc);
             QCOMPARE(hands.open_row(), row);
-            hands.click_cell(6, grid_column::desc);
+            hands.click_cell(6, GridColumn::desc);
             QCOMPARE(hands.open_row(), -1);
             QCOMPARE(hands.grid().current_row(), row);
         }
@@ -161,7 +162,7 @@ void tst_item_editor_grid::up_and_down_move_the_boxes_and_right_enters_them()
 {
     EditorCase test;
     open(test, [](RowHands& hands) {
-        hands.click_cell(0, grid_column::item);
+        hands.click_cell(0, GridColumn::item);
         QCOMPARE(hands.open_row(), 0);
         QWindow* window = hands.dialog.windowHandle();
         QTest::keyClick(window, Qt::Key_Up);
@@ -201,10 +202,10 @@ void tst_item_editor_grid::boxes_cover_their_cells()
     test.window.set_pref(QStringLiteral("font"), QString::number(size));
     open(test, [&](RowHands& hands) {
         QCOMPARE(hands.grid().row_height(), size == 9 ? 19 : size == 10 ? 24 : 28);
-        hands.click_cell(1, grid_column::coupon);
-        const std::pair<const char*, int> boxes[] = {
-            {"desc_brdr", grid_column::desc}, {"qty_brdr", grid_column::qty}, {"chck_box", grid_column::coupon},
-            {"dp_frame", grid_column::date},  {"dp_brdr", grid_column::date}, {"aisle_brdr", grid_column::aisle}};
+        hands.click_cell(1, GridColumn::coupon);
+        const std::pair<const char*, GridColumn> boxes[]
+            = {{"desc_brdr", GridColumn::desc}, {"qty_brdr", GridColumn::qty}, {"chck_box", GridColumn::coupon},
+               {"dp_frame", GridColumn::date},  {"dp_brdr", GridColumn::date}, {"aisle_brdr", GridColumn::aisle}};
         const QRect grid(hands.grid().mapTo(&hands.dialog, QPoint()), hands.grid().size());
         for (const auto& [name, column] : boxes) {
             QVERIFY2(hands.shown(name), name);
@@ -225,7 +226,7 @@ void tst_item_editor_grid::escape_in_the_calendar_leaves_the_dialog_open()
 {
     EditorCase test;
     open(test, [](RowHands& hands) {
-        hands.click_cell(0, grid_column::coupon);
+        hands.click_cell(0, GridColumn::coupon);
         hands.open_calendar(0);
         QTest::keyClick(hands.dialog.windowHandle(), Qt::Key_Escape);
         QVERIFY(!hands.shown("MonthView1"));
@@ -241,8 +242,8 @@ void tst_item_editor_grid::enter_in_the_year_of_the_calendar_does_not_press_ok()
 {
     EditorCase test;
     open(test, [](RowHands& hands) {
-        hands.click_cell(0, grid_column::check);
-        hands.click_cell(0, grid_column::coupon);
+        hands.click_cell(0, GridColumn::check);
+        hands.click_cell(0, GridColumn::coupon);
         for (const auto enter : {Qt::Key_Return, Qt::Key_Enter}) {
             hands.open_calendar(0);
             QTest::mouseClick(hands.calendar().findChild<QToolButton*>(QStringLiteral("qt_calendar_yearbutton")),

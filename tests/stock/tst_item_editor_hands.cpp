@@ -45,7 +45,7 @@ void tst_item_editor_hands::the_light_tells_the_state_in_a_tool_tip()
     open_window();
     h().open(edit_item, h().milk, [](EditorHands& hands) {
         QCOMPARE(hands.label("lite").toolTip(), QStringLiteral("Unlisted item"));
-        hands.click_cell(0, grid_column::light);
+        hands.click_cell(0, GridColumn::light);
         QCOMPARE(hands.label("lite").toolTip(), QStringLiteral("Inactive item"));
     });
 }
@@ -54,7 +54,7 @@ void tst_item_editor_hands::the_buy_it_box_of_another_list_puts_the_item_there_t
 {
     open_window();
     h().open(edit_item, h().milk, [this](EditorHands& hands) {
-        hands.click_cell(1, grid_column::check);
+        hands.click_cell(1, GridColumn::check);
         QCOMPARE(hands.state(), QStringLiteral("Active on one list"));
         hands.press_ok();
         QCOMPARE(h().list_rows(), QStringLiteral("%1: :0: :1:0").arg(h().market));
@@ -67,9 +67,9 @@ void tst_item_editor_hands::the_buy_it_box_of_a_row_taken_off_brings_it_back_to_
     h().window.add_row(h().milk, h().weekly, false, QStringLiteral("fresh"));
     h().window.load();
     h().open(edit_item, h().milk, [this](EditorHands& hands) {
-        hands.click_cell(0, grid_column::light);
+        hands.click_cell(0, GridColumn::light);
         QCOMPARE(hands.state(), QStringLiteral("Unlisted item"));
-        hands.click_cell(0, grid_column::check);
+        hands.click_cell(0, GridColumn::check);
         QCOMPARE(hands.state(), QStringLiteral("Active on one list"));
         hands.press_ok();
         QCOMPARE(h().count("SELECT count(*) FROM groc_1 WHERE to_get = 1"), 1);
@@ -104,8 +104,8 @@ void tst_item_editor_hands::escape_in_a_box_gives_back_its_text_and_leaves_the_d
 {
     open_window();
     h().open(edit_item, h().milk, [](EditorHands& hands) {
-        hands.click_cell(0, grid_column::check);
-        hands.click_cell(0, grid_column::desc);
+        hands.click_cell(0, GridColumn::check);
+        hands.click_cell(0, GridColumn::desc);
         QLineEdit& desc = box(hands, "desc_brdr");
         QVERIFY(desc.hasFocus());
         QTest::keyClicks(&desc, QStringLiteral("fresh"));
@@ -121,12 +121,12 @@ void tst_item_editor_hands::one_click_into_a_text_cell_puts_the_caret_there()
 {
     open_window();
     h().open(edit_item, h().milk, [](EditorHands& hands) {
-        hands.click_cell(0, grid_column::check);
-        hands.click_cell(0, grid_column::qty);
+        hands.click_cell(0, GridColumn::check);
+        hands.click_cell(0, GridColumn::qty);
         QVERIFY(box(hands, "qty_brdr").hasFocus());
         QTest::keyClicks(&box(hands, "qty_brdr"), QStringLiteral("12"));
         QCOMPARE(hands.row(0).qty, QStringLiteral("12"));
-        hands.click_cell(1, grid_column::item);
+        hands.click_cell(1, GridColumn::item);
         QVERIFY(hands.grid().hasFocus());
     });
 }

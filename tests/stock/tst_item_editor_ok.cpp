@@ -108,9 +108,9 @@ void tst_item_editor_ok::new_item_goes_to_the_ticked_lists()
     test.open(0, -1, [&](EditorHands& hands) {
         hands.type_name(QStringLiteral("Soap"));
         hands.choose_category(QStringLiteral("Bakery"));
-        hands.click_cell(0, grid_column::light);
-        hands.click_cell(2, grid_column::light);
-        hands.click_cell(2, grid_column::check);
+        hands.click_cell(0, GridColumn::light);
+        hands.click_cell(2, GridColumn::light);
+        hands.click_cell(2, GridColumn::check);
         hands.type_cell(2, "desc_brdr", QStringLiteral("green"));
         hands.type_cell(2, "qty_brdr", QStringLiteral("4"));
         hands.type_cell(2, "aisle_brdr", QStringLiteral("9"));
@@ -132,7 +132,7 @@ void tst_item_editor_ok::new_item_shows_in_tree_and_status_bar()
     test.open(0, -1, [&](EditorHands& hands) {
         hands.type_name(QStringLiteral("Soap"));
         hands.choose_category(QStringLiteral("Bakery"));
-        hands.click_cell(1, grid_column::light);
+        hands.click_cell(1, GridColumn::light);
         hands.press_ok();
     });
     QTreeWidgetItem* node = main.stock_tree().item_node(3);
@@ -331,7 +331,7 @@ void tst_item_editor_ok::mode_4_links_the_line_and_leaves_its_text()
     test.open(
         4, test.milk,
         [&](EditorHands& hands) {
-            hands.click_cell(0, grid_column::light);
+            hands.click_cell(0, GridColumn::light);
             hands.press_ok();
             QVERIFY(!hands.dialog.isVisible());
         },
@@ -355,8 +355,8 @@ void tst_item_editor_ok::mode_5_links_the_one_line()
         5, -1,
         [&](EditorHands& hands) {
             hands.choose_category(QStringLiteral("Bakery"));
-            hands.click_cell(1, grid_column::light);
-            hands.click_cell(1, grid_column::check);
+            hands.click_cell(1, GridColumn::light);
+            hands.click_cell(1, GridColumn::check);
             hands.press_ok();
             QVERIFY(!hands.dialog.isVisible());
         },
@@ -410,7 +410,7 @@ void tst_item_editor_ok::recipe_page_shows_light_and_tool_tip()
     const auto item_ref = [&](int index) { return int(page.lines()[size_t(index)].item_ref); };
 
     test.open(2, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(0, grid_column::light);
+        hands.click_cell(0, GridColumn::light);
         hands.press_ok();
     });
     QCOMPARE(tool_tip(0), QStringLiteral("Warm milk - Inactive On Weekly list :: Dairy category"));
@@ -455,7 +455,7 @@ void tst_item_editor_ok::status_stored_and_shown_is_the_computed_one()
     test.window.add_row(test.milk, test.market, false);
     frmmain& main = test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(1, grid_column::check);
+        hands.click_cell(1, GridColumn::check);
         hands.press_ok();
     });
     QCOMPARE(test.count("SELECT status FROM items_1 WHERE key_id = 1"), 8);
@@ -470,7 +470,7 @@ void tst_item_editor_ok::item_vanished_meanwhile_is_told()
     test.add_lists();
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(1, grid_column::light);
+        hands.click_cell(1, GridColumn::light);
         Query(test.window.db(), "DELETE FROM items_1 WHERE key_id = 1").run();
         hands.messages.expect(QStringLiteral("Warning"), QStringLiteral("Stock item not found"));
         hands.press_ok();
@@ -511,7 +511,7 @@ void tst_item_editor_ok::failing_write_leaves_nothing_half_done()
     ListGrid& grid = main.list_pane().grid();
     QCOMPARE(grid.rows().rows(), 2);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
-                      {grid.columnViewportPosition(grid_column::desc) + 8, grid.row_height() * 3 / 2});
+                      {grid.col_left(GridColumn::desc) + 8, grid.row_height() * 3 / 2});
     QVERIFY(main.row_editor().is_open());
     QCOMPARE(grid.rows().row(1).item, QStringLiteral("Milk"));
     const QStringList shown = shown_state(main, test.milk);
@@ -521,8 +521,8 @@ void tst_item_editor_ok::failing_write_leaves_nothing_half_done()
     bool thrown = false;
     test.open(2, test.milk, [&](EditorHands& hands) {
         hands.type_cell(0, "desc_brdr", QStringLiteral("warm"));
-        hands.click_cell(1, grid_column::light);
-        hands.click_cell(2, grid_column::light);
+        hands.click_cell(1, GridColumn::light);
+        hands.click_cell(2, GridColumn::light);
         hands.type_name(QStringLiteral("Cream"));
         hands.choose_category(QStringLiteral("Bakery"));
         if (trapped)
@@ -585,8 +585,8 @@ void tst_item_editor_ok::odd_texts_are_stored_as_typed()
     test.open(0, -1, [&](EditorHands& hands) {
         hands.name().setText(text);
         hands.choose_category(QStringLiteral("Bakery"));
-        hands.click_cell(0, grid_column::light);
-        hands.click_cell(0, grid_column::desc);
+        hands.click_cell(0, GridColumn::light);
+        hands.click_cell(0, GridColumn::desc);
         for (const char* editor : {"desc_brdr", "qty_brdr", "aisle_brdr"})
             hands.dialog.findChild<QLineEdit*>(QLatin1String(editor))->setText(text);
         hands.press_ok();

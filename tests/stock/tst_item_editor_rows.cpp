@@ -67,8 +67,8 @@ void tst_item_editor_rows::placing_from_the_all_lists_view_goes_through_the_dial
     messages.drive([&](QDialog& dialog) {
         EditorHands hands(dialog, messages);
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Adding Milk"));
-        hands.click_cell(2, grid_column::light);
-        hands.click_cell(2, grid_column::check);
+        hands.click_cell(2, GridColumn::light);
+        hands.click_cell(2, GridColumn::check);
         hands.press_ok();
         QVERIFY(!dialog.isVisible());
     });
@@ -88,7 +88,7 @@ void tst_item_editor_rows::placing_shows_in_the_grid()
     QCOMPARE(int(main.shared.current_list), int(test.market));
     QCOMPARE(main.list_pane().grid().rows().rows(), 1);
     test.open(1, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(0, grid_column::light);
+        hands.click_cell(0, GridColumn::light);
         hands.type_cell(1, "desc_brdr", QStringLiteral("cold"));
         hands.press_ok();
     });
@@ -108,7 +108,7 @@ void tst_item_editor_rows::placing_keeps_quantity_text_and_coupon()
     frmmain& main = test.window.load();
     test.open(1, test.milk, [&](EditorHands& hands) {
         hands.type_cell(1, "qty_brdr", QStringLiteral("2 lb"));
-        hands.click_cell(1, grid_column::coupon);
+        hands.click_cell(1, GridColumn::coupon);
         QCOMPARE(hands.row(1).date, QStringLiteral("3/14/2026"));
         hands.press_ok();
     });
@@ -131,7 +131,7 @@ void tst_item_editor_rows::pre_marked_row_gets_its_coupon_box_with_the_placing()
     QCOMPARE(shown.rows(), 1);
     QCOMPARE(shown.row(0).coupon, picture_base::coupon_off);
     test.open(1, test.bread, [](EditorHands& hands) {
-        hands.click_cell(1, grid_column::coupon);
+        hands.click_cell(1, GridColumn::coupon);
         QCOMPARE(hands.row(1).coupon, picture_base::coupon_on);
         hands.press_ok();
     });
@@ -149,7 +149,7 @@ void tst_item_editor_rows::quantity_beyond_16_bits_is_kept_as_text()
         hands.type_name(QStringLiteral("Rice"));
         hands.choose_category(QStringLiteral("Bakery"));
         for (int row = 0; row < 3; ++row)
-            hands.click_cell(row, grid_column::light);
+            hands.click_cell(row, GridColumn::light);
         hands.type_cell(0, "qty_brdr", QStringLiteral("99999999999999999999"));
         hands.type_cell(1, "qty_brdr", QStringLiteral("-3"));
         hands.type_cell(2, "qty_brdr", QStringLiteral("1.5"));
@@ -166,9 +166,9 @@ void tst_item_editor_rows::row_ticked_and_unticked_again_is_not_placed()
     test.add_lists();
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(1, grid_column::light);
+        hands.click_cell(1, GridColumn::light);
         QCOMPARE(hands.row(1).light, picture_base::light_off);
-        hands.click_cell(1, grid_column::light);
+        hands.click_cell(1, GridColumn::light);
         QCOMPARE(hands.row(1).light, picture_base::light_unlisted);
         hands.press_ok();
     });
@@ -186,7 +186,7 @@ void tst_item_editor_rows::row_taken_off_goes_from_list_tree_and_grid()
     frmmain& main = test.window.load();
     QCOMPARE(main.list_pane().grid().rows().rows(), 1);
     test.open(2, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(1, grid_column::light);
+        hands.click_cell(1, GridColumn::light);
         QCOMPARE(hands.row(1).light, picture_base::light_unlisted);
         QCOMPARE(hands.row(1).check, picture_base::check_off);
         QCOMPARE(hands.row(1).desc, QStringLiteral(" "));
@@ -212,8 +212,8 @@ void tst_item_editor_rows::row_taken_off_and_put_back_is_merely_kept()
                         QStringLiteral("9"));
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(1, grid_column::light);
-        hands.click_cell(1, grid_column::light);
+        hands.click_cell(1, GridColumn::light);
+        hands.click_cell(1, GridColumn::light);
         QCOMPARE(hands.row(1).light, picture_base::light_off);
         QCOMPARE(hands.state(), QStringLiteral("Inactive item"));
         hands.press_ok();
@@ -228,7 +228,7 @@ void tst_item_editor_rows::row_placed_taken_off_and_placed_again_comes_once()
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
         for (int i = 0; i < 3; ++i)
-            hands.click_cell(0, grid_column::light);
+            hands.click_cell(0, GridColumn::light);
         hands.press_ok();
     });
     QCOMPARE(test.list_rows(), QStringLiteral("1: :0: :0:0"));
@@ -242,10 +242,10 @@ void tst_item_editor_rows::buy_it_box_flips_and_is_written()
     test.window.add_row(test.milk, test.market, false);
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(0, grid_column::check);
+        hands.click_cell(0, GridColumn::check);
         QCOMPARE(hands.row(0).light, picture_base::light_off);
         QCOMPARE(hands.row(0).check, picture_base::check_off);
-        hands.click_cell(1, grid_column::check);
+        hands.click_cell(1, GridColumn::check);
         QCOMPARE(hands.row(1).light, picture_base::light_on);
         QCOMPARE(hands.row(1).check, picture_base::check_on);
         hands.press_ok();
@@ -259,7 +259,7 @@ void tst_item_editor_rows::buy_it_box_of_a_row_not_on_the_list_puts_the_item_the
     test.add_lists();
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(0, grid_column::check);
+        hands.click_cell(0, GridColumn::check);
         QCOMPARE(hands.row(0).light, picture_base::light_on);
         QCOMPARE(hands.row(0).check, picture_base::check_on);
         hands.press_ok();
@@ -308,7 +308,7 @@ void tst_item_editor_rows::text_typed_before_the_tick_is_placed()
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
         hands.type_cell(0, "desc_brdr", QStringLiteral("cold"));
-        hands.click_cell(0, grid_column::light);
+        hands.click_cell(0, GridColumn::light);
         hands.press_ok();
     });
     QCOMPARE(test.list_rows(), QStringLiteral("1:cold:0: :0:0"));
@@ -321,7 +321,7 @@ void tst_item_editor_rows::steppers_change_the_quantity()
     test.window.add_row(test.milk, test.weekly, true, QStringLiteral(" "), QStringLiteral("2lb"));
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(0, grid_column::qty);
+        hands.click_cell(0, GridColumn::qty);
         auto* up = hands.dialog.findChild<QWidget*>(QStringLiteral("qty_btn(0)"));
         QVERIFY(up && up->isVisible());
         QTest::mouseClick(up, Qt::LeftButton);
@@ -345,7 +345,7 @@ void tst_item_editor_rows::coupon_on_takes_today_or_a_later_stored_date()
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
         for (int row = 0; row < 3; ++row)
-            hands.click_cell(row, grid_column::coupon);
+            hands.click_cell(row, GridColumn::coupon);
         QCOMPARE(hands.row(0).coupon, picture_base::coupon_on);
         QCOMPARE(hands.row(0).date, QStringLiteral("3/14/2026"));
         QCOMPARE(hands.row(1).date, QStringLiteral("11/2/2026"));
@@ -367,7 +367,7 @@ void tst_item_editor_rows::coupon_off_leaves_the_date_in_the_database()
     Query(test.window.db(), "UPDATE groc_1 SET cpn = 1, created = '2026-11-02' WHERE key_id = ?", row).run();
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(0, grid_column::coupon);
+        hands.click_cell(0, GridColumn::coupon);
         QCOMPARE(hands.row(0).coupon, picture_base::coupon_off);
         QCOMPARE(hands.row(0).date, QStringLiteral(" "));
         hands.press_ok();
@@ -383,7 +383,7 @@ void tst_item_editor_rows::calendar_date_is_written()
     Query(test.window.db(), "UPDATE groc_1 SET cpn = 1, created = '2026-11-02' WHERE key_id = ?", row).run();
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
-        hands.click_cell(0, grid_column::desc);
+        hands.click_cell(0, GridColumn::desc);
         auto* button = hands.dialog.findChild<QWidget*>(QStringLiteral("dtp_btn"));
         QVERIFY(button && button->isVisible());
         QTest::mousePress(button, Qt::LeftButton);
@@ -425,8 +425,8 @@ void tst_item_editor_rows::main_grid_follows_in_every_mode()
     test.open(
         mode, test.milk,
         [&](EditorHands& hands) {
-            hands.click_cell(1, grid_column::check);
-            hands.click_cell(1, grid_column::coupon);
+            hands.click_cell(1, GridColumn::check);
+            hands.click_cell(1, GridColumn::coupon);
             hands.type_cell(1, "desc_brdr", QStringLiteral("cold"));
             hands.type_cell(1, "qty_brdr", QStringLiteral("3"));
             hands.type_cell(1, "aisle_brdr", QStringLiteral("7"));
@@ -458,7 +458,7 @@ void tst_item_editor_rows::row_vanished_meanwhile_is_passed_over()
     test.window.load();
     test.open(2, test.milk, [&](EditorHands& hands) {
         hands.type_cell(0, "desc_brdr", QStringLiteral("cold"));
-        hands.click_cell(1, grid_column::light);
+        hands.click_cell(1, GridColumn::light);
         Query(test.window.db(), "DELETE FROM groc_1").run();
         Query(test.window.db(), "DELETE FROM tie").run();
         hands.press_ok();
@@ -476,16 +476,16 @@ void tst_item_editor_rows::column_boxes_hide_columns_and_store_nothing()
     const QString before = test.window.pref(QStringLiteral("cpn"), QStringLiteral("Velora"))
         + test.window.pref(QStringLiteral("aisle"), QStringLiteral("Velora"));
     test.open(2, test.milk, [&](EditorHands& hands) {
-        QCOMPARE(hands.grid().col_width(grid_column::date), 80);
+        QCOMPARE(hands.grid().col_width(GridColumn::date), 80);
         for (const char* box : {"Cmd_ShowCol(0)", "Cmd_ShowCol(1)"})
             QTest::mouseClick(hands.dialog.findChild<QWidget*>(QLatin1String(box)), Qt::LeftButton);
-        QCOMPARE(hands.grid().col_width(grid_column::coupon), 0);
-        QCOMPARE(hands.grid().col_width(grid_column::date), 0);
-        QCOMPARE(hands.grid().col_width(grid_column::aisle), 0);
-        hands.click_cell(0, grid_column::desc);
+        QCOMPARE(hands.grid().col_width(GridColumn::coupon), 0);
+        QCOMPARE(hands.grid().col_width(GridColumn::date), 0);
+        QCOMPARE(hands.grid().col_width(GridColumn::aisle), 0);
+        hands.click_cell(0, GridColumn::desc);
         QVERIFY(!hands.dialog.findChild<QWidget*>(QStringLiteral("aisle_brdr"))->isVisible());
         QTest::mouseClick(hands.dialog.findChild<QWidget*>(QStringLiteral("Cmd_ShowCol(1)")), Qt::LeftButton);
-        QCOMPARE(hands.grid().col_width(grid_column::aisle), 36);
+        QCOMPARE(hands.grid().col_width(GridColumn::aisle), 36);
     });
     QCOMPARE(test.window.pref(QStringLiteral("cpn"), QStringLiteral("Velora"))
                  + test.window.pref(QStringLiteral("aisle"), QStringLiteral("Velora")),

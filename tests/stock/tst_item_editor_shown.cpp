@@ -175,8 +175,8 @@ void tst_item_editor_shown::new_item_that_could_not_be_placed_is_handed_to_nobod
     test.open(0, -1, [](EditorHands& hands) {
         hands.type_name(QStringLiteral("Soap"));
         hands.choose_category(QStringLiteral("Bakery"));
-        hands.click_cell(0, grid_column::light);
-        hands.click_cell(1, grid_column::light);
+        hands.click_cell(0, GridColumn::light);
+        hands.click_cell(1, GridColumn::light);
         hands.messages.expect(QStringLiteral("TarnWick"),
                               QStringLiteral("TarnWick has encountered an error\nand must shut down"));
         hands.press_ok();
@@ -202,8 +202,8 @@ void tst_item_editor_shown::rows_taken_off_leave_the_grid_and_the_links_are_repa
     QCOMPARE(shown.rows(), 3);
     Query(test.window.db(), "INSERT INTO tie (key_id, item_id, groc_id, list) VALUES (99, 1, 99, 2)").run();
     test.open(2, test.milk, [](EditorHands& hands) {
-        hands.click_cell(1, grid_column::light);
-        hands.click_cell(2, grid_column::light);
+        hands.click_cell(1, GridColumn::light);
+        hands.click_cell(2, GridColumn::light);
         hands.press_ok();
         QVERIFY(!hands.dialog.isVisible());
     });

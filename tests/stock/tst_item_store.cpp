@@ -27,7 +27,6 @@ private slots:
     void complete_row_touches_only_what_is_given();
     void rename_reaches_all_lists_and_no_other_item();
     void links_follow_names();
-    void write_status_stores_the_computed_code();
     void odd_texts_come_back_unharmed_data();
     void odd_texts_come_back_unharmed();
     void a_failing_write_takes_the_transaction_back();
@@ -272,21 +271,6 @@ void tst_item_store::links_follow_names()
              QStringLiteral("-1,-1,1,1,77"));
     QCOMPARE(window.text("SELECT group_concat(item) FROM recipe_2"),
              QStringLiteral("Milk,Warm milk,CREAM,Salt,Cream"));
-}
-
-void tst_item_store::write_status_stores_the_computed_code()
-{
-    TestWindow window;
-    const Key milk = window.add_item(QStringLiteral("Milk"), 0, 8);
-    ItemStore store(window.db());
-    QCOMPARE(store.write_status(milk), int(status_code::unlisted));
-    window.add_row(milk, 1, false);
-    QCOMPARE(store.write_status(milk), int(status_code::inactive));
-    window.add_row(milk, 2, true);
-    QCOMPARE(store.write_status(milk), int(status_code::buy_it));
-    window.add_row(milk, 2, true);
-    QCOMPARE(store.write_status(milk), int(status_code::buy_it_plus));
-    QCOMPARE(window.number("SELECT status FROM items_1"), 8);
 }
 
 void tst_item_store::odd_texts_come_back_unharmed_data()

@@ -1,6 +1,7 @@
 #include "stock/tidying_fixture.h"
 
 #include "widgets/row_editor.h"
+#include "support/tool_button.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -127,7 +128,7 @@ void tst_item_tidying::an_item_on_one_list_is_deleted_after_a_question()
     QCOMPARE(number("SELECT count(*) FROM groc_1"), 1);
     QCOMPARE(number("SELECT count(*) FROM tie"), 1);
     QVERIFY(!node(milk_));
-    QCOMPARE(lite_status(window_->db(), milk_), int(status_code::non_stock));
+    QCOMPARE(lite_status(window_->db(), milk_), StatusCode::non_stock);
     QCOMPARE(get_status(window_->db(), milk_), QStringLiteral("Non-stock item"));
 }
 
@@ -624,7 +625,7 @@ void tst_item_tidying::the_notice_after_a_click_elsewhere_comes_once_and_the_cli
     script.expect(QStringLiteral("Quendary notice"),
                   notice(QStringLiteral("Milk"), QStringLiteral("Home"), QStringLiteral("Cream")));
     ListGrid& grid = window_->main().list_pane().grid();
-    const QRect box = grid.cell_rect(0, grid_column::check);
+    const QRect box = grid.cell_rect(0, GridColumn::check);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
                       grid.viewport()->mapFrom(grid.parentWidget(), box.center()));
     QTRY_COMPARE(script.left(), 0);
@@ -655,7 +656,7 @@ void tst_item_tidying::a_sort_stores_the_name_that_is_being_typed()
     load();
     const MessageScript no_message;
     begin_edit(node(milk_), QStringLiteral("Almond milk"));
-    auto* sort = window_->find<QToolButton>(QStringLiteral("Toolbar1(16)"));
+    auto* sort = window_->find<QToolButton>(tool_button(ToolButton::sort));
     QVERIFY(sort->isVisible() && sort->isEnabled());
     QTest::mouseClick(sort, Qt::LeftButton, {}, QPoint(10, 10));
     QVERIFY(shared().stock_alpha);

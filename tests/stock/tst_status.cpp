@@ -25,12 +25,13 @@ private slots:
     void tool_tip_of_a_one_letter_name_has_the_words_alone();
     void pictures_of_each_code_data();
     void pictures_of_each_code();
+    void number_that_is_no_code_names_none();
     void list_name_of_no_row_is_all();
 
 private:
     Key item(const QString& name) { return window_->add_item(name, category_); }
     QString words(Key key) { return get_status(window_->db(), key); }
-    int code(Key key) { return lite_status(window_->db(), key); }
+    int code(Key key) { return code_number(lite_status(window_->db(), key)); } ///< as the table holds it
 
     std::unique_ptr<TestWindow> window_;
     Key category_ = 0;
@@ -171,10 +172,18 @@ void tst_status::pictures_of_each_code()
     QFETCH(int, light);
     QFETCH(int, check);
     QFETCH(bool, enabled);
-    const StatusPictures pictures = status_pictures(code);
+    const StatusPictures pictures = status_pictures(code_of_number(code).value());
     QCOMPARE(pictures.light, light);
     QCOMPARE(pictures.check, check);
     QCOMPARE(pictures.check_enabled, enabled);
+}
+
+void tst_status::number_that_is_no_code_names_none()
+{
+    for (const int number : {-1, 0, 4, 10})
+        QVERIFY(!code_of_number(number));
+    for (const int number : {5, 6, 7, 8, 9})
+        QCOMPARE(code_number(code_of_number(number).value()), number);
 }
 
 void tst_status::list_name_of_no_row_is_all()

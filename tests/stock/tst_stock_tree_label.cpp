@@ -3,6 +3,7 @@
 #include "widgets/row_editor.h"
 #include "stock/stock_tree_fixture.h"
 #include "support/message_script.h"
+#include "support/tool_button.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -127,7 +128,7 @@ void tst_stock_tree_label::toolbar_calls_the_second_click_off()
 {
     load();
     click_milk_twice();
-    auto* size = window_->find<QToolButton>(QStringLiteral("Toolbar1(18)"));
+    auto* size = window_->find<QToolButton>(tool_button(ToolButton::size));
     QVERIFY(size && size->isVisible());
     QTest::mouseClick(size, Qt::LeftButton, {}, QPoint(10, 10));
     QCOMPARE(shared().type_size, 10);

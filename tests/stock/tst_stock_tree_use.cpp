@@ -71,7 +71,7 @@ void tst_stock_tree_use::load_with_lagging_status()
     click(node(milk_), box_in_folder);
     QCOMPARE(number("SELECT status FROM items_1 WHERE item = 'Milk'"), 6);
     QCOMPARE(TreeView::picture(node(milk_)), 6);
-    QCOMPARE(lite_status(window_->db(), milk_), 7);
+    QCOMPARE(lite_status(window_->db(), milk_), StatusCode::buy_it);
 }
 
 void tst_stock_tree_use::box_of_an_inactive_item_activates_its_row()
@@ -137,7 +137,7 @@ void tst_stock_tree_use::box_of_an_item_on_two_lists_changes_the_first_row_only(
     QCOMPARE(number("SELECT to_get FROM groc_1 WHERE key_id = 2"), 1);
     QCOMPARE(TreeView::picture(node(milk_)), 6);
     QCOMPARE(number("SELECT status FROM items_1 WHERE item = 'Milk'"), 6);
-    QCOMPARE(lite_status(window_->db(), milk_), 7);
+    QCOMPARE(lite_status(window_->db(), milk_), StatusCode::buy_it);
 }
 
 void tst_stock_tree_use::placing_again_restores_the_true_status_after_a_box_click()
@@ -152,7 +152,7 @@ void tst_stock_tree_use::placing_again_restores_the_true_status_after_a_box_clic
     commands().action(QStringLiteral("mnu_tv_ai")).trigger();
     QCOMPARE(script.left(), 0);
     QCOMPARE(number("SELECT sum(to_get) FROM groc_1"), 2);
-    QCOMPARE(lite_status(window_->db(), milk_), 8);
+    QCOMPARE(lite_status(window_->db(), milk_), StatusCode::buy_it_plus);
     QCOMPARE(number("SELECT status FROM items_1 WHERE item = 'Milk'"), 8);
     QCOMPARE(TreeView::picture(node(milk_)), 8);
 }
@@ -414,11 +414,11 @@ void tst_stock_tree_use::locate_marks_the_row_red_in_the_middle_of_the_grid()
     const int place = grid.rows().find_row(row);
     QCOMPARE(place, 45);
     QCOMPARE(grid.current_row(), place);
-    QCOMPARE(grid.current_col(), grid_column::item);
+    QCOMPARE(grid.current_col(), GridColumn::item);
     QVERIFY(grid.rows().row(place).located);
     QVERIFY(!grid.rows().row(place - 1).located);
     QVERIFY(std::abs(grid.top_row() + grid.rows_in_view() / 2 - place) <= 1);
-    const QVariant color = grid.rows().data(grid.rows().index(place, grid_column::item), Qt::ForegroundRole);
+    const QVariant color = grid.rows().data(grid.rows().cell(place, GridColumn::item), Qt::ForegroundRole);
     QCOMPARE(color.value<QBrush>().color(), QColor(255, 0, 0));
 }
 
@@ -512,12 +512,12 @@ void tst_stock_tree_use::press_on_a_node_closes_the_editor_of_the_grid()
     window_->add_row(butter_, home_, false);
     load();
     ListGrid& grid = window_->main().list_pane().grid();
-    grid.set_current(0, grid_column::qty);
+    grid.set_current(0, GridColumn::qty);
     window_->main().row_editor().show_l_line();
     QVERIFY(window_->main().row_editor().is_open());
     QTest::mousePress(tree().viewport(), Qt::LeftButton, {}, point(node(milk_), 200));
     QVERIFY(!window_->main().row_editor().is_open());
-    QCOMPARE(grid.current_col(), grid_column::item);
+    QCOMPARE(grid.current_col(), GridColumn::item);
     QVERIFY(!grid.selectionModel()->hasSelection());
     QTest::mouseRelease(tree().viewport(), Qt::LeftButton, {}, point(node(milk_), 200));
 }

@@ -289,11 +289,11 @@ void tst_commands::column_items_toggle_the_boxes()
 {
     TestWindow w;
     frmmain& main = w.load();
-    for (int group = 0; group < 2; ++group) {
+    for (const ColumnGroup group : column_groups) {
         QCheckBox& box = main.list_pane().header().show_box(group);
         const bool before = box.isChecked();
-        QAction& item = main.commands().action(group == 0 ? QStringLiteral("mnu_view_cpn")
-                                                          : QStringLiteral("mnu_view_aisle"));
+        QAction& item = main.commands().action(group == ColumnGroup::coupon ? QStringLiteral("mnu_view_cpn")
+                                                                            : QStringLiteral("mnu_view_aisle"));
         QVERIFY(item.isEnabled());
         item.trigger();
         QCOMPARE(box.isChecked(), !before);

@@ -1,6 +1,7 @@
 #include "dialogs/find_item.h"
 #include "recipes/recipe_fixture.h"
 #include "window/view_state.h"
+#include "support/tool_button.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -119,7 +120,7 @@ void tst_find::option_follows_the_tree_and_the_two_menu_items_force_it()
     QVERIFY(w.option(0).isChecked() && !w.option(1).isChecked());
     w.dialog()->close();
     w.trigger(QStringLiteral("mnu_view_rcp"));
-    auto* find = w.main().findChild<QToolButton*>(QStringLiteral("Toolbar1(15)"));
+    auto* find = w.main().findChild<QToolButton*>(tool_button(ToolButton::find));
     QVERIFY(find->isEnabled());
     QTest::mouseClick(find, Qt::LeftButton);
     QTRY_VERIFY(w.dialog() && w.dialog()->isVisible());

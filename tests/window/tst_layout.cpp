@@ -10,6 +10,7 @@
 #include "window/view_state.h"
 #include "stock/stock_tree.h"
 #include "support/test_window.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QFrame>
@@ -65,7 +66,7 @@ QList<int> row_heights(frmmain& main)
     TreeView& tree = main.stock_tree().view();
     QList<int> heights{tree.row_height()};
     for (int row = 0; row < grid.rows().rows(); ++row)
-        for (const int column : {grid_column::check, grid_column::item, grid_column::desc})
+        for (const GridColumn column : {GridColumn::check, GridColumn::item, GridColumn::desc})
             heights += grid.cell_rect(row, column).height();
     for (int i = 0; i < tree.topLevelItemCount(); ++i)
         heights += tree.visualItemRect(tree.topLevelItem(i)).height();
@@ -298,8 +299,8 @@ void tst_layout::a_drag_keeps_the_open_row_and_its_boxes_over_their_cells()
     w.open_row(1);
     w.type_into("desc_brdr", QStringLiteral("ripe"));
     const auto over_cells = [&w] {
-        const std::pair<const char*, int> boxes[] = {
-            {"desc_brdr", grid_column::desc}, {"qty_brdr", grid_column::qty}, {"aisle_brdr", grid_column::aisle}};
+        const std::pair<const char*, int> boxes[]
+            = {{"desc_brdr", GridColumn::desc}, {"qty_brdr", GridColumn::qty}, {"aisle_brdr", GridColumn::aisle}};
         return std::all_of(std::begin(boxes), std::end(boxes), [&w](const auto& box) {
             return w.shown(box.first) && w.cell_in_form(box.second).contains(w.in_form(box.first).center());
         });
@@ -315,7 +316,7 @@ void tst_layout::a_drag_keeps_the_open_row_and_its_boxes_over_their_cells()
         QVERIFY(over_cells());
     }
     w.type_into("desc_brdr", QStringLiteral("very ripe"));
-    QCOMPARE(w.cell(1, grid_column::desc), QStringLiteral("very ripe"));
+    QCOMPARE(w.cell(1, GridColumn::desc), QStringLiteral("very ripe"));
 }
 
 void tst_layout::enter_on_the_separator_closes_the_open_row()
@@ -496,13 +497,13 @@ void tst_layout::three_sizes_by_toolbar_menu_and_restart_give_the_same_rows()
     QCOMPARE(w.pref(QStringLiteral("font")), QString::number(size));
 
     start_at_another();
-    auto* button = w.find<QToolButton>(QStringLiteral("Toolbar1(18)"));
+    auto* button = w.find<QToolButton>(tool_button(ToolButton::size));
     button->menu()->findChild<QAction*>(drop_down)->trigger();
     QCOMPARE(row_heights(w.main()), by_restart);
 
     w.set_pref(QStringLiteral("font"), QStringLiteral("9"));
     w.load();
-    button = w.find<QToolButton>(QStringLiteral("Toolbar1(18)"));
+    button = w.find<QToolButton>(tool_button(ToolButton::size));
     QVERIFY(button->isVisible());
     for (int i = 0; i < presses; ++i)
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, 8));

@@ -110,7 +110,7 @@ void tst_page_colors::a_click_takes_effect_at_once_moves_the_mark_and_is_stored(
         QCOMPARE(part(dialog, QStringLiteral("Shape2")).geometry(), around(dialog, 2, 7));
         QCOMPARE(ground(w.grid()), green);
         QCOMPARE(ground(w.main().recipe_page().Text1()), green);
-        QCOMPARE(w.grid().rows().index(0, 0).data(Qt::UserRole).toInt(), picture_base::light_on + 2);
+        QCOMPARE(w.grid().rows().cell(0, GridColumn::light).data(Qt::UserRole).toInt(), picture_base::light_on + 2);
         QCOMPARE(w.pref(QStringLiteral("color")), QStringLiteral("2"));
         QVERIFY(!QApplication::overrideCursor());
         dialog.close();
@@ -165,7 +165,7 @@ void tst_page_colors::list_keeps_current_row_and_scroll_place()
     w.rows(80);
     w.open();
     w.grid().set_top_row(30);
-    w.grid().set_current(35, grid_column::item);
+    w.grid().set_current(35, GridColumn::item);
     w.main().view_state().set_color(1);
     QCOMPARE(w.grid().current_row(), 35);
     QCOMPARE(w.grid().top_row(), 30);
@@ -216,7 +216,7 @@ void tst_page_colors::what_lies_behind_keeps_its_place_too()
     w.main().l_r_refresh();
     ListGrid& grid = w.main().list_pane().grid();
     grid.set_top_row(30);
-    grid.set_current(35, grid_column::item);
+    grid.set_current(35, GridColumn::item);
     w.page().scroll_bar().setValue(7);
     w.main().view_state().set_color(2);
     QCOMPARE(w.page().scroll_bar().value(), 7);

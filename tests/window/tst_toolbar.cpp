@@ -7,6 +7,7 @@
 #include "stock/stock_tree.h"
 #include "support/message_script.h"
 #include "support/test_window.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QDialog>
@@ -21,7 +22,7 @@ namespace {
 
 QToolButton* button(frmmain& main, ToolButton which)
 {
-    return main.findChild<QToolButton*>(QStringLiteral("Toolbar1(%1)").arg(static_cast<int>(which)));
+    return main.findChild<QToolButton*>(tool_button(which));
 }
 
 void click(frmmain& main, ToolButton which)
@@ -495,7 +496,7 @@ void tst_toolbar::a_change_of_size_closes_the_open_row_first()
     for (const char* box : {"desc_brdr", "qty_brdr", "aisle_brdr", "frmEditDel"})
         QVERIFY2(!w.shown(box), box);
     QVERIFY(!w.grid().rows().row(1).bold);
-    QCOMPARE(w.cell(1, grid_column::desc), QStringLiteral("ripe"));
+    QCOMPARE(w.cell(1, GridColumn::desc), QStringLiteral("ripe"));
     QVERIFY(w.grid().hasFocus());
 }
 

@@ -2,7 +2,13 @@
 #include "recipes/line_fixture.h"
 #include "support/table_dump.h"
 #include "widgets/list_grid.h"
+#include "household/household.h"
 #include "widgets/row_editor.h"
+#include "window/commands.h"
+
+#include <QScrollBar>
+
+#include <functional>
 
 using namespace tarnwick;
 
@@ -14,9 +20,10 @@ public:
     Window()
     {
         const Key list = add_list(QStringLiteral("Home"));
+        folder = add_category(QStringLiteral("Dairy"));
         const Key other = add_list(QStringLiteral("Party"));
         for (const char* name : {"Butter", "Cream", "Milk"}) {
-            const Key item = add_item(QString::fromLatin1(name), 0, 7);
+            const Key item = add_item(QString::fromLatin1(name), folder, 7);
             add_row(item, list, true, QStringLiteral("fresh"), QStringLiteral("2 lb"), QStringLiteral("7"));
             add_line(recipe, QString::fromLatin1(name), item, -1, QStringLiteral("1"), QStringLiteral("cup"),
                      QStringLiteral("cold"));
@@ -36,6 +43,11 @@ public:
         QVERIFY(QTest::qWaitForWindowActive(&main()));
     }
 
+    static void press(Qt::Key key)
+    {
+        QVERIFY(QApplication::focusWidget());
+        QTest::keyClick(QApplication::focusWidget(), key);
+    }
     static void undo()
     {
         QVERIFY(QApplication::focusWidget());
@@ -45,7 +57,7 @@ public:
     void remove_row(int row)
     {
         grid().setFocus();
-        grid().set_current(row, grid_column::item);
+        grid().set_current(row, GridColumn::item);
         QTest::keyClick(&grid(), Qt::Key_Delete);
     }
     void remove_line(int line)
@@ -57,9 +69,12 @@ public:
     {
         QStringList names;
         for (int i = 0; i < grid().rows().rows(); ++i)
-            names << grid().rows().cell_text(i, grid_column::item);
+            names << grid().rows().cell_text(i, GridColumn::item);
         return names;
     }
+    void choose_list(int entry) { main().commands().list_entry(entry).trigger(); }
+
+    Key folder = 0;
 };
 
 } // namespace
@@ -75,6 +90,12 @@ private slots:
     void the_only_line_comes_back_from_the_instructions();
     void only_the_last_removal_comes_back_and_only_once();
     void after_another_change_nothing_comes_back();
+    void a_row_comes_back_wherever_the_keyboard_has_been_data();
+    void a_row_comes_back_wherever_the_keyboard_has_been();
+    void a_row_comes_back_to_its_list_on_show_alone();
+    void a_line_comes_back_wherever_the_keyboard_has_been_data();
+    void a_line_comes_back_wherever_the_keyboard_has_been();
+    void with_its_item_gone_a_row_stays_away();
     void a_line_does_not_come_back_to_another_recipe();
     void what_was_typed_since_is_undone_in_its_box();
     void the_status_of_a_returned_item_is_true();
@@ -100,7 +121,7 @@ void tst_undo_key::a_removed_row_comes_back_as_it_was()
     const QStringList names = w.names();
     if (by_cross) {
         w.grid().setFocus();
-        w.grid().set_current(row, grid_column::item);
+        w.grid().set_current(row, GridColumn::item);
         w.main().row_editor().show_l_line();
         QTest::mouseClick(&w.control(QStringLiteral("imgScratch")), Qt::LeftButton);
     } else {
@@ -187,6 +208,129 @@ void tst_undo_key::after_another_change_nothing_comes_back()
     w.undo();
     QCOMPARE(table_dump(w.db()), before);
     QCOMPARE(w.grid().rows().rows(), 2);
+}
+
+void tst_undo_key::a_row_comes_back_wherever_the_keyboard_has_been_data()
+{
+    QTest::addColumn<std::function<void(Window&)>>("act");
+    const auto add = [](const char* name, const std::function<void(Window&)>& act) { QTest::newRow(name) << act; };
+    const auto command = [](const char* name) { return [name](Window& w) { w.trigger(QLatin1String(name)); }; };
+    const auto there_and_back = [](const char* there, const char* back) {
+        return [there, back](Window& w) {
+            w.trigger(QLatin1String(there));
+            w.trigger(QLatin1String(back));
+        };
+    };
+    add("tree", [](Window& w) { w.press(Qt::Key_F6); });
+    add("a folder opened in the tree", [](Window& w) {
+        w.press(Qt::Key_F6);
+        w.main().stock_tree().category_node(w.folder)->setExpanded(true);
+    });
+    add("all folders closed", command("mnu_view_cntrct_all"));
+    add("the tree sorted by name", command("mnu_view_sort_alpha"));
+    add("the tree sorted twice", there_and_back("mnu_view_sort_alpha", "mnu_view_sort_cat"));
+    add("the other tree and back", there_and_back("mnu_view_rcp", "mnu_view_stock"));
+    add("the page and back", there_and_back("mnu_view_rcpepages", "mnu_view_shoplist"));
+    add("another list and back", [](Window& w) {
+        w.choose_list(1);
+        w.choose_list(0);
+    });
+    add("all lists", [](Window& w) { w.choose_list(2); });
+    add("a column shown", command("mnu_view_cpn"));
+    add("scrolled", [](Window& w) { w.grid().verticalScrollBar()->setValue(1); });
+    add("a menu of the row", [](Window& w) {
+        w.press(Qt::Key_Menu);
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    });
+    add("a row opened", [](Window& w) { w.press(Qt::Key_Up); });
+}
+
+void tst_undo_key::a_row_comes_back_wherever_the_keyboard_has_been()
+{
+    QFETCH(std::function<void(Window&)>, act);
+    Window w;
+    w.open_on(true);
+    w.remove_row(1);
+    w.main().activateWindow();
+    act(w);
+    QCOMPARE(w.number("SELECT count(*) FROM groc_1"), 3);
+    w.main().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&w.main()));
+    w.undo();
+    QCOMPARE(w.number("SELECT count(*) FROM groc_1"), 4);
+    QVERIFY(w.names().contains(QStringLiteral("Cream")));
+}
+
+void tst_undo_key::a_row_comes_back_to_its_list_on_show_alone()
+{
+    Window w;
+    w.open_on(true);
+    w.remove_row(1);
+    w.choose_list(1);
+    const QStringList before = table_dump(w.db());
+    w.undo();
+    QCOMPARE(table_dump(w.db()), before);
+    QCOMPARE(w.names(), QStringList{QStringLiteral("Cream")});
+    w.choose_list(2);
+    w.undo();
+    QCOMPARE(w.names(),
+             (QStringList{QStringLiteral("Butter"), QStringLiteral("Cream"), QStringLiteral("Cream"),
+                          QStringLiteral("Milk")}));
+}
+
+void tst_undo_key::a_line_comes_back_wherever_the_keyboard_has_been_data()
+{
+    QTest::addColumn<std::function<void(Window&)>>("act");
+    const auto add = [](const char* name, const std::function<void(Window&)>& act) { QTest::newRow(name) << act; };
+    add("tree", [](Window& w) { w.press(Qt::Key_F6); });
+    add("a folder opened in the tree", [](Window& w) {
+        w.press(Qt::Key_F6);
+        w.main().stock_tree().category_node(w.folder)->setExpanded(true);
+    });
+    add("another recipe and back", [](Window& w) {
+        w.page().set_recipe(-1);
+        w.page().set_recipe(w.recipe);
+    });
+    add("an arrow key in the instructions", [](Window& w) {
+        w.Text1().setFocus();
+        w.press(Qt::Key_Right);
+        QVERIFY(w.page().texts().is_edited());
+        w.press(Qt::Key_F6);
+        QVERIFY(!w.page().texts().is_edited());
+    });
+    add("a line opened and left", [](Window& w) {
+        w.press(Qt::Key_Return);
+        w.press(Qt::Key_Escape);
+    });
+    add("the list and back", [](Window& w) {
+        w.trigger(QStringLiteral("mnu_view_shoplist"));
+        w.trigger(QStringLiteral("mnu_view_rcpepages"));
+    });
+}
+
+void tst_undo_key::a_line_comes_back_wherever_the_keyboard_has_been()
+{
+    QFETCH(std::function<void(Window&)>, act);
+    Window w;
+    w.open_on(false);
+    const QString text = w.ingred(1);
+    w.remove_line(1);
+    act(w);
+    QCOMPARE(w.lines(), 2);
+    w.undo();
+    QCOMPARE(w.lines(), 3);
+    QCOMPARE(w.ingred(1), text);
+}
+
+void tst_undo_key::with_its_item_gone_a_row_stays_away()
+{
+    Window w;
+    w.open_on(true);
+    w.remove_row(0);
+    w.main().household().delete_item(1);
+    const QStringList before = table_dump(w.db());
+    w.undo();
+    QCOMPARE(table_dump(w.db()), before);
 }
 
 void tst_undo_key::a_line_does_not_come_back_to_another_recipe()

@@ -48,7 +48,7 @@ public:
     ListGrid& grid() { return main().list_pane().grid(); }
     void click_row(int row)
     {
-        const QPoint middle = grid().cell_rect(row, grid_column::item).center();
+        const QPoint middle = grid().cell_rect(row, GridColumn::item).center();
         QTest::mouseClick(grid().viewport(), Qt::LeftButton, {},
                           grid().viewport()->mapFrom(grid().parentWidget(), middle));
         QVERIFY(main().row_editor().is_open());
@@ -234,7 +234,7 @@ void tst_view_focus::tab_keys_move_nothing()
     QWidget* const focus = QApplication::focusWidget();
     QCOMPARE(focus, &w.control(control));
     const int row = w.grid().current_row();
-    const int column = w.grid().current_col();
+    const GridColumn column = w.grid().current_col();
     const QString title = w.title().text();
     const QTreeWidgetItem* chosen = w.main().visible_tree().selected();
 

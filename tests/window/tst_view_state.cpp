@@ -11,6 +11,7 @@
 #include "window/view_state.h"
 #include "stock/stock_tree.h"
 #include "support/test_window.h"
+#include "support/tool_button.h"
 
 #include <QAction>
 #include <QLabel>
@@ -58,10 +59,7 @@ public:
 
     QAction& action(const char* name) { return main_->commands().action(QString::fromLatin1(name)); }
     QString caption(const char* name) { return Commands::plain_caption(action(name)); }
-    QToolButton& button(ToolButton which)
-    {
-        return *main_->findChild<QToolButton*>(QStringLiteral("Toolbar1(%1)").arg(static_cast<int>(which)));
-    }
+    QToolButton& button(ToolButton which) { return *main_->findChild<QToolButton*>(tool_button(which)); }
     QTabBar& tabs(int index) { return *main_->findChild<QTabBar*>(QStringLiteral("TabStrip1(%1)").arg(index)); }
 
     QTreeWidgetItem* select(TreeView& tree, const QString& key)

@@ -51,7 +51,7 @@ void window_and_row(Studio& studio)
     studio.keep(QStringLiteral("window"), studio.main().grab().toImage());
 
     ListGrid& grid = studio.main().list_pane().grid();
-    const QPoint name = grid.cell_rect(2, grid_column::item).center();
+    const QPoint name = grid.cell_rect(2, GridColumn::item).center();
     studio.click(grid.viewport(), grid.viewport()->mapFrom(grid.parentWidget(), name));
     studio.settle();
     constexpr int rows = 6;
@@ -82,7 +82,7 @@ void recipe(Studio& studio)
 void preview(Studio& studio)
 {
     studio.start(look(true), window_size);
-    studio.main().shared.reports = {1, 2, 0, 1};
+    studio.main().shared.reports = {ReportSort::by_category, 2, 0, 1};
     studio.with_dialog(
         [&] {
             studio.click(studio.visible_child(QStringLiteral("Toolbar1(11)")), {10, 20});
@@ -98,7 +98,7 @@ void preview(Studio& studio)
 void lights(Studio& studio)
 {
     constexpr qreal scale = 2;
-    for (int code = status_code::unlisted; code <= status_code::non_stock; ++code)
+    for (int code = code_number(StatusCode::unlisted); code <= code_number(StatusCode::non_stock); ++code)
         studio.keep(QStringLiteral("light_%1").arg(code), list_image(ImageList::stock_tree, code, scale).toImage());
 }
 

@@ -2,6 +2,7 @@
 
 #include "shots/studio.h"
 
+#include "household/grid_row.h"
 #include "lists/list_pane.h"
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
@@ -39,7 +40,7 @@ private:
     ListGrid& grid() { return studio_.main().list_pane().grid(); }
     void start(bool stock, bool list, const char* separator = nullptr, QSize size = {1120, 720});
     void shot(const char* name) { studio_.shot(QStringLiteral("%1-%2pt").arg(QLatin1String(name)).arg(points_)); }
-    void click_cell(int row, int column);
+    void click_cell(int row, GridColumn column);
     void type(const char* box, const QString& text);
 
     Studio& studio_;
@@ -58,7 +59,7 @@ void LooksScenes::start(bool stock, bool list, const char* separator, QSize size
     studio_.start(prefs, size);
 }
 
-void LooksScenes::click_cell(int row, int column)
+void LooksScenes::click_cell(int row, GridColumn column)
 {
     const QPoint middle = grid().cell_rect(row, column).center();
     studio_.click(grid().viewport(), grid().viewport()->mapFrom(grid().parentWidget(), middle));
@@ -77,7 +78,7 @@ void LooksScenes::type(const char* box, const QString& text)
 void LooksScenes::keyboard_places()
 {
     start(true, true);
-    grid().set_current(3, grid_column::item);
+    grid().set_current(3, GridColumn::item);
     grid().setFocus();
     shot("current-row-with-the-keyboard");
     studio_.main().visible_tree().setFocus();
@@ -93,16 +94,16 @@ void LooksScenes::keyboard_places()
 void LooksScenes::long_numbers()
 {
     start(true, true);
-    click_cell(1, grid_column::desc);
+    click_cell(1, GridColumn::desc);
     type("qty_brdr", QStringLiteral("1234567 grams"));
     type("aisle_brdr", QStringLiteral("123456"));
-    click_cell(2, grid_column::desc);
+    click_cell(2, GridColumn::desc);
     type("qty_brdr", QStringLiteral("1 1/2 pounds"));
     type("aisle_brdr", QStringLiteral("12A-14"));
     shot("long-number-being-typed");
-    click_cell(1, grid_column::desc);
+    click_cell(1, GridColumn::desc);
     shot("long-numbers-open");
-    click_cell(4, grid_column::desc);
+    click_cell(4, GridColumn::desc);
     shot("long-numbers-closed");
 }
 
@@ -131,7 +132,7 @@ void LooksScenes::narrow_and_wide()
     shot("least-tree");
     start(true, true, nullptr, wide);
     shot("wide-list");
-    click_cell(2, grid_column::desc);
+    click_cell(2, GridColumn::desc);
     shot("wide-list-row-open");
     start(false, false, nullptr, wide);
     shot("wide-page");

@@ -65,7 +65,7 @@ void list_pages(Studio& studio)
     for (Key columns = 1; columns <= 2; ++columns)
         for (Key sort = 0; sort <= 2; ++sort)
             for (Key size = 0; size <= 2; ++size) {
-                options = {sort, columns, static_cast<Key>(sort == 0 ? 0 : 1), size};
+                options = {report_sort_of(sort), columns, static_cast<Key>(sort == 0 ? 0 : 1), size};
                 const QString form = QStringLiteral("%1col-sort%2-size%3").arg(columns).arg(sort).arg(size);
                 preview_shots(studio, QStringLiteral("preview-") + form);
                 studio.print(QStringLiteral("paper-") + form, QStringLiteral("mnu_list_Print"));

@@ -73,7 +73,7 @@ QTreeWidgetItem* some_item(Studio& studio)
     return nullptr;
 }
 
-void click_cell(Studio& studio, int row, int column, Qt::MouseButton button = Qt::LeftButton)
+void click_cell(Studio& studio, int row, GridColumn column, Qt::MouseButton button = Qt::LeftButton)
 {
     ListGrid& grid = studio.main().list_pane().grid();
     if (row >= grid.rows().rows()) {
@@ -89,9 +89,9 @@ void open_calendar(Studio& studio)
 {
     const GridModel& rows = studio.main().list_pane().grid().rows();
     for (int row = 0; row < rows.rows(); ++row) {
-        if (trim(rows.cell_text(row, grid_column::date)).isEmpty())
+        if (trim(rows.cell_text(row, GridColumn::date)).isEmpty())
             continue;
-        click_cell(studio, row, grid_column::item);
+        click_cell(studio, row, GridColumn::item);
         studio.click(studio.visible_child(QStringLiteral("dtp_btn")));
         return;
     }
@@ -130,15 +130,15 @@ void lists(Studio& studio, int points)
     all[QStringLiteral("alist")] = QStringLiteral("0");
     studio.start(all);
     studio.shot(sized("all-lists", points));
-    click_cell(studio, 1, grid_column::item);
+    click_cell(studio, 1, GridColumn::item);
     studio.shot(sized("all-lists-row-open", points));
 
     studio.start(look(points));
-    click_cell(studio, 2, grid_column::item);
+    click_cell(studio, 2, GridColumn::item);
     studio.shot(sized("row-open", points));
     open_calendar(studio);
     studio.shot(sized("calendar", points));
-    click_cell(studio, 3, grid_column::item, Qt::RightButton);
+    click_cell(studio, 3, GridColumn::item, Qt::RightButton);
     studio.shot(sized("row-menu", points));
     if (QWidget* menu = QApplication::activePopupWidget())
         menu->close();
@@ -146,17 +146,17 @@ void lists(Studio& studio, int points)
     studio.shot(sized("no-coupon-columns", points));
     studio.command(QStringLiteral("mnu_view_aisle"));
     studio.shot(sized("no-column-groups", points));
-    click_cell(studio, 1, grid_column::item);
+    click_cell(studio, 1, GridColumn::item);
     studio.shot(sized("no-column-groups-row-open", points));
     studio.start(look(points), {narrow_width, 480});
     studio.shot(sized("narrow", points));
-    click_cell(studio, 1, grid_column::item);
+    click_cell(studio, 1, GridColumn::item);
     studio.shot(sized("narrow-row-open", points));
     studio.start(look(points));
     ListGrid& grid = studio.main().list_pane().grid();
     grid.set_top_row(grid.rows().rows());
     studio.settle();
-    click_cell(studio, grid.rows().rows() - 1, grid_column::item);
+    click_cell(studio, grid.rows().rows() - 1, GridColumn::item);
     studio.shot(sized("last-row-open", points));
 }
 
@@ -337,7 +337,7 @@ void play_all(Studio& studio)
         stock_scenes(studio, points);
         for (const int color : {0, 1, 2}) {
             studio.start(look(points, color));
-            click_cell(studio, 1, grid_column::item);
+            click_cell(studio, 1, GridColumn::item);
             studio.shot(QStringLiteral("list-%1pt-color-%2").arg(points).arg(color));
         }
         empty_program(studio, points);
