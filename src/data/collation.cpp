@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -219,9 +220,10 @@ NameKey::NameKey(const QString& name)
 bool NameKey::operator<(const NameKey& other) const
 {
     if (is_plain_ && other.is_plain_) {
+        const int order = std::memcmp(ranks_.data(), other.ranks_.data(), ranks_.size());
         const auto size = static_cast<qsizetype>(ranks_.size());
-        if (ranks_ != other.ranks_ || (name_.size() <= size && other.name_.size() <= size))
-            return ranks_ < other.ranks_;
+        if (order != 0 || (name_.size() <= size && other.name_.size() <= size))
+            return order < 0;
     }
     return compare_names(name_, other.name_) < 0;
 }

@@ -82,7 +82,9 @@ int Query::number(int column) const
 
 Key Query::key(int column) const
 {
-    return to_int16(static_cast<double>(statement_->getColumn(column).getInt64()));
+    const qint64 number = statement_->getColumn(column).getInt64();
+    const auto key = static_cast<Key>(number);
+    return key == number ? key : to_int16(static_cast<double>(number));
 }
 
 bool Query::flag(int column) const

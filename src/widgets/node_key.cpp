@@ -2,6 +2,8 @@
 
 #include "widgets/tree_view.h"
 
+#include <QStringBuilder>
+
 namespace tarnwick {
 namespace {
 
@@ -42,9 +44,7 @@ QString NodeKey::text() const
             continue;
         const QString number
             = is_recipe_category() ? QStringLiteral("%1").arg(record, 2, 10, QLatin1Char('0')) : key_str(record);
-        QString text;
-        text.reserve(form.prefix.size() + number.size());
-        return text.append(form.prefix).append(number);
+        return form.prefix % number;
     }
     return {};
 }

@@ -127,20 +127,19 @@ LockedFile frmmain::locked_file()
     return locked;
 }
 
-void frmmain::make_panes()
+/// What every part of the window works with.
+void frmmain::make_program()
 {
-    area_ = new QWidget(this);
-    area_->setObjectName(QStringLiteral("area"));
-    setCentralWidget(area_);
-    auto* left_tabs = make_tabs(QStringLiteral("TabStrip1(0)"), area_);
-    auto* right_tabs = make_tabs(QStringLiteral("TabStrip1(1)"), area_);
-
     drag_ = std::make_unique<Drag>(*this);
     household_ = std::make_unique<Household>(connection_);
     program_ = std::make_unique<Program>(Program{*this, connection_, *household_, settings_, environment_, shared,
                                                  [this](const QString& text) { set_status(text); },
                                                  [this] { l_r_refresh(); },
                                                  [this](const runtime_error& error) { shut_down(error); }});
+}
+
+void frmmain::make_commands()
+{
     commands_ = std::make_unique<Commands>(*this, *menuBar());
     status_panels_ = std::make_unique<StatusPanels>(*statusBar());
     toolbar_ = std::make_unique<Toolbar>(
@@ -149,6 +148,18 @@ void frmmain::make_panes()
                       [this](int points) { view_state_->set_type_size(points); },
                       [this] { view_state_->size_cycle(); }, [this] { layout_->place_rows(); }},
         area_);
+}
+
+void frmmain::make_panes()
+{
+    area_ = new QWidget(this);
+    area_->setObjectName(QStringLiteral("area"));
+    setCentralWidget(area_);
+    auto* left_tabs = make_tabs(QStringLiteral("TabStrip1(0)"), area_);
+    auto* right_tabs = make_tabs(QStringLiteral("TabStrip1(1)"), area_);
+
+    make_program();
+    make_commands();
     auto* stock_view = new TreeView(ImageList::stock_tree, area_);
     stock_view->setObjectName(QStringLiteral("TreeView1(0)"));
     stock_view->setAccessibleName(QStringLiteral("Stock"));
