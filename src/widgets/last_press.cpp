@@ -63,14 +63,17 @@ bool LastPress::eventFilter(QObject* watched, QEvent* event)
     return watched->isWindowType() && is_lost(static_cast<QWindow&>(*watched), *event);
 }
 
-/// A menu closes under the first press, and what lies under it is then free for the second.
+/// A menu closes under the first press, and what lies under it in its own window is then free for the second.
 bool LastPress::is_in_another_window(const QWidget& widget) const
 {
     const auto* first = qobject_cast<const QWidget*>(pressed_.data());
     const QWidget* now = widget.window();
     if (now->windowType() == Qt::Popup || (first && first->window() == now))
         return false;
-    return now->isModal() || (first && first->window()->windowType() != Qt::Popup);
+    const QWidget* owner = first ? first->window() : nullptr;
+    while (owner && owner->windowType() == Qt::Popup)
+        owner = owner->parentWidget() ? owner->parentWidget()->window() : nullptr;
+    return now->isModal() || (owner && owner != now);
 }
 
 // The window hears of a press before the press gives a widget the focus.

@@ -31,6 +31,21 @@ QMessageBox::Icon icon_of(int flags)
     }
 }
 
+/// What the picture of a box says.
+QString icon_name(QMessageBox::Icon icon)
+{
+    switch (icon) {
+    case QMessageBox::Critical:
+        return QStringLiteral("Error");
+    case QMessageBox::Question:
+        return QStringLiteral("Question");
+    case QMessageBox::Warning:
+        return QStringLiteral("Warning");
+    default:
+        return QStringLiteral("Information");
+    }
+}
+
 /// The text with its endless lines cut: a name of many thousand characters would carry the buttons off the screen.
 QString readable(const QString& text)
 {
@@ -53,6 +68,8 @@ Answer msg_box(QWidget* owner, const QString& text, int flags, const QString& ti
     message.setTextFormat(Qt::PlainText);
     message.setText(readable(text));
     message.setIcon(icon_of(flags));
+    if (auto* picture = message.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label")))
+        picture->setAccessibleName(icon_name(message.icon()));
     const bool second = (flags & box::second_default) != 0;
     const auto use = [&message, second](QMessageBox::StandardButton first, QMessageBox::StandardButton other) {
         message.setStandardButtons(first | other);

@@ -83,7 +83,7 @@ QTabBar* make_tabs(const QString& name, QWidget* parent)
     tabs->setDrawBase(false);
     tabs->setExpanding(false);
     tabs->setUsesScrollButtons(false);
-    tabs->setElideMode(Qt::ElideRight);
+    tabs->setElideMode(Qt::ElideNone);
     // A click takes the keyboard first: what is edited elsewhere is left by its own rules before the view changes.
     tabs->setFocusPolicy(Qt::ClickFocus);
     return tabs;
@@ -127,20 +127,19 @@ LockedFile frmmain::locked_file()
     return locked;
 }
 
-void frmmain::make_panes()
+/// What every part of the window works with.
+void frmmain::make_program()
 {
-    area_ = new QWidget(this);
-    area_->setObjectName(QStringLiteral("area"));
-    setCentralWidget(area_);
-    auto* left_tabs = make_tabs(QStringLiteral("TabStrip1(0)"), area_);
-    auto* right_tabs = make_tabs(QStringLiteral("TabStrip1(1)"), area_);
-
     drag_ = std::make_unique<Drag>(*this);
     household_ = std::make_unique<Household>(connection_);
     program_ = std::make_unique<Program>(Program{*this, connection_, *household_, settings_, environment_, shared,
                                                  [this](const QString& text) { set_status(text); },
                                                  [this] { l_r_refresh(); },
                                                  [this](const runtime_error& error) { shut_down(error); }});
+}
+
+void frmmain::make_commands()
+{
     commands_ = std::make_unique<Commands>(*this, *menuBar());
     status_panels_ = std::make_unique<StatusPanels>(*statusBar());
     toolbar_ = std::make_unique<Toolbar>(
@@ -149,6 +148,18 @@ void frmmain::make_panes()
                       [this](int points) { view_state_->set_type_size(points); },
                       [this] { view_state_->size_cycle(); }, [this] { layout_->place_rows(); }},
         area_);
+}
+
+void frmmain::make_panes()
+{
+    area_ = new QWidget(this);
+    area_->setObjectName(QStringLiteral("area"));
+    setCentralWidget(area_);
+    auto* left_tabs = make_tabs(QStringLiteral("TabStrip1(0)"), area_);
+    auto* right_tabs = make_tabs(QStringLiteral("TabStrip1(1)"), area_);
+
+    make_program();
+    make_commands();
     auto* stock_view = new TreeView(ImageList::stock_tree, area_);
     stock_view->setObjectName(QStringLiteral("TreeView1(0)"));
     stock_view->setAccessibleName(QStringLiteral("Stock"));
@@ -469,6 +480,8 @@ void frmmain::changeEvent(QEvent* event)
     if (event->type() == QEvent::WindowStateChange && shared.started && !isMinimized()
         && static_cast<QWindowStateChangeEvent*>(event)->oldState().testFlag(Qt::WindowMinimized))
         refresh_after_resize();
+    if (event->type() == QEvent::PaletteChange && shared.started)
+        layout_manager().freize_refresh();
     if (event->type() == QEvent::ActivationChange && !isActiveWindow() && shared.started
         && recipe_page_->texts().is_edited() && !connection_.is_asking())
         recipe_page_->texts().edit_updt();

@@ -112,6 +112,8 @@ protected:
 
 private:
     LockedFile locked_file();
+    void make_program();
+    void make_commands();
     void make_panes();
     void connect_household();
     void read_page_color();

@@ -29,12 +29,14 @@ frmSplash::frmSplash()
     const std::array images = {list_icon(ImageList::toolbar, 1).pixmap(small_picture, devicePixelRatioF()),
                                picture(splash_picture, devicePixelRatioF()),
                                list_icon(ImageList::toolbar, 5).pixmap(small_picture, devicePixelRatioF())};
+    constexpr std::array picture_names{"Shopping list", "Tarnwick", "Recipe"};
     auto* pictures = new QHBoxLayout;
     pictures->setSpacing(16);
     for (size_t i = 0; i < images.size(); ++i) {
         auto* image = new QLabel(this);
         image->setObjectName(QStringLiteral("Picture1(%1)").arg(i));
         image->setPixmap(images[i]);
+        image->setAccessibleName(QLatin1String(picture_names[i]));
         pictures->addWidget(image, 0, Qt::AlignBottom);
     }
     rows->addLayout(pictures);
@@ -60,6 +62,7 @@ frmSplash::frmSplash()
 
     auto* progress = new QProgressBar(this);
     progress->setObjectName(QStringLiteral("ProgressBar1"));
+    progress->setAccessibleName(QStringLiteral("Loading"));
     progress->setTextVisible(false);
     progress->setFixedSize(220, 6);
     rows->addWidget(progress, 0, Qt::AlignHCenter);

@@ -7,11 +7,13 @@
 //   ready             is printed back
 //   do ACTION         triggers an enabled action by its object name
 //   type NAME TEXT    types into a visible line of text and prints what it then holds
+//   under NAME        the windows that come up from now on come with this button, or their first, under the pointer
 // Its eyes, answered behind "= ":
 //   where NAME        x y width height on the screen of a visible widget
 //   node KEY          the same for the text of a tree node in view
 //   choose KEY        the same, after a click there by a mouse of its own
 //   get NAME PROPERTY the property of a widget as text
+//   entry NAME        the same for an entry of an open menu
 //   focus             the object name of the widget that has the keyboard
 //   sizes             every size in which the main window has been seen on the screen, each once
 //   told              what the X server has told of the windows of the program: "NAME map", "NAME unmap" and "NAME
@@ -21,11 +23,15 @@
 #include <QAbstractNativeEventFilter>
 #include <QAction>
 #include <QApplication>
+#include <QCursor>
+#include <QDialog>
 #include <QGenericPlugin>
 #include <QHash>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPointer>
@@ -105,6 +111,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (event->type() == QEvent::Show) {
+            if (auto* dialog = qobject_cast<QDialog*>(watched); dialog && !under_.isEmpty())
+                put_under_pointer(*dialog);
             if (auto* box = qobject_cast<QMessageBox*>(watched))
                 QTimer::singleShot(0, box, [box] { answer(*box); });
             else if (auto* window = qobject_cast<QMainWindow*>(watched))
@@ -116,6 +124,32 @@ protected:
     }
 
 private:
+    /// As window managers do that have ideas of their own about places.
+    void put_under_pointer(QDialog& dialog) const
+    {
+        QWidget* button = dialog.findChild<QWidget*>(under_);
+        if (!button)
+            button = dialog.findChild<QPushButton*>();
+        if (!button)
+            return;
+        dialog.resize(dialog.size().expandedTo(dialog.sizeHint()));
+        if (dialog.layout())
+            dialog.layout()->activate();
+        // The frame is not known before the window manager has drawn it, and not counted then.
+        dialog.move(QCursor::pos() - button->mapTo(&dialog, button->rect().center()));
+    }
+
+    static QString entry_place(const QString& name)
+    {
+        const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu)
+            return {};
+        for (QAction* action : menu->actions())
+            if (action->objectName() == name)
+                return place_of(*menu, menu->actionGeometry(action));
+        return {};
+    }
+
     /// The main window's own, however its native window came by it.
     void note_size(QObject* watched)
     {
@@ -235,6 +269,8 @@ private:
                 click(*tree->viewport(), text.center());
             return tree ? place_of(*tree->viewport(), text) : QString();
         }
+        if (verb == QLatin1String("entry"))
+            return entry_place(name);
         if (verb == QLatin1String("get") && named)
             return named->property(command.section(u' ', 2, 2).toLatin1().constData()).toString();
         if (verb == QLatin1String("focus") && QApplication::focusWidget())
@@ -244,7 +280,7 @@ private:
         return verb == QLatin1String("sizes") ? sizes_.join(u' ') : QString();
     }
 
-    void obey(QMainWindow& window, const QString& command) const
+    void obey(QMainWindow& window, const QString& command)
     {
         if (const QString answer = answer_to(command); !answer.isNull()) {
             print(QStringLiteral("= ") + answer);
@@ -256,6 +292,8 @@ private:
         auto* line = verb == QLatin1String("type") ? window.findChild<QLineEdit*>(name) : nullptr;
         if (command == QLatin1String("close")) {
             window.close();
+        } else if (verb == QLatin1String("under")) {
+            under_ = name;
         } else if (command == QLatin1String("ready")) {
             print(command);
         } else if (action && action->isEnabled()) {
@@ -274,6 +312,7 @@ private:
     QSocketNotifier* listener_ = nullptr;
     QByteArray heard_;
     QStringList sizes_;
+    QString under_; ///< the button that the pointer is to meet
 };
 
 } // namespace

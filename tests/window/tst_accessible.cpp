@@ -1,13 +1,20 @@
 #include "household/status_names.h"
 #include "lists/list_pane.h"
+#include "output/anti_vrs.h"
+#include "output/list_to_get.h"
 #include "recipes/line_fixture.h"
 #include "stock/stock_tree.h"
 #include "widgets/list_grid.h"
 #include "widgets/row_editor.h"
 #include "support/tool_button.h"
+#include "window/commands.h"
+#include "window/frmsplash.h"
 
 #include <QAccessible>
 #include <QAbstractScrollArea>
+#include <QDirIterator>
+#include <QMenu>
+#include <QRegularExpression>
 #include <QSet>
 #include <QToolButton>
 
@@ -31,6 +38,10 @@ bool needs_name(const QAccessibleInterface& one)
     case QAccessible::PageTab:
     case QAccessible::Slider:
     case QAccessible::SpinBox:
+    case QAccessible::Dialog:
+    case QAccessible::AlertMessage:
+    case QAccessible::Window:
+    case QAccessible::ProgressBar:
     case QAccessible::Table:
     case QAccessible::Tree:
     case QAccessible::TreeItem:
@@ -119,6 +130,12 @@ private slots:
     void every_control_of_the_main_window_has_a_name();
     void every_control_of_a_dialog_has_a_name_data();
     void every_control_of_a_dialog_has_a_name();
+    void every_window_class_of_the_program_is_walked();
+    void every_control_of_windows_that_commands_open_later_has_a_name();
+    void every_control_of_a_message_box_has_a_name();
+    void every_entry_of_a_menu_has_a_name_data();
+    void every_entry_of_a_menu_has_a_name();
+    void the_label_editor_of_a_tree_has_a_name();
     void tree_items_tell_name_and_status();
     void every_status_has_other_words();
     void boxes_of_the_grid_are_checked_as_the_row_says();
@@ -158,54 +175,167 @@ void tst_accessible::every_control_of_the_main_window_has_a_name()
     QCOMPARE(nameless().join(u'|'), QString());
 }
 
+namespace {
+
+/// A command, and the class of the window that it opens.
+struct Way {
+    const char* command;
+    const char* window;
+};
+
+constexpr Way ways[] = {{"mnu_list_new", "new_item_rcp"},        {"mnu_recipe_new", "new_item_rcp"},
+                        {"mnu_edit_add_cat", "new_item_rcp"},    {"mnu_list_RenameList", "QInputDialog"},
+                        {"mnu_list_clear", "lst_clr_dlg"},       {"mnu_list_prntsetup", "pic_frm"},
+                        {"mnu_list_Print", "QFileDialog"},       {"mnu_edit_add_stck", "l_item_edit"},
+                        {"mnu_tv_edit", "l_item_edit"},          {"mnu_edit_move", "move_item"},
+                        {"mnu_tools_find_item", "find_item"},    {"mnu_tools_find_recipe", "find_item"},
+                        {"mnu_view_color", "frmColor"},          {"mnu_help_about", "frmhelpabout"},
+                        {"mnu_tools_listlist", "list_list"},     {"Toolbar1(11)", "prev_frm"},
+                        {"Toolbar1(11) of the page", "prev_rcp"}};
+
+/// Windows that are walked without a command.
+constexpr const char* other_windows[] = {"frmmain", "frmSplash", "anti_vrs", "list_to_get"};
+
+/// The window of a class of the program, which has no name space in front; null when none is on the screen.
+QWidget* window_of(const QString& name)
+{
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible()
+            && QString::fromLatin1(window->metaObject()->className()).section(QStringLiteral("::"), -1) == name)
+            return window;
+    return nullptr;
+}
+
+} // namespace
+
 void tst_accessible::every_control_of_a_dialog_has_a_name_data()
 {
     QTest::addColumn<QString>("command");
-    for (const char* command :
-         {"mnu_list_new", "mnu_recipe_new", "mnu_edit_add_cat", "mnu_list_RenameList", "mnu_list_clear",
-          "mnu_list_prntsetup", "mnu_edit_add_stck", "mnu_tv_edit", "mnu_edit_move", "mnu_tools_find_item",
-          "mnu_tools_find_recipe", "mnu_view_color", "mnu_help_about", "mnu_tools_listlist", "Toolbar1(11)"})
-        QTest::newRow(command) << QString::fromLatin1(command);
+    QTest::addColumn<QString>("window");
+    for (const Way& way : ways)
+        QTest::newRow(way.command) << QString::fromLatin1(way.command) << QString::fromLatin1(way.window);
 }
 
 void tst_accessible::every_control_of_a_dialog_has_a_name()
 {
     QFETCH(QString, command);
+    QFETCH(QString, window);
     Window w;
     w.start();
     w.main().stock_tree().view().select(w.main().stock_tree().item_node(w.items[2]));
-    const auto windows = [] {
-        QSet<QWidget*> shown;
-        for (QWidget* window : QApplication::topLevelWidgets())
-            if (window->isVisible())
-                shown.insert(window);
-        return shown;
-    };
-    const QSet<QWidget*> before = windows();
-    const qsizetype controls = w.main().findChildren<QWidget*>().size();
-    QStringList found{QStringLiteral("no dialog came")};
+    if (command.endsWith(QLatin1String(" of the page")))
+        w.trigger(QStringLiteral("mnu_view_rcpepages"));
+    QStringList found{QStringLiteral("no window came")};
     {
         MessageScript script;
         const bool stays_open
             = command == QLatin1String("mnu_tools_listlist") || command.startsWith(QLatin1String("mnu_tools_find"));
         if (!stays_open)
             script.drive([&](QDialog& dialog) {
+                QVERIFY(window_of(window) == &dialog);
                 found = nameless();
                 dialog.reject();
             });
         if (command.startsWith(QLatin1String("Toolbar1")))
-            QTest::mouseClick(&w.control(command), Qt::LeftButton);
+            QTest::mouseClick(&w.control(command.section(u' ', 0, 0)), Qt::LeftButton);
         else
             w.trigger(command);
         if (stays_open) {
-            QVERIFY(windows() != before || w.main().findChildren<QWidget*>().size() != controls);
+            QVERIFY(window_of(window));
             found = nameless();
+            window_of(window)->close();
         }
     }
-    for (QWidget* window : windows())
-        if (window != &w.main())
-            window->close();
     QCOMPARE(found.join(u'|'), QString());
+}
+
+void tst_accessible::every_window_class_of_the_program_is_walked()
+{
+    QSet<QString> walked;
+    for (const Way& way : ways)
+        walked.insert(QString::fromLatin1(way.window));
+    for (const char* window : other_windows)
+        walked.insert(QString::fromLatin1(window));
+    const QRegularExpression a_window(
+        QStringLiteral("class (\\w+) : public (QDialog|QMainWindow|PreviewWindow)\\b"));
+    int classes = 0;
+    QDirIterator headers(QStringLiteral(SAMPLE_HOUSEHOLD_DIR "/../../../src"), {QStringLiteral("*.h")}, QDir::Files,
+                         QDirIterator::Subdirectories);
+    while (headers.hasNext()) {
+        QFile header(headers.next());
+        QVERIFY(header.open(QIODevice::ReadOnly));
+        const auto match = a_window.match(QString::fromUtf8(header.readAll()));
+        if (!match.hasMatch() || match.captured(1) == QLatin1String("PreviewWindow"))
+            continue;
+        QVERIFY2(walked.contains(match.captured(1)), qPrintable(match.captured(1)));
+        ++classes;
+    }
+    QVERIFY(classes >= 14);
+}
+
+void tst_accessible::every_control_of_windows_that_commands_open_later_has_a_name()
+{
+    Window w;
+    w.start();
+    frmSplash splash;
+    splash.show();
+    splash.show_warnings();
+    QVERIFY(window_of(QStringLiteral("frmSplash")));
+    anti_vrs notice(9, &w.main());
+    notice.show();
+    list_to_get rows(9, &w.main());
+    rows.show();
+    QCOMPARE(nameless().join(u'|'), QString());
+}
+
+void tst_accessible::every_control_of_a_message_box_has_a_name()
+{
+    Window w;
+    w.start();
+    for (const int buttons : {box::ok, box::ok_cancel, box::yes_no, box::retry_cancel})
+        for (const int icon :
+             {0, int(box::stop), int(box::question), int(box::exclamation), int(box::information)}) {
+            QStringList found{QStringLiteral("no box came")};
+            MessageScript script;
+            script.drive([&found](QDialog& dialog) {
+                found = nameless();
+                dialog.reject();
+            });
+            msg_box(&w.main(), QStringLiteral("Are you sure?"), buttons | icon, QStringLiteral("Warning"));
+            QCOMPARE(found.join(u'|'), QString());
+        }
+}
+
+void tst_accessible::every_entry_of_a_menu_has_a_name_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* menu : {"mnu_list", "mnu_recipe", "mnu_edit", "mnu_tools", "mnu_view", "mnu_help", "mnu_tv",
+                             "mnu_tv_r", "mnu_lv", "mnu_ingred"})
+        QTest::newRow(menu) << QString::fromLatin1(menu);
+}
+
+void tst_accessible::every_entry_of_a_menu_has_a_name()
+{
+    QFETCH(QString, name);
+    Window w;
+    w.start();
+    QMenu& menu = w.main().commands().menu(name);
+    menu.popup(w.main().mapToGlobal(QPoint(50, 50)));
+    QVERIFY(menu.isVisible());
+    QCOMPARE(nameless().join(u'|'), QString());
+    menu.close();
+}
+
+void tst_accessible::the_label_editor_of_a_tree_has_a_name()
+{
+    Window w;
+    w.start();
+    TreeView& tree = w.main().stock_tree().view();
+    tree.select(w.main().stock_tree().item_node(w.items[2]));
+    tree.setFocus();
+    QTest::keyClick(&tree, Qt::Key_F2);
+    QVERIFY(qobject_cast<QLineEdit*>(QApplication::focusWidget()));
+    QCOMPARE(nameless().join(u'|'), QString());
 }
 
 void tst_accessible::tree_items_tell_name_and_status()

@@ -299,7 +299,7 @@ void tst_layout::a_drag_keeps_the_open_row_and_its_boxes_over_their_cells()
     w.open_row(1);
     w.type_into("desc_brdr", QStringLiteral("ripe"));
     const auto over_cells = [&w] {
-        const std::pair<const char*, int> boxes[]
+        const std::pair<const char*, GridColumn> boxes[]
             = {{"desc_brdr", GridColumn::desc}, {"qty_brdr", GridColumn::qty}, {"aisle_brdr", GridColumn::aisle}};
         return std::all_of(std::begin(boxes), std::end(boxes), [&w](const auto& box) {
             return w.shown(box.first) && w.cell_in_form(box.second).contains(w.in_form(box.first).center());
