@@ -1,6 +1,6 @@
 #!/bin/bash
 # on_display.sh COMMAND...: runs a command on a display of its own, an Xvfb with openbox as its window manager, and ends
-# both with it. The exit code is the command's.
+# both with it. The exit code is the command's. SCREEN_SIZE=3200x2400 before it makes another screen than 1600x1200.
 set -euo pipefail
 
 longest_wait=15 # seconds for server and window manager to come up
@@ -38,7 +38,7 @@ wait_until() {
 }
 
 # Should this script be killed, the server dies with it, and all that is on the display with the server.
-setpriv --pdeathsig TERM -- Xvfb -displayfd 3 -screen 0 1600x1200x24 3>"$folder/display" >"$folder/xvfb.log" 2>&1 &
+setpriv --pdeathsig TERM -- Xvfb -displayfd 3 -screen 0 "${SCREEN_SIZE:-1600x1200}x24" 3>"$folder/display" >"$folder/xvfb.log" 2>&1 &
 server=$!
 wait_until Xvfb "$server" grep -q . "$folder/display"
 DISPLAY=:$(<"$folder/display")

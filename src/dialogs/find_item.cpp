@@ -1,6 +1,7 @@
 #include "dialogs/find_item.h"
 
 #include "household/find_store.h"
+#include "widgets/dialog_font.h"
 
 #include <QFrame>
 #include <QGridLayout>
@@ -18,7 +19,8 @@ find_item::find_item(Connection& connection, int points, QWidget* owner)
     setObjectName(QStringLiteral("find_item"));
     setWindowTitle(QStringLiteral("Find Item"));
     setModal(false);
-    make_controls(points);
+    make_controls();
+    set_type_size(points);
     place_controls();
     connect(Text1_, &QLineEdit::textChanged, this, &find_item::text_changed);
     for (QRadioButton* option : Option1_)
@@ -28,12 +30,8 @@ find_item::find_item(Connection& connection, int points, QWidget* owner)
     text_changed();
 }
 
-void find_item::make_controls(int points)
+void find_item::make_controls()
 {
-    QFont dialog_font = font();
-    dialog_font.setPointSize(points == 12 || points == 10 ? points : 9);
-    setFont(dialog_font);
-
     Label1_ = new QLabel(QStringLiteral("Find:"), this);
     Label1_->setObjectName(QStringLiteral("Label1"));
     Text1_ = new QLineEdit(this);
@@ -55,6 +53,11 @@ void find_item::make_controls(int points)
     Option1_[0]->setChecked(true);
     Command1_[0]->setDefault(true);
     Command1_[1]->setAutoDefault(false);
+}
+
+void find_item::set_type_size(int points)
+{
+    set_dialog_font(*this, points);
     // The button keeps its width when its words change.
     Command1_[0]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("FIND NEXT")) + 32);
 }

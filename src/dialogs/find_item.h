@@ -27,6 +27,9 @@ public:
     /// `points` is the main window's type size.
     find_item(Connection& connection, int points, QWidget* owner);
 
+    /// Follows the main window's type size.
+    void set_type_size(int points);
+
     /// The option that is on; what was found before is forgotten.
     void search(FindKind kind);
 
@@ -42,7 +45,7 @@ signals:
     void match(tarnwick::FindKind kind, tarnwick::Key key, bool& shown);
 
 private:
-    void make_controls(int points);
+    void make_controls();
     void place_controls();
     void text_changed();
     void ready();

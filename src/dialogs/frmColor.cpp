@@ -1,7 +1,8 @@
 #include "dialogs/frmColor.h"
 
-#include "widgets/shared_values.h"
 #include "widgets/busy_pointer.h"
+#include "widgets/dialog_font.h"
+#include "widgets/shared_values.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -55,7 +56,7 @@ bool leads_on(int key)
 
 } // namespace
 
-frmColor::frmColor(QWidget* owner, int chosen, std::function<void(int)> set_color)
+frmColor::frmColor(QWidget* owner, int chosen, int type_size, std::function<void(int)> set_color)
     : QDialog(owner)
     , set_color_(std::move(set_color))
     , Shape1_(make_shape(QStringLiteral("Shape1"), QPalette::WindowText, this))
@@ -64,6 +65,7 @@ frmColor::frmColor(QWidget* owner, int chosen, std::function<void(int)> set_colo
     setObjectName(QStringLiteral("frmColor"));
     setWindowTitle(QStringLiteral("Page view background colors"));
     setModal(true);
+    set_dialog_font(*this, type_size);
 
     auto* row = new QHBoxLayout;
     row->setSpacing(22);

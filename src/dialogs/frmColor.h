@@ -14,7 +14,7 @@ class frmColor : public QDialog {
     Q_OBJECT
 public:
     /// `chosen` is the present index 0 to 3, any other marks none; `set_color` gets the index of each choice.
-    frmColor(QWidget* owner, int chosen, std::function<void(int)> set_color);
+    frmColor(QWidget* owner, int chosen, int type_size, std::function<void(int)> set_color);
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,5 +1,6 @@
 #include "dialogs/frmhelpabout.h"
 
+#include "widgets/dialog_font.h"
 #include "widgets/message_box.h"
 
 #include <QGridLayout>
@@ -31,12 +32,13 @@ QString libraries()
 
 } // namespace
 
-frmhelpabout::frmhelpabout(QWidget* owner, const std::function<bool(const QUrl&)>& open_url)
+frmhelpabout::frmhelpabout(QWidget* owner, int type_size, const std::function<bool(const QUrl&)>& open_url)
     : QDialog(owner)
 {
     setObjectName(QStringLiteral("frmhelpabout"));
     setWindowTitle(QStringLiteral("TarnWick"));
     setModal(true);
+    set_dialog_font(*this, type_size);
 
     auto* image = make_text(QStringLiteral("Picture1"), {}, this);
     image->setAccessibleName(QStringLiteral("Picture of the program"));

@@ -13,7 +13,7 @@ class frmhelpabout : public QDialog {
     Q_OBJECT
 public:
     /// `open_url` gets the address of the project's page when the user asks for it.
-    frmhelpabout(QWidget* owner, const std::function<bool(const QUrl&)>& open_url);
+    frmhelpabout(QWidget* owner, int type_size, const std::function<bool(const QUrl&)>& open_url);
 };
 
 } // namespace tarnwick

@@ -1,5 +1,6 @@
 #include "dialogs/l_item_edit.h"
 
+#include "widgets/dialog_font.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "widgets/message_box.h"
@@ -55,9 +56,7 @@ l_item_edit::l_item_edit(Program& program, EditRequest request)
 {
     setObjectName(QStringLiteral("l_item_edit"));
     setModal(true);
-    QFont type = font();
-    type.setPointSize(item_editor_type_size(program_.shared));
-    setFont(type);
+    set_dialog_font(*this, program_.shared.type_size);
     if (makes_item())
         request_.item = -1;
     make_controls();

@@ -1,5 +1,6 @@
 #include "dialogs/move_item.h"
 
+#include "widgets/dialog_font.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
 #include "household/recipe_categories.h"
@@ -28,7 +29,8 @@ move_item::move_item(const Program& program, const MoveRequest& request)
 {
     setObjectName(QStringLiteral("move_item"));
     setModal(true);
-    make_controls(program.shared.type_size);
+    set_dialog_font(*this, program.shared.type_size);
+    make_controls();
     set_window_title(*this, QStringLiteral("Move ") + request.name);
     Label1_->setText(QStringLiteral("Move ") + in_a_line(request.name) + QStringLiteral(" from ")
                      + in_a_line(request.category_name) + QStringLiteral(" category to:"));
@@ -40,7 +42,7 @@ move_item::move_item(const Program& program, const MoveRequest& request)
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-void move_item::make_controls(int type_size)
+void move_item::make_controls()
 {
     constexpr int combo_width = 280;
     constexpr int label_width = 340;
@@ -73,10 +75,6 @@ void move_item::make_controls(int type_size)
     rows->setColumnStretch(0, 1);
     rows->addWidget(Command1_[0], 2, 1);
     rows->addWidget(Command1_[1], 2, 2);
-
-    QFont dialog_font = font();
-    dialog_font.setPointSize(type_size == 9 ? 9 : 10);
-    setFont(dialog_font);
 }
 
 void move_item::fill_stock_categories(Connection& connection, Key own)

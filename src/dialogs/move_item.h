@@ -34,7 +34,7 @@ public:
     std::optional<Key> chosen() const { return chosen_; }
 
 private:
-    void make_controls(int type_size);
+    void make_controls();
     void fill_stock_categories(Connection& connection, Key own);
     void fill_recipe_categories(Key own);
     void ok();

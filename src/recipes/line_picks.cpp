@@ -75,7 +75,7 @@ void LinePicks::show_at_box()
     }
     constexpr int line_darker = 200; // percent, as the lines around the boxes
     QPalette colors = page_.frame4().palette();
-    colors.setColor(QPalette::Mid, colors.color(QPalette::Base).darker(line_darker));
+    colors.setColor(QPalette::WindowText, colors.color(QPalette::Base).darker(line_darker));
     list_->setPalette(colors);
     list_->setFont(page_.Text1().font());
     list_->place(box, viewport, shared_.type_size == 12 ? least_large : least);

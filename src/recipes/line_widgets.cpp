@@ -110,12 +110,36 @@ void IngredientText::paintEvent(QPaintEvent*)
         marks.append(mark);
     }
     layout_.draw(&painter, {}, marks, rect());
-    if (!hasFocus())
+}
+
+void IngredientText::focusInEvent(QFocusEvent* event)
+{
+    QLabel::focusInEvent(event);
+    parentWidget()->update();
+    if (comes_by_key(event->reason()))
+        emit keyboard_came();
+}
+
+void IngredientText::focusOutEvent(QFocusEvent* event)
+{
+    QLabel::focusOutEvent(event);
+    parentWidget()->update();
+}
+
+/// Around the line that has the keyboard, clear of its text.
+void PageGround::paintEvent(QPaintEvent* event)
+{
+    constexpr int gap = 4;
+    QFrame::paintEvent(event);
+    const auto* line = qobject_cast<const IngredientText*>(focusWidget());
+    if (!line || !line->hasFocus() || line->parentWidget() != this)
         return;
     QStyleOptionFocusRect frame;
     frame.initFrom(this);
+    frame.rect = line->geometry().adjusted(-gap, 0, gap, 0);
     frame.state |= QStyle::State_KeyboardFocusChange;
     frame.backgroundColor = palette().color(QPalette::Window);
+    QPainter painter(this);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
 }
 
@@ -124,13 +148,6 @@ void IngredientText::changeEvent(QEvent* event)
     QLabel::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         laid_out_width_ = -1;
-}
-
-void IngredientText::focusInEvent(QFocusEvent* event)
-{
-    QLabel::focusInEvent(event);
-    if (comes_by_key(event->reason()))
-        emit keyboard_came();
 }
 
 void IngredientText::mousePressEvent(QMouseEvent* event)

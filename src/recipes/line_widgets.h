@@ -2,6 +2,7 @@
 
 #include "widgets/drag.h"
 
+#include <QFrame>
 #include <QLabel>
 #include <QTextLayout>
 #include <QWidget>
@@ -10,6 +11,15 @@ namespace tarnwick {
 
 /// How long a line of text on the page gets in a font, pixels: about 100 characters.
 int widest_text(const QFont& font);
+
+/// What the lines lie on. It shows which of them has the keyboard.
+class PageGround : public QFrame {
+public:
+    using QFrame::QFrame;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
 
 /// The text of one ingredient line, `ingred(i)`: read-only, wrapped, with a row pitch of its own.
 class IngredientText : public QLabel, public DragSource {
@@ -47,6 +57,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

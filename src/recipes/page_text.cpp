@@ -15,6 +15,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tarnwick {
 namespace {
@@ -88,18 +89,25 @@ void PageText::set_border_style(int style)
     setFrameShape(style == 1 ? QFrame::StyledPanel : QFrame::NoFrame);
 }
 
+// The document rounds its rows up, which the line spacing of the font does not.
+int PageText::row_height() const
+{
+    const QFontMetricsF metrics(font());
+    return static_cast<int>(std::ceil(metrics.ascent() + metrics.descent()) + std::max(0.0, metrics.leading()));
+}
+
 int PageText::full_height() const
 {
     const auto* layout = document()->documentLayout();
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
         layout->blockBoundingRect(block);
     const int rows = static_cast<int>(layout->documentSize().height());
-    return rows * fontMetrics().lineSpacing() + 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+    return rows * row_height() + 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
 }
 
 int PageText::scrolled_pixels() const
 {
-    return verticalScrollBar()->value() * fontMetrics().lineSpacing();
+    return verticalScrollBar()->value() * row_height();
 }
 
 int PageText::caret_top() const
@@ -129,7 +137,7 @@ bool PageText::event(QEvent* event)
 // A row that has no room at the lower edge is left out rather than cut in half.
 void PageText::fit_rows()
 {
-    const int row = fontMetrics().lineSpacing();
+    const int row = row_height();
     const int room = height() - 2 * frameWidth() - static_cast<int>(document()->documentMargin());
     setViewportMargins(0, 0, 0, room > 0 ? room % row : 0);
 }

@@ -64,6 +64,7 @@ private:
     void empty_help_text();
     void text_changed();
     void fit_rows();
+    int row_height() const;
     int scrolled_pixels() const;
     void append_degree();
     bool take_back_degree();

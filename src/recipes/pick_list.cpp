@@ -93,7 +93,7 @@ PickList::PickList(QWidget* parent)
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideRight);
-    setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
     setModel(rows_);
     set_content(Content::none);
     LastPress::require_on(*viewport());

@@ -1,5 +1,7 @@
 #include "widgets/frame_lines.h"
 
+#include "widgets/contrast.h"
+
 #include <QPainter>
 #include <QTransform>
 
@@ -9,19 +11,6 @@
 
 namespace tarnwick {
 namespace {
-
-/// The rectangle in device pixels, each edge rounded by itself, as that of a filled ground is.
-QRect in_device_pixels(const QPainter& painter, const QRect& rect)
-{
-    const QRectF exact = painter.deviceTransform().mapRect(QRectF(rect));
-    return {QPoint(qRound(exact.left()), qRound(exact.top())),
-            QPoint(qRound(exact.right()) - 1, qRound(exact.bottom()) - 1)};
-}
-
-int line_width(const QPainter& painter)
-{
-    return std::max(1, static_cast<int>(painter.deviceTransform().m11()));
-}
 
 void fill(QPainter& painter, std::span<const QRect> device_rects, const QColor& color)
 {
@@ -37,6 +26,24 @@ QRect lower_edge(const QRect& device_rect, int width)
 
 } // namespace
 
+QRect in_device_pixels(const QPainter& painter, const QRect& rect)
+{
+    const QRectF exact = painter.deviceTransform().mapRect(QRectF(rect));
+    return {QPoint(qRound(exact.left()), qRound(exact.top())),
+            QPoint(qRound(exact.right()) - 1, qRound(exact.bottom()) - 1)};
+}
+
+int line_width(const QPainter& painter)
+{
+    return std::max(1, static_cast<int>(painter.deviceTransform().m11()));
+}
+
+QColor line_color(const QPalette& colors)
+{
+    constexpr double softness = 0.25;
+    return blend(colors.color(QPalette::Window), colors.color(QPalette::WindowText), softness);
+}
+
 void draw_frame(QPainter& painter, const QRect& rect, const QColor& color)
 {
     const QRect outer = in_device_pixels(painter, rect);
@@ -46,6 +53,13 @@ void draw_frame(QPainter& painter, const QRect& rect, const QColor& color)
                               QRect(outer.left(), outer.top(), width, outer.height()),
                               QRect(right, outer.top(), width, outer.height())};
     fill(painter, edges, color);
+}
+
+void draw_right_line(QPainter& painter, const QRect& rect, const QColor& color)
+{
+    const QRect outer = in_device_pixels(painter, rect);
+    const int width = line_width(painter);
+    fill(painter, std::array{QRect(outer.right() + 1 - width, outer.top(), width, outer.height())}, color);
 }
 
 void draw_lower_line(QPainter& painter, const QRect& rect, const QColor& color)

@@ -13,6 +13,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QStyleOption>
 
 #include <algorithm>
 #include <array>
@@ -36,15 +37,25 @@ class HeaderCell : public QPushButton {
 public:
     using QPushButton::QPushButton;
 
+    /// The last cell ends at the line around the pane and needs none of its own.
+    void set_last(bool last)
+    {
+        last_ = last;
+        update();
+    }
+
 protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
         painter.fillRect(rect(), palette().color(QPalette::Button));
-        draw_lower_line(painter, rect(), palette().color(QPalette::Mid));
-        painter.setPen(palette().color(QPalette::Midlight));
-        painter.drawLine(width() - 1, 3, width() - 1, height() - 4);
+        draw_lower_line(painter, rect(), line_color(palette()));
+        if (!last_)
+            draw_right_line(painter, rect().adjusted(0, 3, 0, -3), line_color(palette()));
     }
+
+private:
+    bool last_ = false;
 };
 
 /// The grip at the border of two columns, its lines left of the border, so that they touch no caption.
@@ -86,26 +97,18 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        const QColor ink = palette().color(underMouse() ? QPalette::Highlight : QPalette::ButtonText);
         if (!isChecked()) {
             painter.fillRect(rect().adjusted(0, 0, 0, -1), palette().color(QPalette::Button));
             painter.setPen(palette().color(QPalette::ButtonText));
             painter.drawText(rect().adjusted(tick_size + 2 * text_margin, 0, 0, 0),
                              Qt::AlignLeft | Qt::AlignVCenter, text());
         }
-        const int left = isChecked() ? width() - tick_size - tick_margin : text_margin;
-        const int top = (height() - tick_size) / 2;
-        const QRectF box(left + 0.5, top + 0.5, tick_size - 1, tick_size - 1);
-        painter.setPen(ink);
-        painter.setBrush(palette().color(QPalette::Base));
-        painter.drawRoundedRect(box, 2, 2);
-        if (isChecked()) {
-            painter.setPen(QPen(palette().color(QPalette::Text), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-            const QPointF corner = box.topLeft();
-            painter.drawPolyline(
-                QPolygonF({corner + QPointF(2.7, 5.8), corner + QPointF(4.8, 8.2), corner + QPointF(8.6, 3.2)}));
-        }
+        QStyleOption box;
+        box.initFrom(this);
+        box.rect = QRect(isChecked() ? width() - tick_size - tick_margin : text_margin, (height() - tick_size) / 2,
+                         tick_size, tick_size);
+        box.state |= isChecked() ? QStyle::State_On : QStyle::State_Off;
+        style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, this);
     }
 };
 
@@ -204,6 +207,8 @@ void HeaderBar::place_cells(const QRect& bar)
     place(headers_[1], column_left(qty), end_of(qty));
     place(headers_[2], column_left(coupon), end_of(date));
     place(headers_[3], column_left(aisle), end_of(aisle));
+    for (QAbstractButton* header : headers_)
+        static_cast<HeaderCell*>(header)->set_last(header->geometry().right() >= bar.right());
     place(separators_[0], column_right(item) - grip_width, column_right(item) + grip_beyond);
     place(separators_[1], column_right(qty) - grip_width, column_right(qty) + grip_beyond);
 
@@ -218,12 +223,11 @@ void HeaderBar::place_cells(const QRect& bar)
 void HeaderBar::place_label(int index, int left, int right, const QRect& bar)
 {
     QLabel& label = *labels_[index];
-    // The narrowest column has no pixel to spare between its caption and its box.
-    const bool is_narrowest = index == 4;
-    const int margin = is_narrowest ? 1 : text_margin;
+    constexpr int narrowest_column = 4;
+    const int margin = index == narrowest_column ? 1 : text_margin;
     int room = right - left - margin;
     if (index >= 3)
-        room -= tick_size + (is_narrowest ? tick_margin : 2 * tick_margin);
+        room -= tick_size + 2 * tick_margin;
     label.setGeometry(left + margin, bar.top(), std::max(room, 0), bar.height() - 1);
 }
 

@@ -36,7 +36,8 @@ FittedText text_in_cell(const QModelIndex& index, int cell_width)
 {
     const QString text = index.data(Qt::DisplayRole).toString();
     const QFont font = index.data(Qt::FontRole).value<QFont>();
-    const int room = cell_width - cell_margin - 1;
+    constexpr int before_box = 3; // the box of the coupon follows the quantity
+    const int room = cell_width - cell_margin - (index.column() == column_number(GridColumn::qty) ? before_box : 1);
     if (index.column() != column_number(GridColumn::item) && index.column() != column_number(GridColumn::desc))
         return fit_number(text, font, room);
     const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, room);
@@ -47,7 +48,11 @@ FittedText text_in_cell(const QModelIndex& index, int cell_width)
 /// row is tinted as a whole; no cell of it is framed.
 class GridDelegate : public QStyledItemDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    explicit GridDelegate(ListGrid& grid)
+        : QStyledItemDelegate(&grid)
+        , grid_(grid)
+    {
+    }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
@@ -68,9 +73,10 @@ public:
         const FittedText shown = text_in_cell(index, option.rect.width());
         if (shown.text.isEmpty())
             return;
+        const bool is_open_name = index.column() == column_number(GridColumn::item) && shown.font.bold();
         painter->setFont(shown.font);
         painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
-        painter->drawText(option.rect.adjusted(cell_margin, 0, -1, 0),
+        painter->drawText(option.rect.adjusted(cell_margin, 0, -1 - (is_open_name ? grid_.name_end() : 0), 0),
                           Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
     }
 
@@ -85,6 +91,9 @@ public:
         QToolTip::showText(event->globalPos(), cut_off ? plain_tool_tip(text) : QString(), view);
         return true;
     }
+
+private:
+    ListGrid& grid_;
 };
 
 /// The column widths allow for a bar of this width whatever the style draws.
@@ -102,7 +111,7 @@ ListGrid::ListGrid(QWidget* parent)
 {
     LastPress::follow();
     setModel(model_);
-    setItemDelegate(new GridDelegate(this));
+    setItemDelegate(new GridDelegate(*this));
     setFrameShape(QFrame::NoFrame);
     setShowGrid(false);
     setEditTriggers(NoEditTriggers);

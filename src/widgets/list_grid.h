@@ -53,6 +53,10 @@ public:
     /// A sentence for a grid without rows; empty for none.
     void set_empty_hint(const QString& hint);
 
+    /// How many pixels before the cell's end the name in the open row ends, because something lies over it there.
+    void set_name_end(int pixels) { name_end_ = pixels; }
+    int name_end() const { return name_end_; }
+
     void set_enter_edits(bool edits) { enter_edits_ = edits; } ///< else Enter is the form's; so it is at first
 
     /// Whether the rows exceed the height: rows > height / row height - 0.2.
@@ -110,6 +114,7 @@ private:
 
     GridModel* model_;
     QString empty_hint_;
+    int name_end_ = 0;
     QColor mark_color_; ///< of the current row's bar and frame
     int pressed_row_ = -1;
     std::optional<GridColumn> pressed_column_;

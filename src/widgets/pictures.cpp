@@ -356,9 +356,8 @@ QImage drawn_at_build(const Drawing& drawing)
     return {};
 }
 
-QPixmap cached(const Drawing& drawing, QSize device_size, qreal scale, bool disabled)
+QPixmap cached(const Drawing& drawing, QSize device_size, qreal scale, bool disabled, bool dark)
 {
-    const bool dark = on_dark(drawing);
     QPixmap& pixmap = pixmap_cache()[{&drawing, device_size, scale, disabled, dark}];
     if (!pixmap.isNull())
         return pixmap;
@@ -379,9 +378,10 @@ QPixmap at_scale(const Drawing* drawing, qreal scale)
     // Rounded up: a half device pixel at the edge is still part of the drawing.
     const QSize device_size(static_cast<int>(std::ceil(drawing->size.width() * scale)),
                             static_cast<int>(std::ceil(drawing->size.height() * scale)));
-    return cached(*drawing, device_size, scale, false);
+    return cached(*drawing, device_size, scale, false, on_dark(*drawing));
 }
 
+/// Selected is the mode of a picture that lies on a light ground whatever the window is.
 class DrawingIconEngine : public QIconEngine {
 public:
     explicit DrawingIconEngine(const Drawing& drawing)
@@ -410,7 +410,8 @@ public:
         const QSize device_size = actualSize(size, mode, state);
         if (device_size.isEmpty())
             return {};
-        return cached(drawing_, device_size, scale, mode == QIcon::Disabled);
+        const bool dark = mode != QIcon::Selected && on_dark(drawing_);
+        return cached(drawing_, device_size, scale, mode == QIcon::Disabled, dark);
     }
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override

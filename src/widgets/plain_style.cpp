@@ -1,12 +1,18 @@
 #include "widgets/plain_style.h"
 
 #include "widgets/contrast.h"
+#include "widgets/fitted_text.h"
 #include "widgets/frame_lines.h"
 #include "widgets/pictures.h"
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QFontMetrics>
+#include <QFrame>
 #include <QStyleOption>
+
+#include <algorithm>
+#include <cmath>
 
 namespace tarnwick {
 namespace {
@@ -48,33 +54,168 @@ QColor ground_for(const QColor& text, QColor ground)
     return ground;
 }
 
-/// A tab in front is open to the pane below it and has the pane's colour, which is the Base of its strip.
-void draw_tab(const QStyleOptionTab& tab, QPainter& painter)
+/// The highlight, lightened where it would not stand out from a dark window.
+QColor focus_color(const QPalette& colors)
 {
-    constexpr int radius = 3;
-    constexpr int behind = 2; // pixels that a tab behind is lower
-    constexpr int accent = 2;
-    const bool in_front = tab.state & QStyle::State_Selected;
-    const QPalette& colors = tab.palette;
-    const QRectF shape = QRectF(tab.rect).adjusted(0.5, in_front ? 0.5 : behind + 0.5, -0.5, in_front ? 0 : -1);
+    constexpr double visible_shape = 3;
+    constexpr int step = 104; // percent
+    constexpr int most_steps = 40;
+    const QColor window = colors.color(QPalette::Window);
+    QColor mark = colors.color(QPalette::Highlight);
+    for (int i = 0; i < most_steps && contrast(mark, window) < visible_shape; ++i)
+        mark = luminance(window) < 0.5 ? mark.lighter(step) : mark.darker(step);
+    return mark;
+}
+
+/// From here on the painter draws in device pixels.
+void enter_device_pixels(QPainter& painter)
+{
+    painter.setTransform(painter.deviceTransform().inverted(), true);
+}
+
+/// The outline of a tab in device pixels, along the middle of its lines and open at its foot.
+QPainterPath tab_outline(const QRect& tab, int line)
+{
+    const int radius = 3 * line;
+    const qreal half = line / 2.0;
+    const QRectF shape = QRectF(tab).adjusted(half, half, -half, 0);
     QPainterPath outline(shape.bottomLeft());
     outline.lineTo(shape.left(), shape.top() + radius);
     outline.quadTo(shape.topLeft(), shape.topLeft() + QPointF(radius, 0));
     outline.lineTo(shape.right() - radius, shape.top());
     outline.quadTo(shape.topRight(), shape.topRight() + QPointF(0, radius));
     outline.lineTo(shape.bottomRight());
+    return outline;
+}
+
+/// A tab in front is open to the pane below it and has the pane's colour, which is the Base of its strip.
+void draw_tab(const QStyleOptionTab& tab, QPainter& painter)
+{
+    constexpr int behind = 2; // pixels that a tab behind is lower
+    constexpr int accent = 2;
+    constexpr int corner = 3;
+    const bool in_front = tab.state & QStyle::State_Selected;
+    const QPalette& colors = tab.palette;
+    const QRect shape
+        = in_device_pixels(painter, tab.rect.adjusted(0, in_front ? 0 : behind, 0, in_front ? 0 : -1));
+    const QRect bar = in_device_pixels(painter, tab.rect.adjusted(corner, 0, -corner, 0));
+    const int line = line_width(painter);
+    // Its lines end where the pane's upper line does, which lies behind its last row.
+    const QRect last_row
+        = in_device_pixels(painter, QRect(tab.rect.left(), tab.rect.bottom(), tab.rect.width(), 1));
+    QRect sides = shape;
+    if (in_front)
+        sides.setBottom(last_row.top() + line - 1);
+    const QPainterPath outline = tab_outline(sides, line);
 
     painter.save();
+    enter_device_pixels(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor rest = blend(colors.color(QPalette::Window), colors.color(QPalette::WindowText), 0.06);
     const bool hovered = tab.state & QStyle::State_MouseOver;
     painter.fillPath(outline, in_front ? colors.color(QPalette::Base) : hovered ? rest.lighter(104) : rest);
-    painter.setPen(colors.color(QPalette::Mid));
+    painter.fillRect(QRect(QPoint(shape.left(), sides.bottom() + 1), shape.bottomRight()),
+                     colors.color(QPalette::Base));
+    painter.setPen(QPen(line_color(colors), line, Qt::SolidLine, Qt::FlatCap));
     painter.drawPath(outline);
     if (in_front)
-        painter.fillRect(QRectF(shape.left() + radius, shape.top(), shape.width() - 2 * radius, accent),
-                         colors.color(QPalette::Highlight));
+        painter.fillRect(bar.left(), bar.top(), bar.width(), accent * line, colors.color(QPalette::Highlight));
     painter.restore();
+}
+
+/// Picture and caption of a tab; where both have no room the caption goes on in narrower type, then alone.
+void draw_tab_label(const QStyleOptionTab& tab, QPainter& painter)
+{
+    constexpr int margin = 8;
+    constexpr int gap = 5;
+    constexpr int lower = 1; // than the middle, since the foot of a tab belongs to its pane
+    const bool in_front = tab.state & QStyle::State_Selected;
+    const QRect room = tab.rect.adjusted(margin, lower + (in_front ? 0 : 1), -margin, 0);
+    const QSize picture = tab.icon.isNull() ? QSize() : tab.iconSize;
+    const int before = picture.isEmpty() ? 0 : picture.width() + gap;
+    FittedText caption = fit_text(tab.text, painter.font(), room.width() - before);
+    const bool with_picture = before > 0 && !caption.cut;
+    if (before > 0 && !with_picture)
+        caption = fit_text(tab.text, painter.font(), room.width());
+
+    const int text_width = QFontMetrics(caption.font).horizontalAdvance(caption.text);
+    int left = room.left() + std::max(0, (room.width() - text_width - (with_picture ? before : 0)) / 2);
+    painter.save();
+    if (with_picture) {
+        const QRect place(QPoint(left, room.center().y() + 1 - picture.height() / 2), picture);
+        const bool on_light = luminance(tab.palette.color(in_front ? QPalette::Base : QPalette::Window)) > 0.5;
+        tab.icon.paint(&painter, place, Qt::AlignCenter, on_light ? QIcon::Selected : QIcon::Normal);
+        left += before;
+    }
+    painter.setFont(caption.font);
+    painter.setPen(tab.palette.color(in_front ? QPalette::Text : QPalette::WindowText));
+    painter.drawText(QRect(left, room.top(), room.right() + 1 - left, room.height()),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, caption.text);
+    painter.restore();
+}
+
+/// The ink of a box or circle to tick: it stands out from window and box alike, and is faint where it does nothing.
+QColor indicator_ink(const QStyleOption& option)
+{
+    constexpr double strong = 0.65;
+    constexpr double faint = 0.25;
+    const QPalette& colors = option.palette;
+    const bool enabled = option.state & QStyle::State_Enabled;
+    if (enabled && (option.state & QStyle::State_MouseOver))
+        return colors.color(QPalette::Highlight);
+    return blend(colors.color(QPalette::Window), colors.color(QPalette::WindowText), enabled ? strong : faint);
+}
+
+/// A box with its tick, or a circle with its dot.
+void draw_indicator(const QStyleOption& option, QPainter& painter, bool circle)
+{
+    const QRect place = in_device_pixels(painter, option.rect);
+    const int line = line_width(painter);
+    const int side = std::min(place.width(), place.height());
+    QRectF box(0, 0, side - line, side - line);
+    box.moveCenter(QRectF(place).center());
+    box.moveTo(std::floor(box.left()) + line / 2.0, std::floor(box.top()) + line / 2.0);
+    const QColor ink = option.palette.color(
+        option.state & QStyle::State_Enabled ? QPalette::Active : QPalette::Disabled, QPalette::Text);
+    painter.save();
+    enter_device_pixels(painter);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(indicator_ink(option), line));
+    painter.setBrush(option.palette.color(QPalette::Base));
+    if (circle)
+        painter.drawEllipse(box);
+    else
+        painter.drawRoundedRect(box, 2.0 * line, 2.0 * line);
+    if (circle && (option.state & QStyle::State_On)) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ink);
+        const qreal inset = box.width() * 0.27;
+        painter.drawEllipse(box.adjusted(inset, inset, -inset, -inset));
+    } else if (option.state & QStyle::State_On) {
+        painter.translate(box.topLeft());
+        painter.scale(box.width() / 11, box.width() / 11);
+        painter.setPen(QPen(ink, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(QPolygonF({{2.7, 5.8}, {4.8, 8.2}, {8.6, 3.2}}));
+    }
+    painter.restore();
+}
+
+/// A frame of plain lines, or a single upright one. False for a frame of another kind.
+bool draw_plain_frame(const QStyleOptionFrame& frame, QPainter& painter)
+{
+    const bool is_plain = !(frame.state & (QStyle::State_Sunken | QStyle::State_Raised));
+    const QColor ink = frame.palette.color(QPalette::WindowText);
+    if (is_plain && frame.frameShape == QFrame::VLine) {
+        const int middle = frame.rect.center().x();
+        draw_right_line(painter, QRect(middle, frame.rect.top(), 1, frame.rect.height()),
+                        line_color(frame.palette));
+        return true;
+    }
+    if (!is_plain || frame.frameShape != QFrame::Box)
+        return false;
+    for (int i = 0; i < frame.lineWidth; ++i)
+        draw_frame(painter, frame.rect.adjusted(i, i, -i, -i), ink);
+    return true;
 }
 
 /// A bar without shading. The style's own is a gradient, which takes several threads to paint.
@@ -177,10 +318,14 @@ void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     switch (element) {
     case PE_Frame:
     case PE_FrameMenu:
-        draw_frame(*painter, option->rect, option->palette.color(QPalette::Mid));
+        draw_frame(*painter, option->rect, line_color(option->palette));
         return;
     case PE_FrameFocusRect:
-        draw_frame(*painter, option->rect, option->palette.color(QPalette::Highlight));
+        draw_frame(*painter, option->rect, focus_color(option->palette));
+        return;
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorRadioButton:
+        draw_indicator(*option, *painter, element == PE_IndicatorRadioButton);
         return;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -195,12 +340,13 @@ void PlainStyle::drawControl(ControlElement element, const QStyleOption* option,
         draw_tab(*tab, *painter);
         return;
     }
-    if (tab && element == CE_TabBarTabLabel && (tab->state & State_Selected)) {
-        QStyleOptionTab label = *tab;
-        label.palette.setColor(QPalette::WindowText, tab->palette.color(QPalette::Text));
-        QProxyStyle::drawControl(element, &label, painter, widget);
+    if (tab && element == CE_TabBarTabLabel) {
+        draw_tab_label(*tab, *painter);
         return;
     }
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    if (frame && element == CE_ShapedFrame && draw_plain_frame(*frame, *painter))
+        return;
     const auto* progress = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
     if (progress && element == CE_ProgressBar) {
         draw_progress(*progress, *painter);
@@ -213,10 +359,21 @@ void PlainStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
                                     const QWidget* widget) const
 {
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
-    if (bar && control == CC_ScrollBar)
+    if (bar && control == CC_ScrollBar) {
         draw_scroll_bar(*this, *bar, *painter, widget);
-    else
-        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+    const auto with_arrow = QStyleOptionToolButton::HasMenu;
+    if (button && button->features.testFlag(with_arrow)
+        && !button->features.testFlag(QStyleOptionToolButton::MenuButtonPopup)) {
+        // The arrow of the month in a calendar would stand below its text like a comma.
+        QStyleOptionToolButton plain = *button;
+        plain.features.setFlag(with_arrow, false);
+        QProxyStyle::drawComplexControl(control, &plain, painter, widget);
+        return;
+    }
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
 } // namespace tarnwick

@@ -222,7 +222,12 @@ MonthView::MonthView(QWidget* parent)
     name("qt_calendar_calendarview", QStringLiteral("Days of the month"));
     setVerticalHeaderFormat(NoVerticalHeader);
     setContentsMargins(1, 1, 1, 1);
-    // The head in the colours of the days: month and year are written in the text colour of a highlight.
+    take_colors();
+}
+
+/// The head in the colours of the days: month and year are written in the text colour of a highlight.
+void MonthView::take_colors()
+{
     if (auto* head = findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar"))) {
         QPalette colors = palette();
         colors.setColor(QPalette::Highlight, colors.color(QPalette::Base));
@@ -235,6 +240,13 @@ MonthView::MonthView(QWidget* parent)
     weekend.setForeground(is_dark ? QColor(245, 160, 150) : QColor(176, 32, 24));
     setWeekdayTextFormat(Qt::Saturday, weekend);
     setWeekdayTextFormat(Qt::Sunday, weekend);
+}
+
+void MonthView::changeEvent(QEvent* event)
+{
+    QCalendarWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        take_colors();
 }
 
 void MonthView::paintEvent(QPaintEvent*)

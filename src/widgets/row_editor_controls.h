@@ -94,7 +94,11 @@ public:
     explicit MonthView(QWidget* parent);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    void take_colors();
 };
 
 } // namespace tarnwick

@@ -1,5 +1,7 @@
 #include "widgets/separator.h"
 
+#include "widgets/frame_lines.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -86,7 +88,7 @@ void Separator::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const int grip = 24;
     const QRect bar(width() / 2 - 1, (height() - grip) / 2, 2, grip);
-    painter.fillRect(bar, palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
+    painter.fillRect(bar, hasFocus() ? palette().color(QPalette::Highlight) : line_color(palette()));
 }
 
 void Separator::focusInEvent(QFocusEvent*)

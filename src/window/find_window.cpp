@@ -7,6 +7,7 @@
 #include "widgets/shared_values.h"
 #include "widgets/tree_view.h"
 #include "window/panes.h"
+#include "window/view_state.h"
 
 namespace tarnwick {
 namespace {
@@ -23,7 +24,7 @@ bool show_item(Program& program, const Panes& panes, Key item)
     return true;
 }
 
-find_item* make_dialog(Program& program, const Panes& panes)
+find_item* make_dialog(Program& program, const Panes& panes, const ViewState& view_state)
 {
     auto* dialog = new find_item(program.connection, program.shared.type_size, &program.window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -35,16 +36,18 @@ find_item* make_dialog(Program& program, const Panes& panes)
         dialog, &find_item::match, &program.window, [&program, &panes](FindKind kind, Key key, bool& shown) {
             shown = kind == FindKind::stock ? show_item(program, panes, key) : panes.recipe_tree.choose(key);
         });
+    QObject::connect(&view_state, &ViewState::looks_changed, dialog,
+                     [&program, dialog] { dialog->set_type_size(program.shared.type_size); });
     return dialog;
 }
 
 } // namespace
 
-void show_find(Program& program, const Panes& panes, FindKind kind)
+void show_find(Program& program, const Panes& panes, const ViewState& view_state, FindKind kind)
 {
     auto* dialog = program.window.findChild<find_item*>(QStringLiteral("find_item"), Qt::FindDirectChildrenOnly);
     if (!dialog)
-        dialog = make_dialog(program, panes);
+        dialog = make_dialog(program, panes, view_state);
     dialog->search(kind);
     dialog->show();
     dialog->raise();

@@ -6,8 +6,9 @@ namespace tarnwick {
 
 struct Panes;
 struct Program;
+class ViewState;
 
 /// Opens the find dialog beside the main window, or comes back to it, ready to search one kind.
-void show_find(Program& program, const Panes& panes, FindKind kind);
+void show_find(Program& program, const Panes& panes, const ViewState& view_state, FindKind kind);
 
 } // namespace tarnwick

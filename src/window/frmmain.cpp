@@ -83,7 +83,7 @@ QTabBar* make_tabs(const QString& name, QWidget* parent)
     tabs->setDrawBase(false);
     tabs->setExpanding(false);
     tabs->setUsesScrollButtons(false);
-    tabs->setElideMode(Qt::ElideRight);
+    tabs->setElideMode(Qt::ElideNone);
     // A click takes the keyboard first: what is edited elsewhere is left by its own rules before the view changes.
     tabs->setFocusPolicy(Qt::ClickFocus);
     return tabs;
@@ -480,6 +480,8 @@ void frmmain::changeEvent(QEvent* event)
     if (event->type() == QEvent::WindowStateChange && shared.started && !isMinimized()
         && static_cast<QWindowStateChangeEvent*>(event)->oldState().testFlag(Qt::WindowMinimized))
         refresh_after_resize();
+    if (event->type() == QEvent::PaletteChange && shared.started)
+        layout_manager().freize_refresh();
     if (event->type() == QEvent::ActivationChange && !isActiveWindow() && shared.started
         && recipe_page_->texts().is_edited() && !connection_.is_asking())
         recipe_page_->texts().edit_updt();

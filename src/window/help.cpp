@@ -3,6 +3,7 @@
 #include "dialogs/frmhelpabout.h"
 #include "widgets/message_box.h"
 #include "widgets/program.h"
+#include "widgets/shared_values.h"
 
 #include <QFileInfo>
 #include <QUrl>
@@ -25,7 +26,7 @@ void launch_help(const Program& program)
 
 void show_about(const Program& program)
 {
-    frmhelpabout(&program.window, program.environment.open_url).exec();
+    frmhelpabout(&program.window, program.shared.type_size, program.environment.open_url).exec();
 }
 
 } // namespace tarnwick

@@ -100,7 +100,7 @@ protected:
         if (page_)
             painter.fillRect(right_, *page_);
         for (const QRect& pane : {left_, right_})
-            draw_frame(painter, pane, palette().color(QPalette::Mid));
+            draw_frame(painter, pane, line_color(palette()));
     }
 
 private:
@@ -297,7 +297,7 @@ void Layout::join_panes(const QRect& right)
         colors.setColor(QPalette::Text, text);
         tabs.setPalette(colors);
     };
-    const QPalette own = area_.palette();
+    const QPalette own = main_.palette(); // the first to know of a change of the desktop
     join(left_tabs_, own.color(QPalette::Base), own.color(QPalette::Text));
     join(right_tabs_, list ? own.color(QPalette::Button) : page.color(QPalette::Window),
          list ? own.color(QPalette::ButtonText) : page.color(QPalette::Text));
@@ -344,9 +344,13 @@ void Layout::set_own_fonts(int type_size)
     set_command_fonts(std::max(points, QApplication::font().pointSize()));
 }
 
-/// Menus, toolbar and status bar; the desktop's own size is their least.
+/// Menus, toolbar, status bar and messages; the desktop's own size is their least.
 void Layout::set_command_fonts(int points)
 {
+    QFont of_messages = QApplication::font();
+    of_messages.setPointSize(points);
+    for (const char* message : {"QMessageBox", "QInputDialog"})
+        QApplication::setFont(of_messages, message);
     set_points(*main_.menuBar(), points);
     for (QMenu* menu : main_.findChildren<QMenu*>())
         set_points(*menu, points);

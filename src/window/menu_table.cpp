@@ -119,7 +119,9 @@ void by_name(frmmain& main)
 }
 void choose_color(frmmain& main)
 {
-    frmColor(&main, main.shared.color_index, [&main](int index) { main.view_state().set_color(index); }).exec();
+    frmColor(&main, main.shared.color_index, main.shared.type_size, [&main](int index) {
+        main.view_state().set_color(index);
+    }).exec();
 }
 void close_folders(frmmain& main)
 {
@@ -167,9 +169,9 @@ constexpr MenuRow rows[] = {
     {check, "mnu_tools", "mnu_tools_listlist", "List manager", [](frmmain& m) { m.list_manager().toggle(); }},
     {bar_menu, "mnu_tools", "mnu_tools_find", "Find"},
     {command, "mnu_tools_find", "mnu_tools_find_item", "Stock item(s)",
-     [](frmmain& m) { show_find(m.program(), m.panes(), FindKind::stock); }},
+     [](frmmain& m) { show_find(m.program(), m.panes(), m.view_state(), FindKind::stock); }},
     {command, "mnu_tools_find", "mnu_tools_find_recipe", "Recipe(s)",
-     [](frmmain& m) { show_find(m.program(), m.panes(), FindKind::recipes); }},
+     [](frmmain& m) { show_find(m.program(), m.panes(), m.view_state(), FindKind::recipes); }},
     {bar_menu, "mnu_tools", "mnu_tools_wp", "Word processor"},
     {command, "mnu_tools_wp", "mnu_tools_wp_rcp", "Open recipe in word processor",
      [](frmmain& m) { m.output().send_to_rtf(true); }},
@@ -240,7 +242,8 @@ constexpr MenuRow rows[] = {
     {popup, "", "mnu_more", ""},
     {command, "mnu_more", "mnu_more_find", "Find",
      [](frmmain& m) {
-         show_find(m.program(), m.panes(), m.shared.stock_view ? FindKind::stock : FindKind::recipes);
+         show_find(m.program(), m.panes(), m.view_state(),
+                   m.shared.stock_view ? FindKind::stock : FindKind::recipes);
      }},
     {bar_menu, "mnu_more", "mnu_more_sort", "Sort"},
     {check, "mnu_more_sort", "mnu_more_sort_alpha", "Alphabetically", by_name},

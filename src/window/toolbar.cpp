@@ -130,7 +130,7 @@ void Toolbar::make_button(int number)
 void Toolbar::make_separator(int number)
 {
     auto* made = new QFrame(bar_);
-    made->setFrameStyle(QFrame::VLine | QFrame::Sunken);
+    made->setFrameStyle(QFrame::VLine | QFrame::Plain);
     buttons_.at(static_cast<size_t>(number)) = made;
 }
 

@@ -2,6 +2,7 @@
 
 #include "widgets/shared_values.h"
 #include "support/contrast.h"
+#include "widgets/frame_lines.h"
 #include "widgets/plain_style.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
@@ -33,6 +34,14 @@ private slots:
     void a_long_quantity_is_told_whole();
     void captions_and_boxes_of_the_header_have_one_type_size_data() { type_sizes(); }
     void captions_and_boxes_of_the_header_have_one_type_size();
+    void no_quantity_touches_the_box_of_the_coupon_data() { type_sizes(); }
+    void no_quantity_touches_the_box_of_the_coupon();
+    void no_caption_touches_its_box_data() { type_sizes(); }
+    void no_caption_touches_its_box();
+    void no_name_looks_out_behind_the_buttons_of_its_row_data() { type_sizes(); }
+    void no_name_looks_out_behind_the_buttons_of_its_row();
+    void lines_of_the_header_are_equally_thick_data();
+    void lines_of_the_header_are_equally_thick();
 
 private:
     static void page_colors()
@@ -187,6 +196,99 @@ void tst_grid_looks::captions_and_boxes_of_the_header_have_one_type_size()
         QVERIFY(before->geometry().right() < grip->x() + 17 - 4);
         const auto* after = window_->find<QLabel>(QStringLiteral("listheader_lbl(%1)").arg(i == 0 ? 1 : 3));
         QVERIFY(after->x() >= grip->x() + 17 + 2);
+    }
+}
+
+void tst_grid_looks::no_quantity_touches_the_box_of_the_coupon()
+{
+    QFETCH(int, points);
+    const QStringList quantities{QStringLiteral("1 kg"), QStringLiteral("200 g"), QStringLiteral("8 oz"),
+                                 QStringLiteral("1 1/2"), QStringLiteral("1 pack")};
+    for (int i = 0; i < quantities.size(); ++i)
+        window_->row(QStringLiteral("Item %1").arg(i), QStringLiteral("some"), quantities[i]);
+    window_->open();
+    window_->main().view_state().set_type_size(points);
+    window_->main().visible_tree().setFocus();
+    const ListGrid& grid = window_->grid();
+    const QImage image = picture();
+    for (int row = 0; row < quantities.size(); ++row) {
+        const QRect cell = grid.cell_rect(row, GridColumn::qty).translated(-grid.pos());
+        const QColor ground = image.pixelColor(empty_place(row));
+        const QRect end(cell.right() - 1, cell.top() + 1, 2, cell.height() - 2);
+        QVERIFY(best_contrast(image, cell.adjusted(3, 1, -4, -1), ground) >= 4.5);
+        QCOMPARE(best_contrast(image, end, ground), 1.0);
+    }
+}
+
+/// The narrowest place is the aisle's, where no scroll bar makes its head wider.
+void tst_grid_looks::no_caption_touches_its_box()
+{
+    QFETCH(int, points);
+    window_->rows(2);
+    window_->open();
+    window_->main().view_state().set_type_size(points);
+    const auto* cell = window_->find<QWidget>(QStringLiteral("listheader(3)"));
+    const auto* box = window_->find<QWidget>(QStringLiteral("Cmd_ShowCol(1)"));
+    const QImage image
+        = window_->main().grab(QRect(cell->mapTo(&window_->main(), QPoint()), cell->size())).toImage();
+    const QColor ground = cell->palette().color(QPalette::Button);
+    const int tick_begins = box->geometry().right() - 13 - cell->x();
+    for (const int x : {tick_begins - 2, tick_begins - 1})
+        QVERIFY(best_contrast(image, QRect(x, 2, 1, image.height() - 6), ground) < 1.2);
+    QVERIFY(best_contrast(image, QRect(2, 2, tick_begins - 4, image.height() - 6), ground) >= 4.5);
+}
+
+void tst_grid_looks::no_name_looks_out_behind_the_buttons_of_its_row()
+{
+    QFETCH(int, points);
+    window_->row(QStringLiteral("Mmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmmm"), QStringLiteral("some"));
+    window_->row(QStringLiteral("Nnnnnnnnnnnnnnnnn"), QStringLiteral("some"));
+    window_->open();
+    window_->main().view_state().set_type_size(points);
+    for (const int width : {60, 75, 90, 120, 180}) {
+        for (const int row : {0, 1}) {
+            window_->grid().set_col_width(GridColumn::item, width);
+            window_->click_cell(row, GridColumn::desc);
+            const auto* buttons = window_->find<QWidget>(QStringLiteral("frmEditDel"));
+            const auto* box = window_->find<QWidget>(QStringLiteral("desc_brdr"));
+            QVERIFY(buttons->isVisible() && box->isVisible());
+            const QRect gap(buttons->geometry().right() + 1, box->y() + 2,
+                            box->x() - buttons->geometry().right() - 1, box->height() - 4);
+            QVERIFY(gap.width() > 0);
+            const QWidget* area = box->parentWidget();
+            const QImage image
+                = window_->main().grab(gap.translated(area->mapTo(&window_->main(), QPoint()))).toImage();
+            QCOMPARE(best_contrast(image, image.rect(), image.pixelColor(0, 0)), 1.0);
+        }
+    }
+}
+
+void tst_grid_looks::lines_of_the_header_are_equally_thick_data()
+{
+    QTest::addColumn<qreal>("scale");
+    for (const char* scale : {"1", "1.25", "1.5", "1.75", "2"})
+        QTest::newRow(scale) << QByteArray(scale).toDouble();
+}
+
+void tst_grid_looks::lines_of_the_header_are_equally_thick()
+{
+    QFETCH(qreal, scale);
+    window_->rows(2);
+    window_->open();
+    auto* form = window_->find<QWidget>(QStringLiteral("listheader(0)"))->parentWidget();
+    QImage image((QSizeF(form->size()) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    form->render(&image);
+    for (const int i : {0, 2, 3}) { // the grip stands over the line of the quantity
+        const auto* cell = window_->find<QWidget>(QStringLiteral("listheader(%1)").arg(i));
+        QVERIFY(cell->isVisible());
+        const QColor line = line_color(cell->palette());
+        const int y = qRound((cell->y() + 4) * scale); // above captions and boxes
+        const int end = qRound((cell->geometry().right() + 1) * scale);
+        int thickness = 0;
+        for (int x = end - 5; x < std::min(end + 3, image.width()); ++x)
+            thickness += image.pixelColor(x, y) == line ? 1 : 0;
+        QCOMPARE(thickness, static_cast<int>(scale));
     }
 }
 

@@ -2,8 +2,10 @@
 
 #include "recipes/page_geometry.h"
 #include "support/contrast.h"
+#include "widgets/plain_style.h"
 #include "window/view_state.h"
 
+#include <QApplication>
 #include <QFontMetrics>
 #include <QImage>
 #include <QLabel>
@@ -34,6 +36,7 @@ std::pair<int, int> inked_rows(const QImage& image, const QColor& ground, int he
 class tst_recipe_looks : public QObject {
     Q_OBJECT
 private slots:
+    void initTestCase() { QApplication::setStyle(new PlainStyle); }
     void init() { w_ = std::make_unique<RecipeWindow>(); }
     void cleanup() { w_.reset(); }
 
@@ -43,6 +46,12 @@ private slots:
     void lines_on_a_wide_page_have_about_100_characters();
     void no_row_is_cut_at_the_lower_edge_data() { type_sizes(); }
     void no_row_is_cut_at_the_lower_edge();
+    void no_row_of_instructions_is_cut_at_the_lower_edge_data() { type_sizes(); }
+    void no_row_of_instructions_is_cut_at_the_lower_edge();
+    void a_page_ends_below_its_last_row_data() { type_sizes(); }
+    void a_page_ends_below_its_last_row();
+    void the_line_with_the_keyboard_stands_out_data();
+    void the_line_with_the_keyboard_stands_out();
     void an_empty_recipe_says_what_to_do_next_data() { type_sizes(); }
     void an_empty_recipe_says_what_to_do_next();
 
@@ -143,6 +152,80 @@ void tst_recipe_looks::no_row_is_cut_at_the_lower_edge()
         }
         QVERIFY(has_text);
     }
+}
+
+void tst_recipe_looks::no_row_of_instructions_is_cut_at_the_lower_edge()
+{
+    QFETCH(int, points);
+    recipe_ = w_->add_recipe(QStringLiteral("Punch"), QStringLiteral("others"),
+                             QStringLiteral("pppppp qqqqqq\r\n").repeated(60));
+    open(points);
+    const auto text_at = [this](int height) {
+        w_->main().resize(1000, height);
+        QCoreApplication::processEvents();
+        return w_->Text1().grab(QRect(0, 0, 120, w_->Text1().height())).toImage();
+    };
+    const QImage tall = text_at(900);
+    for (int height = 400; height < 800; height += 7) {
+        const QImage image = text_at(height);
+        QVERIFY(image.height() < tall.height());
+        int last = image.height() - 1;
+        while (last > 0 && best_contrast(image, QRect(0, last, image.width(), 1), page_color()) < 1.5)
+            --last;
+        QVERIFY(last > 50);
+        // What stands below the last ink is the ground between two rows in the whole text as well.
+        const double below = best_contrast(tall, QRect(0, last + 1, tall.width(), 1), page_color());
+        QVERIFY2(below < 1.5, qPrintable(QString::number(height)));
+    }
+}
+
+/// Scrolled to its end, the page shows the last of many rows whole.
+void tst_recipe_looks::a_page_ends_below_its_last_row()
+{
+    QFETCH(int, points);
+    recipe_ = w_->add_recipe(QStringLiteral("Punch"), QStringLiteral("others"),
+                             QStringLiteral("i\r\n").repeated(150) + QStringLiteral("pqypqy"));
+    open(points);
+    w_->page().scroll_bar().setValue(w_->page().scroll_bar().maximum());
+    QCoreApplication::processEvents();
+    const QImage image = w_->Text1().grab(QRect(0, 0, 120, w_->Text1().height())).toImage();
+    int wide_rows = 0;
+    for (int y = 0; y < image.height(); ++y) // right of the letter that stands in each other row
+        wide_rows += best_contrast(image, QRect(20, y, image.width() - 20, 1), page_color()) >= 1.5 ? 1 : 0;
+    QVERIFY(wide_rows >= points);
+    QCOMPARE(best_contrast(image, QRect(0, image.height() - 1, image.width(), 1), page_color()), 1.0);
+}
+
+void tst_recipe_looks::the_line_with_the_keyboard_stands_out_data()
+{
+    QTest::addColumn<int>("color");
+    for (int color = 0; color < 4; ++color)
+        QTest::addRow("page %d", color) << color;
+}
+
+void tst_recipe_looks::the_line_with_the_keyboard_stands_out()
+{
+    QFETCH(int, color);
+    recipe_ = w_->add_recipe(QStringLiteral("Punch"), QStringLiteral("others"));
+    w_->add_line(recipe_, QStringLiteral("Rum"));
+    w_->add_line(recipe_, QStringLiteral("Tea"));
+    open(9);
+    w_->main().view_state().set_color(color);
+    IngredientText& line = *w_->page().lines().front().ingred;
+    const QRect frame = line.geometry().adjusted(-4, 0, 4, 0);
+    const auto picture = [&] { return line.parentWidget()->grab(frame).toImage(); };
+    const QImage without = picture();
+    line.setFocus();
+    QVERIFY(line.hasFocus());
+    const QImage with = picture();
+    for (const QPoint edge :
+         {QPoint(40, 0), QPoint(40, with.height() - 1), QPoint(0, 8), QPoint(with.width() - 1, 8)}) {
+        QVERIFY(contrast(with.pixelColor(edge), page_color()) >= 3);
+        QVERIFY(contrast(with.pixelColor(edge), without.pixelColor(edge)) >= 3);
+    }
+    QCOMPARE(best_contrast(with, QRect(1, 1, 3, with.height() - 2), page_color()), 1.0); // clear of its text
+    w_->Text1().setFocus();
+    QCOMPARE(picture(), without);
 }
 
 void tst_recipe_looks::an_empty_recipe_says_what_to_do_next()

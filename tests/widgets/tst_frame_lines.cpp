@@ -11,6 +11,8 @@ class tst_frame_lines : public QObject {
 private slots:
     void no_scale_factor_loses_or_blurs_a_line_data();
     void no_scale_factor_loses_or_blurs_a_line();
+    void lines_along_one_edge_are_as_thick_data() { no_scale_factor_loses_or_blurs_a_line_data(); }
+    void lines_along_one_edge_are_as_thick();
 };
 
 void tst_frame_lines::no_scale_factor_loses_or_blurs_a_line_data()
@@ -42,6 +44,28 @@ void tst_frame_lines::no_scale_factor_loses_or_blurs_a_line()
                 QCOMPARE(image.pixel(i, middle), wanted);
                 QCOMPARE(image.pixel(middle, i), wanted);
             }
+        }
+    }
+}
+
+void tst_frame_lines::lines_along_one_edge_are_as_thick()
+{
+    QFETCH(qreal, scale);
+    const int thickness = static_cast<int>(scale);
+    for (int place = 0; place < 8; ++place) {
+        QImage image(QSize(40, 40) * scale, QImage::Format_RGB32);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.translate(place, place);
+        draw_right_line(painter, QRect(0, 0, 17, 40), Qt::black);
+        draw_lower_line(painter, QRect(0, 0, 40, 17), Qt::black);
+        painter.end();
+        const int end = qRound((place + 17) * scale);
+        for (int i = end - 5; i < end + 5; ++i) {
+            const QRgb wanted = i < end && i >= end - thickness ? qRgb(0, 0, 0) : qRgb(255, 255, 255);
+            QCOMPARE(image.pixel(i, qRound((place + 5) * scale)), wanted);
+            QCOMPARE(image.pixel(qRound((place + 5) * scale), i), wanted);
         }
     }
 }

@@ -1,17 +1,25 @@
 #include "widgets/plain_style.h"
 
 #include "support/contrast.h"
+#include "widgets/fitted_text.h"
+#include "widgets/frame_lines.h"
 #include "widgets/pane_tabs.h"
+#include "widgets/pictures.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QHash>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPalette>
+#include <QStyleOption>
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QStyle>
 #include <QTest>
+#include <QToolButton>
+
+#include <algorithm>
 
 using namespace tarnwick;
 
@@ -25,14 +33,74 @@ private slots:
     void a_highlight_without_the_keyboard_looks_different();
     void message_boxes_have_four_pictures_of_our_own();
     void the_tab_in_front_is_open_to_its_pane();
+    void tabs_have_crisp_lines_at_every_scale_data() { scales(); }
+    void tabs_have_crisp_lines_at_every_scale();
+    void captions_stay_readable_in_a_narrow_strip();
+    void where_one_tab_has_no_room_for_its_picture_none_shows_it();
+    void a_picture_on_a_light_tab_stays_visible_on_a_dark_desktop();
+    void boxes_and_circles_to_tick_stand_out_data() { desktops(); }
+    void boxes_and_circles_to_tick_stand_out();
+    void focus_marks_stand_out_data() { desktops(); }
+    void focus_marks_stand_out();
+    void lines_between_things_can_be_seen_data() { desktops(); }
+    void lines_between_things_can_be_seen();
+    void nothing_hangs_below_the_month_of_a_calendar();
     void the_slider_of_a_scroll_bar_stands_out_and_is_without_shading_data();
     void the_slider_of_a_scroll_bar_stands_out_and_is_without_shading();
     void a_bar_with_nothing_to_scroll_has_no_slider();
     void a_progress_bar_is_filled_as_far_as_it_says();
     void a_menu_bar_tells_of_menus_that_have_no_room();
+
+private:
+    static void scales()
+    {
+        QTest::addColumn<qreal>("scale");
+        for (const char* scale : {"1", "1.25", "1.5", "1.75", "2"})
+            QTest::newRow(scale) << QByteArray(scale).toDouble();
+    }
+
+    static void desktops()
+    {
+        QTest::addColumn<QPalette>("colors");
+        QPalette dark(QColor(48, 52, 56), QColor(42, 46, 50));
+        dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
+        dark.setColor(QPalette::HighlightedText, Qt::white);
+        PlainStyle().polish(dark);
+        QTest::newRow("light") << QApplication::style()->standardPalette();
+        QTest::newRow("dark") << dark;
+    }
 };
 
 namespace {
+
+/// A widget as it is drawn for a screen of this scale.
+QImage drawn(QWidget& widget, qreal scale)
+{
+    QImage image((QSizeF(widget.size()) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    image.fill(widget.palette().color(QPalette::Window));
+    widget.render(&image);
+    return image;
+}
+
+/// A strip of two tabs with pictures, as high as those of the panes.
+class Strip : public QWidget {
+public:
+    explicit Strip(int width)
+        : tabs(this)
+    {
+        tabs.setDrawBase(false);
+        tabs.setExpanding(false);
+        tabs.setUsesScrollButtons(false);
+        tabs.setElideMode(Qt::ElideNone);
+        tabs.addTab(list_icon(ImageList::toolbar, 1), QStringLiteral("Stock"));
+        tabs.addTab(list_icon(ImageList::toolbar, 2), QStringLiteral("Recipes"));
+        tabs.setGeometry(3, 0, width, 27);
+        resize(width + 6, 27);
+    }
+
+    PaneTabs tabs;
+};
 
 /// The colours of a scroll bar's pixels, and how often each is met.
 QHash<QRgb, int> colors_of(QScrollBar& bar)
@@ -123,6 +191,175 @@ void tst_plain_style::the_tab_in_front_is_open_to_its_pane()
     QCOMPARE(front.bottom(), 26);
     QCOMPARE(strip.pixelColor(front.center().x(), 26), QColor(204, 204, 255));
     QVERIFY(strip.pixelColor(behind.center().x(), 26) != QColor(204, 204, 255));
+}
+
+void tst_plain_style::tabs_have_crisp_lines_at_every_scale()
+{
+    QFETCH(qreal, scale);
+    Strip strip(300);
+    const QImage image = drawn(strip, scale);
+    const QColor line = line_color(strip.tabs.palette());
+    const int thickness = static_cast<int>(scale);
+    const int y = qRound(20 * scale);
+    for (const int i : {0, 1}) {
+        const QRect tab = strip.tabs.tabRect(i).translated(strip.tabs.pos());
+        const int first = qRound(tab.left() * scale);
+        const int end = qRound((tab.right() + 1) * scale);
+        for (int x = 0; x < thickness; ++x) {
+            QCOMPARE(image.pixelColor(first + x, y), line);
+            QCOMPARE(image.pixelColor(end - 1 - x, y), line);
+        }
+        QVERIFY(image.pixelColor(first + thickness, y) != line);
+        QCOMPARE(image.pixelColor(first + thickness, y), image.pixelColor(first + thickness + 1, y));
+        QCOMPARE(image.pixelColor(end - 1 - thickness, y), image.pixelColor(end - 2 - thickness, y));
+    }
+    // The lines of the tab in front go on to the line of the pane behind its last row, and no further.
+    const int right = qRound((strip.tabs.tabRect(0).right() + 1 + strip.tabs.x()) * scale) - 1;
+    const int foot = qRound(26 * scale);
+    QCOMPARE(image.pixelColor(right, foot + thickness - 1), line);
+    for (int row = foot + thickness; row < image.height(); ++row)
+        QVERIFY(image.pixelColor(right, row) != line);
+}
+
+void tst_plain_style::captions_stay_readable_in_a_narrow_strip()
+{
+    for (const int points : {9, 10, 12}) {
+        Strip strip(160);
+        QFont font = strip.tabs.font();
+        font.setPointSize(points);
+        strip.tabs.setFont(font);
+        for (const int i : {0, 1}) {
+            const QRect tab = strip.tabs.tabRect(i);
+            const QImage image = drawn(strip.tabs, 1).copy(tab.adjusted(2, 4, -2, -4));
+            QVERIFY(tab.right() < strip.tabs.width());
+            int first = image.width();
+            int last = -1;
+            for (int x = 0; x < image.width(); ++x) {
+                if (best_contrast(image, QRect(x, 0, 1, image.height()), image.pixelColor(0, 0)) < 3)
+                    continue;
+                first = std::min(first, x);
+                last = x;
+            }
+            const int caption = QFontMetrics(font).horizontalAdvance(strip.tabs.tabText(i));
+            QVERIFY2(last - first + 4 >= caption * narrowest_type / 100,
+                     qPrintable(QStringLiteral("%1 of %2 at %3").arg(last - first).arg(caption).arg(points)));
+        }
+    }
+}
+
+void tst_plain_style::where_one_tab_has_no_room_for_its_picture_none_shows_it()
+{
+    QPixmap red(16, 16);
+    red.fill(Qt::red);
+    int without = 0;
+    for (int width = 90; width < 220; width += 5) {
+        Strip strip(width);
+        int shown = 0;
+        for (const int i : {0, 1})
+            strip.tabs.setTabIcon(i, red);
+        const QImage image = drawn(strip.tabs, 1);
+        for (const int i : {0, 1}) {
+            const QRect tab = strip.tabs.tabRect(i);
+            bool seen = false;
+            for (int x = tab.left(); x <= tab.right(); ++x)
+                seen = seen || image.pixelColor(x, 14) == QColor(Qt::red);
+            shown += seen ? 1 : 0;
+        }
+        QVERIFY2(shown != 1, qPrintable(QString::number(width)));
+        without += shown == 0 ? 1 : 0;
+    }
+    QVERIFY(without > 0);
+}
+
+void tst_plain_style::a_picture_on_a_light_tab_stays_visible_on_a_dark_desktop()
+{
+    const QPalette before = QApplication::palette();
+    QPalette dark(QColor(48, 52, 56), QColor(42, 46, 50));
+    QApplication::setPalette(dark);
+    const QColor page(204, 204, 255);
+    Strip strip(300);
+    QPalette colors = strip.tabs.palette();
+    colors.setColor(QPalette::Base, page);
+    strip.tabs.setPalette(colors);
+    constexpr int picture_end = 28;
+    const QRect front = strip.tabs.tabRect(0);
+    const QRect picture(front.left() + 4, 5, picture_end - 4, 18);
+    const QImage on_light = drawn(strip.tabs, 1).copy(picture);
+    colors.setColor(QPalette::Base, dark.color(QPalette::Base));
+    strip.tabs.setPalette(colors);
+    const double on_dark = best_contrast(drawn(strip.tabs, 1), picture, dark.color(QPalette::Base));
+    QApplication::setPalette(before);
+    colors = strip.tabs.palette();
+    colors.setColor(QPalette::Base, page);
+    strip.tabs.setPalette(colors);
+    QCOMPARE(drawn(strip.tabs, 1).copy(picture), on_light);
+    QVERIFY(on_dark >= 3);
+}
+
+void tst_plain_style::boxes_and_circles_to_tick_stand_out()
+{
+    QFETCH(QPalette, colors);
+    const PlainStyle style;
+    for (const auto element : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton}) {
+        QStyleOptionButton option;
+        option.palette = colors;
+        option.rect = QRect(3, 3, 14, 14);
+        option.state = QStyle::State_Enabled | QStyle::State_Off;
+        const auto draw = [&] {
+            QImage image(20, 20, QImage::Format_RGB32);
+            image.fill(colors.color(QPalette::Window));
+            QPainter painter(&image);
+            style.drawPrimitive(element, &option, &painter, nullptr);
+            return image;
+        };
+        const QImage open = draw();
+        const QRect upper_edge(10, 3, 1, 1);
+        QVERIFY(best_contrast(open, upper_edge, colors.color(QPalette::Window)) >= 3);
+        QVERIFY(best_contrast(open, upper_edge, colors.color(QPalette::Base)) >= 3);
+        QCOMPARE(open.pixelColor(10, 10), colors.color(QPalette::Base));
+        option.state = QStyle::State_Enabled | QStyle::State_On;
+        QVERIFY(best_contrast(draw(), QRect(6, 6, 8, 8), colors.color(QPalette::Base)) >= 4.5);
+    }
+}
+
+void tst_plain_style::focus_marks_stand_out()
+{
+    QFETCH(QPalette, colors);
+    const PlainStyle style;
+    for (const QColor& ground : {colors.color(QPalette::Window), QColor(255, 255, 255), QColor(255, 204, 204),
+                                 QColor(204, 255, 204), QColor(204, 204, 255)}) {
+        QStyleOptionFocusRect option;
+        option.palette = colors;
+        option.palette.setColor(QPalette::Window, ground);
+        option.rect = QRect(2, 2, 16, 16);
+        QImage image(20, 20, QImage::Format_RGB32);
+        image.fill(ground);
+        {
+            QPainter painter(&image);
+            style.drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, nullptr);
+        }
+        for (const QPoint edge : {QPoint(10, 2), QPoint(10, 17), QPoint(2, 10), QPoint(17, 10)})
+            QVERIFY2(contrast(image.pixelColor(edge), ground) >= 3, qPrintable(ground.name()));
+    }
+}
+
+void tst_plain_style::lines_between_things_can_be_seen()
+{
+    QFETCH(QPalette, colors);
+    QVERIFY(contrast(line_color(colors), colors.color(QPalette::Window)) >= 1.5);
+    QVERIFY(contrast(line_color(colors), colors.color(QPalette::Window)) < 4.5);
+}
+
+void tst_plain_style::nothing_hangs_below_the_month_of_a_calendar()
+{
+    QCalendarWidget calendar;
+    auto* month = calendar.findChild<QToolButton*>(QStringLiteral("qt_calendar_monthbutton"));
+    QVERIFY(month && month->menu());
+    calendar.resize(calendar.sizeHint());
+    calendar.grab(); // lays the head out
+    const QImage with_menu = drawn(*month, 1);
+    month->setMenu(nullptr);
+    QCOMPARE(with_menu, drawn(*month, 1));
 }
 
 void tst_plain_style::the_slider_of_a_scroll_bar_stands_out_and_is_without_shading_data()

@@ -1,6 +1,7 @@
 #include "shots/scenes.h"
 
 #include "shots/drag_scenes.h"
+#include "shots/looks_scenes.h"
 #include "shots/print_scenes.h"
 #include "shots/stock_scenes.h"
 #include "shots/studio.h"
@@ -342,6 +343,7 @@ void play_all(Studio& studio)
         empty_program(studio, points);
         small_windows(studio, points);
         drag_scenes(studio, points);
+        looks_scenes(studio, points);
     }
     print_scenes(studio);
     help_pages(studio);
