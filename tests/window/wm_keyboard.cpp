@@ -15,6 +15,8 @@ private slots:
     void init();
     void the_way_round_the_window_and_its_menus();
     void a_row_is_edited_and_given_back();
+    void one_click_into_a_cell_puts_the_caret_there_data();
+    void one_click_into_a_cell_puts_the_caret_there();
     void a_new_recipe_is_named_and_written();
     void a_removed_line_comes_back();
 
@@ -30,6 +32,17 @@ private:
                  .isNull());
     }
     static QString keyboard(QProcess& process) { return RealProgram::ask(process, "focus"); }
+    /// A real click into the first row of a grid, under the head of a column.
+    static void click_cell(QProcess& process, const QByteArray& head)
+    {
+        const QStringList column = RealProgram::ask(process, "where " + head).split(u' ');
+        QCOMPARE(column.size(), 4);
+        constexpr int into = 12; // pixels
+        QVERIFY(!RealProgram::xdotool({QStringLiteral("mousemove"), QString::number(column[0].toInt() + into),
+                                       QString::number(column[1].toInt() + column[3].toInt() + into),
+                                       QStringLiteral("click"), QStringLiteral("1")})
+                     .isNull());
+    }
     static bool is_shown(QProcess& process, const QByteArray& widget)
     {
         return RealProgram::ask(process, "get " + widget + " visible") == QStringLiteral("true");
@@ -128,6 +141,51 @@ void wm_keyboard::a_row_is_edited_and_given_back()
     RealProgram::tell(*process, "close");
     RealProgram::lines_of(*process);
     QCOMPARE(text("SELECT qty || '/' || desc || '/' || to_get FROM groc_1"), QStringLiteral("5 kg/salted/0"));
+}
+
+void wm_keyboard::one_click_into_a_cell_puts_the_caret_there_data()
+{
+    QTest::addColumn<QByteArray>("head");
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("description") << QByteArray("listheader_lbl(1)") << QStringLiteral("desc_brdr")
+                                 << QStringLiteral("2/salted and soft");
+    QTest::newRow("quantity") << QByteArray("listheader_lbl(2)") << QStringLiteral("qty_brdr")
+                              << QStringLiteral("2 and soft/salted");
+    QTest::newRow("description in the item editor")
+        << QByteArray("listheaderlbl(1)") << QStringLiteral("desc_brdr") << QStringLiteral("2/salted and soft");
+    QTest::newRow("quantity in the item editor")
+        << QByteArray("listheaderlbl(2)") << QStringLiteral("qty_brdr") << QStringLiteral("2 and soft/salted");
+}
+
+void wm_keyboard::one_click_into_a_cell_puts_the_caret_there()
+{
+    QFETCH(QByteArray, head);
+    QFETCH(QString, box);
+    QFETCH(QString, stored);
+    const auto process = start("1");
+    QVERIFY(process);
+    press("F6");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("Listview1"));
+    if (head.startsWith("listheaderlbl")) {
+        press("shift+F10");
+        QTRY_VERIFY(is_shown(*process, "mnu_lv"));
+        press("Down");
+        press("Return");
+        QTRY_VERIFY(is_shown(*process, "l_item_edit"));
+        QTest::qWait(500);
+    }
+    click_cell(*process, head);
+    QTRY_COMPARE(keyboard(*process), box);
+    press("End");
+    type(QStringLiteral(" and soft"));
+    press("Return");
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("Listview1"));
+    if (is_shown(*process, "l_item_edit"))
+        press("Return"); // OK
+    QTRY_COMPARE(text("SELECT qty || '/' || desc FROM groc_1"), stored);
+    RealProgram::tell(*process, "close");
+    RealProgram::lines_of(*process);
 }
 
 void wm_keyboard::a_new_recipe_is_named_and_written()
