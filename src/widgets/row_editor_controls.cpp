@@ -195,8 +195,9 @@ void EndFrame::set_fade(int pixels)
 
 void EndFrame::paintEvent(QPaintEvent*)
 {
+    const QRect between_lines = rect().adjusted(0, 1, 0, -1); // of the row's frame
     if (fade_ == 0) {
-        QPainter(this).fillRect(rect(), row_color_);
+        QPainter(this).fillRect(between_lines, row_color_);
         return;
     }
     QLinearGradient ground(0, 0, fade_, 0);
@@ -204,7 +205,7 @@ void EndFrame::paintEvent(QPaintEvent*)
     clear.setAlpha(0);
     ground.setColorAt(0, clear);
     ground.setColorAt(1, row_color_);
-    QPainter(this).fillRect(rect(), ground);
+    QPainter(this).fillRect(between_lines, ground);
 }
 
 MonthView::MonthView(QWidget* parent)

@@ -40,6 +40,7 @@ private slots:
     void no_caption_touches_its_box();
     void no_name_looks_out_behind_the_buttons_of_its_row_data() { type_sizes(); }
     void no_name_looks_out_behind_the_buttons_of_its_row();
+    void the_frame_of_an_open_row_goes_on_under_its_buttons();
     void lines_of_the_header_are_equally_thick_data();
     void lines_of_the_header_are_equally_thick();
 
@@ -261,6 +262,20 @@ void tst_grid_looks::no_name_looks_out_behind_the_buttons_of_its_row()
             QCOMPARE(best_contrast(image, image.rect(), image.pixelColor(0, 0)), 1.0);
         }
     }
+}
+
+void tst_grid_looks::the_frame_of_an_open_row_goes_on_under_its_buttons()
+{
+    open(3);
+    window_->click_cell(2, GridColumn::desc);
+    window_->grid().setFocus();
+    const auto* buttons = window_->find<QWidget>(QStringLiteral("frmEditDel"));
+    QVERIFY(buttons->isVisible() && window_->grid().hasFocus());
+    const QRect place(buttons->mapTo(&window_->main(), QPoint()), buttons->size());
+    const QImage image = window_->main().grab(place).toImage();
+    for (int x = 0; x < image.width(); ++x)
+        for (const int y : {0, image.height() - 1})
+            QVERIFY2(contrast(image.pixelColor(x, y), *page_color_of(3)) >= 3, qPrintable(QString::number(x)));
 }
 
 void tst_grid_looks::lines_of_the_header_are_equally_thick_data()
