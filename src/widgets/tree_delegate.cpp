@@ -98,16 +98,9 @@ void TreeDelegate::paint_text(QPainter& painter, const QStyleOptionViewItem& opt
         const QRect behind(rect.left() - name_margin, rect.top() + 1,
                            QFontMetrics(shown.font).horizontalAdvance(shown.text) + 2 * name_margin,
                            rect.height() - 2);
-        const QColor highlight = option.palette.color(group, QPalette::Highlight);
-        if (color.isValid()) {
-            // A label with a colour of its own keeps it: the highlight becomes a frame around it.
-            painter.setPen(highlight);
-            painter.setBrush(option.palette.color(group, QPalette::Base));
-            painter.drawRect(behind.adjusted(0, 0, -1, -1));
-        } else {
-            painter.fillRect(behind, highlight);
-            pen = option.palette.color(group, QPalette::HighlightedText);
-        }
+        // Also behind a label with a colour of its own, which could not be read on the highlight.
+        painter.fillRect(behind, option.palette.color(group, QPalette::Highlight));
+        pen = option.palette.color(group, QPalette::HighlightedText);
     }
     painter.setPen(pen);
     painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);

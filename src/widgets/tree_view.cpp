@@ -125,6 +125,13 @@ TreeView::TreeView(ImageList pictures, QWidget* parent)
         if (node->isSelected() && node->text(0) != announced_text_)
             announce_selection();
     });
+    // A selected folder has another number of children now.
+    const auto children_changed = [this](const QModelIndex& folder) {
+        if (folder.isValid() && selectionModel()->isSelected(folder))
+            announce_selection();
+    };
+    connect(model(), &QAbstractItemModel::rowsInserted, this, children_changed);
+    connect(model(), &QAbstractItemModel::rowsRemoved, this, children_changed);
 }
 
 // An open label editor tells the delegate when it goes, which must not find half a tree.
@@ -551,8 +558,11 @@ void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& options, c
 void TreeView::changeEvent(QEvent* event)
 {
     QTreeWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
-        scheduleDelayedItemsLayout();
+    if (event->type() != QEvent::FontChange)
+        return;
+    if (QWidget* editor = state() == EditingState ? delegate_->editor() : nullptr)
+        editor->setFont(font());
+    scheduleDelayedItemsLayout();
 }
 
 } // namespace tarnwick

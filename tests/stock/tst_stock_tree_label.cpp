@@ -2,6 +2,7 @@
 #include "lists/list_pane.h"
 #include "widgets/row_editor.h"
 #include "stock/stock_tree_fixture.h"
+#include "support/contrast.h"
 #include "support/message_script.h"
 #include "support/tool_button.h"
 
@@ -26,6 +27,8 @@ private slots:
     void floating_button_calls_the_second_click_off();
     void toolbar_calls_the_second_click_off();
     void popup_calls_the_second_click_off();
+    void label_edit_takes_another_type_size();
+    void every_selected_label_is_filled();
 
 private:
     QLineEdit* editor() { return tree().findChild<QLineEdit*>(); }
@@ -42,6 +45,47 @@ private:
         QVERIFY(!editor());
     }
 };
+
+void tst_stock_tree_label::label_edit_takes_another_type_size()
+{
+    load();
+    click(node(milk_));
+    QTest::keyClick(&tree(), Qt::Key_F2);
+    QVERIFY(editor());
+    QCOMPARE(editor()->font().pointSize(), 9);
+    editor()->setText(QStringLiteral("Cream"));
+    const int top = editor()->y();
+    auto* size = window_->find<QToolButton>(tool_button(ToolButton::size));
+    for (int i = 0; i < 2; ++i)
+        QTest::mouseClick(size, Qt::LeftButton, {}, QPoint(5, size->height() / 2));
+    QCOMPARE(tree().font().pointSize(), 12);
+    QVERIFY(editor());
+    QCOMPARE(editor()->font().pointSize(), 12);
+    QCOMPARE(editor()->text(), QStringLiteral("Cream"));
+    QTRY_VERIFY(editor()->y() > top);
+    QCOMPARE(editor()->height(), tree().row_height());
+}
+
+/// Also that of a folder with a colour of its own.
+void tst_stock_tree_label::every_selected_label_is_filled()
+{
+    window_->add_item(QStringLiteral("Glue"), 0);
+    load();
+    QTreeWidgetItem* other = tree().node(QStringLiteral("cat0000"));
+    QVERIFY(other->foreground(0).color() == QColor(Qt::red));
+    for (QTreeWidgetItem* one : {node(milk_), tree().topLevelItem(1), other}) {
+        tree().select(one);
+        tree().setFocus();
+        const QRect label = tree().text_rect(one);
+        const QImage picture = tree().viewport()->grab().toImage();
+        QCOMPARE(picture.pixelColor(label.left(), label.top() + 2), tree().palette().color(QPalette::Highlight));
+        int letters = 0;
+        for (int y = label.top(); y < label.bottom(); ++y)
+            for (int x = label.left(); x < label.left() + 20; ++x)
+                letters += contrast(picture.pixelColor(x, y), tree().palette().color(QPalette::Highlight)) >= 2;
+        QVERIFY(letters > 0);
+    }
+}
 
 void tst_stock_tree_label::tab_keys_end_the_edit_and_open_no_other_data()
 {
