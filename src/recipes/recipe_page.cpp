@@ -211,18 +211,21 @@ int RecipePage::text_width() const
     return std::clamp(frame4_->width() - 2 * text_left, 1, widest_text(text1_->font()) + frame);
 }
 
-/// A recipe without a line says what to do next where its first line would stand.
+/// A recipe without a line says what to do next where its first line would stand; a page whose instructions are
+/// hidden says what they say where there is no recipe, in their place.
 void RecipePage::place_hint()
 {
-    const bool wanted = has_recipe() && recipe_lines_->count() == 0;
+    const bool closed = text1_->isHidden();
+    const bool wanted = closed || (has_recipe() && recipe_lines_->count() == 0);
     hint_->setVisible(wanted);
     if (!wanted)
         return;
     const int type_size = program_.shared.type_size;
+    const int top = closed ? text_top() : page_geometry::to_pixels(page_geometry::ingred_top(0, 0, type_size));
+    hint_->setText(closed ? PageTexts::no_recipe_hint : no_lines_hint);
     hint_->setFont(text1_->font());
-    hint_->setGeometry(text_left + hint_indent,
-                       page_geometry::to_pixels(page_geometry::ingred_top(0, 0, type_size)),
-                       std::max(1, text_width() - hint_indent), page_geometry::line_pitch(type_size));
+    hint_->setGeometry(text_left + hint_indent, top, std::max(1, text_width() - hint_indent),
+                       page_geometry::line_pitch(type_size));
 }
 
 int RecipePage::text_top() const

@@ -97,7 +97,7 @@ void tst_recipe_lifecycle::deleting_the_only_recipe_selects_its_category()
 {
     RecipeWindow window;
     const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
-    window.add_recipe(QStringLiteral("Broth"), QStringLiteral("11"));
+    const Key broth = window.add_recipe(QStringLiteral("Broth"), QStringLiteral("11"));
     window.load();
     window.click_node(rcp(pie));
     MessageScript script;
@@ -110,6 +110,16 @@ void tst_recipe_lifecycle::deleting_the_only_recipe_selects_its_category()
     QVERIFY(!window.Text1().isVisible());
     QVERIFY(!window.page().has_recipe());
     QCOMPARE(window.pref(QStringLiteral("arcp")), QStringLiteral("-1"));
+    QCOMPARE(window.main().status_panels().text(), QStringLiteral("desserts: 0 recipes"));
+    const auto& hint = static_cast<QLabel&>(window.control(QStringLiteral("empty_hint")));
+    QVERIFY(hint.isVisible());
+    QCOMPARE(hint.text(), PageTexts::no_recipe_hint);
+    for (const char* view : {"mnu_view_shoplist", "mnu_view_rcpepages"})
+        window.trigger(QLatin1String(view));
+    QVERIFY(hint.isVisible());
+    window.click_node(rcp(broth));
+    QVERIFY(hint.isVisible()); // it has no line
+    QVERIFY(hint.text() != PageTexts::no_recipe_hint);
 }
 
 void tst_recipe_lifecycle::deleting_the_only_recipe_disables_what_acts_on_the_page()

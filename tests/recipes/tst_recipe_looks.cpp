@@ -54,6 +54,8 @@ private slots:
     void the_line_with_the_keyboard_stands_out();
     void an_empty_recipe_says_what_to_do_next_data() { type_sizes(); }
     void an_empty_recipe_says_what_to_do_next();
+    void a_page_without_a_recipe_says_so_either_way_data() { type_sizes(); }
+    void a_page_without_a_recipe_says_so_either_way();
 
 private:
     static void type_sizes()
@@ -241,8 +243,33 @@ void tst_recipe_looks::an_empty_recipe_says_what_to_do_next()
     w_->add_line(recipe_, QStringLiteral("Salt"));
     w_->page().set_recipe(recipe_);
     QVERIFY(!hint->isVisible());
-    w_->page().set_recipe(-1);
+    w_->page().set_recipe(0);
     QVERIFY(!hint->isVisible());
+}
+
+/// With the instructions hidden it stands where they say so themselves.
+void tst_recipe_looks::a_page_without_a_recipe_says_so_either_way()
+{
+    QFETCH(int, points);
+    recipe_ = w_->add_recipe(QStringLiteral("Air"), QStringLiteral("others"));
+    open(points, {1000, 600});
+    const auto letters = [this] {
+        const QImage page = w_->page().frame4().grab({0, 0, 500, 100}).toImage();
+        QRect dark;
+        for (int y = 0; y < page.height(); ++y)
+            for (int x = 0; x < page.width(); ++x)
+                if (contrast(page.pixelColor(x, y), page_color()) >= 3)
+                    dark |= QRect(x, y, 1, 1);
+        return dark;
+    };
+    w_->page().set_recipe(0);
+    const QRect by_instructions = letters();
+    w_->page().set_recipe(-1);
+    QVERIFY(!w_->Text1().isVisible());
+    const QRect by_hint = letters();
+    QVERIFY(by_hint.width() > 200);
+    QVERIFY((by_hint.topLeft() - by_instructions.topLeft()).manhattanLength() <= 2);
+    QVERIFY((by_hint.bottomRight() - by_instructions.bottomRight()).manhattanLength() <= 2);
 }
 
 QTEST_MAIN(tst_recipe_looks)
