@@ -127,6 +127,8 @@ void ListMouse::edit_row(int row)
     EditRequest request{EditMode::edit_item, chosen.item_key};
     request.row = chosen.groc_key;
     show_item_editor(program_, request);
+    if (!pane_.row_editor().is_open())
+        pane_.row_editor().hide_line(); // the mark of the row menu goes with the dialog
 }
 
 void ListMouse::remove_row(int row)

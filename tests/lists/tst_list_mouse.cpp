@@ -46,6 +46,7 @@ private slots:
     void the_right_release_shows_the_status_before_the_menu();
     void the_row_menu_removes_its_row_without_a_question();
     void the_row_menu_opens_the_item_editor();
+    void no_row_stays_bold_after_the_item_editor_of_the_row_menu();
     void no_row_menu_on_an_empty_list();
 
     void delete_removes_the_current_row_without_a_question();
@@ -364,6 +365,25 @@ void tst_list_mouse::the_row_menu_removes_its_row_without_a_question()
     QCOMPARE(w().grid().rows().rows(), 2);
     QCOMPARE(w().number("SELECT count(*) FROM groc_1 WHERE key_id = 2"), 0);
     QCOMPARE(w().number("SELECT count(*) FROM tie"), 2);
+}
+
+void tst_list_mouse::no_row_stays_bold_after_the_item_editor_of_the_row_menu()
+{
+    w().rows(3);
+    w().open();
+    for (const char* button : {"Command1(0)", "Command1(1)"}) {
+        MessageScript script;
+        script.drive([&](QDialog& dialog) {
+            QVERIFY(w().grid().rows().row(1).bold);
+            dialog.findChild<QAbstractButton*>(QLatin1String(button))->click();
+        });
+        w().click_cell(1, GridColumn::desc, Qt::RightButton);
+        choose("mnu_lv_ed");
+        QCOMPARE(script.left(), 0);
+        for (const GridRow& row : w().grid().rows().list_rows())
+            QVERIFY2(!row.bold, button);
+        QCOMPARE(w().grid().current_row(), 1);
+    }
 }
 
 void tst_list_mouse::the_row_menu_opens_the_item_editor()
