@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include <algorithm>
+
 namespace tarnwick {
 namespace {
 
@@ -26,6 +28,16 @@ void make_array(std::array<Control*, count>& controls, const char* name,
         controls[i] = new Control(QString::fromUtf8(captions[i]), parent);
         controls[i]->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(i));
     }
+}
+
+/// The keyboard comes to the chosen one of a group, or where none is chosen to the first. Later the control itself
+/// sees to that.
+template <size_t count> void tab_to_chosen(const std::array<QRadioButton*, count>& group)
+{
+    const auto chosen = std::find_if(group.begin(), group.end(), [](const auto* one) { return one->isChecked(); });
+    const QRadioButton* stop = chosen == group.end() ? group.front() : *chosen;
+    for (QRadioButton* one : group)
+        one->setFocusPolicy(one == stop ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 } // namespace
@@ -77,6 +89,8 @@ void pic_frm::show_options()
         order(*options_.sort).setChecked(true);
     ComboSize_->setCurrentIndex(options_.size < ComboSize_->count() ? options_.size : -1);
     Check1_->setChecked(options_.active == 1);
+    tab_to_chosen(OptionCol_);
+    tab_to_chosen(Option2_);
 }
 
 void pic_frm::connect_controls()

@@ -42,6 +42,7 @@ private slots:
     void opening_writes_no_setting();
     void each_change_counts_at_once_in_memory_and_under_velora();
     void the_keyboard_changes_them_too();
+    void the_keyboard_comes_to_what_is_chosen();
     void a_change_lasts_until_the_program_ends();
     void the_sample_follows_columns_and_order_data();
     void the_sample_follows_columns_and_order();
@@ -219,6 +220,24 @@ void tst_print_setup::the_keyboard_changes_them_too()
     QTest::keyClick(&radio("Option2(1)"), Qt::Key_Down);
     QCOMPARE(options_.sort, ReportSort::by_aisle);
     QCOMPARE(stored("sort"), QStringLiteral("2"));
+}
+
+void tst_print_setup::the_keyboard_comes_to_what_is_chosen()
+{
+    ReportOptions options;
+    options.col_ct = 2;
+    options.sort = ReportSort::by_aisle;
+    open(options);
+    QVERIFY(QTest::qWaitForWindowActive(dialog_.get()));
+    QVERIFY(radio("OptionCol(1)").hasFocus());
+    QTest::keyClick(dialog_->focusWidget(), Qt::Key_Tab);
+    QVERIFY(radio("Option2(2)").hasFocus());
+    QTest::keyClick(dialog_->focusWidget(), Qt::Key_Up);
+    QVERIFY(radio("Option2(1)").isChecked());
+    QTest::keyClick(dialog_->focusWidget(), Qt::Key_Backtab);
+    QVERIFY(radio("OptionCol(1)").hasFocus());
+    QTest::keyClick(dialog_->focusWidget(), Qt::Key_Tab);
+    QVERIFY(radio("Option2(1)").hasFocus());
 }
 
 void tst_print_setup::a_change_lasts_until_the_program_ends()
