@@ -31,8 +31,9 @@ enum class ItemFlag { given, untouched, cleared, cleared_if_new };
 /// lists, or the one that was there.
 enum class Code { computed, plain, untouched };
 
-/// When the first status panel tells the item's status, beside the case that its node is the selected one.
-enum class PanelWords { always, in_stock_view, if_selected };
+/// When the first status panel tells the item's status, beside the case that its node is the selected one;
+/// `current` tells of what is current now instead, since the panel may tell of a row that is gone or cleared.
+enum class PanelWords { always, in_stock_view, if_selected, current };
 
 /// The tool tip that the item's lines on the recipe page get; `by_name` one each for lines found and lost by a
 /// rename.
@@ -66,9 +67,9 @@ inline constexpr std::array treatments{
     Treatment{Cause::tree_box, RowMark::flipped, ItemFlag::untouched, Code::plain, Code::plain, false,
               PanelWords::always, Code::plain, LineTip::name_and_words, GridMarks::go_to_row},
     Treatment{Cause::row_removal, RowMark::row_gone, ItemFlag::untouched, Code::computed, Code::computed, false,
-              PanelWords::if_selected, Code::computed, LineTip::words, GridMarks::in_place},
+              PanelWords::current, Code::computed, LineTip::words, GridMarks::in_place},
     Treatment{Cause::clearing, RowMark::gone_or_cleared, ItemFlag::cleared, Code::computed, Code::computed, false,
-              PanelWords::if_selected, Code::computed, LineTip::words, GridMarks::whole_list},
+              PanelWords::current, Code::computed, LineTip::words, GridMarks::whole_list},
     Treatment{Cause::page_box, RowMark::by_page, ItemFlag::untouched, Code::computed, Code::computed, true,
               PanelWords::always, Code::plain, LineTip::words, GridMarks::go_to_first},
     Treatment{Cause::item_editor, RowMark::as_edited, ItemFlag::cleared_if_new, Code::computed, Code::computed,

@@ -304,7 +304,6 @@ void RecipeTree::open(const QTreeWidgetItem& node)
     program_.show_list_pane(false);
 }
 
-/// First status panel, while the tree is the one on show.
 void RecipeTree::show_status_of_selection()
 {
     if (program_.shared.form_loading || program_.shared.stock_view)

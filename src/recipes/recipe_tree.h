@@ -50,6 +50,9 @@ public:
     /// Selects a recipe and brings up its page. False, and no change, when the tree does not hold it.
     bool choose(Key recipe);
 
+    /// Tells the selected node in the first panel, while the tree is the one on show.
+    void show_status_of_selection();
+
     /// The node of a recipe; none when the tree does not hold it.
     QTreeWidgetItem* recipe_node(Key recipe) const;
 
@@ -77,7 +80,6 @@ private:
     void start_drag(const QTreeWidgetItem& node, QPoint global);
     void key_down(int key);
     void expanded(QTreeWidgetItem* node, bool open);
-    void show_status_of_selection();
     void show_page(Key recipe);
     void take_off(QTreeWidgetItem* node);
 

@@ -194,6 +194,8 @@ void frmmain::make_panes()
     keyboard_round_ = new KeyboardRound(*this);
     new UndoKey(*program_, *recipe_page_);
     connect_panes(*this);
+    // The status panel would go on telling of what is no longer on show.
+    connect(view_state_.get(), &ViewState::view_changed, this, [this] { panes_->tell_selection(); });
     connect_household();
 }
 
@@ -201,8 +203,9 @@ void frmmain::make_panes()
 void frmmain::connect_household()
 {
     grid_listener_ = std::make_unique<GridListener>(*list_pane_, row_editor(), shared);
-    status_words_ = std::make_unique<StatusWords>(connection_, *status_panels_, shared,
-                                                  [this](Key item) { return stock_tree_->is_selected(item); });
+    status_words_ = std::make_unique<StatusWords>(
+        connection_, *status_panels_, shared, [this](Key item) { return stock_tree_->is_selected(item); },
+        [this] { panes_->tell_current(); });
     const auto listen = [this](auto signal, auto& listener, auto slot) {
         connect(household_.get(), signal, this,
                 [&listener, slot](const auto& change) { (listener.*slot)(change); });

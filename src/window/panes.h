@@ -23,6 +23,11 @@ struct Panes {
 
     TreeView& tree(bool stock) const; ///< of stock, else of recipes
 
+    void tell_selection() const; ///< in the first status panel: the selected node of the tree on show
+
+    /// In the first status panel: the item of the list's current row, or without one the selected node.
+    void tell_current() const;
+
     /// Writes what is being typed into a list row or the recipe page, as leaving its boxes does. False when a name
     /// was refused; the user has to mend it first.
     bool leave_editors() const;

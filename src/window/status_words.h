@@ -13,9 +13,10 @@ struct SharedValues;
 /// Tells in the first status panel how the item of an operation stands.
 class StatusWords {
 public:
-    /// `is_selected` tells whether an item's node is the selected one.
+    /// `is_selected` tells whether an item's node is the selected one; `tell_current` tells of the current row or
+    /// node.
     StatusWords(Connection& connection, StatusPanels& panels, const SharedValues& shared,
-                std::function<bool(Key item)> is_selected);
+                std::function<bool(Key item)> is_selected, std::function<void()> tell_current);
 
     void item_changed(const ItemChange& change);
 
@@ -26,6 +27,7 @@ private:
     StatusPanels& panels_;
     const SharedValues& shared_;
     std::function<bool(Key)> is_selected_;
+    std::function<void()> tell_current_;
 };
 
 } // namespace tarnwick

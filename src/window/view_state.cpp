@@ -36,6 +36,8 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 
+#include <utility>
+
 namespace tarnwick {
 namespace {
 
@@ -194,6 +196,9 @@ void ViewState::refresh_all()
     if (main_.recipe_page().texts().is_edited())
         main_.recipe_page().texts().edit_updt();
     refresh_commands();
+    const std::pair shown(main_.shared.stock_view, main_.shared.list_pane_shown);
+    if (std::exchange(told_view_, shown) != shown)
+        emit view_changed();
 }
 
 /// A control that got hidden would go on taking the keys, or has lost them by closing. A tree hands them to the

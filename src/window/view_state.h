@@ -5,6 +5,9 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
+#include <utility>
+
 class QTabBar;
 class QWidget;
 
@@ -46,6 +49,7 @@ public:
 
 signals:
     void looks_changed(); ///< another type size or page colour is in use
+    void view_changed(); ///< another tree is on show, or list or page in place of the other
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -71,6 +75,7 @@ private:
     CommandTexts texts_;
     QTabBar& left_tabs_;
     QTabBar& right_tabs_;
+    std::optional<std::pair<bool, bool>> told_view_; ///< stock tree and list on show, as last announced
 };
 
 } // namespace tarnwick

@@ -1,5 +1,6 @@
 #include "lists/home_with_lists.h"
 
+#include "household/status.h"
 #include "lists/clearing.h"
 #include "support/message_script.h"
 #include "support/table_dump.h"
@@ -44,10 +45,12 @@ private slots:
     void failure_in_the_middle_changes_nothing_data();
     void failure_in_the_middle_changes_nothing();
     void clearing_rewrites_the_panel_of_the_selected_item();
+    void clearing_tells_of_what_is_current();
     void clearing_costs_in_proportion_to_the_list();
 
     void groc_del_removes_row_link_and_grid_row();
     void groc_del_corrects_tree_tag_and_panel();
+    void groc_del_of_another_item_tells_of_what_is_current();
     void groc_del_of_the_last_row_empties_the_grid_and_closes_the_editor();
     void groc_del_of_a_row_without_link_deletes_the_row_alone();
     void groc_del_failure_changes_nothing();
@@ -269,9 +272,36 @@ void tst_clearing::groc_del_corrects_tree_tag_and_panel()
     QCOMPARE(TreeView::picture(home.node(home.bread)), 5);
     QCOMPARE(TreeView::tag(home.node(home.bread)), QStringLiteral("5"));
     QCOMPARE(home.panel(), QStringLiteral("Not listed :: OTHER category"));
-    main.set_status(QStringLiteral("untouched"));
+}
+
+/// Bread, Eggs and Milk stand on the list.
+void tst_clearing::groc_del_of_another_item_tells_of_what_is_current()
+{
+    HomeWithLists home;
+    frmmain& main = home.load();
+    main.set_status(QStringLiteral("of Eggs"));
     main.clearing().groc_del(home.eggs_row);
-    QCOMPARE(home.panel(), QStringLiteral("untouched"));
+    QCOMPARE(main.list_pane().grid().current_row(), 1);
+    QCOMPARE(home.panel(), get_status(home.db(), home.milk));
+    main.stock_tree().view().select(home.node(home.eggs));
+    main.clearing().groc_del(home.milk_row);
+    QCOMPARE(home.panel(), get_status(home.db(), home.bread));
+    main.clearing().groc_del(home.bread_row);
+    QCOMPARE(home.rows().rows(), 0);
+    QCOMPARE(home.panel(), get_status(home.db(), home.eggs));
+}
+
+void tst_clearing::clearing_tells_of_what_is_current()
+{
+    HomeWithLists home;
+    frmmain& main = home.load();
+    main.set_status(QStringLiteral("of Eggs"));
+    main.clearing().clear_list(ClearMode::uncheck);
+    QCOMPARE(home.panel(), get_status(home.db(), home.bread));
+    main.stock_tree().view().select(main.stock_tree().category_node(0));
+    main.set_status(QStringLiteral("of Bread"));
+    main.clearing().clear_list(ClearMode::delete_all);
+    QCOMPARE(home.panel(), QStringLiteral("OTHER category: 3 stock items"));
 }
 
 void tst_clearing::groc_del_of_the_last_row_empties_the_grid_and_closes_the_editor()

@@ -3,6 +3,7 @@
 #include "support/table_dump.h"
 #include "widgets/list_grid.h"
 #include "household/household.h"
+#include "household/status.h"
 #include "widgets/row_editor.h"
 #include "window/commands.h"
 
@@ -99,6 +100,7 @@ private slots:
     void a_line_does_not_come_back_to_another_recipe();
     void what_was_typed_since_is_undone_in_its_box();
     void the_status_of_a_returned_item_is_true();
+    void the_panel_tells_of_the_returned_item();
 };
 
 void tst_undo_key::a_removed_row_comes_back_as_it_was_data()
@@ -370,6 +372,18 @@ void tst_undo_key::the_status_of_a_returned_item_is_true()
     w.undo();
     QCOMPARE(w.number("SELECT status FROM items_1 WHERE key_id = 2"), 7);
     QCOMPARE(TreeView::picture(w.main().stock_tree().item_node(2)), 7);
+}
+
+void tst_undo_key::the_panel_tells_of_the_returned_item()
+{
+    Window w;
+    w.open_on(true);
+    w.remove_row(1);
+    QTest::keyClick(&w.grid(), Qt::Key_Up);
+    w.main().set_status(QStringLiteral("of Butter"));
+    w.undo();
+    QCOMPARE(w.grid().current_row(), 1);
+    QCOMPARE(w.main().status_panels().text(), get_status(w.db(), 2));
 }
 
 QTEST_MAIN(tst_undo_key)

@@ -57,6 +57,7 @@ public:
         main_->l_r_refresh();
     }
 
+    Key item() const { return item_; }
     QAction& action(const char* name) { return main_->commands().action(QString::fromLatin1(name)); }
     QString caption(const char* name) { return Commands::plain_caption(action(name)); }
     QToolButton& button(ToolButton which) { return *main_->findChild<QToolButton*>(tool_button(which)); }
@@ -150,6 +151,8 @@ private slots:
     void captions_fall_back_when_the_tab_strip_is_narrow();
     void ampersand_of_a_list_name_stands_on_tab_and_menu();
     void tab_key_moves_nothing();
+    void words_follow_the_views_data();
+    void words_follow_the_views();
     void loading_does_not_store_the_tree();
 };
 
@@ -567,6 +570,41 @@ void tst_view_state::tab_key_moves_nothing()
     QVERIFY(tree.hasFocus());
     QTest::keyClick(&tree, Qt::Key_Tab);
     QVERIFY(tree.hasFocus());
+}
+
+/// The panel tells of the tree on show whichever view was changed, and by tab or command.
+void tst_view_state::words_follow_the_views_data()
+{
+    QTest::addColumn<bool>("by_tab");
+    QTest::newRow("by tab") << true;
+    QTest::newRow("by command") << false;
+}
+
+void tst_view_state::words_follow_the_views()
+{
+    QFETCH(bool, by_tab);
+    Fixture f;
+    frmmain& main = f.load();
+    const auto choose = [&](const char* tabs, int tab, const char* command) {
+        main.set_status(QStringLiteral("of what is gone"));
+        auto& strip = *f.w.find<QTabBar>(QLatin1String(tabs));
+        if (by_tab)
+            QTest::mouseClick(&strip, Qt::LeftButton, {}, strip.tabRect(tab).center());
+        else
+            f.action(command).trigger();
+        return main.status_panels().text();
+    };
+    main.stock_tree().view().select(main.stock_tree().item_node(f.item()));
+    const QString milk = QStringLiteral("Not listed :: Dairy category");
+    const QString soup = QStringLiteral("Lentil soup recipe");
+    QCOMPARE(main.status_panels().text(), milk);
+    QCOMPARE(choose("TabStrip1(1)", 1, "mnu_view_rcpepages"), milk);
+    QCOMPARE(choose("TabStrip1(0)", 1, "mnu_view_rcp"), QString());
+    QVERIFY(main.recipe_tree().choose(1));
+    QCOMPARE(main.status_panels().text(), soup);
+    QCOMPARE(choose("TabStrip1(0)", 0, "mnu_view_stock"), milk);
+    QCOMPARE(choose("TabStrip1(1)", 0, "mnu_view_shoplist"), milk);
+    QCOMPARE(choose("TabStrip1(0)", 1, "mnu_view_rcp"), soup);
 }
 
 void tst_view_state::loading_does_not_store_the_tree()
