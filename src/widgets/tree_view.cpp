@@ -140,6 +140,7 @@ void TreeView::set_flat(bool flat)
 {
     flat_ = flat;
     setRootIsDecorated(!flat);
+    fit_names();
     scheduleDelayedItemsLayout();
 }
 
@@ -603,8 +604,22 @@ void TreeView::selectionChanged(const QItemSelection& chosen, const QItemSelecti
 void TreeView::changeEvent(QEvent* event)
 {
     QTreeWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
-        scheduleDelayedItemsLayout();
+    if (event->type() != QEvent::FontChange)
+        return;
+    fit_names();
+    scheduleDelayedItemsLayout();
+}
+
+void TreeView::fit_names()
+{
+    if (delegate_->fit(viewport()->width()))
+        emit indentation_changed();
+}
+
+void TreeView::resizeEvent(QResizeEvent* event)
+{
+    QTreeWidget::resizeEvent(event);
+    fit_names();
 }
 
 } // namespace tarnwick
