@@ -221,12 +221,13 @@ void RecipePage::place_hint()
     if (!wanted)
         return;
     const int type_size = program_.shared.type_size;
-    const int top = closed ? text_top() : page_geometry::to_pixels(page_geometry::ingred_top(0, 0, type_size));
+    const int top
+        = closed ? text_top() + hint_indent : page_geometry::to_pixels(page_geometry::ingred_top(0, 0, type_size));
     hint_->setText(closed ? PageTexts::no_recipe_hint : no_lines_hint);
     hint_->setFont(text1_->font());
     const int width = std::max(1, text_width() - hint_indent);
     hint_->setGeometry(text_left + hint_indent, top, width,
-                       std::max(page_geometry::line_pitch(type_size), hint_->heightForWidth(width)));
+                       std::max(closed ? 0 : page_geometry::line_pitch(type_size), hint_->heightForWidth(width)));
 }
 
 int RecipePage::text_top() const
