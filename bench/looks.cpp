@@ -29,7 +29,7 @@ void load_both(Window& window)
     Window::settle();
 }
 
-/// The moves of the mouse that drag the separator's shadow, and what follows when the separator is let go.
+/// What follows when the separator is let go; its moves are measured with the drags.
 void measure_separator(Window& window)
 {
     QFrame& bar = window->layout_manager().Frame1();
@@ -39,17 +39,6 @@ void measure_separator(Window& window)
             part->grab();
     };
     int turn = 0;
-    constexpr QPoint hold(2, 100);
-    QTest::mousePress(&bar, Qt::LeftButton, {}, hold);
-    const double move = median_ratio(
-        15,
-        [&] {
-            QTest::mouseMove(&bar, hold + QPoint(++turn % 2 == 0 ? 40 : 60, 0));
-            Window::settle();
-        },
-        repaint);
-    QTest::mouseRelease(&bar, Qt::LeftButton, {}, hold + QPoint(-5, 0));
-    print_ratio("a move of the mouse with the separator, 5,000 rows : repaint of tree and grid", move, 3);
     const double drop = median_ratio(
         15,
         [&] {
@@ -65,7 +54,7 @@ void measure_separator(Window& window)
 void measure_find()
 {
     Window window({9999, 200, 1, 10});
-    show_find(window.main().program(), window.main().panes(), FindKind::stock);
+    show_find(window.main().program(), window.main().panes(), window.main().view_state(), FindKind::stock);
     auto* dialog = window->findChild<find_item*>(QStringLiteral("find_item"));
     auto* text = dialog->findChild<QLineEdit*>(QStringLiteral("Text1"));
     auto* button = dialog->findChild<QPushButton*>(QStringLiteral("Command1(0)"));

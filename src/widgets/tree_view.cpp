@@ -137,6 +137,7 @@ void TreeView::set_flat(bool flat)
 {
     flat_ = flat;
     setRootIsDecorated(!flat);
+    fit_names();
     scheduleDelayedItemsLayout();
 }
 
@@ -551,8 +552,22 @@ void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& options, c
 void TreeView::changeEvent(QEvent* event)
 {
     QTreeWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
-        scheduleDelayedItemsLayout();
+    if (event->type() != QEvent::FontChange)
+        return;
+    fit_names();
+    scheduleDelayedItemsLayout();
+}
+
+void TreeView::fit_names()
+{
+    if (delegate_->fit(viewport()->width()))
+        emit indentation_changed();
+}
+
+void TreeView::resizeEvent(QResizeEvent* event)
+{
+    QTreeWidget::resizeEvent(event);
+    fit_names();
 }
 
 } // namespace tarnwick

@@ -110,6 +110,7 @@ signals:
     /// Another node is the selected one, whatever moved the selection, or none is, or its text is another; also
     /// after every click on a node.
     void selection_changed();
+    void indentation_changed(); ///< texts stand further right or left than before
     void key_down(int key); ///< Qt::Key; Key_Menu for each key that asks for the pop-up menu
     void key_up(int key); ///< Qt::Key
     void got_focus();
@@ -141,6 +142,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
@@ -148,6 +150,7 @@ private:
     void press(QMouseEvent* event);
     void announce_selection();
     void tell_label_edit();
+    void fit_names();
     bool on_label(QTreeWidgetItem* node, QPoint position) const;
     void close_if_empty(QTreeWidgetItem* folder);
     void follow_collapse(QTreeWidgetItem* folder);

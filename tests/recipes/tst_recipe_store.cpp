@@ -1,4 +1,5 @@
 #include "household/recipe_store.h"
+#include "household/status.h"
 
 #include "data/query.h"
 #include "data/schema.h"
@@ -210,10 +211,10 @@ void tst_recipe_store::marking_an_item_writes_all_rows_and_the_status()
     store.run("INSERT INTO items_1 (key_id, item, cat, status) VALUES (1, 'Salt', 0, 6), (2, 'Oil', 0, 6)");
     store.run("INSERT INTO groc_1 (key_id, item, to_get) VALUES (1, 'Salt', 0), (2, 'Salt', 0), (3, 'Oil', 0)");
     store.run("INSERT INTO tie (key_id, groc_id, item_id, list) VALUES (1, 1, 1, 4), (2, 2, 1, 5), (3, 3, 2, 4)");
-    QCOMPARE(mark_item(store.db, 1, true), 8);
+    QCOMPARE(mark_item(store.db, 1, true), StatusCode::buy_it_plus);
     QCOMPARE(store.text("SELECT group_concat(to_get) FROM groc_1"), QStringLiteral("1,1,0"));
     QCOMPARE(store.text("SELECT group_concat(status) FROM items_1"), QStringLiteral("8,6"));
-    QCOMPARE(mark_item(store.db, 1, false), 6);
+    QCOMPARE(mark_item(store.db, 1, false), StatusCode::inactive);
     QCOMPARE(store.text("SELECT group_concat(to_get) FROM groc_1"), QStringLiteral("0,0,0"));
 }
 
