@@ -3,6 +3,7 @@
 #include "widgets/drag.h"
 #include "widgets/pictures.h"
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QTreeWidget>
 
@@ -99,6 +100,8 @@ public:
     /// After a drag: the next release does its work again, and only the click on a node is still spent.
     void take_release_back() { release_spent_ = false; }
 
+    void keyboardSearch(const QString& text) override;
+
 signals:
     // Mouse events carry viewport coordinates. A click on a node is reported before the release.
     void mouse_down(Qt::MouseButton button, QPoint position);
@@ -145,8 +148,13 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void selectionChanged(const QItemSelection& chosen, const QItemSelection& left) override;
 
 private:
+    bool is_searching() const;
+    bool shows_focus_frame() const;
     void press(QMouseEvent* event);
     void announce_selection();
     void tell_label_edit();
@@ -165,6 +173,7 @@ private:
     QString edited_text_;
     Qt::FocusReason label_left_by_ = Qt::NoFocusReason;
     QString announced_text_; ///< of the selected node when it was announced last
+    QElapsedTimer since_letter_; ///< invalid where the last key was none of a search by letters
     bool pressed_ = false;
     bool click_spent_ = false;
     bool release_spent_ = false;

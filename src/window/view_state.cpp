@@ -285,6 +285,7 @@ void ViewState::left_tab_clicked(int index)
         return;
     main_.row_editor().lv_edit_off();
     main_.program().show_stock(index == 0); // which stores the choice
+    main_.visible_tree().setFocus(Qt::OtherFocusReason);
 }
 
 void ViewState::right_tab_clicked(int index)
@@ -293,6 +294,7 @@ void ViewState::right_tab_clicked(int index)
         return;
     main_.row_editor().lv_edit_off();
     choose_pane(index == 0);
+    main_.keyboard_round().go_to_right_pane();
 }
 
 void ViewState::sort(bool by_name)
