@@ -410,6 +410,16 @@ void list_list::wheelEvent(QWheelEvent* event)
         QApplication::sendEvent(VScroll1_, event);
 }
 
+/// The highlight is the desktop's.
+void list_list::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange)
+        return;
+    for (const ListRow& row : rows_)
+        paint_row(row);
+}
+
 void list_list::resizeEvent(QResizeEvent* event)
 {
     QDialog::resizeEvent(event);

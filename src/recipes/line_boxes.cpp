@@ -1,6 +1,7 @@
 #include "recipes/line_boxes.h"
 
 #include "recipes/page_geometry.h"
+#include "widgets/fitted_text.h"
 #include "widgets/last_press.h"
 #include "widgets/row_editor_controls.h"
 
@@ -23,6 +24,7 @@ constexpr int large_width = 500;
 constexpr int design_height = 19;
 constexpr int inset = 2;
 constexpr int text_margin = 8 + inset; ///< what a box needs beside its text
+constexpr int least_text_margin = 5 + inset; ///< with the control's own margins and the slope of the letters
 constexpr int end_gap = 2; ///< between boxes and frame
 constexpr int button_gap = 1;
 constexpr int frame_margin = 4; ///< left of the pencil
@@ -49,6 +51,7 @@ LineBoxes::LineBoxes(QWidget& page, QObject& filter)
         made.setTextMargins(inset, 0, 0, 0);
         made.setAccessibleName(QLatin1String(field_names[static_cast<size_t>(field)]));
         made.installEventFilter(&filter);
+        LastPress::require_on(made);
         connect(&made, &QLineEdit::textChanged, this, [this, field] {
             if (!filling_)
                 emit typed(field);
@@ -174,10 +177,14 @@ QFont LineBoxes::box_font(IngredientField field) const
     return font;
 }
 
+/// A placeholder that has not its room is written in narrower type.
 void LineBoxes::set_ingred_font()
 {
     for (const IngredientField field : ingredient_fields) {
-        if (const QFont font = box_font(field); edit(field).font() != font)
+        QFont font = box_font(field);
+        if (is_placeholder(field))
+            font = fit_text(box(field).placeholder, font, edit(field).width() - least_text_margin).font;
+        if (edit(field).font() != font)
             edit(field).setFont(font);
     }
 }
@@ -221,6 +228,7 @@ void LineBoxes::place(const QRect& line, int page_width, int type_size, const QF
         boxes_[i].edit->setGeometry(left, top, widths[i], height);
         left += widths[i];
     }
+    set_ingred_font();
     end_frame_->setGeometry(left + end_gap, top, frame_width, height);
     imgedit_->setGeometry(frame_margin, 0, button, height);
     imgScratch_->setGeometry(frame_margin + button + button_gap, 0, button, height);

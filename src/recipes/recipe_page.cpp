@@ -6,7 +6,6 @@
 #include "widgets/one_line_box.h"
 #include "widgets/update_lock.h"
 #include "recipes/line_widgets.h"
-#include "widgets/fitted_label.h"
 #include "widgets/key_kinds.h"
 #include "recipes/page_geometry.h"
 #include "recipes/page_text.h"
@@ -67,7 +66,7 @@ RecipePage::RecipePage(Program& program, QWidget* parent)
     , title_(new QLineEdit(frame3_))
     , text1_(new PageText(frame3_))
     , label1_(new QLabel(frame3_))
-    , hint_(new FittedLabel(no_lines_hint, frame3_))
+    , hint_(new QLabel(no_lines_hint, frame3_))
     , recipe_lines_(new RecipeLines(*frame3_))
     , texts_(new PageTexts(program, *title_, *text1_))
 {
@@ -116,6 +115,7 @@ void RecipePage::make_page()
     hint_->setObjectName(QStringLiteral("empty_hint"));
     hint_->setForegroundRole(QPalette::PlaceholderText);
     hint_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    hint_->setWordWrap(true);
     hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
     hint_->hide();
     set_page_color();
@@ -220,16 +220,18 @@ void RecipePage::place_hint()
         return;
     const int type_size = program_.shared.type_size;
     hint_->setFont(text1_->font());
+    const int width = std::max(1, text_width() - hint_indent);
     hint_->setGeometry(text_left + hint_indent,
-                       page_geometry::to_pixels(page_geometry::ingred_top(0, 0, type_size)),
-                       std::max(1, text_width() - hint_indent), page_geometry::line_pitch(type_size));
+                       page_geometry::to_pixels(page_geometry::ingred_top(0, 0, type_size)), width,
+                       std::max(page_geometry::line_pitch(type_size), hint_->heightForWidth(width)));
 }
 
 int RecipePage::text_top() const
 {
     const int estimated = page_geometry::to_pixels(
         page_geometry::text_top(recipe_lines_->count(), recipe_lines_->wrap_extra(), program_.shared.type_size));
-    return std::max(estimated + recipe_lines_->surplus(), recipe_lines_->bottom() + text_gap);
+    const int below_hint = hint_->isHidden() ? 0 : hint_->geometry().bottom() + text_gap / 2;
+    return std::max({estimated + recipe_lines_->surplus(), recipe_lines_->bottom() + text_gap, below_hint});
 }
 
 void RecipePage::place_text()

@@ -79,6 +79,7 @@ void FloatingButtons::follow_tree()
     });
     TreeView& tree = tree_.view();
     connect(&tree, &TreeView::selection_changed, this, &FloatingButtons::follow_selection);
+    connect(&tree, &TreeView::indentation_changed, this, &FloatingButtons::follow_selection);
     for (auto moved : {&QTreeWidget::itemExpanded, &QTreeWidget::itemCollapsed})
         connect(&tree, moved, this, &FloatingButtons::follow_selection);
     for (auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})

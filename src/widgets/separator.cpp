@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleOption>
 
 #include <algorithm>
 
@@ -27,6 +28,7 @@ Separator::Separator(QWidget* area)
     setObjectName(QStringLiteral("Frame1"));
     setCursor(Qt::SplitHCursor);
     setFocusPolicy(Qt::ClickFocus);
+    setAccessibleName(QStringLiteral("Separator"));
     frame2_->setObjectName(QStringLiteral("frame2"));
     frame2_->setAutoFillBackground(true);
     frame2_->setBackgroundRole(QPalette::Dark);
@@ -89,6 +91,11 @@ void Separator::paintEvent(QPaintEvent*)
     const int grip = 24;
     const QRect bar(width() / 2 - 1, (height() - grip) / 2, 2, grip);
     painter.fillRect(bar, hasFocus() ? palette().color(QPalette::Highlight) : line_color(palette()));
+    if (!hasFocus())
+        return;
+    QStyleOptionFocusRect frame;
+    frame.initFrom(this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
 }
 
 void Separator::focusInEvent(QFocusEvent*)

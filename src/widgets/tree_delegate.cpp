@@ -11,17 +11,72 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <algorithm>
+#include <utility>
+
 namespace tarnwick {
 namespace {
 
 // Pixels from the left of the tree, the same in both trees. Whatever stands beside an item goes by its text.
 constexpr int folder_text = 41;
 constexpr int child_text = 75;
+constexpr int least_child_text = 60; // so far from the left that the button in front of an item has its room
 constexpr int flat_text = 61;
 constexpr int text_gap = 3; // between picture and text
 constexpr int flat_text_gap = 8;
 constexpr int name_margin = 2; // of the selection around the text
 constexpr int told_letters = 6; // of a name, in the narrowest pane
+constexpr int mark_type = 60; // percent; the sign of a cut takes no room from the letters
+constexpr QChar ellipsis(0x2026);
+
+QFont narrowed(QFont font, int percent)
+{
+    font.setStretch(percent);
+    return font;
+}
+
+int mark_width(const QFont& font)
+{
+    return QFontMetrics(narrowed(font, mark_type)).horizontalAdvance(ellipsis);
+}
+
+/// Pixels for six rather wide letters and the sign of the cut.
+int told_width(const QFont& font)
+{
+    return QFontMetrics(font).horizontalAdvance(QStringLiteral("Hmnnoo")) + mark_width(font) + name_margin;
+}
+
+/// The name as it is cut in this type; its last letter is the sign of the cut then.
+FittedText cut_name(const QString& name, const QFont& font, int width)
+{
+    const QFontMetrics metrics(font);
+    const int whole = metrics.horizontalAdvance(name);
+    if (whole <= width)
+        return {name, font, false};
+    const int gained = metrics.horizontalAdvance(ellipsis) - mark_width(font);
+    return {metrics.elidedText(name, Qt::ElideRight, std::min(width + gained, whole - 1)), font, true};
+}
+
+bool tells_enough(const FittedText& shown)
+{
+    return !shown.cut || shown.text.size() > told_letters;
+}
+
+/// Draws a name from the left, the sign of its cut in narrow type, or only measures it: its width in pixels.
+int draw_name(QPainter* painter, const QRect& rect, const FittedText& shown)
+{
+    const bool marked = shown.cut && shown.text.endsWith(ellipsis);
+    const QString letters = marked ? shown.text.chopped(1) : shown.text;
+    const int width = QFontMetrics(shown.font).horizontalAdvance(letters);
+    if (painter) {
+        constexpr int flags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
+        painter->setFont(shown.font);
+        painter->drawText(rect, flags, letters);
+        painter->setFont(narrowed(shown.font, mark_type));
+        painter->drawText(rect.adjusted(width, 0, 0, 0), flags, marked ? QString(ellipsis) : QString());
+    }
+    return width + (marked ? mark_width(shown.font) : 0);
+}
 
 } // namespace
 
@@ -30,7 +85,23 @@ TreeDelegate::TreeDelegate(ImageList pictures, TreeView& tree)
     , pictures_(pictures)
     , tree_(tree)
     , picture_size_(list_image_size(pictures, 1))
+    , child_text_(child_text)
+    , type_(tree.font())
 {
+}
+
+bool TreeDelegate::fit(int width)
+{
+    type_ = tree_.font();
+    const int before
+        = std::exchange(child_text_, std::clamp(width - told_width(type_), least_child_text, child_text));
+    const int room = width - (tree_.is_flat() ? flat_text : child_text_);
+    for (const int percent : {90, narrowest_type}) {
+        if (told_width(type_) <= room)
+            break;
+        type_ = narrowed(tree_.font(), percent);
+    }
+    return child_text_ != before;
 }
 
 int TreeDelegate::picture_left(bool in_folder) const
@@ -42,15 +113,16 @@ int TreeDelegate::text_left(bool in_folder) const
 {
     if (tree_.is_flat())
         return flat_text;
-    return in_folder ? child_text - 2 * tree_.indentation() : folder_text - tree_.indentation();
+    return in_folder ? child_text_ - 2 * tree_.indentation() : folder_text - tree_.indentation();
 }
 
-FittedText TreeDelegate::shown_name(const QString& name, const QFont& font, int width)
+FittedText TreeDelegate::shown_name(const QString& name, int width) const
 {
-    const QString cut = QFontMetrics(font).elidedText(name, Qt::ElideRight, width);
-    if (cut == name || cut.size() > told_letters)
-        return {cut, font, cut != name};
-    return fit_text(name, font, width);
+    const FittedText shown = cut_name(name, type_, width);
+    if (tells_enough(shown))
+        return shown;
+    const FittedText narrow = cut_name(name, narrowed(type_, narrowest_type), width);
+    return tells_enough(narrow) ? narrow : fit_text(name, narrow.font, width);
 }
 
 int TreeDelegate::row_height() const
@@ -89,15 +161,13 @@ void TreeDelegate::paint_text(QPainter& painter, const QStyleOptionViewItem& opt
     const QVariant color = index.data(Qt::ForegroundRole);
     const QPalette::ColorGroup group
         = option.state & QStyle::State_Active && tree_.hasFocus() ? QPalette::Active : QPalette::Inactive;
-    const FittedText shown = shown_name(index.data().toString(), option.font, rect.width() - name_margin);
+    const FittedText shown = shown_name(index.data().toString(), rect.width() - name_margin);
 
     painter.save();
-    painter.setFont(shown.font);
     QColor pen = color.isValid() ? color.value<QBrush>().color() : option.palette.color(group, QPalette::Text);
     if (option.state & QStyle::State_Selected) {
         const QRect behind(rect.left() - name_margin, rect.top() + 1,
-                           QFontMetrics(shown.font).horizontalAdvance(shown.text) + 2 * name_margin,
-                           rect.height() - 2);
+                           draw_name(nullptr, rect, shown) + 2 * name_margin, rect.height() - 2);
         const QColor highlight = option.palette.color(group, QPalette::Highlight);
         if (color.isValid()) {
             // A label with a colour of its own keeps it: the highlight becomes a frame around it.
@@ -110,7 +180,7 @@ void TreeDelegate::paint_text(QPainter& painter, const QStyleOptionViewItem& opt
         }
     }
     painter.setPen(pen);
-    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
+    draw_name(&painter, rect, shown);
     painter.restore();
 }
 
@@ -153,7 +223,7 @@ bool TreeDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString();
     const int room = option.rect.width() - text_left(index.parent().isValid()) - name_margin;
-    const bool cut = shown_name(text, tree_.font(), room).cut;
+    const bool cut = shown_name(text, room).cut;
     QToolTip::showText(event->globalPos(), cut ? plain_tool_tip(text) : QString(), view);
     return true;
 }

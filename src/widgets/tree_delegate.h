@@ -24,9 +24,14 @@ public:
     int picture_left(bool in_folder) const;
     int text_left(bool in_folder) const;
 
-    /// A node's name in a width of pixels: cut at its end, but in narrower type where that would leave less than
-    /// its first six letters.
-    static FittedText shown_name(const QString& name, const QFont& font, int width);
+    /// Takes the indentation of the items and the type of all names for a width of the tree in pixels: a narrow
+    /// tree has less of the one and then narrower type, so that six letters of a name stay. True when the
+    /// indentation is another.
+    bool fit(int width);
+
+    /// A node's name in a width of pixels: cut at its end, in still narrower type where it would lose one of its
+    /// first six letters.
+    FittedText shown_name(const QString& name, int width) const;
 
     /// Height of every row in pixels for the tree's font.
     int row_height() const;
@@ -49,6 +54,8 @@ private:
     ImageList pictures_;
     TreeView& tree_;
     QSize picture_size_;
+    int child_text_; ///< pixels from the left of the tree
+    QFont type_; ///< of all names
     mutable std::array<QIcon, 16> icons_;
     mutable QPointer<QWidget> editor_;
 };

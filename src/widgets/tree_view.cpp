@@ -7,8 +7,11 @@
 #include "widgets/second_click.h"
 #include "widgets/tree_delegate.h"
 
+#include <QApplication>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
+#include <QStyleOption>
 
 #include <algorithm>
 #include <utility>
@@ -137,6 +140,7 @@ void TreeView::set_flat(bool flat)
 {
     flat_ = flat;
     setRootIsDecorated(!flat);
+    fit_names();
     scheduleDelayedItemsLayout();
 }
 
@@ -472,6 +476,12 @@ void TreeView::keyPressEvent(QKeyEvent* event)
     if (state() == EditingState)
         return; // what the label's editor left over
     const int code = event->key();
+    if (code == Qt::Key_Space && is_searching()) {
+        keyboardSearch(event->text());
+        return;
+    }
+    if (code != Qt::Key_Shift)
+        since_letter_.invalidate();
     if ((code == Qt::Key_Delete || code == Qt::Key_Space) && event->isAutoRepeat())
         return; // one press acts on one node
     if (is_menu_key(*event)) {
@@ -499,6 +509,18 @@ void TreeView::keyPressEvent(QKeyEvent* event)
         return;
     }
     QTreeWidget::keyPressEvent(event);
+}
+
+void TreeView::keyboardSearch(const QString& text)
+{
+    since_letter_.start();
+    QTreeWidget::keyboardSearch(text);
+}
+
+/// The control adds a letter to those before it for as long.
+bool TreeView::is_searching() const
+{
+    return since_letter_.isValid() && !since_letter_.hasExpired(QApplication::keyboardInputInterval());
 }
 
 void TreeView::keyReleaseEvent(QKeyEvent* event)
@@ -548,11 +570,56 @@ void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& options, c
     delegate_->paint(painter, row, index);
 }
 
+/// Where no node shows that the tree has the keyboard.
+bool TreeView::shows_focus_frame() const
+{
+    return hasFocus() && selectionModel() && !selectionModel()->hasSelection();
+}
+
+void TreeView::paintEvent(QPaintEvent* event)
+{
+    QTreeWidget::paintEvent(event);
+    if (!shows_focus_frame())
+        return;
+    QPainter painter(viewport());
+    QStyleOptionFocusRect frame;
+    frame.initFrom(viewport());
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+}
+
+void TreeView::scrollContentsBy(int dx, int dy)
+{
+    QTreeWidget::scrollContentsBy(dx, dy);
+    if (shows_focus_frame())
+        viewport()->update(); // the frame would move along
+}
+
+void TreeView::selectionChanged(const QItemSelection& chosen, const QItemSelection& left)
+{
+    QTreeWidget::selectionChanged(chosen, left);
+    if (chosen.isEmpty() || left.isEmpty())
+        viewport()->update();
+}
+
 void TreeView::changeEvent(QEvent* event)
 {
     QTreeWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
-        scheduleDelayedItemsLayout();
+    if (event->type() != QEvent::FontChange)
+        return;
+    fit_names();
+    scheduleDelayedItemsLayout();
+}
+
+void TreeView::fit_names()
+{
+    if (delegate_->fit(viewport()->width()))
+        emit indentation_changed();
+}
+
+void TreeView::resizeEvent(QResizeEvent* event)
+{
+    QTreeWidget::resizeEvent(event);
+    fit_names();
 }
 
 } // namespace tarnwick

@@ -3,6 +3,7 @@
 #include "widgets/drag.h"
 #include "widgets/pictures.h"
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QTreeWidget>
 
@@ -99,6 +100,8 @@ public:
     /// After a drag: the next release does its work again, and only the click on a node is still spent.
     void take_release_back() { release_spent_ = false; }
 
+    void keyboardSearch(const QString& text) override;
+
 signals:
     // Mouse events carry viewport coordinates. A click on a node is reported before the release.
     void mouse_down(Qt::MouseButton button, QPoint position);
@@ -110,6 +113,7 @@ signals:
     /// Another node is the selected one, whatever moved the selection, or none is, or its text is another; also
     /// after every click on a node.
     void selection_changed();
+    void indentation_changed(); ///< texts stand further right or left than before
     void key_down(int key); ///< Qt::Key; Key_Menu for each key that asks for the pop-up menu
     void key_up(int key); ///< Qt::Key
     void got_focus();
@@ -141,13 +145,20 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void selectionChanged(const QItemSelection& chosen, const QItemSelection& left) override;
 
 private:
+    bool is_searching() const;
+    bool shows_focus_frame() const;
     void press(QMouseEvent* event);
     void announce_selection();
     void tell_label_edit();
+    void fit_names();
     bool on_label(QTreeWidgetItem* node, QPoint position) const;
     void close_if_empty(QTreeWidgetItem* folder);
     void follow_collapse(QTreeWidgetItem* folder);
@@ -162,6 +173,7 @@ private:
     QString edited_text_;
     Qt::FocusReason label_left_by_ = Qt::NoFocusReason;
     QString announced_text_; ///< of the selected node when it was announced last
+    QElapsedTimer since_letter_; ///< invalid where the last key was none of a search by letters
     bool pressed_ = false;
     bool click_spent_ = false;
     bool release_spent_ = false;

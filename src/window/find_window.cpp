@@ -35,6 +35,8 @@ find_item* make_dialog(Program& program, const Panes& panes, const ViewState& vi
     QObject::connect(
         dialog, &find_item::match, &program.window, [&program, &panes](FindKind kind, Key key, bool& shown) {
             shown = kind == FindKind::stock ? show_item(program, panes, key) : panes.recipe_tree.choose(key);
+            if (shown) // the keys that follow the dialog mean what it has found
+                panes.tree(kind == FindKind::stock).setFocus(Qt::OtherFocusReason);
         });
     QObject::connect(&view_state, &ViewState::looks_changed, dialog,
                      [&program, dialog] { dialog->set_type_size(program.shared.type_size); });

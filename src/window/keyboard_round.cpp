@@ -7,6 +7,9 @@
 #include "widgets/row_editor.h"
 #include "widgets/tree_view.h"
 #include "window/frmmain.h"
+#include "window/keyboard_asides.h"
+#include "window/layout.h"
+#include "window/toolbar.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -29,6 +32,7 @@ bool holds(const QWidget& part, const QWidget* focus)
 KeyboardRound::KeyboardRound(frmmain& main)
     : QObject(&main)
     , main_(main)
+    , asides_(new KeyboardAsides(main.toolbar(), main.layout_manager().Frame1(), main))
 {
     const auto bind = [this](const QKeySequence& keys, int step) {
         connect(new QShortcut(keys, &main_), &QShortcut::activated, this, [this, step] { move(step); });
@@ -39,6 +43,7 @@ KeyboardRound::KeyboardRound(frmmain& main)
         if (!now)
             look_after_keyboard();
     });
+    connect(asides_, &KeyboardAsides::back_wanted, this, &KeyboardRound::go_back);
     main_.installEventFilter(this);
 }
 
@@ -60,6 +65,14 @@ void KeyboardRound::take_up_keyboard()
     const QWidget* focus = main_.focusWidget();
     const bool is_lost = !focus || !focus->isVisibleTo(&main_);
     if (is_lost && main_.shared.started && !main_.shared.ending && main_.isActiveWindow())
+        go_back();
+}
+
+void KeyboardRound::go_back()
+{
+    if (QWidget* place = asides_->place_before())
+        give_to(*place);
+    else
         go_to_right_pane();
 }
 
@@ -98,6 +111,10 @@ std::vector<KeyboardRound::Stop> KeyboardRound::stops() const
 
 void KeyboardRound::move(int step)
 {
+    if (asides_->have_keyboard()) {
+        go_back();
+        return;
+    }
     const std::vector<Stop> round = stops();
     const int count = static_cast<int>(round.size());
     const auto here = std::find_if(round.begin(), round.end(), [](const Stop& stop) { return stop.is_here; });

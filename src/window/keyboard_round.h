@@ -8,11 +8,12 @@ class QWidget;
 
 namespace tarnwick {
 
+class KeyboardAsides;
 class frmmain;
 
 /// The way of the keyboard round the main window: F6 goes on from the tree to the list or page and to the boxes
-/// that stand open there, Shift+F6 goes back. A keyboard that nobody has, since what had it is gone, goes to the
-/// right pane.
+/// that stand open there, Shift+F6 goes back; from the toolbar and the separator either goes back to where the
+/// keyboard came from. A keyboard that nobody has, since what had it is gone, goes to the right pane.
 class KeyboardRound : public QObject {
     Q_OBJECT
 public:
@@ -38,10 +39,12 @@ private:
     std::vector<Stop> stops() const;
     void move(int step);
     static void give_to(QWidget& place);
+    void go_back();
     void look_after_keyboard();
     void take_up_keyboard();
 
     frmmain& main_;
+    KeyboardAsides* asides_;
 };
 
 } // namespace tarnwick

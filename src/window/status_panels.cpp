@@ -37,7 +37,7 @@ public:
         setText(QString::fromUtf8(legend.text));
         setToolTip(QString::fromUtf8(legend.tool_tip));
         setProperty("picture", image_);
-        setContentsMargins(gap + list_image_size(ImageList::stock_tree, image_).width(), 0, gap, 0);
+        setContentsMargins(gap + list_image_size(ImageList::stock_tree, image_).width(), 0, text_end, 0);
         measure();
     }
 
@@ -68,23 +68,31 @@ private:
         least_ = {contentsMargins().left() + words + contentsMargins().right(), QLabel::minimumSizeHint().height()};
     }
 
-    static constexpr int gap = 6;
+    static constexpr int gap = 4;
+    static constexpr int text_end = 2; ///< behind the text; the next panel begins with its gap
     int image_; ///< of the stock tree
     QSize least_;
 };
 
-/// A panel that shows as much of its text as fits.
+/// A panel that shows as much of its text as fits, and the beginning of it in any case.
 class ElidedLabel : public QLabel {
 public:
     using QLabel::QLabel;
-    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+    QSize minimumSizeHint() const override
+    {
+        constexpr int least_letters = 6;
+        return {least_letters * fontMetrics().averageCharWidth(), QLabel::minimumSizeHint().height()};
+    }
 
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        const QRect place = contentsRect();
-        QPainter(this).drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                                fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
+        if (text().isEmpty())
+            return;
+        const FittedText shown = fit_text(text(), font(), contentsRect().width());
+        QPainter painter(this);
+        painter.setFont(shown.font);
+        painter.drawText(contentsRect(), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown.text);
     }
 };
 

@@ -151,6 +151,15 @@ QToolButton& Toolbar::tool_button(ToolButton which) const
     return static_cast<QToolButton&>(button(which));
 }
 
+std::vector<QToolButton*> Toolbar::usable_buttons() const
+{
+    std::vector<QToolButton*> found;
+    for (int i = first_button; i <= last_button; ++i)
+        if (at_rest(i).picture != 0 && shown_.at(static_cast<size_t>(i)) && part(i).isEnabled())
+            found.push_back(static_cast<QToolButton*>(&part(i)));
+    return found;
+}
+
 void Toolbar::set(ToolButton which, const QString& tool_tip, bool enabled)
 {
     set_tool_tip(which, tool_tip);

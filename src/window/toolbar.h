@@ -5,6 +5,7 @@
 
 #include <array>
 #include <functional>
+#include <vector>
 
 class QAction;
 class QToolButton;
@@ -55,6 +56,9 @@ public:
     QWidget& widget() { return *bar_; }
 
     QWidget& button(ToolButton which) const { return part(static_cast<int>(which)); }
+
+    /// The buttons that can be pressed now, from the left.
+    std::vector<QToolButton*> usable_buttons() const;
 
     void set(ToolButton which, const QString& tool_tip, bool enabled);
     void set_tool_tip(ToolButton which, const QString& text);

@@ -285,6 +285,7 @@ void ViewState::left_tab_clicked(int index)
         return;
     main_.row_editor().lv_edit_off();
     main_.program().show_stock(index == 0); // which stores the choice
+    main_.visible_tree().setFocus(Qt::OtherFocusReason);
 }
 
 void ViewState::right_tab_clicked(int index)
@@ -293,6 +294,7 @@ void ViewState::right_tab_clicked(int index)
         return;
     main_.row_editor().lv_edit_off();
     choose_pane(index == 0);
+    main_.keyboard_round().go_to_right_pane();
 }
 
 void ViewState::sort(bool by_name)
@@ -426,8 +428,8 @@ void ViewState::set_type_size(int size)
 void ViewState::change_type_size(int size, int image, const QString& tag, const QString& tool_tip)
 {
     const UpdateLock lock(main_);
+    main_.row_editor().interrupt();
     main_.recipe_page().close_line_editor();
-    main_.row_editor().hide_line();
     main_.shared.type_size = size;
     main_.toolbar().set_size_button(image, tag, tool_tip);
     main_.toolbar().toolbar_fit();

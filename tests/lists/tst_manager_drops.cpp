@@ -57,12 +57,24 @@ struct DropWindow : ManagerWindow, DragSource {
     }
 };
 
+/// The desktop turns dark, until the guard ends.
+auto turn_dark()
+{
+    const QPalette before = QApplication::palette();
+    QPalette dark(QColor(48, 52, 56), QColor(42, 46, 50));
+    dark.setColor(QPalette::Highlight, QColor(160, 60, 20));
+    QApplication::setPalette(dark);
+    QGuiApplication::sendPostedEvents();
+    return qScopeGuard([before] { QApplication::setPalette(before); });
+}
+
 } // namespace
 
 class tst_manager_drops : public QObject {
     Q_OBJECT
 private slots:
     void the_row_under_the_drag_is_marked_and_the_mark_goes();
+    void the_mark_takes_the_colour_of_a_desktop_that_turns_dark();
     void a_drop_on_another_list_places_there_and_the_list_in_view_stays();
     void a_drop_on_the_list_in_view_shows_the_row_and_opens_it_not();
     void a_drop_on_all_opens_the_editor_with_no_list_chosen_and_places_nothing_before_its_ok();
@@ -91,6 +103,24 @@ void tst_manager_drops::the_row_under_the_drag_is_marked_and_the_mark_goes()
     w.release(*w.label(0));
     QCOMPARE(w.marked(), QList<int>{});
     QCOMPARE(w.placed(w.baker), 1);
+}
+
+void tst_manager_drops::the_mark_takes_the_colour_of_a_desktop_that_turns_dark()
+{
+    DropWindow w;
+    w.open({});
+    w.begin();
+    w.move(*w.label(1));
+    const QColor light = w.label(1)->palette().color(QPalette::Window);
+    {
+        const auto back = turn_dark();
+        QCOMPARE(w.marked(), QList<int>{1});
+        QVERIFY(w.label(1)->palette().color(QPalette::Window) != light);
+    }
+    QGuiApplication::sendPostedEvents();
+    QCOMPARE(w.label(1)->palette().color(QPalette::Window), light);
+    w.release(*w.label(1));
+    QCOMPARE(w.marked(), QList<int>{});
 }
 
 void tst_manager_drops::a_drop_on_another_list_places_there_and_the_list_in_view_stays()

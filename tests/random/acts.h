@@ -34,6 +34,7 @@ bool pick_from_list(User& user);
 bool type_text(User& user); ///< where the keyboard is, and perhaps a key that ends it
 bool press_any_key(User& user);
 bool go_round(User& user); ///< F6, forth or back
+bool go_aside(User& user); ///< F10 or F8, and back to where the keyboard was
 bool open_a_menu(User& user); ///< of the menu bar by its letter, and out of it by Escape
 bool type_a_letter(User& user); ///< and looks where it lands
 bool click_edit_button(User& user); ///< pencil, cross or a stepper

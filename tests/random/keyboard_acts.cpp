@@ -50,6 +50,30 @@ bool go_round(User& user)
     return true;
 }
 
+bool go_aside(User& user)
+{
+    const QWidget* before = user.main().focusWidget();
+    const bool stays = qobject_cast<const TreeView*>(before) || qobject_cast<const ListGrid*>(before);
+    if (!before || before == user.main().findChild<QWidget*>(QStringLiteral("Frame1")))
+        return false;
+    const bool to_toolbar = user.chance(70);
+    user.press_key(to_toolbar ? Qt::Key_F10 : Qt::Key_F8);
+    const QString name = name_of(user.main().focusWidget());
+    const bool arrived = name.startsWith(to_toolbar ? QLatin1String("Toolbar1(") : QLatin1String("Frame1"));
+    if (!arrived) {
+        if (stays)
+            user.fault(QStringLiteral("the keyboard went from %1 to %2").arg(name_of(before), name));
+        return true; // a question about what was typed has kept it
+    }
+    for (int steps = user.below(4); to_toolbar && steps > 0; --steps)
+        user.press_key(user.any_of(QList<int>{Qt::Key_Right, Qt::Key_Left, Qt::Key_Home, Qt::Key_End}));
+    user.press_key(user.chance(50) ? Qt::Key_F6 : Qt::Key_Escape);
+    if (const QWidget* now = user.main().focusWidget(); stays && now != before)
+        user.fault(
+            QStringLiteral("%1 had the keyboard before %2, then %3").arg(name_of(before), name, name_of(now)));
+    return true;
+}
+
 bool open_a_menu(User& user)
 {
     const QPointer<QWidget> focus = QApplication::focusWidget();

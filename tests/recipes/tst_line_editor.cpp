@@ -23,6 +23,8 @@ class tst_line_editor : public QObject {
 private slots:
     void a_click_opens_the_boxes_over_the_line();
     void a_line_without_a_field_shows_its_placeholder();
+    void a_placeholder_is_whole_in_a_narrow_window_data();
+    void a_placeholder_is_whole_in_a_narrow_window();
     void the_page_greys_while_a_line_is_edited_and_blackens_after();
     void tab_through_all_boxes_ends_in_the_instructions_and_shows_the_joined_text();
     void tab_through_untouched_boxes_changes_nothing();
@@ -102,6 +104,30 @@ void tst_line_editor::a_line_without_a_field_shows_its_placeholder()
     QVERIFY(LineWindow::is_red_italic(w.qty()));
     QVERIFY(w.measure().text().isEmpty());
     QVERIFY(LineWindow::is_black_upright(w.measure()));
+}
+
+void tst_line_editor::a_placeholder_is_whole_in_a_narrow_window_data()
+{
+    QTest::addColumn<int>("points");
+    for (const int points : {9, 10, 12})
+        QTest::addRow("%d points", points) << points;
+}
+
+void tst_line_editor::a_placeholder_is_whole_in_a_narrow_window()
+{
+    QFETCH(int, points);
+    LineWindow w;
+    w.set_pref(QStringLiteral("font"), QString::number(points));
+    w.add_line(w.recipe, QStringLiteral(" "));
+    w.open({560, 480});
+    w.open_line(0);
+    w.tab(w.qty());
+    w.tab(w.measure());
+    for (const QLineEdit* box : {&w.qty(), &w.measure(), &w.desc()}) {
+        QVERIFY(box == &w.desc() || !box->hasFocus());
+        QVERIFY(box->text().endsWith(u')'));
+        QVERIFY2(box->fontMetrics().horizontalAdvance(box->text()) + 6 <= box->width(), qPrintable(box->text()));
+    }
 }
 
 void tst_line_editor::the_page_greys_while_a_line_is_edited_and_blackens_after()

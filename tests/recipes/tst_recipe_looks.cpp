@@ -237,6 +237,9 @@ void tst_recipe_looks::an_empty_recipe_says_what_to_do_next()
     QVERIFY(hint->isVisible());
     QVERIFY(hint->text().endsWith(u'.'));
     QVERIFY(hint->geometry().bottom() < w_->Text1().y());
+    QVERIFY(hint->height() >= hint->heightForWidth(hint->width()));
+    const int wanted = hint->fontMetrics().horizontalAdvance(hint->text());
+    QCOMPARE(hint->height() >= 2 * hint->fontMetrics().height(), wanted > hint->width());
     QVERIFY(contrast(hint->palette().color(hint->foregroundRole()), page_color()) >= 4.5);
     w_->add_line(recipe_, QStringLiteral("Salt"));
     w_->page().set_recipe(recipe_);

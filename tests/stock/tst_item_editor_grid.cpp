@@ -1,6 +1,7 @@
 #include "stock/item_editor_fixture.h"
 
 #include "household/status.h"
+#include "support/contrast.h"
 
 #include <QCalendarWidget>
 #include <QSpinBox>
@@ -70,6 +71,8 @@ private slots:
     void a_press_that_slips_to_another_cell_acts_on_its_own();
     void a_click_below_the_last_row_closes_the_boxes_whichever_row_is_current();
     void up_and_down_move_the_boxes_and_right_enters_them();
+    void no_caption_touches_its_box_data() { boxes_cover_their_cells_data(); }
+    void no_caption_touches_its_box();
     void boxes_cover_their_cells_data();
     void boxes_cover_their_cells();
     void escape_in_the_calendar_leaves_the_dialog_open();
@@ -219,6 +222,22 @@ void tst_item_editor_grid::boxes_cover_their_cells()
         QVERIFY(hands.in_dialog("aisle_brdr").contains(hands.in_dialog("aisle_btn(1)")));
         QVERIFY(hands.in_dialog("dp_frame").contains(hands.in_dialog("dtp_btn")));
         QVERIFY(!hands.shown("frmEditDel"));
+    });
+}
+
+void tst_item_editor_grid::no_caption_touches_its_box()
+{
+    QFETCH(int, size);
+    EditorCase test;
+    test.window.set_pref(QStringLiteral("font"), QString::number(size));
+    open(test, [](RowHands& hands) {
+        const QRect cell = hands.in_dialog("listheader(3)");
+        const QImage image = hands.dialog.grab(cell).toImage();
+        const QColor ground = hands.widget("listheader(3)").palette().color(QPalette::Button);
+        const int tick_begins = hands.in_dialog("Cmd_ShowCol(1)").right() - 13 - cell.x();
+        for (const int x : {tick_begins - 2, tick_begins - 1})
+            QVERIFY(best_contrast(image, QRect(x, 2, 1, image.height() - 6), ground) < 1.2);
+        QVERIFY(best_contrast(image, QRect(2, 2, tick_begins - 4, image.height() - 6), ground) >= 4.5);
     });
 }
 

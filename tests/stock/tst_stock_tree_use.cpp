@@ -33,6 +33,7 @@ private slots:
 
     // the floating buttons
     void unlisted_item_gets_the_add_button();
+    void box_and_button_stand_beside_the_name_in_a_narrow_tree();
     void add_button_needs_a_list();
     void listed_item_gets_the_locate_button();
     void recipe_page_gets_the_recipe_button();
@@ -228,6 +229,26 @@ void tst_stock_tree_use::unlisted_item_gets_the_add_button()
     QCOMPARE(button(0).x(), window_->main().stock_tree().get_indent() - 60);
     const int top = button(0).y() - window_->main().stock_tree().get_topdent();
     QVERIFY(top >= 0 && top + button(0).height() <= tree().row_height() + 2);
+}
+
+void tst_stock_tree_use::box_and_button_stand_beside_the_name_in_a_narrow_tree()
+{
+    window_->set_pref(QStringLiteral("font"), QStringLiteral("12"));
+    load();
+    const int wide = tree().text_rect(node(milk_)).left();
+    click(node(milk_), 90);
+    QVERIFY(button(0).isVisible());
+    window_->main().resize(560, 480);
+    QApplication::processEvents();
+    const int narrow = tree().text_rect(node(milk_)).left();
+    QVERIFY(narrow < wide);
+    QVERIFY(button(0).isVisible());
+    QCOMPARE(button(0).x(), tree().x() + narrow - 60);
+    QVERIFY(button(0).x() >= 0);
+    click(node(milk_), box_in_folder); // where the light is now
+    QCOMPARE(number("SELECT count(*) FROM tie"), 0);
+    click(node(milk_), box_in_folder + narrow - wide);
+    QCOMPARE(number("SELECT item_id FROM tie"), int(milk_));
 }
 
 void tst_stock_tree_use::add_button_needs_a_list()

@@ -1,5 +1,7 @@
 #include "recipes/line_fixture.h"
 #include "stock/stock_tree_fixture.h"
+#include "support/contrast.h"
+#include "widgets/plain_style.h"
 
 #include <QMenu>
 
@@ -9,11 +11,15 @@ using namespace tarnwick;
 class tst_tree_keys : public StockTreeTest {
     Q_OBJECT
 private slots:
+    void initTestCase() { QApplication::setStyle(new PlainStyle); }
     void init() { set_up(); }
     void cleanup() { tear_down(); }
 
     void space_does_what_a_click_on_the_box_does();
     void space_held_down_ticks_once();
+    void a_blank_in_a_search_by_letters_belongs_to_it();
+    void space_after_a_search_or_another_key_is_a_click_again();
+    void a_tree_without_a_node_shows_that_it_has_the_keyboard();
     void space_on_a_folder_and_enter_do_nothing();
     void the_menu_keys_open_the_pop_up_at_the_node_data();
     void the_menu_keys_open_the_pop_up_at_the_node();
@@ -54,6 +60,62 @@ void tst_tree_keys::space_held_down_ticks_once()
     QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
     QCoreApplication::sendEvent(&tree(), &repeat);
     QCOMPARE(TreeView::picture(node(milk_)), 7);
+}
+
+void tst_tree_keys::a_blank_in_a_search_by_letters_belongs_to_it()
+{
+    const Key plain = window_->add_item(QStringLiteral("Yogurt"), dairy_);
+    const Key bananas = window_->add_item(QStringLiteral("Yogurt, Banana"), dairy_);
+    const Key greek = window_->add_item(QStringLiteral("Yogurt, Greek"), dairy_);
+    load();
+    choose(milk_);
+    QTest::keyClicks(&tree(), QStringLiteral("yogurt, g"));
+    QCOMPARE(tree().selected(), node(greek));
+    QCOMPARE(number("SELECT count(*) FROM groc_1"), 0);
+    for (const Key item : {plain, bananas, greek})
+        QCOMPARE(TreeView::picture(node(item)), TreeView::picture(node(milk_)));
+}
+
+void tst_tree_keys::space_after_a_search_or_another_key_is_a_click_again()
+{
+    const Key greek = window_->add_item(QStringLiteral("Yogurt, Greek"), dairy_);
+    const Key oat = window_->add_item(QStringLiteral("Yogurt, Oat"), dairy_);
+    load();
+    choose(milk_);
+    QTest::keyClicks(&tree(), QStringLiteral("yog"));
+    QCOMPARE(tree().selected(), node(greek));
+    QTest::qWait(QApplication::keyboardInputInterval() + 50);
+    QTest::keyClick(&tree(), Qt::Key_Space);
+    QCOMPARE(TreeView::picture(node(greek)), 7);
+    QTest::qWait(QApplication::keyboardInputInterval() + 50);
+    QTest::keyClicks(&tree(), QStringLiteral("yog"));
+    QCOMPARE(tree().selected(), node(oat));
+    QTest::keyClick(&tree(), Qt::Key_Up);
+    QTest::keyClick(&tree(), Qt::Key_Space);
+    QCOMPARE(TreeView::picture(node(greek)), 6);
+}
+
+void tst_tree_keys::a_tree_without_a_node_shows_that_it_has_the_keyboard()
+{
+    load();
+    window_->main().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window_->main()));
+    const auto edge_stands_out = [this] {
+        const QImage shown = tree().viewport()->grab().toImage();
+        const QColor ground = tree().palette().color(QPalette::Base);
+        return contrast(shown.pixelColor(shown.width() / 2, 0), ground) >= 3
+            && contrast(shown.pixelColor(0, shown.height() / 2), ground) >= 3
+            && contrast(shown.pixelColor(shown.width() / 2, shown.height() - 1), ground) >= 3;
+    };
+    tree().select(nullptr);
+    tree().setFocus();
+    QVERIFY(tree().hasFocus());
+    QVERIFY(edge_stands_out());
+    tree().select(node(milk_));
+    QVERIFY(!edge_stands_out());
+    tree().select(nullptr);
+    window_->find<QWidget>(QStringLiteral("Listview1"))->setFocus();
+    QVERIFY(!edge_stands_out());
 }
 
 void tst_tree_keys::space_on_a_folder_and_enter_do_nothing()

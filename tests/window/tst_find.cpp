@@ -92,6 +92,8 @@ private slots:
     void a_line_that_is_being_typed_is_kept();
     void a_text_of_10000_characters_is_searched_for();
     void the_dialog_is_modeless_comes_back_and_closes();
+    void keys_after_the_dialog_mean_what_it_found_data();
+    void keys_after_the_dialog_mean_what_it_found();
 };
 
 void tst_find::a_blank_text_never_gets_as_far_as_a_query()
@@ -308,6 +310,37 @@ void tst_find::the_dialog_is_modeless_comes_back_and_closes()
     QTest::mouseClick(&w.part<QPushButton>("Command1(1)"), Qt::LeftButton);
     QVERIFY(!first->isVisible());
     QTRY_VERIFY(!w.dialog());
+}
+
+void tst_find::keys_after_the_dialog_mean_what_it_found_data()
+{
+    QTest::addColumn<QByteArray>("command");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("keyboard");
+    QTest::newRow("an item") << QByteArray("mnu_tools_find_item") << QStringLiteral("eggs")
+                             << QStringLiteral("TreeView1(0)");
+    QTest::newRow("a recipe") << QByteArray("mnu_tools_find_recipe") << QStringLiteral("soup")
+                              << QStringLiteral("TreeView1(1)");
+    QTest::newRow("nothing") << QByteArray("mnu_tools_find_item") << QStringLiteral("kiwi")
+                             << QStringLiteral("Listview1");
+}
+
+void tst_find::keys_after_the_dialog_mean_what_it_found()
+{
+    QFETCH(QByteArray, command);
+    QFETCH(QString, text);
+    QFETCH(QString, keyboard);
+    FindWindow w;
+    w.add_row(w.milk, w.list, true);
+    w.load();
+    w.main().findChild<QWidget*>(QStringLiteral("Listview1"))->setFocus();
+    w.open(command.constData());
+    w.find(text);
+    w.dialog()->close();
+    w.main().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&w.main()));
+    QVERIFY(QApplication::focusWidget());
+    QCOMPARE(QApplication::focusWidget()->objectName(), keyboard);
 }
 
 QTEST_MAIN(tst_find)

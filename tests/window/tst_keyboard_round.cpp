@@ -1,10 +1,17 @@
 #include "recipes/line_fixture.h"
 #include "widgets/list_grid.h"
+#include "widgets/plain_style.h"
 #include "widgets/row_editor.h"
 #include "lists/list_pane.h"
+#include "support/contrast.h"
+#include "support/tool_button.h"
+#include "window/commands.h"
+#include "window/toolbar.h"
 
 #include <QDialog>
+#include <QMenu>
 #include <QPushButton>
+#include <QToolButton>
 #include <QWindow>
 
 using namespace tarnwick;
@@ -53,6 +60,7 @@ public:
 class tst_keyboard_round : public QObject {
     Q_OBJECT
 private slots:
+    void initTestCase() { QApplication::setStyle(new PlainStyle); }
     void f6_goes_round_tree_list_and_open_row();
     void f6_goes_round_tree_page_and_open_line();
     void f6_lands_on_the_instructions_of_a_recipe_without_lines();
@@ -62,6 +70,17 @@ private slots:
     void a_new_recipe_has_the_keyboard_in_its_instructions_and_still_shows_its_help();
     void the_last_line_deleted_leaves_the_keyboard_in_the_instructions();
     void a_removed_row_leaves_the_keyboard_in_the_grid();
+    void f10_goes_along_the_usable_buttons_of_the_toolbar();
+    void f10_reaches_the_button_for_more_in_a_narrow_window();
+    void a_button_pressed_by_key_does_as_a_click_and_keeps_the_keyboard();
+    void a_button_that_shows_the_keyboard_stands_out();
+    void f6_and_escape_go_back_from_the_toolbar_data();
+    void f6_and_escape_go_back_from_the_toolbar();
+    void a_button_that_its_press_made_grey_gives_the_keyboard_back();
+    void a_click_on_a_button_leaves_the_keyboard_in_the_box_that_is_typed_in();
+    void f10_from_a_label_that_is_typed_goes_back_to_the_tree();
+    void f8_goes_to_the_separator_and_arrows_move_it();
+    void a_separator_that_was_clicked_gives_the_keyboard_back();
     void the_second_press_of_a_double_click_does_not_answer_the_dialog_of_the_first();
 };
 
@@ -192,6 +211,182 @@ void tst_keyboard_round::a_removed_row_leaves_the_keyboard_in_the_grid()
     QCOMPARE(w.keyboard(), QStringLiteral("Listview1"));
     w.key(Qt::Key_Delete);
     QCOMPARE(w.grid().rows().rows(), 0);
+    QCOMPARE(w.keyboard(), QStringLiteral("Listview1"));
+}
+
+void tst_keyboard_round::f10_goes_along_the_usable_buttons_of_the_toolbar()
+{
+    Window w;
+    w.open_on(true);
+    w.main().resize(1200, 600);
+    const auto buttons = w.main().toolbar().usable_buttons();
+    QVERIFY(buttons.size() > 5);
+    w.main().toolbar().button(ToolButton::clear).setEnabled(false);
+    w.key(Qt::Key_F10);
+    QCOMPARE(w.keyboard(), tool_button(ToolButton::new_list));
+    w.key(Qt::Key_Right);
+    QCOMPARE(w.keyboard(), tool_button(ToolButton::lists));
+    w.key(Qt::Key_Left);
+    w.key(Qt::Key_Left);
+    QCOMPARE(w.keyboard(), tool_button(ToolButton::size));
+    w.key(Qt::Key_Right);
+    QCOMPARE(w.keyboard(), tool_button(ToolButton::new_list));
+    w.key(Qt::Key_End);
+    QCOMPARE(w.keyboard(), tool_button(ToolButton::size));
+    w.key(Qt::Key_Down);
+    QVERIFY(QApplication::activePopupWidget());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QCOMPARE(w.keyboard(), tool_button(ToolButton::size));
+    w.key(Qt::Key_Home);
+    QCOMPARE(w.keyboard(), tool_button(ToolButton::new_list));
+}
+
+void tst_keyboard_round::f10_reaches_the_button_for_more_in_a_narrow_window()
+{
+    Window w;
+    w.open_on(true);
+    w.main().resize(w.main().minimumWidth(), 500);
+    QTRY_COMPARE(w.main().toolbar().tag(ToolButton::folders), QStringLiteral("MORE"));
+    w.key(Qt::Key_F10);
+    w.key(Qt::Key_End);
+    QCOMPARE(w.keyboard(), tool_button(ToolButton::folders));
+    w.key(Qt::Key_Return);
+    QCOMPARE(QApplication::activePopupWidget(), &w.main().commands().menu(QStringLiteral("mnu_more")));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+}
+
+void tst_keyboard_round::a_button_pressed_by_key_does_as_a_click_and_keeps_the_keyboard()
+{
+    Window w;
+    w.open_on(true);
+    w.main().resize(1200, 600);
+    for (const Qt::Key press : {Qt::Key_Space, Qt::Key_Return}) {
+        const int size = w.main().shared.type_size;
+        w.key(Qt::Key_F10);
+        w.key(Qt::Key_End);
+        w.key(press);
+        QVERIFY(w.main().shared.type_size != size);
+        QCOMPARE(w.keyboard(), tool_button(ToolButton::size));
+    }
+}
+
+void tst_keyboard_round::a_button_that_shows_the_keyboard_stands_out()
+{
+    Window w;
+    w.open_on(true);
+    QWidget& button = w.main().toolbar().button(ToolButton::new_list);
+    const QImage before = button.grab().toImage();
+    w.key(Qt::Key_F10);
+    QVERIFY(button.hasFocus());
+    const QImage after = button.grab().toImage();
+    QCOMPARE(after.size(), before.size());
+    int outstanding = 0;
+    for (int y = 0; y < after.height(); ++y)
+        for (int x = 0; x < after.width(); ++x)
+            outstanding += contrast(after.pixelColor(x, y), before.pixelColor(x, y)) >= 3 ? 1 : 0;
+    QVERIFY2(outstanding > after.width(), qPrintable(QString::number(outstanding)));
+}
+
+void tst_keyboard_round::f6_and_escape_go_back_from_the_toolbar_data()
+{
+    QTest::addColumn<Qt::Key>("aside");
+    QTest::addColumn<Qt::Key>("back");
+    QTest::addColumn<bool>("list");
+    for (const bool list : {true, false})
+        for (const Qt::Key aside : {Qt::Key_F10, Qt::Key_F8})
+            for (const Qt::Key back : {Qt::Key_F6, Qt::Key_Escape})
+                QTest::addRow("%s, %s, %s", list ? "list" : "page", aside == Qt::Key_F10 ? "toolbar" : "separator",
+                              back == Qt::Key_F6 ? "F6" : "Escape")
+                    << aside << back << list;
+}
+
+void tst_keyboard_round::f6_and_escape_go_back_from_the_toolbar()
+{
+    QFETCH(Qt::Key, aside);
+    QFETCH(Qt::Key, back);
+    QFETCH(bool, list);
+    Window w;
+    w.open_on(list);
+    for (int stop = 0; stop < 2; ++stop) {
+        const QString before = w.keyboard();
+        w.key(aside);
+        QVERIFY(w.keyboard() != before);
+        if (aside == Qt::Key_F10)
+            w.key(Qt::Key_Right);
+        w.key(back);
+        QCOMPARE(w.keyboard(), before);
+        w.onward();
+        QVERIFY(w.keyboard() != before);
+    }
+}
+
+void tst_keyboard_round::a_button_that_its_press_made_grey_gives_the_keyboard_back()
+{
+    Window w;
+    w.open_on(true);
+    w.main().resize(1200, 600);
+    w.key(Qt::Key_F10);
+    QWidget& button = w.main().toolbar().button(ToolButton::new_list);
+    QVERIFY(button.hasFocus());
+    button.setEnabled(false);
+    QTRY_COMPARE(w.keyboard(), QStringLiteral("TreeView1(0)"));
+}
+
+void tst_keyboard_round::a_click_on_a_button_leaves_the_keyboard_in_the_box_that_is_typed_in()
+{
+    Window w;
+    w.open_on(true);
+    w.main().resize(1200, 600);
+    w.onward();
+    w.key(Qt::Key_Down);
+    w.onward();
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("ripe"));
+    QTest::mouseClick(&w.main().toolbar().button(ToolButton::folders), Qt::LeftButton);
+    QCOMPARE(w.keyboard(), QStringLiteral("desc_brdr"));
+    QVERIFY(w.main().row_editor().is_open());
+}
+
+void tst_keyboard_round::f10_from_a_label_that_is_typed_goes_back_to_the_tree()
+{
+    Window w;
+    w.open_on(true);
+    w.key(Qt::Key_Down);
+    w.key(Qt::Key_Right);
+    w.key(Qt::Key_Down);
+    w.key(Qt::Key_F2);
+    QCOMPARE(w.keyboard(), QStringLiteral("label_edit"));
+    w.key(Qt::Key_F10);
+    QCOMPARE(w.keyboard(), tool_button(ToolButton::new_list));
+    w.key(Qt::Key_Escape);
+    QCOMPARE(w.keyboard(), QStringLiteral("TreeView1(0)"));
+}
+
+void tst_keyboard_round::f8_goes_to_the_separator_and_arrows_move_it()
+{
+    Window w;
+    w.open_on(true);
+    w.main().resize(1200, 600);
+    QWidget& bar = w.control(QStringLiteral("Frame1"));
+    const int left = bar.x();
+    const QImage before = bar.grab().toImage();
+    w.key(Qt::Key_F8);
+    QCOMPARE(w.keyboard(), QStringLiteral("Frame1"));
+    const QImage after = bar.grab().toImage();
+    QVERIFY(contrast(after.pixelColor(0, after.height() / 4), before.pixelColor(0, before.height() / 4)) >= 3);
+    w.key(Qt::Key_Right);
+    QVERIFY(bar.x() > left);
+    w.key(Qt::Key_Left);
+    QCOMPARE(bar.x(), left);
+}
+
+void tst_keyboard_round::a_separator_that_was_clicked_gives_the_keyboard_back()
+{
+    Window w;
+    w.open_on(true);
+    w.onward();
+    QTest::mouseClick(&w.control(QStringLiteral("Frame1")), Qt::LeftButton);
+    QCOMPARE(w.keyboard(), QStringLiteral("Frame1"));
+    w.key(Qt::Key_Escape);
     QCOMPARE(w.keyboard(), QStringLiteral("Listview1"));
 }
 

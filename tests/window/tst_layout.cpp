@@ -106,6 +106,8 @@ private slots:
     void type_size_reaches_tabs_and_trees();
     void start_does_not_store_another_separator();
     void window_refuses_to_get_smaller_than_its_controls();
+    void every_status_panel_has_room_in_a_narrow_window_data();
+    void every_status_panel_has_room_in_a_narrow_window();
     void updates_are_on_again_after_every_operation();
 };
 
@@ -542,6 +544,28 @@ void tst_layout::window_refuses_to_get_smaller_than_its_controls()
     QVERIFY(main.width() >= 484);
     QVERIFY(main.layout_manager().right_pane().height() > 20);
     QVERIFY(main.toolbar().button(ToolButton::folders).geometry().right() < main.width());
+}
+
+void tst_layout::every_status_panel_has_room_in_a_narrow_window_data()
+{
+    QTest::addColumn<int>("points");
+    for (const int points : {9, 10, 12})
+        QTest::addRow("%d points", points) << points;
+}
+
+void tst_layout::every_status_panel_has_room_in_a_narrow_window()
+{
+    QFETCH(int, points);
+    TestWindow w;
+    w.set_pref(QStringLiteral("font"), QString::number(points));
+    w.set_pref(QStringLiteral("lv_view"), QStringLiteral("0"));
+    w.load({560, 480});
+    QVERIFY(w.find<QWidget>(QStringLiteral("StatusBar1(6)"))->isVisible());
+    QVERIFY(w.find<QWidget>(QStringLiteral("StatusBar1(1)"))->width() >= 40);
+    for (int i = 1; i <= 6; ++i) {
+        const auto* panel = w.find<QWidget>(QStringLiteral("StatusBar1(%1)").arg(i));
+        QVERIFY2(panel->width() >= panel->minimumSizeHint().width(), qPrintable(panel->objectName()));
+    }
 }
 
 void tst_layout::updates_are_on_again_after_every_operation()

@@ -13,6 +13,7 @@ constexpr int few_steps = 300; ///< in a window that shows next to nothing
 
 constexpr Act acts[] = {
     {"go_round", 20, go_round},
+    {"go_aside", 6, go_aside},
     {"open_a_menu", 10, open_a_menu},
     {"type_a_letter", 15, type_a_letter},
     {"press_any_key", 50, press_any_key},

@@ -73,6 +73,7 @@ private slots:
     void a_folder_stands_beside_its_name();
     void the_narrowest_pane_shows_six_letters_of_an_item_data();
     void the_narrowest_pane_shows_six_letters_of_an_item();
+    void no_name_is_drawn_beyond_a_narrow_pane();
     void rows_grow_with_the_type_size();
     void visible_count_is_the_number_of_whole_rows();
     void hit_test_takes_the_whole_row();
@@ -231,30 +232,62 @@ void tst_tree_view::the_narrowest_pane_shows_six_letters_of_an_item_data()
 {
     QTest::addColumn<int>("points");
     QTest::addColumn<bool>("flat");
+    QTest::addColumn<int>("separator");
     for (const int points : {9, 10, 12})
         for (const bool flat : {false, true})
-            QTest::addRow("%d points %s", points, flat ? "by name" : "in folders") << points << flat;
+            for (const int separator : {160, 143}) // where a drag stops; where the least list pushes it
+                QTest::addRow("%d points %s %d", points, flat ? "by name" : "in folders", separator)
+                    << points << flat << separator;
 }
 
 void tst_tree_view::the_narrowest_pane_shows_six_letters_of_an_item()
 {
     QFETCH(int, points);
     QFETCH(bool, flat);
+    QFETCH(int, separator);
     auto tree = make_tree();
     QFont font = tree->font();
     font.setPointSize(points);
     tree->setFont(font);
     tree->setFrameShape(QFrame::NoFrame);
     tree->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    tree->resize(160, 400);
     tree->set_flat(flat);
+    tree->resize(separator - 4, 400);
     QTest::qWait(0);
-    const int text = tree->text_rect(tree->node(QStringLiteral("item0001"))).left() - (flat ? 14 : 0);
-    for (const QString& name : {QStringLiteral("Bagels, sesame"), QStringLiteral("Crème fraîche, light"),
-                                QStringLiteral("Hamburger buns"), QStringLiteral("Mushrooms, button")}) {
-        const FittedText shown = TreeDelegate::shown_name(name, font, tree->viewport()->width() - text - 2);
-        QVERIFY2(shown.text.startsWith(name.left(6)), qPrintable(shown.text));
-        QVERIFY(QFontMetrics(shown.font).horizontalAdvance(shown.text) <= tree->viewport()->width() - text - 2);
+    const QRect text = tree->text_rect(tree->node(QStringLiteral("item0001"))).adjusted(flat ? -18 : 0, 0, 0, 0);
+    QVERIFY2(text.left() > 56, "the button in front of the name has room");
+    QCOMPARE(text.right(), tree->viewport()->width() - 1);
+    const auto* delegate = static_cast<const TreeDelegate*>(tree->itemDelegate());
+    QSet<int> types;
+    for (const char* name : {"Bagels, sesame", "Butter", "Cheddar", "Crème fraîche, light", "Eggs", "Flour, strong",
+                             "Hamburger buns", "Mushrooms, button", "Yoghurt, plain"}) {
+        const QString whole = QString::fromUtf8(name);
+        const FittedText shown = delegate->shown_name(whole, text.width() - 2);
+        QVERIFY2(shown.text.startsWith(whole.left(6)), qPrintable(shown.text));
+        types.insert(shown.font.stretch());
+    }
+    QCOMPARE(types.size(), 1);
+}
+
+/// What the delegate tells is what is drawn: nothing in the last pixel of a row, and no mark without room.
+void tst_tree_view::no_name_is_drawn_beyond_a_narrow_pane()
+{
+    auto tree = make_tree();
+    tree->setFrameShape(QFrame::NoFrame);
+    tree->node(QStringLiteral("item0001"))->setText(0, QStringLiteral("Mushrooms, button, fresh from the field"));
+    for (const int points : {9, 12}) {
+        QFont font = tree->font();
+        font.setPointSize(points);
+        tree->setFont(font);
+        for (int width = 120; width < 300; width += 7) {
+            tree->resize(width, 400);
+            QTest::qWait(0);
+            const QRect row = tree->text_rect(tree->node(QStringLiteral("item0001")));
+            const QImage image = tree->viewport()->grab(row).toImage();
+            const QRgb ground = image.pixel(image.width() - 1, 0);
+            for (int y = 0; y < image.height(); ++y)
+                QCOMPARE(image.pixel(image.width() - 1, y), ground);
+        }
     }
 }
 

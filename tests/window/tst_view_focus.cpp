@@ -106,7 +106,8 @@ private slots:
     void delete_after_the_recipe_tab_removes_no_row();
     void the_grid_takes_no_keys_while_the_page_is_shown();
     void letters_after_a_change_to_the_list_do_not_reach_the_recipe();
-    void arrow_keys_on_a_clicked_tab_choose_the_view();
+    void a_clicked_tab_gives_the_keyboard_to_its_pane_data();
+    void a_clicked_tab_gives_the_keyboard_to_its_pane();
     void a_tree_that_takes_the_place_of_another_takes_its_keyboard();
     void a_tab_click_with_an_empty_name_gives_the_message_and_changes_nothing_data();
     void a_tab_click_with_an_empty_name_gives_the_message_and_changes_nothing();
@@ -293,19 +294,29 @@ void tst_view_focus::letters_after_a_change_to_the_list_do_not_reach_the_recipe(
     QCOMPARE(w.number("SELECT count(*) FROM groc_1"), 2);
 }
 
-void tst_view_focus::arrow_keys_on_a_clicked_tab_choose_the_view()
+void tst_view_focus::a_clicked_tab_gives_the_keyboard_to_its_pane_data()
 {
+    QTest::addColumn<int>("strip");
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QString>("keyboard");
+    QTest::newRow("stock, in front") << 0 << 0 << QStringLiteral("TreeView1(0)");
+    QTest::newRow("recipes") << 0 << 1 << QStringLiteral("TreeView1(1)");
+    QTest::newRow("list, in front") << 1 << 0 << QStringLiteral("Listview1");
+    QTest::newRow("recipe") << 1 << 1 << QStringLiteral("ingred(0)");
+}
+
+void tst_view_focus::a_clicked_tab_gives_the_keyboard_to_its_pane()
+{
+    QFETCH(int, strip);
+    QFETCH(int, tab);
+    QFETCH(QString, keyboard);
     Window w;
     w.open();
-    w.click_recipe_tab();
-    w.key(Qt::Key_Left);
-    QVERIFY(w.main().shared.list_pane_shown);
-    QVERIFY(w.grid().isVisible());
-    QCOMPARE(w.pref(QStringLiteral("lv_view")), QStringLiteral("0"));
-    w.key(Qt::Key_Right);
-    QVERIFY(!w.main().shared.list_pane_shown);
-    QCOMPARE(w.pref(QStringLiteral("lv_view")), QStringLiteral("1"));
-    QCOMPARE(w.number("SELECT count(*) FROM groc_1"), 2);
+    (strip == 0 ? static_cast<QWidget&>(w.grid()) : w.stock()).setFocus();
+    w.click_tab(strip, tab);
+    QCOMPARE(w.tabs(strip).currentIndex(), tab);
+    QVERIFY(QApplication::focusWidget());
+    QCOMPARE(QApplication::focusWidget()->objectName(), keyboard);
 }
 
 void tst_view_focus::a_tree_that_takes_the_place_of_another_takes_its_keyboard()
