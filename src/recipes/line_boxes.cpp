@@ -51,6 +51,7 @@ LineBoxes::LineBoxes(QWidget& page, QObject& filter)
         made.setTextMargins(inset, 0, 0, 0);
         made.setAccessibleName(QLatin1String(field_names[static_cast<size_t>(field)]));
         made.installEventFilter(&filter);
+        LastPress::require_on(made);
         connect(&made, &QLineEdit::textChanged, this, [this, field] {
             if (!filling_)
                 emit typed(field);

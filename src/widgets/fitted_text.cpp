@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -60,14 +61,23 @@ FittedText fit_text(const QString& text, const QFont& font, int width, int narro
 
 FittedText fit_number(const QString& text, const QFont& font, int width)
 {
-    FittedText fitted = fit_text(text, font, width);
-    const QString number = fitted.cut ? leading_number(text) : QString();
-    if (number.isEmpty() || fitted.text.startsWith(number.trimmed()))
-        return fitted;
-    if (const auto fitting = fitting_font(number.trimmed(), font, width, narrowest_number))
-        return {number.trimmed(), *fitting, number.trimmed() != text.trimmed()};
-    fitted.text = ellipsis;
-    return fitted;
+    const QString whole = text.trimmed();
+    const QString number = leading_number(whole).trimmed();
+    if (number.isEmpty())
+        return fit_text(text, font, width);
+    if (const auto fitting = fitting_font(text, font, width, narrowest_type))
+        return {text, *fitting, false};
+    for (qsizetype end = whole.size(); end > number.size();) {
+        end = std::max(whole.lastIndexOf(u' ', end - 1), number.size());
+        const QString shown = whole.first(end) + ellipsis;
+        if (const auto fitting = fitting_font(shown, font, width, narrowest_type))
+            return {shown, *fitting, true};
+    }
+    if (const auto fitting = fitting_font(number, font, width, narrowest_number))
+        return {number, *fitting, number != whole};
+    QFont narrow = font;
+    narrow.setStretch(narrowest_type);
+    return {QString(ellipsis), narrow, true};
 }
 
 } // namespace tarnwick

@@ -18,8 +18,8 @@ struct FittedText {
 /// The text for a width in pixels: in its own type, in a narrower one down to so many percent, or cut at its end.
 FittedText fit_text(const QString& text, const QFont& font, int width, int narrowest = narrowest_type);
 
-/// The same for a quantity, a date or an aisle, which is never cut inside the number that it begins with: rather
-/// the number alone is shown, in still narrower type where it must, or else no part of it.
+/// The same for a quantity, a date or an aisle, which is never cut inside the number that it begins with nor inside
+/// a word behind it: rather the number alone is shown, in still narrower type where it must, or else no part of it.
 FittedText fit_number(const QString& text, const QFont& font, int width);
 
 } // namespace tarnwick

@@ -113,6 +113,13 @@ bool RowBoxes::owns(const QWidget* widget) const
            });
 }
 
+int RowBoxes::place_in_chain(const QWidget* widget) const
+{
+    const auto box
+        = std::find_if(chain.begin(), chain.end(), [widget](const RowBox& b) { return b.edit == widget; });
+    return box == chain.end() ? -1 : static_cast<int>(box - chain.begin());
+}
+
 /// The keyboard goes back to the grid before its control hides, which would hand it to any neighbour. Behind a
 /// dialog the window keeps the control for its return.
 void RowBoxes::give_up_focus(const QWidget& control)

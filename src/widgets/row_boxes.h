@@ -34,6 +34,8 @@ public:
     std::array<QWidget*, 16> all() const;
     bool owns(const QWidget* widget) const; ///< whether a widget is one of them, or a part of one
 
+    int place_in_chain(const QWidget* widget) const; ///< of a box with text; -1 for anything else
+
     /// Puts them over a grid row; what has no room there hides.
     void place(int row);
     void place_coupon_and_date(int row);

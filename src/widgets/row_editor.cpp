@@ -2,6 +2,7 @@
 
 #include "widgets/update_lock.h"
 #include "widgets/drawn_controls.h"
+#include "widgets/key_kinds.h"
 #include "widgets/last_press.h"
 #include "widgets/list_grid.h"
 #include "household/list_store.h"
@@ -28,6 +29,22 @@ constexpr QStringView box_date = u"M/d/yy";
 constexpr const char* tag = "Tag";
 constexpr const char* text_before = "text_before"; ///< of a box: its text when the keyboard came
 constexpr const char* coupon_before = "coupon_before"; ///< of the date box, as above
+
+/// Whether a key writes in a text or moves the caret along it.
+bool is_key_of_text(const QKeyEvent& key)
+{
+    switch (key.key()) {
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        return true;
+    default:
+        return !typed_text(key).isEmpty();
+    }
+}
 
 } // namespace
 
@@ -113,6 +130,7 @@ void RowEditor::show_l_line()
     if (row < 0)
         return;
     hide_line();
+    interrupted_.reset();
     const UpdateLock lock(*grid_.window());
     const QScopedValueRollback grid_moves(writing_, true);
     bring_into_view(row);
@@ -140,6 +158,17 @@ void RowEditor::hide_line()
     boxes_->hide();
     clear_bold();
     edit_row_ = QPersistentModelIndex();
+}
+
+void RowEditor::interrupt()
+{
+    if (!is_open())
+        return;
+    const int place = boxes_->place_in_chain(grid_.window()->focusWidget());
+    CellBox* box = place < 0 ? nullptr : boxes_->chain[static_cast<size_t>(place)].edit;
+    if (box)
+        interrupted_ = {edit_row_, box, box->cursorPosition()};
+    hide_line();
 }
 
 void RowEditor::lv_edit_off()
@@ -300,17 +329,14 @@ bool RowEditor::eventFilter(QObject* watched, QEvent* event)
     if (watched == &grid_) {
         if (event->type() == QEvent::Hide && !event->spontaneous())
             lv_edit_off();
-        // From the grid the chain of boxes is entered as from a box before its first.
-        const bool enter = event->type() == QEvent::KeyPress && is_open()
-            && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Right;
-        return enter && go_to_box(-1, 1);
+        return event->type() == QEvent::KeyPress && key_in_grid(*static_cast<QKeyEvent*>(event));
     }
     auto* widget = static_cast<QWidget*>(watched);
     switch (event->type()) {
     case QEvent::KeyPress: {
-        const auto* key = static_cast<QKeyEvent*>(event);
+        auto* key = static_cast<QKeyEvent*>(event);
         const Qt::KeyboardModifiers held = key->modifiers() & ~Qt::KeypadModifier;
-        return held == Qt::NoModifier && key_in_box(widget, key->key());
+        return tab_along(*widget, *key) || (held == Qt::NoModifier && key_in_box(widget, key->key()));
     }
     case QEvent::MouseButtonDblClick:
         // A button that the first click brought up under the pointer was not what the user meant.
@@ -352,6 +378,56 @@ bool RowEditor::key_on_coupon(int key)
     return key == Qt::Key_Space || key == Qt::Key_Down;
 }
 
+bool RowEditor::key_in_grid(QKeyEvent& key)
+{
+    if (interrupted_ && is_key_of_text(key) && go_on(key))
+        return true;
+    if (key.key() == Qt::Key_Escape && (is_open() || interrupted_)) {
+        interrupted_.reset();
+        lv_edit_off();
+        return true;
+    }
+    // The chain of boxes is entered as from a box before its first.
+    return is_open() && key.key() == Qt::Key_Right && go_to_box(-1, 1);
+}
+
+/// Goes on with the interrupted edit; false when another row is current by now.
+bool RowEditor::go_on(QKeyEvent& key)
+{
+    const Interrupted edit = *interrupted_;
+    if (!edit.row.isValid() || edit.row.row() != grid_.current_row()) {
+        interrupted_.reset();
+        return false;
+    }
+    show_l_line();
+    if (!edit.box->isVisible())
+        return true;
+    // As with a window that comes back: what the box had before the edit stays what Escape gives back.
+    edit.box->setFocus(Qt::ActiveWindowFocusReason);
+    if (edit.box->isReadOnly())
+        edit.box->selectAll();
+    else
+        edit.box->setCursorPosition(edit.caret);
+    QCoreApplication::sendEvent(edit.box, &key);
+    return true;
+}
+
+/// Where the grid is one of the controls that Tab goes round, its boxes are too.
+bool RowEditor::tab_along(const QWidget& widget, QKeyEvent& key)
+{
+    const bool back = key.key() == Qt::Key_Backtab;
+    if ((!back && key.key() != Qt::Key_Tab) || !(grid_.focusPolicy() & Qt::TabFocus))
+        return false;
+    if (boxes_->month_view == &widget || boxes_->month_view->isAncestorOf(&widget))
+        boxes_->close_calendar();
+    const int place = boxes_->place_in_chain(QApplication::focusWidget());
+    if (place >= 0 && go_to_box(place, back ? -1 : 1))
+        return true;
+    grid_.setFocus(back ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+    QCoreApplication::sendEvent(&grid_, &key);
+    return true;
+}
+
 bool RowEditor::key_in_box(const QWidget* widget, int key)
 {
     const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
@@ -366,26 +442,24 @@ bool RowEditor::key_in_box(const QWidget* widget, int key)
         boxes_->month_view->setFocus(Qt::OtherFocusReason);
         return true;
     }
-    const auto& chain = boxes_->chain;
-    const auto box
-        = std::find_if(chain.begin(), chain.end(), [widget](const RowBox& b) { return b.edit == widget; });
-    if (box == chain.end())
+    const int place = boxes_->place_in_chain(widget);
+    if (place < 0)
         return false;
-    const int place = static_cast<int>(box - chain.begin());
+    const RowBox& box = boxes_->chain[static_cast<size_t>(place)];
     if (enter || key == Qt::Key_Escape) {
         if (!enter)
-            give_back(*box);
+            give_back(box);
         lv_edit_off();
         grid_.setFocus(Qt::OtherFocusReason);
         return true;
     }
-    if (box->edit == boxes_->date && key_on_coupon(key))
+    if (box.edit == boxes_->date && key_on_coupon(key))
         return true;
     switch (key) {
     case Qt::Key_Right:
-        return box->edit->caret_at_end() && go_to_box(place, 1);
+        return box.edit->caret_at_end() && go_to_box(place, 1);
     case Qt::Key_Left:
-        return box->edit->caret_at_start() && go_to_box(place, -1);
+        return box.edit->caret_at_start() && go_to_box(place, -1);
     default:
         return false;
     }
@@ -480,12 +554,14 @@ void RowEditor::focus_left()
         && !owns(now) && !qobject_cast<const QMenuBar*>(now) && !qobject_cast<const Separator*>(now);
     if (elsewhere && is_open() && !boxes_->qty->isHidden())
         lv_edit_off();
+    else if (elsewhere)
+        interrupted_.reset();
 }
 
 void RowEditor::rows_scrolled()
 {
-    if (is_open() && !writing_)
-        hide_line();
+    if (!writing_)
+        interrupt();
 }
 
 void RowEditor::place_again()
@@ -493,7 +569,7 @@ void RowEditor::place_again()
     if (!is_open())
         return;
     if (edit_row() < 0 || !grid_.row_is_visible(edit_row())) {
-        hide_line();
+        interrupt();
         return;
     }
     boxes_->place(edit_row());

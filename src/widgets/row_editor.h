@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 
+class QKeyEvent;
 class QWidget;
 
 namespace tarnwick {
@@ -60,6 +61,11 @@ public:
     void refresh(); ///< shows the cells of the row under edit anew, after others wrote them
     void hide_line(); ///< hides the row's controls and clears its bold
     void lv_edit_off(); ///< closes the editor altogether
+
+    /// Closes it for a change of the window. Who was typing in a box goes on there: the next key of a text opens
+    /// the row again, if it still is the current one, with the caret where it was.
+    void interrupt();
+
     bool is_open() const; ///< `desc_brdr` is on screen
     std::optional<GridColumn> unstored_column() const { return unstored_column_; } ///< whose text was not stored
 
@@ -90,6 +96,13 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// An edit that ended without the user's doing.
+    struct Interrupted {
+        QPersistentModelIndex row;
+        CellBox* box;
+        int caret;
+    };
+
     void connect_controls();
     void bring_into_view(int row);
     void fill();
@@ -105,6 +118,9 @@ private:
     void choose_date(QDate date);
     void edit_clicked();
 
+    bool key_in_grid(QKeyEvent& key);
+    bool go_on(QKeyEvent& key);
+    bool tab_along(const QWidget& box, QKeyEvent& key);
     bool key_in_box(const QWidget* box, int key);
     bool key_on_coupon(int key);
     void note_before(QWidget& box) const;
@@ -120,6 +136,7 @@ private:
     std::unique_ptr<RowBoxes> boxes_;
     QPersistentModelIndex edit_row_; ///< follows the row when others come and go
     std::optional<GridColumn> unstored_column_;
+    std::optional<Interrupted> interrupted_;
     bool filling_ = false; ///< texts are being shown, not typed
     bool writing_ = false; ///< the grid's own moves must not close the editor
 };

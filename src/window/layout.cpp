@@ -210,7 +210,7 @@ void Layout::frm_refresh()
         separator_->move(fitted(stored_separator_), separator_->y());
     separator_fix();
     frame_refresh(grid_width(separator()));
-    main_.row_editor().lv_edit_off();
+    main_.row_editor().interrupt();
     main_.list_pane().set_col_widths();
     main_.list_pane().set_headers();
 }

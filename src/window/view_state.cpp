@@ -433,8 +433,8 @@ void ViewState::set_type_size(int size)
 void ViewState::change_type_size(int size, int image, const QString& tag, const QString& tool_tip)
 {
     const UpdateLock lock(main_);
+    main_.row_editor().interrupt();
     main_.recipe_page().close_line_editor();
-    main_.row_editor().hide_line();
     main_.shared.type_size = size;
     main_.toolbar().set_size_button(image, tag, tool_tip);
     main_.toolbar().toolbar_fit();

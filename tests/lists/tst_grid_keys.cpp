@@ -1,9 +1,34 @@
 #include "lists/editing_window.h"
+#include "support/tool_button.h"
+#include "widgets/tree_view.h"
 #include "window/commands.h"
+#include "window/view_state.h"
 
 #include <QMenu>
 
 using namespace tarnwick;
+
+namespace {
+
+class KeysWindow : public EditingWindow {
+public:
+    /// What closes an open row without the user's wish.
+    void interrupt(const QString& change)
+    {
+        if (change == QLatin1String("scroll"))
+            grid().set_top_row(5);
+        else if (change == QLatin1String("size"))
+            main().view_state().set_type_size(12);
+        else if (change == QLatin1String("toolbar"))
+            QTest::mouseClick(main().findChild<QAbstractButton*>(tool_button(ToolButton::size)), Qt::LeftButton, {},
+                              QPoint(4, 4));
+        else
+            main().resize(main().width() + 60, main().height() - 40);
+        QCoreApplication::processEvents();
+    }
+};
+
+} // namespace
 
 /// What the keys do in the main window's grid and in the boxes of an open row.
 class tst_grid_keys : public QObject {
@@ -27,6 +52,13 @@ private slots:
     void one_click_into_a_text_cell_puts_the_caret_there_data();
     void one_click_into_a_text_cell_puts_the_caret_there();
     void a_click_on_a_name_leaves_the_keyboard_in_the_grid();
+    void escape_in_the_grid_closes_the_open_row();
+    void a_text_goes_on_where_the_window_closed_its_box_data();
+    void a_text_goes_on_where_the_window_closed_its_box();
+    void keys_of_a_text_go_on_in_it_as_well_data();
+    void keys_of_a_text_go_on_in_it_as_well();
+    void what_follows_an_interrupted_edit_forgets_it_data();
+    void what_follows_an_interrupted_edit_forgets_it();
     void keys_on_a_list_without_rows_do_nothing();
 };
 
@@ -356,6 +388,115 @@ void tst_grid_keys::a_click_on_a_name_leaves_the_keyboard_in_the_grid()
         QVERIFY(w.grid().hasFocus());
         w.editor().lv_edit_off();
     }
+}
+
+void tst_grid_keys::escape_in_the_grid_closes_the_open_row()
+{
+    EditingWindow w;
+    w.row(QStringLiteral("Butter"), QStringLiteral("salted"), QStringLiteral("2"));
+    w.open();
+    w.open_row(0);
+    w.type_into("desc_brdr", QStringLiteral("sweet"));
+    w.open_row(0);
+    QVERIFY(w.grid().hasFocus());
+    QTest::keyClick(&w.grid(), Qt::Key_Escape);
+    QVERIFY(!w.editor().is_open());
+    QVERIFY(w.grid().hasFocus());
+    QVERIFY(w.main().isVisible());
+    QCOMPARE(w.cell(0, GridColumn::desc), QStringLiteral("sweet"));
+    QCOMPARE(w.text("SELECT desc || qty FROM groc_1"), QStringLiteral("sweet2"));
+}
+
+void tst_grid_keys::a_text_goes_on_where_the_window_closed_its_box_data()
+{
+    QTest::addColumn<QString>("change");
+    for (const char* change : {"size", "resize", "toolbar", "scroll"})
+        QTest::newRow(change) << QString::fromLatin1(change);
+}
+
+void tst_grid_keys::a_text_goes_on_where_the_window_closed_its_box()
+{
+    QFETCH(QString, change);
+    KeysWindow w;
+    w.rows(60);
+    w.open();
+    w.click_cell(1, GridColumn::desc);
+    w.box("desc_brdr").setText(QStringLiteral("shell, brown"));
+    w.box("desc_brdr").setCursorPosition(5);
+    w.interrupt(change);
+    QVERIFY(!w.editor().is_open());
+    QVERIFY(w.grid().hasFocus());
+    QTest::keyPress(&w.grid(), Qt::Key_Shift);
+    for (const char letter : {' ', 'S', '2'})
+        QTest::keyClick(QApplication::focusWidget(), letter);
+    QVERIFY(w.editor().is_open());
+    QCOMPARE(w.editor().edit_row(), 1);
+    QVERIFY(w.box("desc_brdr").hasFocus());
+    QCOMPARE(w.cell(1, GridColumn::desc), QStringLiteral("shell S2, brown"));
+    QCOMPARE(w.field(2, "desc"), QStringLiteral("[shell S2, brown]"));
+    QCOMPARE(w.field(2, "to_get"), QStringLiteral("[1]"));
+    QTest::keyClick(&w.box("desc_brdr"), Qt::Key_Escape);
+    QCOMPARE(w.cell(1, GridColumn::desc), QStringLiteral("some"));
+}
+
+void tst_grid_keys::keys_of_a_text_go_on_in_it_as_well_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("Backspace") << Qt::Key_Backspace << QStringLiteral("soe!");
+    QTest::newRow("Delete") << Qt::Key_Delete << QStringLiteral("som!");
+    QTest::newRow("Home") << Qt::Key_Home << QStringLiteral("!some");
+    QTest::newRow("End") << Qt::Key_End << QStringLiteral("some!");
+    QTest::newRow("Left") << Qt::Key_Left << QStringLiteral("so!me");
+}
+
+void tst_grid_keys::keys_of_a_text_go_on_in_it_as_well()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(QString, text);
+    KeysWindow w;
+    w.rows(3);
+    w.open();
+    w.click_cell(1, GridColumn::desc);
+    w.box("desc_brdr").setCursorPosition(3);
+    w.interrupt(QStringLiteral("size"));
+    QTest::keyClick(QApplication::focusWidget(), key);
+    QTest::keyClick(QApplication::focusWidget(), key == Qt::Key_Backspace ? Qt::Key_End : Qt::Key_Shift);
+    QTest::keyClick(QApplication::focusWidget(), '!');
+    QCOMPARE(w.cell(1, GridColumn::desc), text);
+    QCOMPARE(w.grid().rows().rows(), 3);
+    QCOMPARE(w.grid().current_row(), 1);
+}
+
+void tst_grid_keys::what_follows_an_interrupted_edit_forgets_it_data()
+{
+    QTest::addColumn<QString>("act");
+    for (const char* act : {"Down and Up", "Escape", "to the tree and back", "row taken away"})
+        QTest::newRow(act) << QString::fromLatin1(act);
+}
+
+void tst_grid_keys::what_follows_an_interrupted_edit_forgets_it()
+{
+    QFETCH(QString, act);
+    KeysWindow w;
+    w.rows(4);
+    w.open();
+    w.click_cell(1, GridColumn::desc);
+    w.interrupt(QStringLiteral("size"));
+    if (act == QLatin1String("Escape")) {
+        QTest::keyClick(&w.grid(), Qt::Key_Escape);
+    } else if (act == QLatin1String("Down and Up")) {
+        QTest::keyClick(&w.grid(), Qt::Key_Down);
+        QTest::keyClick(&w.grid(), Qt::Key_Up);
+    } else if (act == QLatin1String("row taken away")) {
+        w.grid().rows().remove_row(1);
+        w.grid().set_current(1, GridColumn::item);
+    } else {
+        w.main().visible_tree().setFocus();
+        w.grid().setFocus();
+    }
+    QTest::keyClick(QApplication::focusWidget(), 'a');
+    QCOMPARE(w.cell(1, GridColumn::desc), QStringLiteral("a"));
 }
 
 void tst_grid_keys::keys_on_a_list_without_rows_do_nothing()

@@ -14,6 +14,9 @@ private slots:
 
     void where_a_button_comes_up_opens_the_line_and_leaves_it_there_data();
     void where_a_button_comes_up_opens_the_line_and_leaves_it_there();
+    void where_a_box_comes_up_marks_no_word_data();
+    void where_a_box_comes_up_marks_no_word();
+    void in_a_box_marks_the_word();
     void a_click_after_a_lost_one_counts();
     void where_the_pick_list_comes_up_writes_no_quantity();
     void on_a_line_that_the_first_click_scrolled_away_leaves_it_open();
@@ -84,6 +87,43 @@ void tst_line_double_click::where_a_button_comes_up_opens_the_line_and_leaves_it
     QCOMPARE(middle_of(w().control(button)), place);
     QVERIFY(w().qty().hasFocus());
     QVERIFY(w().list().isVisible());
+}
+
+void tst_line_double_click::where_a_box_comes_up_marks_no_word_data()
+{
+    QTest::addColumn<QString>("box");
+    for (const char* box : {"ing_flt_txtQty", "ing_flt_txtMeasure", "ing_flt_txtItem", "ing_flt_txtDesc"})
+        QTest::newRow(box) << QString::fromLatin1(box);
+}
+
+void tst_line_double_click::where_a_box_comes_up_marks_no_word()
+{
+    QFETCH(QString, box);
+    w().add_line(w().recipe, QStringLiteral("Salt"));
+    w().add_line(w().recipe, QStringLiteral("Olive oil"));
+    w().open();
+    w().open_line(1);
+    const QPoint place = in_window(w().control(box), QPoint(14, w().control(box).height() / 2));
+    w().click_text();
+    QVERIFY(!w().editor().is_open());
+    QCOMPARE(w().main().childAt(place), static_cast<QWidget*>(w().line(1).ingred));
+    double_click(place);
+    QVERIFY(w().editor().is_open());
+    QVERIFY(w().qty().hasFocus());
+    for (const QLineEdit* each : {&w().qty(), &w().measure(), &w().item(), &w().desc()})
+        QVERIFY2(!each->hasSelectedText(), qPrintable(each->objectName()));
+    QCOMPARE(w().item().text(), QStringLiteral("Olive oil"));
+    click(in_window(w().item(), QPoint(14, 8)));
+    QVERIFY(w().item().hasFocus());
+}
+
+void tst_line_double_click::in_a_box_marks_the_word()
+{
+    w().add_line(w().recipe, QStringLiteral("Olive oil"));
+    w().open();
+    w().open_line(0);
+    double_click(in_window(w().item(), QPoint(14, w().item().height() / 2)));
+    QCOMPARE(w().item().selectedText(), QStringLiteral("Olive"));
 }
 
 void tst_line_double_click::a_click_after_a_lost_one_counts()

@@ -1,5 +1,8 @@
 #include "stock/item_editor_fixture.h"
 
+#include <QCalendarWidget>
+#include <QCheckBox>
+
 using namespace tarnwick;
 
 namespace {
@@ -21,6 +24,10 @@ private slots:
     void the_buy_it_box_of_a_row_taken_off_brings_it_back_to_buy();
     void the_keys_of_the_grid_tick_move_and_take_off();
     void escape_in_a_box_gives_back_its_text_and_leaves_the_dialog_open();
+    void escape_in_the_grid_closes_the_open_row_first();
+    void tab_goes_along_the_boxes_of_an_open_row_to_ok();
+    void tab_goes_back_along_the_boxes_to_the_control_before_the_grid();
+    void tab_in_the_calendar_goes_on_from_its_box();
     void one_click_into_a_text_cell_puts_the_caret_there();
     void ok_that_places_nothing_says_so();
     void ok_that_places_something_says_nothing();
@@ -35,6 +42,15 @@ private:
     static QLineEdit& box(EditorHands& hands, const char* name)
     {
         return *hands.dialog.findChild<QLineEdit*>(QLatin1String(name));
+    }
+    static void show_columns(EditorHands& hands)
+    {
+        for (int i = 0; i < 2; ++i) {
+            auto* column = hands.dialog.findChild<QCheckBox*>(QStringLiteral("Cmd_ShowCol(%1)").arg(i));
+            QVERIFY(column);
+            if (!column->isChecked())
+                QTest::mouseClick(column, Qt::LeftButton);
+        }
     }
 
     std::unique_ptr<EditorCase> household_;
@@ -114,6 +130,79 @@ void tst_item_editor_hands::escape_in_a_box_gives_back_its_text_and_leaves_the_d
         QVERIFY(hands.dialog.isVisible());
         QVERIFY(trim(hands.row(0).desc).isEmpty());
         QVERIFY(hands.grid().hasFocus());
+    });
+}
+
+void tst_item_editor_hands::escape_in_the_grid_closes_the_open_row_first()
+{
+    open_window();
+    h().open(edit_item, h().milk, [](EditorHands& hands) {
+        hands.click_cell(0, GridColumn::check);
+        hands.click_cell(0, GridColumn::item);
+        QVERIFY(box(hands, "desc_brdr").isVisible());
+        QVERIFY(hands.grid().hasFocus());
+        QTest::keyClick(&hands.grid(), Qt::Key_Escape);
+        QVERIFY(hands.dialog.isVisible());
+        QVERIFY(!box(hands, "desc_brdr").isVisible());
+        QVERIFY(hands.grid().hasFocus());
+        QTest::keyClick(&hands.grid(), Qt::Key_Escape);
+        QVERIFY(!hands.dialog.isVisible());
+    });
+}
+
+void tst_item_editor_hands::tab_goes_along_the_boxes_of_an_open_row_to_ok()
+{
+    open_window();
+    h().open(edit_item, h().milk, [](EditorHands& hands) {
+        show_columns(hands);
+        hands.click_cell(0, GridColumn::check);
+        QTest::keyClick(&hands.grid(), Qt::Key_F2);
+        QStringList went{QApplication::focusWidget()->objectName()};
+        for (int i = 0; i < 4; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            went << QApplication::focusWidget()->objectName();
+            if (went.back() == QLatin1String("qty_brdr"))
+                QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("3"));
+        }
+        QCOMPARE(went.join(u' '), QStringLiteral("desc_brdr qty_brdr dp_brdr aisle_brdr Command1(0)"));
+        QVERIFY(!box(hands, "desc_brdr").isVisible());
+        QCOMPARE(hands.row(0).qty, QStringLiteral("3"));
+        QCOMPARE(hands.name().text(), QStringLiteral("Milk"));
+    });
+}
+
+void tst_item_editor_hands::tab_goes_back_along_the_boxes_to_the_control_before_the_grid()
+{
+    open_window();
+    h().open(edit_item, h().milk, [](EditorHands& hands) {
+        show_columns(hands);
+        hands.click_cell(0, GridColumn::check);
+        hands.click_cell(0, GridColumn::aisle);
+        QStringList went{QApplication::focusWidget()->objectName()};
+        for (int i = 0; i < 4; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+            went << QApplication::focusWidget()->objectName();
+        }
+        QCOMPARE(went.join(u' '), QStringLiteral("aisle_brdr dp_brdr qty_brdr desc_brdr CmdNewCat"));
+        QVERIFY(!box(hands, "desc_brdr").isVisible());
+    });
+}
+
+void tst_item_editor_hands::tab_in_the_calendar_goes_on_from_its_box()
+{
+    open_window();
+    h().open(edit_item, h().milk, [](EditorHands& hands) {
+        show_columns(hands);
+        hands.click_cell(0, GridColumn::check);
+        hands.click_cell(0, GridColumn::coupon);
+        box(hands, "dp_brdr").setFocus();
+        QTest::keyClick(&box(hands, "dp_brdr"), Qt::Key_Down);
+        auto* calendar = hands.dialog.findChild<QCalendarWidget*>(QStringLiteral("MonthView1"));
+        QVERIFY(calendar->isVisible());
+        QVERIFY(calendar->isAncestorOf(QApplication::focusWidget()));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(!calendar->isVisible());
+        QVERIFY(box(hands, "aisle_brdr").hasFocus());
     });
 }
 

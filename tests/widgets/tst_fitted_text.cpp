@@ -31,6 +31,8 @@ private slots:
     void what_is_shown_never_exceeds_its_room();
     void a_number_is_shown_whole_or_not_at_all_data();
     void a_number_is_shown_whole_or_not_at_all();
+    void a_unit_is_shown_whole_or_not_at_all_data();
+    void a_unit_is_shown_whole_or_not_at_all();
 };
 
 void tst_fitted_text::a_text_with_room_stays_as_it_is()
@@ -117,6 +119,35 @@ void tst_fitted_text::a_number_is_shown_whole_or_not_at_all()
             QVERIFY2(!has_digit || fitted.text.startsWith(number), qPrintable(fitted.text));
             QCOMPARE(fitted.cut, fitted.text != text);
         }
+    }
+}
+
+void tst_fitted_text::a_unit_is_shown_whole_or_not_at_all_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("shown");
+    const auto row = [](const char* text, const char* shown) {
+        QTest::newRow(text) << QString::fromUtf8(text) << QString::fromUtf8(shown).split(u'|');
+    };
+    row("1 lb", "1 lb|1…|1|…");
+    row("100ml", "100ml|100…|100|…");
+    row("500 grams", "500 grams|500…|500|…");
+    row("2 large cans", "2 large cans|2 large…|2…|2|…");
+    row("1 1/2 tsp", "1 1/2 tsp|1 1/2…|1 1/2|…");
+    row("12", "12|…");
+}
+
+void tst_fitted_text::a_unit_is_shown_whole_or_not_at_all()
+{
+    QFETCH(QString, text);
+    QFETCH(QStringList, shown);
+    for (const int points : {9, 10, 12}) {
+        const QFont font = type_of(points);
+        QStringList seen;
+        for (int width = width_of(text, font); width >= 0; --width)
+            if (const QString fitted = fit_number(text, font, width).text; seen.isEmpty() || seen.back() != fitted)
+                seen << fitted;
+        QCOMPARE(seen, shown);
     }
 }
 
