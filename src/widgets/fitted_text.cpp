@@ -14,7 +14,6 @@ namespace {
 /// different widths is restless.
 constexpr std::array narrow_types = {90, 75, 60};
 constexpr int narrowest_number = 50;
-constexpr QChar ellipsis(0x2026);
 
 /// The font in the widest type, not under `least` percent, in which the text fits.
 std::optional<QFont> fitting_font(const QString& text, QFont font, int width, int least)

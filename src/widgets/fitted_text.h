@@ -8,6 +8,9 @@ namespace tarnwick {
 /// The narrowest type, in percent of its own width, that a text is shown in before it is cut.
 inline constexpr int narrowest_type = 75;
 
+/// The sign of a cut.
+inline constexpr QChar ellipsis(0x2026);
+
 /// A text as it is shown in a narrow place.
 struct FittedText {
     QString text;

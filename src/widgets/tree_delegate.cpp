@@ -27,7 +27,6 @@ constexpr int flat_text_gap = 8;
 constexpr int name_margin = 2; // of the selection around the text
 constexpr int told_letters = 6; // of a name, in the narrowest pane
 constexpr int mark_type = 60; // percent; the sign of a cut takes no room from the letters
-constexpr QChar ellipsis(0x2026);
 
 QFont narrowed(QFont font, int percent)
 {

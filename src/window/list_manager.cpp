@@ -25,7 +25,7 @@ namespace tarnwick {
 namespace {
 
 constexpr QPoint first_offset(24, 120); ///< from the main window's upper right corner
-const QString command = QStringLiteral("mnu_tools_listlist");
+const QString own_command = QStringLiteral("mnu_tools_listlist");
 
 } // namespace
 
@@ -57,7 +57,7 @@ void ListManager::open()
     mark_list();
     place();
     manager_->show();
-    commands_.set_checked(command, true);
+    commands_.set_checked(own_command, true);
 }
 
 void ListManager::connect_manager()
@@ -71,7 +71,7 @@ void ListManager::connect_manager()
     connect(&view_state_, &ViewState::looks_changed, &manager, [this] { take_looks(); });
     connect(&manager, &QDialog::finished, this, [this, &manager] {
         kept_place_ = QRect(manager.pos(), manager.size());
-        commands_.set_checked(command, false);
+        commands_.set_checked(own_command, false);
     });
 }
 

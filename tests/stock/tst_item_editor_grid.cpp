@@ -252,6 +252,9 @@ void tst_item_editor_grid::escape_in_the_calendar_leaves_the_dialog_open()
         QVERIFY(hands.dialog.isVisible());
         QCOMPARE(hands.open_row(), 0);
         QTest::keyClick(hands.dialog.windowHandle(), Qt::Key_Escape);
+        QVERIFY(hands.dialog.isVisible());
+        QCOMPARE(hands.open_row(), -1);
+        QTest::keyClick(hands.dialog.windowHandle(), Qt::Key_Escape);
         QVERIFY(!hands.dialog.isVisible());
     });
     QCOMPARE(test.list_rows(), QStringLiteral("1:cold:2:9:1:0 / 2:cold:2:9:1:0"));
