@@ -37,7 +37,7 @@ if [[ "${1:-}" == --self-test ]]; then
 fi
 
 cmake --preset tidy >/dev/null
-mapfile -t units < <(sed -nE 's#^ *"file": "(.*/tarnwick(_store|_form)?\.dir/Unity/.*\.cxx|.*/src/.*\.cpp)",?$#\1#p' \
+mapfile -t units < <(sed -nE 's#^ *"file": "(.*/tarnwick(_store|_form|_pictures)?\.dir/Unity/.*\.cxx|.*/src/.*\.cpp)",?$#\1#p' \
     build/tidy/compile_commands.json)
 read_files=$({ cat "${units[@]}"; printf '#include "%s"\n' "${units[@]}"; } | grep -c '^#include "/.*/src/.*\.cpp"')
 all_files=$(find src -name '*.cpp' | wc -l)

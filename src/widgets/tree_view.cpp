@@ -2,10 +2,10 @@
 
 #include "data/collation.h"
 #include "data/runtime_error.h"
-#include "household/status_names.h"
 #include "widgets/key_kinds.h"
 #include "widgets/second_click.h"
 #include "widgets/tree_delegate.h"
+#include "widgets/tree_node.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -32,74 +32,6 @@ bool by_name(const QTreeWidgetItem* left, const QTreeWidgetItem* right)
 {
     return compare_names(left->text(0), right->text(0)) < 0;
 }
-
-/// A node that holds its few values as members; a table of values per role costs a large catalogue's load.
-class Node : public QTreeWidgetItem {
-public:
-    Node(QString text, QString key, QString tag, int picture)
-        : text_(std::move(text))
-        , key_(std::move(key))
-        , tag_(std::move(tag))
-        , picture_(picture)
-    {
-        setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable);
-    }
-
-    QVariant data(int column, int role) const override
-    {
-        switch (role) {
-        case Qt::DisplayRole:
-        case Qt::EditRole:
-            return text_;
-        case Qt::AccessibleTextRole:
-            return words();
-        case TreeView::KeyRole:
-            return key_;
-        case TreeView::TagRole:
-            return tag_;
-        case TreeView::PictureRole:
-            return picture_;
-        default:
-            return QTreeWidgetItem::data(column, role);
-        }
-    }
-
-    void setData(int column, int role, const QVariant& value) override
-    {
-        switch (role) {
-        case Qt::DisplayRole:
-        case Qt::EditRole:
-            text_ = value.toString();
-            break;
-        case TreeView::KeyRole:
-            key_ = value.toString();
-            break;
-        case TreeView::TagRole:
-            tag_ = value.toString();
-            break;
-        case TreeView::PictureRole:
-            picture_ = value.toInt();
-            break;
-        default:
-            QTreeWidgetItem::setData(column, role, value);
-            return;
-        }
-        emitDataChanged();
-    }
-
-private:
-    /// An item's name goes with its status for the ear.
-    QString words() const
-    {
-        const auto code = key_.startsWith(QLatin1String("item")) ? code_of_number(picture_) : std::nullopt;
-        return code ? text_ + QStringLiteral(", ") + status_name(*code) : text_;
-    }
-
-    QString text_;
-    QString key_;
-    QString tag_;
-    int picture_;
-};
 
 } // namespace
 
@@ -156,7 +88,7 @@ QTreeWidgetItem* TreeView::make_node(const QString& key, const QString& text, in
     QTreeWidgetItem*& place = nodes_[key];
     if (place)
         throw runtime_error(runtime_error::key_not_unique, QStringLiteral("Key is not unique in collection"));
-    place = new Node(text, key, tag, picture);
+    place = new TreeNode(text, key, tag, picture);
     return place;
 }
 
