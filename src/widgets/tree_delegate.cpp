@@ -117,7 +117,7 @@ int TreeDelegate::text_left(bool in_folder) const
 
 FittedText TreeDelegate::shown_name(const QString& name, int width) const
 {
-    const FittedText shown = cut_name(name, type_, width);
+    FittedText shown = cut_name(name, type_, width);
     if (tells_enough(shown))
         return shown;
     const FittedText narrow = cut_name(name, narrowed(type_, narrowest_type), width);
