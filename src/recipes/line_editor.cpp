@@ -253,8 +253,10 @@ bool LineEditor::is_part(const QWidget* widget) const
 
 bool LineEditor::eventFilter(QObject* watched, QEvent* event)
 {
+    if (!open_)
+        return false;
     const auto field = boxes_->field_of(watched);
-    if (!open_ || (!field && !boxes_->is_button(watched)))
+    if (!field && !boxes_->is_button(watched))
         return false;
     switch (event->type()) {
     case QEvent::FocusIn:

@@ -105,6 +105,7 @@ private:
 
     Program& program_;
     RecipePage& page_;
+    bool open_ = false; ///< known before the boxes, whose first events come while they are made
     std::unique_ptr<Ingredients> ingredients_;
     std::unique_ptr<LineBoxes> boxes_;
     FocusQuestion* question_;
@@ -118,7 +119,6 @@ private:
     std::unique_ptr<LineButtons> buttons_;
     int index_ = -1;
     IngredientField last_box_ = IngredientField::qty; ///< the box that has or had the focus last
-    bool open_ = false;
     bool busy_ = false; ///< the editor moves the focus itself, or asks a question
 };
 
