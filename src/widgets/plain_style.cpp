@@ -353,6 +353,10 @@ void PlainStyle::drawControl(ControlElement element, const QStyleOption* option,
         return;
     }
     QProxyStyle::drawControl(element, option, painter, widget);
+    // Where a menu was closed by Escape, the bar keeps the keyboard.
+    const bool closed = option->state.testFlag(State_Selected) && !option->state.testFlag(State_Sunken);
+    if (element == CE_MenuBarItem && closed && widget && widget->hasFocus())
+        drawPrimitive(PE_FrameFocusRect, option, painter, widget);
 }
 
 void PlainStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,

@@ -10,6 +10,9 @@
 #include <QCalendarWidget>
 #include <QHash>
 #include <QMessageBox>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPainter>
 #include <QPalette>
 #include <QStyleOption>
@@ -42,6 +45,7 @@ private slots:
     void boxes_and_circles_to_tick_stand_out();
     void focus_marks_stand_out_data() { desktops(); }
     void focus_marks_stand_out();
+    void a_menu_closed_by_escape_is_marked_in_the_bar();
     void lines_between_things_can_be_seen_data() { desktops(); }
     void lines_between_things_can_be_seen();
     void nothing_hangs_below_the_month_of_a_calendar();
@@ -341,6 +345,31 @@ void tst_plain_style::focus_marks_stand_out()
         for (const QPoint edge : {QPoint(10, 2), QPoint(10, 17), QPoint(2, 10), QPoint(17, 10)})
             QVERIFY2(contrast(image.pixelColor(edge), ground) >= 3, qPrintable(ground.name()));
     }
+}
+
+void tst_plain_style::a_menu_closed_by_escape_is_marked_in_the_bar()
+{
+    QMainWindow window;
+    QMenu& menu = *window.menuBar()->addMenu(QStringLiteral("&Tools"));
+    menu.addAction(QStringLiteral("Find"));
+    window.resize(300, 200);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const QRect place = window.menuBar()->actionGeometry(menu.menuAction());
+    const auto upper_edge_contrast = [&] {
+        const QImage image = window.menuBar()->grab().toImage();
+        return contrast(image.pixelColor(place.center().x(), place.top()), image.pixelColor(250, 2));
+    };
+    QVERIFY(upper_edge_contrast() < 1.5);
+    QTest::keyClick(&window, Qt::Key_T, Qt::AltModifier);
+    QTRY_VERIFY(menu.isVisible());
+    QTest::keyClick(&menu, Qt::Key_Escape);
+    QTRY_VERIFY(!menu.isVisible());
+    QVERIFY(window.menuBar()->hasFocus());
+    QVERIFY(upper_edge_contrast() >= 3);
+    QTest::keyClick(window.menuBar(), Qt::Key_Escape);
+    QVERIFY(upper_edge_contrast() < 1.5);
 }
 
 void tst_plain_style::lines_between_things_can_be_seen()
