@@ -6,6 +6,7 @@
 #include "stock/stock_tree.h"
 #include "widgets/list_grid.h"
 #include "widgets/row_editor.h"
+#include "support/opened_windows.h"
 #include "support/tool_button.h"
 #include "window/commands.h"
 #include "window/frmsplash.h"
@@ -226,26 +227,13 @@ void tst_accessible::every_control_of_a_dialog_has_a_name()
     if (command.endsWith(QLatin1String(" of the page")))
         w.trigger(QStringLiteral("mnu_view_rcpepages"));
     QStringList found{QStringLiteral("no window came")};
-    {
-        MessageScript script;
-        const bool stays_open
-            = command == QLatin1String("mnu_tools_listlist") || command.startsWith(QLatin1String("mnu_tools_find"));
-        if (!stays_open)
-            script.drive([&](QDialog& dialog) {
-                QVERIFY(window_of(window) == &dialog);
-                found = nameless();
-                dialog.reject();
-            });
-        if (command.startsWith(QLatin1String("Toolbar1")))
-            QTest::mouseClick(&w.control(command.section(u' ', 0, 0)), Qt::LeftButton);
-        else
-            w.trigger(command);
-        if (stays_open) {
-            QVERIFY(window_of(window));
-            found = nameless();
-            window_of(window)->close();
-        }
-    }
+    use_opened_window(w, command, [&](QDialog* dialog) {
+        QWidget* shown = window_of(window);
+        QVERIFY(shown && (!dialog || shown == dialog));
+        found = nameless();
+        if (!dialog)
+            shown->close();
+    });
     QCOMPARE(found.join(u'|'), QString());
 }
 

@@ -1,6 +1,7 @@
 #include "lists/list_pane.h"
 #include "recipes/line_fixture.h"
 #include "stock/stock_tree.h"
+#include "support/opened_windows.h"
 #include "widgets/list_grid.h"
 
 #include <QDialog>
@@ -108,24 +109,11 @@ void tst_dialog_round::tab_goes_round_and_escape_out()
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
         is_out = !shown.isVisible();
     };
-    {
-        MessageScript script;
-        const bool stays_open
-            = command == QLatin1String("mnu_tools_listlist") || command.startsWith(QLatin1String("mnu_tools_find"));
-        if (!stays_open)
-            script.drive([&](QDialog& dialog) {
-                go_round(dialog);
-                dialog.reject();
-            });
-        if (command.startsWith(QLatin1String("Toolbar1")))
-            QTest::mouseClick(&w.control(command.section(u' ', 0, 0)), Qt::LeftButton);
-        else
-            w.trigger(command);
-        if (stays_open) {
-            QVERIFY(window_named(window));
-            go_round(*window_named(window));
-        }
-    }
+    use_opened_window(w, command, [&](QDialog* dialog) {
+        QWidget* shown = dialog ? dialog : window_named(window);
+        QVERIFY(shown);
+        go_round(*shown);
+    });
     QCOMPARE(missed.join(u'|'), QString());
     QVERIFY(is_out);
     QTRY_VERIFY(w.focused_after_message());

@@ -1,7 +1,7 @@
 #include "data/connection.h"
 #include "data/query.h"
 #include "data/settings.h"
-#include "household/recipe_store.h"
+#include "probe/pie_household.h"
 #include "probe/real_program.h"
 
 #include <QTest>
@@ -72,14 +72,7 @@ void wm_double_click::init()
     program_.renew();
     Connection connection;
     connection.open(program_.database());
-    const Key recipe = insert_recipe(connection, QStringLiteral("Pie"), QStringLiteral("13"));
-    for (const char* sql : {"INSERT INTO list_name (key_id, list_name, active) VALUES (1, 'Home', 1)",
-                            "INSERT INTO items_1 (key_id, item, cat, status, to_get, qty, desc) VALUES (1, "
-                            "'Butter', 0, 7, 1, 0, ' ')",
-                            "INSERT INTO groc_1 (key_id, item, desc, aisle, to_get, qty, cpn, list, item_id)"
-                            " VALUES (1, 'Butter', 'salted', ' ', 1, '2', 0, 0, 0)",
-                            "INSERT INTO tie (key_id, groc_id, item_id, list) VALUES (1, 1, 1, 1)"})
-        Query(connection, sql).run();
+    const Key recipe = make_pie_household(connection);
     Query(connection,
           "INSERT INTO recipe_2 (key_id, r_ref, item_ref, item, qty, measure, comment, \"order\")"
           " VALUES (1, ?, 1, 'Butter', '1', 'cup', ' ', 0)",
