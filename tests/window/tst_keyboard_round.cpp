@@ -194,8 +194,14 @@ void tst_keyboard_round::a_change_of_the_right_pane_gives_the_keyboard_to_what_i
     QCOMPARE(w.keyboard(), QStringLiteral("ingred(0)"));
     w.trigger(QStringLiteral("mnu_view_shoplist"));
     QCOMPARE(w.keyboard(), QStringLiteral("Listview1"));
-    w.main().shared.cur_recipe = -1;
-    w.page().set_recipe(-1);
+    w.trigger(QStringLiteral("mnu_view_rcp"));
+    w.click_node(rcp(w.recipe));
+    MessageScript script;
+    script.expect(QStringLiteral("Warning"), deletion_question(QStringLiteral("Soup")), Answer::yes);
+    w.trigger(QStringLiteral("mnu_recipe_del"));
+    QVERIFY(w.focused_after_message());
+    w.trigger(QStringLiteral("mnu_view_stock"));
+    w.trigger(QStringLiteral("mnu_view_shoplist"));
     w.trigger(QStringLiteral("mnu_view_rcpepages"));
     QVERIFY(!w.Text1().isVisible());
     QCOMPARE(w.keyboard(), QStringLiteral("TreeView1(0)"));
