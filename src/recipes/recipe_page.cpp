@@ -246,6 +246,7 @@ void RecipePage::place_text()
     const bool too_low = shown < page_geometry::to_pixels(low_text);
     const int height = too_low ? least_text : std::max(least_text, shown - room_below);
     text1_->setGeometry(text_left, top, text_width(), height);
+    text1_->set_view_height(frame4_->height());
     text1_->verticalScrollBar()->setValue(0);
 }
 
