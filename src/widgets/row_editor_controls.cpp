@@ -127,9 +127,8 @@ void CellBox::paintEvent(QPaintEvent* event)
     else
         QLineEdit::paintEvent(event);
     QPainter painter(this);
-    draw_frame(painter, rect(), hasFocus() ? focus_line_ : line_);
-    if (hasFocus())
-        draw_frame(painter, rect().adjusted(1, 1, -1, -1), focus_line_);
+    constexpr int focus_thickness = 2;
+    draw_frame(painter, rect(), hasFocus() ? focus_line_ : line_, hasFocus() ? focus_thickness : 1);
 }
 
 PictureButton::PictureButton(const QString& name, QWidget* parent)

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QFrame>
 #include <QHash>
 #include <QMessageBox>
 #include <QMainWindow>
@@ -46,6 +47,8 @@ private slots:
     void a_picture_on_a_light_tab_stays_visible_on_a_dark_desktop();
     void boxes_and_circles_to_tick_stand_out_data() { desktops(); }
     void boxes_and_circles_to_tick_stand_out();
+    void a_thick_frame_is_solid_at_every_scale_data() { scales(); }
+    void a_thick_frame_is_solid_at_every_scale();
     void focus_marks_stand_out_data() { desktops(); }
     void focus_marks_stand_out();
     void a_menu_closed_by_escape_is_marked_in_the_bar();
@@ -251,6 +254,10 @@ void tst_plain_style::tabs_have_crisp_lines_at_every_scale()
     QCOMPARE(image.pixelColor(right, foot + thickness - 1), line);
     for (int row = foot + thickness; row < image.height(); ++row)
         QVERIFY(image.pixelColor(right, row) != line);
+    // Its left line is that of the pane as well.
+    const int left = qRound(strip.tabs.x() * scale);
+    for (int row = y; row < image.height(); ++row)
+        QCOMPARE(image.pixelColor(left, row), line);
 }
 
 void tst_plain_style::captions_stay_readable_in_a_narrow_strip()
@@ -352,6 +359,21 @@ void tst_plain_style::boxes_and_circles_to_tick_stand_out()
         option.state = QStyle::State_Enabled | QStyle::State_On;
         QVERIFY(best_contrast(draw(), QRect(6, 6, 8, 8), colors.color(QPalette::Base)) >= 4.5);
     }
+}
+
+void tst_plain_style::a_thick_frame_is_solid_at_every_scale()
+{
+    QFETCH(qreal, scale);
+    QFrame frame;
+    frame.setFrameStyle(QFrame::Box | QFrame::Plain);
+    frame.setLineWidth(3);
+    frame.resize(41, 41);
+    const QImage image = drawn(frame, scale);
+    const QColor ink = frame.palette().color(QPalette::WindowText);
+    const int middle = qRound(20 * scale);
+    for (int x = 0; x < static_cast<int>(3 * scale); ++x)
+        QCOMPARE(image.pixelColor(x, middle), ink);
+    QCOMPARE(image.pixelColor(static_cast<int>(3 * scale), middle), frame.palette().color(QPalette::Window));
 }
 
 void tst_plain_style::focus_marks_stand_out()
