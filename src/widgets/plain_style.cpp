@@ -322,6 +322,7 @@ void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     switch (element) {
     case PE_Frame:
     case PE_FrameMenu:
+    case PE_FrameGroupBox:
         draw_frame(*painter, option->rect, line_color(option->palette));
         return;
     case PE_FrameFocusRect:
@@ -351,6 +352,14 @@ void PlainStyle::drawControl(ControlElement element, const QStyleOption* option,
     const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
     if (frame && element == CE_ShapedFrame && draw_plain_frame(*frame, *painter))
         return;
+    const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (entry && element == CE_MenuItem && entry->menuItemType == QStyleOptionMenuItem::Separator
+        && entry->text.isEmpty()) {
+        constexpr int margin = 5;
+        draw_lower_line(*painter, option->rect.adjusted(margin, 0, -margin, -option->rect.height() / 2),
+                        line_color(option->palette));
+        return;
+    }
     const auto* progress = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
     if (progress && element == CE_ProgressBar) {
         draw_progress(*progress, *painter);
