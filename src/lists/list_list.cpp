@@ -2,6 +2,7 @@
 
 #include "household/household.h"
 #include "household/lists_store.h"
+#include "widgets/fitted_text.h"
 #include "widgets/pictures.h"
 #include "widgets/tool_tip.h"
 
@@ -95,6 +96,25 @@ protected:
     }
 };
 
+/// Its message gets narrower type, and then ends in three dots, where the window is too small for it.
+class FittedStatusBar : public QStatusBar {
+public:
+    using QStatusBar::QStatusBar;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        constexpr int left = 6;
+        constexpr int grip = 14;
+        const QRect room = rect().adjusted(left, 0, -grip, 0);
+        const FittedText shown = fit_text(currentMessage(), font(), room.width());
+        QPainter painter(this);
+        painter.setFont(shown.font);
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
+    }
+};
+
 } // namespace
 
 list_list::list_list(Connection& connection, Drag& drag, QWidget* owner)
@@ -104,7 +124,7 @@ list_list::list_list(Connection& connection, Drag& drag, QWidget* owner)
     , VScroll1_(new QScrollBar(Qt::Vertical, this))
     , frmCreateList_(new QFrame(Frame1_))
     , txtCreateList_(new QLabel(frmCreateList_))
-    , StatusBar1_(new QStatusBar(this))
+    , StatusBar1_(new FittedStatusBar(this))
     , ground_(palette().color(QPalette::Base))
     , text_(palette().color(QPalette::Text))
 {

@@ -6,6 +6,7 @@
 #include "widgets/plain_style.h"
 #include "widgets/row_editor.h"
 #include "window/view_state.h"
+#include "support/contrast.h"
 #include "support/tool_button.h"
 
 #include <QStatusBar>
@@ -87,6 +88,7 @@ private slots:
     // The window
     void menu_entry_and_button_open_and_close_the_window();
     void window_is_modeless_and_says_what_can_be_dropped();
+    void what_can_be_dropped_is_not_cut_inside_a_letter_in_a_small_window();
     void escape_closes_it();
     void place_and_size_come_back_within_the_run();
     void many_lists_scroll();
@@ -451,6 +453,22 @@ void tst_list_manager::window_is_modeless_and_says_what_can_be_dropped()
     QCOMPARE(w.manager()->windowTitle(), QStringLiteral("Shopping lists"));
     QCOMPARE(w.part<QStatusBar>(QStringLiteral("StatusBar1"))->currentMessage(),
              QStringLiteral("Drag and drop stock items on any list"));
+}
+
+void tst_list_manager::what_can_be_dropped_is_not_cut_inside_a_letter_in_a_small_window()
+{
+    ManagerWindow w;
+    w.open(three);
+    auto& bar = *w.part<QStatusBar>(QStringLiteral("StatusBar1"));
+    const QImage wide = bar.grab().toImage();
+    w.manager()->resize(w.manager()->minimumSize());
+    QCoreApplication::processEvents();
+    const QImage small = bar.grab().toImage();
+    QVERIFY(small.width() < wide.width());
+    constexpr int grip = 16;
+    const QRect text(0, 0, small.width() - grip, small.height());
+    QVERIFY(best_contrast(small, text, bar.palette().color(QPalette::Window)) >= 4.5);
+    QVERIFY2(small.copy(text) != wide.copy(text), "the wide window's text goes on behind the edge");
 }
 
 void tst_list_manager::escape_closes_it()
