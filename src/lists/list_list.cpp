@@ -35,6 +35,13 @@ constexpr int plain_picture = 1;
 constexpr int chosen_picture = 2;
 constexpr int new_picture = 3;
 
+constexpr int beside_hint = 40; ///< of the status bar, for its margin and the grip
+
+QString drop_hint()
+{
+    return QStringLiteral("Drag and drop stock items on any list");
+}
+
 int row_top(int index)
 {
     return (index * row_pitch + first_row) / twips;
@@ -96,25 +103,6 @@ protected:
     }
 };
 
-/// Its message gets narrower type, and then ends in three dots, where the window is too small for it.
-class FittedStatusBar : public QStatusBar {
-public:
-    using QStatusBar::QStatusBar;
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        constexpr int left = 6;
-        constexpr int grip = 14;
-        const QRect room = rect().adjusted(left, 0, -grip, 0);
-        const FittedText shown = fit_text(currentMessage(), font(), room.width());
-        QPainter painter(this);
-        painter.setFont(shown.font);
-        painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
-    }
-};
-
 } // namespace
 
 list_list::list_list(Connection& connection, Drag& drag, QWidget* owner)
@@ -124,7 +112,7 @@ list_list::list_list(Connection& connection, Drag& drag, QWidget* owner)
     , VScroll1_(new QScrollBar(Qt::Vertical, this))
     , frmCreateList_(new QFrame(Frame1_))
     , txtCreateList_(new QLabel(frmCreateList_))
-    , StatusBar1_(new FittedStatusBar(this))
+    , StatusBar1_(new QStatusBar(this))
     , ground_(palette().color(QPalette::Base))
     , text_(palette().color(QPalette::Text))
 {
@@ -134,7 +122,6 @@ list_list::list_list(Connection& connection, Drag& drag, QWidget* owner)
     Frame1_->setObjectName(QStringLiteral("Frame1"));
     VScroll1_->setObjectName(QStringLiteral("VScroll1"));
     StatusBar1_->setObjectName(QStringLiteral("StatusBar1"));
-    StatusBar1_->showMessage(QStringLiteral("Drag and drop stock items on any list"));
     make_notice();
     add_row();
     drag.add_target(*Frame1_, *this);
@@ -223,6 +210,7 @@ void list_list::place_rows()
     const int status_height = StatusBar1_->sizeHint().height();
     const QRect area(0, 0, width(), height() - status_height);
     StatusBar1_->setGeometry(0, area.height(), width(), status_height);
+    show_hint();
     Frame1_->setGeometry(area);
     const int beyond = std::max(0, static_cast<int>(rows_.size()) - rows_in_view());
     VScroll1_->setPageStep(rows_in_view());
@@ -243,6 +231,14 @@ void list_list::place_rows()
     const int notice_height = 4 * fontMetrics().lineSpacing();
     frmCreateList_->setGeometry(0, notice_top, area.width(), std::min(notice_height, area.height() - notice_top));
     txtCreateList_->setGeometry(frmCreateList_->rect());
+}
+
+void list_list::show_hint()
+{
+    const FittedText shown = fit_text(drop_hint(), font(), StatusBar1_->width() - beside_hint);
+    StatusBar1_->setFont(shown.font);
+    StatusBar1_->showMessage(shown.text);
+    StatusBar1_->setToolTip(shown.cut ? drop_hint() : QString());
 }
 
 void list_list::set_list(Key key)
@@ -308,9 +304,7 @@ void list_list::set_type_size(int points)
 
 QSize list_list::sizeHint() const
 {
-    constexpr int beside_text = 40;
-    const int text = StatusBar1_->fontMetrics().horizontalAdvance(StatusBar1_->currentMessage());
-    return design_size.expandedTo({text + beside_text, 0});
+    return design_size.expandedTo({fontMetrics().horizontalAdvance(drop_hint()) + beside_hint, 0});
 }
 
 void list_list::choose(Key key)

@@ -46,14 +46,7 @@ QColor line_color(const QPalette& colors)
 
 QColor focus_color(const QPalette& colors)
 {
-    constexpr double visible_shape = 3;
-    constexpr int step = 104; // percent
-    constexpr int most_steps = 40;
-    const QColor window = colors.color(QPalette::Window);
-    QColor mark = colors.color(QPalette::Highlight);
-    for (int i = 0; i < most_steps && contrast(mark, window) < visible_shape; ++i)
-        mark = luminance(window) < 0.5 ? mark.lighter(step) : mark.darker(step);
-    return mark;
+    return clear_of(colors.color(QPalette::Window), colors.color(QPalette::Highlight), visible_shape);
 }
 
 void draw_frame(QPainter& painter, const QRect& rect, const QColor& color, int thickness)

@@ -33,10 +33,7 @@ QColor raised_ground(const QStyleOption& option)
 /// The colour of focus marks, made to stand out from the window and from the ground inside the line alike.
 QColor mark_color(const QPalette& colors, const QColor& ground)
 {
-    QPalette inside(colors);
-    inside.setColor(QPalette::Highlight, focus_color(colors));
-    inside.setColor(QPalette::Window, ground);
-    return focus_color(inside);
+    return clear_of(ground, focus_color(colors), visible_shape);
 }
 
 /// Draws a control with the line that its state asks for.

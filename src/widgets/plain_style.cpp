@@ -19,7 +19,6 @@
 namespace tarnwick {
 namespace {
 
-constexpr double readable_text = 4.5; ///< contrast
 constexpr int no_picture = 0;
 
 /// Our picture for a standard one, as image of ImageList::signs.
@@ -43,17 +42,6 @@ int sign_of(QStyle::StandardPixmap icon)
     default:
         return no_picture;
     }
-}
-
-/// The colour, darkened or lightened until the text is readable on it.
-QColor ground_for(const QColor& text, QColor ground)
-{
-    constexpr int step = 104; // percent
-    constexpr int most_steps = 60;
-    const bool text_is_light = luminance(text) > 0.5;
-    for (int i = 0; i < most_steps && contrast(text, ground) < readable_text; ++i)
-        ground = text_is_light ? ground.darker(step) : ground.lighter(step);
-    return ground;
 }
 
 /// From here on the painter draws in device pixels.
@@ -222,7 +210,7 @@ void draw_scroll_bar(const QStyle& style, const QStyleOptionSlider& bar, QPainte
 {
     constexpr int margin = 3; // between slider and edge
     constexpr double groove = 0.06;
-    constexpr double resting = 0.48; // at least 3:1 on the groove
+    constexpr double resting = 0.48;
     constexpr double held = 0.62;
     const QColor ground = bar.palette.color(QPalette::Window);
     const QColor ink = bar.palette.color(QPalette::WindowText);
@@ -237,15 +225,18 @@ void draw_scroll_bar(const QStyle& style, const QStyleOptionSlider& bar, QPainte
     const auto draw_arrow = [&](QStyle::SubControl control, QStyle::PrimitiveElement arrow) {
         QStyleOption option = bar;
         option.rect = part(control);
+        option.palette.setColor(QPalette::ButtonText, ink);
         if (holds(control))
             painter.fillRect(option.rect, blend(ground, ink, 2 * groove));
         style.drawPrimitive(arrow, &option, &painter, widget);
     };
-    painter.fillRect(bar.rect, blend(ground, ink, groove));
+    const QColor behind = blend(ground, ink, groove);
+    painter.fillRect(bar.rect, behind);
     if (bar.maximum > bar.minimum) {
         const QRect slider = part(QStyle::SC_ScrollBarSlider);
+        const QColor color = blend(ground, ink, holds(QStyle::SC_ScrollBarSlider) ? held : resting);
         painter.fillRect(upright ? slider.adjusted(margin, 0, -margin, 0) : slider.adjusted(0, margin, 0, -margin),
-                         blend(ground, ink, holds(QStyle::SC_ScrollBarSlider) ? held : resting));
+                         clear_of(behind, color, visible_shape));
     }
     const bool mirrored = bar.direction == Qt::RightToLeft;
     draw_arrow(QStyle::SC_ScrollBarSubLine,
@@ -286,14 +277,18 @@ void PlainStyle::polish(QPalette& palette)
         QColor ground = palette.color(group, QPalette::Highlight);
         if (group == QPalette::Inactive) // greyer: the keyboard is elsewhere
             ground = blend(ground, QColor(qGray(ground.rgb()), qGray(ground.rgb()), qGray(ground.rgb())), 0.75);
-        palette.setColor(group, QPalette::Highlight, ground_for(text, ground));
+        palette.setColor(group, QPalette::Highlight, clear_of(text, ground, readable_text));
+        for (const auto link : {QPalette::Link, QPalette::LinkVisited})
+            palette.setColor(
+                group, link,
+                clear_of(palette.color(group, QPalette::Window), palette.color(group, link), readable_text));
     }
 }
 
 int PlainStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* data) const
 {
-    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_ComboBox_Popup)
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_ComboBox_Popup || hint == SH_EtchDisabledText)
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
 }

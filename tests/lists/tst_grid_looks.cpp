@@ -10,6 +10,8 @@
 #include <QImage>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QScopeGuard>
+#include <QScrollBar>
 #include <QTest>
 #include <QToolTip>
 
@@ -45,6 +47,8 @@ private slots:
     void no_name_looks_out_behind_the_buttons_of_its_row_data() { type_sizes(); }
     void no_name_looks_out_behind_the_buttons_of_its_row();
     void the_frame_of_an_open_row_goes_on_under_its_buttons();
+    void the_scroll_bar_stands_out_on_a_dark_desktop_data() { page_colors(); }
+    void the_scroll_bar_stands_out_on_a_dark_desktop();
     void lines_of_the_header_are_equally_thick_data();
     void lines_of_the_header_are_equally_thick();
 
@@ -326,6 +330,26 @@ void tst_grid_looks::the_frame_of_an_open_row_goes_on_under_its_buttons()
     for (int x = 0; x < image.width(); ++x)
         for (const int y : {0, image.height() - 1})
             QVERIFY2(contrast(image.pixelColor(x, y), *page_color_of(3)) >= 3, qPrintable(QString::number(x)));
+}
+
+/// The page has one of its four light colours there too.
+void tst_grid_looks::the_scroll_bar_stands_out_on_a_dark_desktop()
+{
+    QFETCH(int, color);
+    const QPalette before = QApplication::palette();
+    const auto back = qScopeGuard([before] { QApplication::setPalette(before); });
+    QApplication::setPalette(QPalette(QColor(48, 52, 56), QColor(42, 46, 50)));
+    window_->rows(60);
+    window_->open();
+    window_->main().view_state().set_color(color);
+    QScrollBar& bar = *window_->grid().verticalScrollBar();
+    const QImage image = bar.grab().toImage();
+    const QColor groove = image.pixelColor(bar.width() / 2, bar.height() - bar.width() - 4);
+    const QRect slider(2, bar.width() + 4, bar.width() - 4, 8);
+    const QRect arrow(0, 0, bar.width(), bar.width() - 4);
+    QVERIFY(luminance(groove) > 0.5);
+    QVERIFY(best_contrast(image, slider, groove) >= 3);
+    QVERIFY(best_contrast(image, arrow, groove) >= 3);
 }
 
 void tst_grid_looks::lines_of_the_header_are_equally_thick_data()

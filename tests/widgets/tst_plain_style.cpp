@@ -38,6 +38,9 @@ private slots:
     void white_text_is_readable_on_every_highlight_data();
     void white_text_is_readable_on_every_highlight();
     void a_highlight_without_the_keyboard_looks_different();
+    void a_link_is_readable_on_its_window_data() { desktops(); }
+    void a_link_is_readable_on_its_window();
+    void a_disabled_entry_of_a_menu_is_drawn_once();
     void message_boxes_have_four_pictures_of_our_own();
     void the_tab_in_front_is_open_to_its_pane();
     void tabs_have_crisp_lines_at_every_scale_data() { scales(); }
@@ -82,7 +85,9 @@ private:
         dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
         dark.setColor(QPalette::HighlightedText, Qt::white);
         PlainStyle().polish(dark);
-        QTest::newRow("light") << QApplication::style()->standardPalette();
+        QPalette light = QApplication::style()->standardPalette();
+        PlainStyle().polish(light);
+        QTest::newRow("light") << light;
         QTest::newRow("dark") << dark;
     }
 };
@@ -162,6 +167,29 @@ void tst_plain_style::white_text_is_readable_on_every_highlight()
     }
     if (contrast(highlight, text) >= 4.5)
         QCOMPARE(palette.color(QPalette::Active, QPalette::Highlight), highlight);
+}
+
+void tst_plain_style::a_link_is_readable_on_its_window()
+{
+    QFETCH(QPalette, colors);
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        for (const auto link : {QPalette::Link, QPalette::LinkVisited})
+            QVERIFY(contrast(colors.color(group, link), colors.color(group, QPalette::Window)) >= 4.5);
+}
+
+/// Without the second, shifted text that stands for relief.
+void tst_plain_style::a_disabled_entry_of_a_menu_is_drawn_once()
+{
+    QMenu menu;
+    menu.addAction(QStringLiteral("III"))->setEnabled(false);
+    QPalette colors = menu.palette();
+    colors.setColor(QPalette::Light, Qt::red);
+    menu.setPalette(colors);
+    menu.resize(menu.sizeHint());
+    const QImage image = menu.grab().toImage();
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            QVERIFY(image.pixelColor(x, y).saturation() < 128);
 }
 
 void tst_plain_style::a_highlight_without_the_keyboard_looks_different()
