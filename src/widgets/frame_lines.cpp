@@ -44,6 +44,11 @@ QColor line_color(const QPalette& colors)
     return blend(colors.color(QPalette::Window), colors.color(QPalette::WindowText), softness);
 }
 
+QColor focus_color(const QPalette& colors)
+{
+    return clear_of(colors.color(QPalette::Window), colors.color(QPalette::Highlight), visible_shape);
+}
+
 void draw_frame(QPainter& painter, const QRect& rect, const QColor& color, int thickness)
 {
     const QRect outer = in_device_pixels(painter, rect);
