@@ -103,6 +103,7 @@ constexpr int legend_begin = 2;
 StatusPanels::StatusPanels(QStatusBar& bar)
 {
     bar.setObjectName(QStringLiteral("StatusBar1"));
+    bar.setAccessibleName(QStringLiteral("Status"));
     bar.setSizeGripEnabled(false);
     panels_[1] = new ElidedLabel(&bar);
     panels_[1]->setTextFormat(Qt::PlainText);
