@@ -313,6 +313,16 @@ void PageText::insertFromMimeData(const QMimeData* source)
     ensureCursorVisible();
 }
 
+/// A text of another program is dropped on a box that need not have the focus.
+void PageText::dropEvent(QDropEvent* event)
+{
+    if (!isReadOnly() && canInsertFromMimeData(event->mimeData()) && !event->mimeData()->text().isEmpty())
+        empty_help_text();
+    QPlainTextEdit::dropEvent(event);
+    if (border_style_ == 1 && !is_blank())
+        set_border_style(0);
+}
+
 void PageText::wheelEvent(QWheelEvent* event)
 {
     event->ignore();

@@ -62,6 +62,7 @@ protected:
     // would read what is not there.
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void empty_help_text();
