@@ -4,11 +4,13 @@
 #include "widgets/fitted_text.h"
 #include "widgets/frame_lines.h"
 #include "widgets/pictures.h"
+#include "widgets/plain_controls.h"
 
 #include <QPainter>
 #include <QPainterPath>
 #include <QFontMetrics>
 #include <QFrame>
+#include <QGroupBox>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -17,8 +19,6 @@
 namespace tarnwick {
 namespace {
 
-constexpr double readable_text = 4.5; ///< contrast
-constexpr double visible_shape = 3; ///< contrast
 constexpr int no_picture = 0;
 
 /// Our picture for a standard one, as image of ImageList::signs.
@@ -42,23 +42,6 @@ int sign_of(QStyle::StandardPixmap icon)
     default:
         return no_picture;
     }
-}
-
-/// The colour, darkened or lightened until it has this contrast to another.
-QColor clear_of(const QColor& other, QColor color, double wanted)
-{
-    constexpr int step = 104; // percent
-    constexpr int most_steps = 60;
-    const bool other_is_light = luminance(other) > 0.5;
-    for (int i = 0; i < most_steps && contrast(other, color) < wanted; ++i)
-        color = other_is_light ? color.darker(step) : color.lighter(step);
-    return color;
-}
-
-/// The highlight, lightened where it would not stand out from a dark window.
-QColor focus_color(const QPalette& colors)
-{
-    return clear_of(colors.color(QPalette::Window), colors.color(QPalette::Highlight), visible_shape);
 }
 
 /// From here on the painter draws in device pixels.
@@ -108,8 +91,12 @@ void draw_tab(const QStyleOptionTab& tab, QPainter& painter)
     const QColor rest = blend(colors.color(QPalette::Window), colors.color(QPalette::WindowText), 0.06);
     const bool hovered = tab.state & QStyle::State_MouseOver;
     painter.fillPath(outline, in_front ? colors.color(QPalette::Base) : hovered ? rest.lighter(104) : rest);
-    painter.fillRect(QRect(QPoint(shape.left(), sides.bottom() + 1), shape.bottomRight()),
-                     colors.color(QPalette::Base));
+    const QRect foot(QPoint(shape.left(), sides.bottom() + 1), shape.bottomRight());
+    painter.fillRect(foot, colors.color(QPalette::Base));
+    const bool over_edge
+        = tab.position == QStyleOptionTab::Beginning || tab.position == QStyleOptionTab::OnlyOneTab;
+    if (over_edge) // the left line of the pane
+        painter.fillRect(foot.left(), foot.top(), line, foot.height(), line_color(colors));
     painter.setPen(QPen(line_color(colors), line, Qt::SolidLine, Qt::FlatCap));
     painter.drawPath(outline);
     if (in_front)
@@ -207,9 +194,19 @@ bool draw_plain_frame(const QStyleOptionFrame& frame, QPainter& painter)
     }
     if (!is_plain || frame.frameShape != QFrame::Box)
         return false;
-    for (int i = 0; i < frame.lineWidth; ++i)
-        draw_frame(painter, frame.rect.adjusted(i, i, -i, -i), ink);
+    draw_frame(painter, frame.rect, ink, frame.lineWidth);
     return true;
+}
+
+/// The height that the title of a group stands in, above the line around the group.
+int room_of_title(const QStyle& style, const QStyleOption& group, const QWidget* widget)
+{
+    constexpr int gap = 3;
+    const auto* box = qobject_cast<const QGroupBox*>(widget);
+    if (!box || (box->title().isEmpty() && !box->isCheckable()))
+        return 0;
+    return std::max(style.pixelMetric(QStyle::PM_IndicatorHeight, &group, widget), group.fontMetrics.height())
+        + gap;
 }
 
 /// A bar without shading. The style's own is a gradient, which takes several threads to paint.
@@ -328,9 +325,23 @@ void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_IndicatorRadioButton:
         draw_indicator(*option, *painter, element == PE_IndicatorRadioButton);
         return;
+    case PE_PanelButtonCommand:
+        draw_button(*option, *painter);
+        return;
+    case PE_FrameDefaultButton: // its button shows it
+        return;
+    case PE_FrameGroupBox:
+        draw_rounded(*painter, option->rect.adjusted(0, room_of_title(*this, *option, widget), 0, 0),
+                     Qt::transparent, line_color(option->palette));
+        return;
     default:
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        break;
     }
+    const auto* panel = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    if (panel && element == PE_PanelLineEdit && panel->lineWidth > 0)
+        draw_line_edit(*panel, *painter);
+    else
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
 void PlainStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -353,6 +364,16 @@ void PlainStyle::drawControl(ControlElement element, const QStyleOption* option,
         draw_progress(*progress, *painter);
         return;
     }
+    const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (entry && element == CE_MenuItem && entry->menuItemType == QStyleOptionMenuItem::Separator
+        && entry->text.isEmpty()) {
+        constexpr int margin = 5;
+        draw_lower_line(*painter,
+                        QRect(entry->rect.left(), entry->rect.center().y(), entry->rect.width(), 1)
+                            .adjusted(margin, 0, -margin, 0),
+                        line_color(entry->palette));
+        return;
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
     // Where a menu was closed by Escape, the bar keeps the keyboard.
     const bool closed = option->state.testFlag(State_Selected) && !option->state.testFlag(State_Sunken);
@@ -366,6 +387,11 @@ void PlainStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (bar && control == CC_ScrollBar) {
         draw_scroll_bar(*this, *bar, *painter, widget);
+        return;
+    }
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (combo && control == CC_ComboBox && combo->frame && !combo->editable) {
+        draw_combo_box(*combo, subControlRect(CC_ComboBox, combo, SC_ComboBoxArrow, widget), *painter);
         return;
     }
     const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);

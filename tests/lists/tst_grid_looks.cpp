@@ -15,6 +15,8 @@
 #include <QTest>
 #include <QToolTip>
 
+#include <functional>
+
 using namespace tarnwick;
 
 /// What the list looks like, measured from its rendered pictures.
@@ -34,6 +36,8 @@ private slots:
     void a_quantity_stands_clear_of_its_steppers_data() { type_sizes(); }
     void a_quantity_stands_clear_of_its_steppers();
     void a_long_quantity_is_told_whole();
+    void a_long_quantity_is_seen_whole_while_it_is_typed_data() { type_sizes(); }
+    void a_long_quantity_is_seen_whole_while_it_is_typed();
     void captions_and_boxes_of_the_header_have_one_type_size_data() { type_sizes(); }
     void captions_and_boxes_of_the_header_have_one_type_size();
     void no_quantity_touches_the_box_of_the_coupon_data() { type_sizes(); }
@@ -180,6 +184,52 @@ void tst_grid_looks::a_long_quantity_is_told_whole()
     QVERIFY(tip_at(box, box->rect().center()).contains(QStringLiteral("500 grams of it")));
     box->setText(QStringLiteral("2"));
     QVERIFY(!tip_at(box, box->rect().center()).contains(QStringLiteral("2")));
+}
+
+void tst_grid_looks::a_long_quantity_is_seen_whole_while_it_is_typed()
+{
+    QFETCH(int, points);
+    window_->rows(3);
+    window_->open();
+    window_->main().view_state().set_type_size(points);
+    window_->open_row(1);
+    const auto no_coupons = [&] { window_->set_group(ColumnGroup::coupon, false); };
+    for (const auto& hide : {std::function<void()>([] {}), std::function<void()>(no_coupons)}) {
+        hide();
+        for (const char* name : {"qty", "aisle"}) {
+            const QByteArray box_name = QByteArray(name) + "_brdr";
+            QLineEdit& box = window_->box(box_name.constData());
+            const QRect cell = window_->in_form(box_name.constData());
+            for (const char* typed : {"1/2", "12A", "A-14", "12A-14", "1234567", "2 packs of 500 g"}) {
+                const QString text = QString::fromLatin1(typed);
+                window_->type_into(box_name.constData(), text);
+                box.grab(); // scrolls the text to its caret
+                const QRect now = window_->in_form(box_name.constData());
+                QCOMPARE(now.right(), cell.right());
+                QVERIFY(now.left() <= cell.left());
+                auto* stepper
+                    = window_->find<QAbstractButton>(QString::fromLatin1(name) + QStringLiteral("_btn(0)"));
+                const int steppers = box.mapFrom(stepper->parentWidget(), stepper->pos()).x();
+                // Begin and end of the text as the box itself finds them.
+                box.setCursorPosition(0);
+                const QImage from_begin = box.grab().toImage();
+                const int first = box.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+                box.setCursorPosition(static_cast<int>(text.size()));
+                const QImage from_end = box.grab().toImage();
+                const int last = box.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+                QVERIFY2(first >= 2 && last <= steppers, qPrintable(text));
+                QVERIFY2(last - first >= box.fontMetrics().horizontalAdvance(text) - 1, qPrintable(text));
+                const QColor page = box.palette().color(QPalette::Base);
+                QCOMPARE(best_contrast(from_end, QRect(2, 3, 1, box.height() - 6), page), 1.0);
+                QCOMPARE(best_contrast(from_begin, QRect(steppers, 3, 1, box.height() - 6), page), 1.0);
+                // Nothing lies over it.
+                for (const QPoint place : {QPoint(3, 5), QPoint(steppers - 3, 5)})
+                    QCOMPARE(box.parentWidget()->childAt(box.mapToParent(place)), &box);
+            }
+            window_->box("desc_brdr").setFocus();
+            QCOMPARE(window_->in_form(box_name.constData()), cell);
+        }
+    }
 }
 
 void tst_grid_looks::captions_and_boxes_of_the_header_have_one_type_size()

@@ -8,7 +8,10 @@
 
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QComboBox>
+#include <QGroupBox>
 #include <QHash>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMainWindow>
 #include <QMenu>
@@ -17,6 +20,7 @@
 #include <QPalette>
 #include <QStyleOption>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QStyle>
 #include <QTest>
@@ -48,9 +52,19 @@ private slots:
     void boxes_and_circles_to_tick_stand_out();
     void focus_marks_stand_out_data() { desktops(); }
     void focus_marks_stand_out();
+    void the_keyboard_is_marked_on_buttons_and_boxes_data() { desktops(); }
+    void the_keyboard_is_marked_on_buttons_and_boxes();
+    void buttons_and_boxes_are_flat_and_crisp_at_every_scale_data() { scales(); }
+    void buttons_and_boxes_are_flat_and_crisp_at_every_scale();
+    void a_thick_frame_is_whole_at_every_scale_data() { scales(); }
+    void a_thick_frame_is_whole_at_every_scale();
+    void lines_of_a_menu_are_equally_thick_at_every_scale_data() { scales(); }
+    void lines_of_a_menu_are_equally_thick_at_every_scale();
     void a_menu_closed_by_escape_is_marked_in_the_bar();
     void lines_between_things_can_be_seen_data() { desktops(); }
     void lines_between_things_can_be_seen();
+    void groups_of_a_menu_and_of_a_dialog_are_told_apart_data() { desktops(); }
+    void groups_of_a_menu_and_of_a_dialog_are_told_apart();
     void nothing_hangs_below_the_month_of_a_calendar();
     void the_slider_of_a_scroll_bar_stands_out_and_is_without_shading_data();
     void the_slider_of_a_scroll_bar_stands_out_and_is_without_shading();
@@ -251,6 +265,10 @@ void tst_plain_style::tabs_have_crisp_lines_at_every_scale()
     QCOMPARE(image.pixelColor(right, foot + thickness - 1), line);
     for (int row = foot + thickness; row < image.height(); ++row)
         QVERIFY(image.pixelColor(right, row) != line);
+    // Its left line is that of the pane as well.
+    const int left = qRound(strip.tabs.x() * scale);
+    for (int row = y; row < image.height(); ++row)
+        QCOMPARE(image.pixelColor(left, row), line);
 }
 
 void tst_plain_style::captions_stay_readable_in_a_narrow_strip()
@@ -375,6 +393,154 @@ void tst_plain_style::focus_marks_stand_out()
     }
 }
 
+void tst_plain_style::the_keyboard_is_marked_on_buttons_and_boxes()
+{
+    QFETCH(QPalette, colors);
+    const PlainStyle style;
+    const auto draw = [&](QStyle::State state, const auto& paint, auto option) {
+        option.palette = colors;
+        option.rect = QRect(0, 0, 60, 24);
+        option.state = QStyle::State_Enabled | state;
+        QImage image(60, 24, QImage::Format_RGB32);
+        image.fill(colors.color(QPalette::Window));
+        QPainter painter(&image);
+        paint(option, painter);
+        return image;
+    };
+    const auto stands_out = [&](const auto& paint, const auto& option) {
+        const QImage without = draw(QStyle::State_None, paint, option);
+        const QImage with = draw(QStyle::State_HasFocus, paint, option);
+        for (const QPoint edge : {QPoint(20, 0), QPoint(20, 23), QPoint(0, 12), QPoint(59, 12)})
+            QVERIFY(contrast(with.pixelColor(edge), colors.color(QPalette::Window)) >= 3);
+        for (const QPoint inner : {QPoint(20, 1), QPoint(20, 22), QPoint(1, 12), QPoint(58, 12)})
+            QVERIFY(contrast(with.pixelColor(inner), without.pixelColor(inner)) >= 3);
+    };
+    QStyleOptionButton button;
+    stands_out(
+        [&](const auto& option, QPainter& painter) {
+            style.drawControl(QStyle::CE_PushButtonBevel, &option, &painter, nullptr);
+        },
+        button);
+    button.features = QStyleOptionButton::DefaultButton;
+    stands_out(
+        [&](const auto& option, QPainter& painter) {
+            style.drawControl(QStyle::CE_PushButtonBevel, &option, &painter, nullptr);
+        },
+        button);
+    stands_out(
+        [&](const auto& option, QPainter& painter) {
+            style.drawComplexControl(QStyle::CC_ComboBox, &option, &painter, nullptr);
+        },
+        QStyleOptionComboBox());
+    QStyleOptionFrame box;
+    box.lineWidth = 1;
+    stands_out(
+        [&](const auto& option, QPainter& painter) {
+            style.drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, nullptr);
+        },
+        box);
+}
+
+void tst_plain_style::buttons_and_boxes_are_flat_and_crisp_at_every_scale()
+{
+    QFETCH(qreal, scale);
+    QWidget window;
+    QPushButton button(&window);
+    QComboBox combo(&window);
+    QLineEdit box(&window);
+    QGroupBox group(&window);
+    int top = 5;
+    for (QWidget* control : {static_cast<QWidget*>(&button), static_cast<QWidget*>(&combo),
+                             static_cast<QWidget*>(&box), static_cast<QWidget*>(&group)}) {
+        control->setGeometry(7, top, 91, 25);
+        top += 33;
+    }
+    button.setAutoDefault(false);
+    window.resize(110, top);
+    const QImage image = drawn(window, scale);
+    const int thickness = static_cast<int>(scale);
+    const QColor ground = window.palette().color(QPalette::Window);
+    for (const QWidget* control : window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        // Straight down through its empty left part: a line, one ground, a line, and nothing shaded.
+        const int x = qRound(27 * scale);
+        const int first = qRound(control->y() * scale);
+        const int end = qRound((control->geometry().bottom() + 1) * scale);
+        const QColor line = image.pixelColor(x, first);
+        QVERIFY(contrast(line, ground) >= 1.5);
+        for (int i = 0; i < thickness; ++i) {
+            QCOMPARE(image.pixelColor(x, first + i), line);
+            QCOMPARE(image.pixelColor(x, end - 1 - i), line);
+        }
+        QCOMPARE(image.pixelColor(x, first - 1), ground);
+        QCOMPARE(image.pixelColor(x, end), ground);
+        QVERIFY(image.pixelColor(x, first + thickness) != line);
+        for (int y = first + thickness; y < end - thickness; ++y)
+            QCOMPARE(image.pixelColor(x, y), image.pixelColor(x, first + thickness));
+        const int y = qRound((control->y() + 12) * scale);
+        const int right = qRound((control->geometry().right() + 1) * scale);
+        for (int i = 0; i < thickness; ++i) {
+            QCOMPARE(image.pixelColor(qRound(7 * scale) + i, y), line);
+            QCOMPARE(image.pixelColor(right - 1 - i, y), line);
+        }
+    }
+}
+
+void tst_plain_style::a_thick_frame_is_whole_at_every_scale()
+{
+    QFETCH(qreal, scale);
+    constexpr int lines = 4;
+    QWidget window;
+    QFrame frame(&window);
+    frame.setFrameStyle(QFrame::Box | QFrame::Plain);
+    frame.setLineWidth(lines);
+    frame.setGeometry(7, 5, 71, 53);
+    window.resize(90, 70);
+    const QImage image = drawn(window, scale);
+    const QColor ink = frame.palette().color(QPalette::WindowText);
+    const auto inked = [&](QPoint from, QPoint step) {
+        int count = 0;
+        for (QPoint place = from; image.pixelColor(place) == ink; place += step)
+            ++count;
+        return count;
+    };
+    const int middle_x = qRound(40 * scale);
+    const int middle_y = qRound(30 * scale);
+    const int thickness = static_cast<int>(lines * scale);
+    QCOMPARE(inked({qRound(7 * scale), middle_y}, {1, 0}), thickness);
+    QCOMPARE(inked({qRound(78 * scale) - 1, middle_y}, {-1, 0}), thickness);
+    QCOMPARE(inked({middle_x, qRound(5 * scale)}, {0, 1}), thickness);
+    QCOMPARE(inked({middle_x, qRound(58 * scale) - 1}, {0, -1}), thickness);
+}
+
+void tst_plain_style::lines_of_a_menu_are_equally_thick_at_every_scale()
+{
+    QFETCH(qreal, scale);
+    constexpr int lines = 6;
+    QMenu menu;
+    for (int i = 0; i < lines; ++i) {
+        menu.addAction(QStringLiteral("Entry"));
+        menu.addSeparator();
+    }
+    menu.addAction(QStringLiteral("Entry"));
+    menu.resize(menu.sizeHint());
+    const QImage image = drawn(menu, scale);
+    const QColor line = line_color(menu.palette());
+    const int x = image.width() - qRound(12 * scale); // behind the entries' texts
+    QList<int> thicknesses;
+    int thickness = 0;
+    for (int y = qRound(4 * scale); y < image.height() - qRound(4 * scale); ++y) {
+        if (image.pixelColor(x, y) == line) {
+            ++thickness;
+        } else {
+            QCOMPARE(image.pixelColor(x, y), image.pixelColor(x, qRound(4 * scale)));
+            if (thickness > 0)
+                thicknesses << thickness;
+            thickness = 0;
+        }
+    }
+    QCOMPARE(thicknesses, QList<int>(lines, static_cast<int>(scale)));
+}
+
 void tst_plain_style::a_menu_closed_by_escape_is_marked_in_the_bar()
 {
     QMainWindow window;
@@ -405,6 +571,28 @@ void tst_plain_style::lines_between_things_can_be_seen()
     QFETCH(QPalette, colors);
     QVERIFY(contrast(line_color(colors), colors.color(QPalette::Window)) >= 1.5);
     QVERIFY(contrast(line_color(colors), colors.color(QPalette::Window)) < 4.5);
+}
+
+void tst_plain_style::groups_of_a_menu_and_of_a_dialog_are_told_apart()
+{
+    QFETCH(QPalette, colors);
+    QMenu menu;
+    menu.setPalette(colors);
+    menu.addAction(QStringLiteral("New"));
+    QAction* separator = menu.addSeparator();
+    menu.addAction(QStringLiteral("Exit"));
+    menu.resize(menu.sizeHint());
+    const QImage entries = menu.grab().toImage();
+    const QRect entry = menu.actionGeometry(separator);
+    const QPoint left(entry.left() + 1, entry.center().y());
+    QVERIFY(best_contrast(entries, entry.adjusted(10, 0, -10, 0), entries.pixelColor(left)) >= 1.5);
+
+    QGroupBox box;
+    box.setPalette(colors);
+    box.resize(80, 60);
+    const QImage group = box.grab().toImage();
+    QVERIFY(contrast(group.pixelColor(0, 30), group.pixelColor(4, 30)) >= 1.5);
+    QVERIFY(contrast(group.pixelColor(79, 30), group.pixelColor(75, 30)) >= 1.5);
 }
 
 void tst_plain_style::nothing_hangs_below_the_month_of_a_calendar()
