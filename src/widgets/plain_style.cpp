@@ -91,8 +91,12 @@ void draw_tab(const QStyleOptionTab& tab, QPainter& painter)
     const QColor rest = blend(colors.color(QPalette::Window), colors.color(QPalette::WindowText), 0.06);
     const bool hovered = tab.state & QStyle::State_MouseOver;
     painter.fillPath(outline, in_front ? colors.color(QPalette::Base) : hovered ? rest.lighter(104) : rest);
-    painter.fillRect(QRect(QPoint(shape.left(), sides.bottom() + 1), shape.bottomRight()),
-                     colors.color(QPalette::Base));
+    const QRect foot(QPoint(shape.left(), sides.bottom() + 1), shape.bottomRight());
+    painter.fillRect(foot, colors.color(QPalette::Base));
+    const bool over_edge
+        = tab.position == QStyleOptionTab::Beginning || tab.position == QStyleOptionTab::OnlyOneTab;
+    if (over_edge) // the left line of the pane
+        painter.fillRect(foot.left(), foot.top(), line, foot.height(), line_color(colors));
     painter.setPen(QPen(line_color(colors), line, Qt::SolidLine, Qt::FlatCap));
     painter.drawPath(outline);
     if (in_front)

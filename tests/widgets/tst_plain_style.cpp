@@ -63,6 +63,8 @@ private slots:
     void a_menu_closed_by_escape_is_marked_in_the_bar();
     void lines_between_things_can_be_seen_data() { desktops(); }
     void lines_between_things_can_be_seen();
+    void groups_of_a_menu_and_of_a_dialog_are_told_apart_data() { desktops(); }
+    void groups_of_a_menu_and_of_a_dialog_are_told_apart();
     void nothing_hangs_below_the_month_of_a_calendar();
     void the_slider_of_a_scroll_bar_stands_out_and_is_without_shading_data();
     void the_slider_of_a_scroll_bar_stands_out_and_is_without_shading();
@@ -263,6 +265,10 @@ void tst_plain_style::tabs_have_crisp_lines_at_every_scale()
     QCOMPARE(image.pixelColor(right, foot + thickness - 1), line);
     for (int row = foot + thickness; row < image.height(); ++row)
         QVERIFY(image.pixelColor(right, row) != line);
+    // Its left line is that of the pane as well.
+    const int left = qRound(strip.tabs.x() * scale);
+    for (int row = y; row < image.height(); ++row)
+        QCOMPARE(image.pixelColor(left, row), line);
 }
 
 void tst_plain_style::captions_stay_readable_in_a_narrow_strip()
@@ -565,6 +571,28 @@ void tst_plain_style::lines_between_things_can_be_seen()
     QFETCH(QPalette, colors);
     QVERIFY(contrast(line_color(colors), colors.color(QPalette::Window)) >= 1.5);
     QVERIFY(contrast(line_color(colors), colors.color(QPalette::Window)) < 4.5);
+}
+
+void tst_plain_style::groups_of_a_menu_and_of_a_dialog_are_told_apart()
+{
+    QFETCH(QPalette, colors);
+    QMenu menu;
+    menu.setPalette(colors);
+    menu.addAction(QStringLiteral("New"));
+    QAction* separator = menu.addSeparator();
+    menu.addAction(QStringLiteral("Exit"));
+    menu.resize(menu.sizeHint());
+    const QImage entries = menu.grab().toImage();
+    const QRect entry = menu.actionGeometry(separator);
+    const QPoint left(entry.left() + 1, entry.center().y());
+    QVERIFY(best_contrast(entries, entry.adjusted(10, 0, -10, 0), entries.pixelColor(left)) >= 1.5);
+
+    QGroupBox box;
+    box.setPalette(colors);
+    box.resize(80, 60);
+    const QImage group = box.grab().toImage();
+    QVERIFY(contrast(group.pixelColor(0, 30), group.pixelColor(4, 30)) >= 1.5);
+    QVERIFY(contrast(group.pixelColor(79, 30), group.pixelColor(75, 30)) >= 1.5);
 }
 
 void tst_plain_style::nothing_hangs_below_the_month_of_a_calendar()
