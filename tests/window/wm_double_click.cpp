@@ -16,6 +16,8 @@ private slots:
     void cleanupTestCase() { end(); }
     void a_double_click_on_a_command_does_not_answer_its_dialog_data();
     void a_double_click_on_a_command_does_not_answer_its_dialog();
+    void a_double_click_beside_an_item_leaves_open_what_it_opens_data();
+    void a_double_click_beside_an_item_leaves_open_what_it_opens();
 
 private:
     void start();
@@ -243,6 +245,39 @@ void wm_double_click::a_double_click_on_a_command_does_not_answer_its_dialog()
     // A click of its own does: the button has been under the pointer all the time.
     click(1);
     QTRY_VERIFY_WITH_TIMEOUT(!is_shown(*process_, dialog), 5000);
+}
+
+void wm_double_click::a_double_click_beside_an_item_leaves_open_what_it_opens_data()
+{
+    QTest::addColumn<QByteArray>("view");
+    QTest::addColumn<QByteArray>("button");
+    QTest::addColumn<QByteArray>("box");
+    QTest::newRow("row of the list") << QByteArray("mnu_view_shoplist") << QByteArray("flt_btn(0)")
+                                     << QByteArray("desc_brdr");
+    QTest::newRow("line of the page") << QByteArray("mnu_view_rcpepages") << QByteArray("flt_btn(1)")
+                                      << QByteArray("ing_flt_txtQty");
+}
+
+/// The button goes with the first press, and the tree lies under the second.
+void wm_double_click::a_double_click_beside_an_item_leaves_open_what_it_opens()
+{
+    QFETCH(QByteArray, view);
+    QFETCH(QByteArray, button);
+    QFETCH(QByteArray, box);
+    changes_window_ = true;
+    if (!process_)
+        start();
+    QVERIFY(process_);
+    take("do " + view);
+    take("click node item0002");
+    point_at("where " + button);
+    constexpr int pause = 120;
+    click(1, 2, pause);
+    QTRY_VERIFY(is_shown(*process_, box));
+    QTest::qWait(500);
+    QVERIFY2(is_shown(*process_, box), "the second press went to the tree and closed it");
+    take("click node item0001"); // counts
+    QTRY_VERIFY(!is_shown(*process_, box));
 }
 
 QTEST_GUILESS_MAIN(wm_double_click)
