@@ -191,7 +191,7 @@ void frmmain::make_panes()
     view_state_ = std::make_unique<ViewState>(*this, *left_tabs, *right_tabs);
     list_manager_ = std::make_unique<ListManager>(*program_, *panes_, *drag_, *commands_, *view_state_);
     new Drags(*program_, *panes_, *drag_, {left_tabs, right_tabs, &layout_->Frame1()});
-    keyboard_round_ = new KeyboardRound(*this);
+    keyboard_round_ = new KeyboardRound(*program_, *panes_, *toolbar_, layout_->Frame1());
     new UndoKey(*program_, *recipe_page_);
     connect_panes(*this);
     // The status panel would go on telling of what is no longer on show.

@@ -4,17 +4,16 @@
 #include "recipes/line_editor.h"
 #include "recipes/recipe_page.h"
 #include "widgets/list_grid.h"
+#include "widgets/program.h"
 #include "widgets/row_editor.h"
+#include "widgets/shared_values.h"
 #include "widgets/tree_view.h"
-#include "window/frmmain.h"
 #include "window/keyboard_asides.h"
-#include "window/layout.h"
-#include "window/toolbar.h"
+#include "window/panes.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QEvent>
-#include <QFrame>
 #include <QShortcut>
 
 #include <algorithm>
@@ -29,13 +28,14 @@ bool holds(const QWidget& part, const QWidget* focus)
 
 } // namespace
 
-KeyboardRound::KeyboardRound(frmmain& main)
-    : QObject(&main)
-    , main_(main)
-    , asides_(new KeyboardAsides(main.toolbar(), main.layout_manager().Frame1(), main))
+KeyboardRound::KeyboardRound(Program& program, const Panes& panes, Toolbar& toolbar, QWidget& separator)
+    : QObject(&program.window)
+    , program_(program)
+    , panes_(panes)
+    , asides_(new KeyboardAsides(toolbar, separator, program.window))
 {
     const auto bind = [this](const QKeySequence& keys, int step) {
-        connect(new QShortcut(keys, &main_), &QShortcut::activated, this, [this, step] { move(step); });
+        connect(new QShortcut(keys, &program_.window), &QShortcut::activated, this, [this, step] { move(step); });
     };
     bind(QKeySequence(Qt::Key_F6), 1);
     bind(QKeySequence(Qt::SHIFT | Qt::Key_F6), -1);
@@ -44,7 +44,7 @@ KeyboardRound::KeyboardRound(frmmain& main)
             look_after_keyboard();
     });
     connect(asides_, &KeyboardAsides::back_wanted, this, &KeyboardRound::go_back);
-    main_.installEventFilter(this);
+    program_.window.installEventFilter(this);
 }
 
 bool KeyboardRound::eventFilter(QObject*, QEvent* event)
@@ -62,9 +62,10 @@ void KeyboardRound::look_after_keyboard()
 
 void KeyboardRound::take_up_keyboard()
 {
-    const QWidget* focus = main_.focusWidget();
-    const bool is_lost = !focus || !focus->isVisibleTo(&main_);
-    if (is_lost && main_.shared.started && !main_.shared.ending && main_.isActiveWindow())
+    const QWidget& window = program_.window;
+    const QWidget* focus = window.focusWidget();
+    const bool is_lost = !focus || !focus->isVisibleTo(&window);
+    if (is_lost && program_.shared.started && !program_.shared.ending && window.isActiveWindow())
         go_back();
 }
 
@@ -78,30 +79,30 @@ void KeyboardRound::go_back()
 
 QWidget* KeyboardRound::right_pane_place() const
 {
-    return main_.shared.list_pane_shown ? &main_.list_pane().grid() : main_.recipe_page().keyboard_place();
+    return program_.shared.list_pane_shown ? &panes_.list_pane.grid() : panes_.recipe_page.keyboard_place();
 }
 
 void KeyboardRound::go_to_right_pane()
 {
     QWidget* place = right_pane_place();
-    give_to(place ? *place : main_.visible_tree());
+    give_to(place ? *place : panes_.tree(program_.shared.stock_view));
 }
 
 std::vector<KeyboardRound::Stop> KeyboardRound::stops() const
 {
-    const QWidget* focus = main_.focusWidget();
-    TreeView& tree = main_.visible_tree();
+    const QWidget* focus = program_.window.focusWidget();
+    TreeView& tree = panes_.tree(program_.shared.stock_view);
     std::vector<Stop> found{{&tree, holds(tree, focus)}};
     const auto add = [&found](QWidget* place, bool is_here) {
         if (place)
             found.push_back({place, is_here});
     };
-    if (main_.shared.list_pane_shown) {
-        RowEditor& editor = main_.row_editor();
-        add(right_pane_place(), holds(main_.list_pane().grid(), focus));
+    if (program_.shared.list_pane_shown) {
+        RowEditor& editor = panes_.list_pane.row_editor();
+        add(right_pane_place(), holds(panes_.list_pane.grid(), focus));
         add(editor.first_box(), editor.owns(focus));
     } else {
-        RecipePage& page = main_.recipe_page();
+        RecipePage& page = panes_.recipe_page;
         const bool in_boxes = page.line_editor().is_part(focus);
         add(right_pane_place(), holds(page.frame4(), focus) && !in_boxes);
         add(page.line_editor().open_box(), in_boxes);
@@ -122,7 +123,7 @@ void KeyboardRound::move(int step)
     const int from = here != round.end() ? static_cast<int>(here - round.begin()) : step > 0 ? -1 : count;
     QWidget* place = round[static_cast<size_t>((from + step + count) % count)].place;
     if (!place->isVisible()) { // the line under its open boxes
-        main_.recipe_page().line_editor().leave();
+        panes_.recipe_page.line_editor().leave();
         place = right_pane_place();
     }
     if (place && place->isVisible())

@@ -9,7 +9,9 @@ class QWidget;
 namespace tarnwick {
 
 class KeyboardAsides;
-class frmmain;
+struct Panes;
+struct Program;
+class Toolbar;
 
 /// The way of the keyboard round the main window: F6 goes on from the tree to the list or page and to the boxes
 /// that stand open there, Shift+F6 goes back; from the toolbar and the separator either goes back to where the
@@ -17,7 +19,7 @@ class frmmain;
 class KeyboardRound : public QObject {
     Q_OBJECT
 public:
-    explicit KeyboardRound(frmmain& main);
+    KeyboardRound(Program& program, const Panes& panes, Toolbar& toolbar, QWidget& separator);
 
     /// Where the right pane takes the keyboard: the grid, a line of the page or its instructions; null where a page
     /// shows nothing.
@@ -43,7 +45,8 @@ private:
     void look_after_keyboard();
     void take_up_keyboard();
 
-    frmmain& main_;
+    Program& program_;
+    const Panes& panes_;
     KeyboardAsides* asides_;
 };
 
