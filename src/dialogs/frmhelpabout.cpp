@@ -30,6 +30,17 @@ QString libraries()
         .arg(QLatin1String(qVersion()), QLatin1String(SQLite::getLibVersion()));
 }
 
+QLabel* make_name(QWidget* parent)
+{
+    auto* name = make_text(QStringLiteral("Label1"),
+                           QStringLiteral("Tarnwick %1").arg(QStringLiteral(TARNWICK_VERSION)), parent);
+    QFont large = name->font();
+    large.setPointSizeF(large.pointSizeF() * 1.6);
+    large.setBold(true);
+    name->setFont(large);
+    return name;
+}
+
 } // namespace
 
 frmhelpabout::frmhelpabout(QWidget* owner, int type_size, const std::function<bool(const QUrl&)>& open_url)
@@ -43,12 +54,7 @@ frmhelpabout::frmhelpabout(QWidget* owner, int type_size, const std::function<bo
     auto* image = make_text(QStringLiteral("Picture1"), {}, this);
     image->setAccessibleName(QStringLiteral("Picture of the program"));
     image->setPixmap(QIcon(QStringLiteral(":/icon/tarnwick.svg")).pixmap(icon_size, devicePixelRatioF()));
-    auto* name = make_text(QStringLiteral("Label1"),
-                           QStringLiteral("Tarnwick %1").arg(QStringLiteral(TARNWICK_VERSION)), this);
-    QFont large = name->font();
-    large.setPointSizeF(large.pointSizeF() * 1.6);
-    large.setBold(true);
-    name->setFont(large);
+    auto* name = make_name(this);
     auto* about = make_text(QStringLiteral("Label4"),
                             QStringLiteral("Shopping lists, stock and recipes of one household.\n"
                                            "Free to use, to copy, to change and to pass on."),

@@ -14,6 +14,29 @@ namespace {
 
 constexpr QSize small_picture(24, 24); // as they are drawn
 
+/// The row of pictures over the program's name.
+QHBoxLayout* make_pictures(QWidget& splash)
+{
+    constexpr int splash_picture = 165;
+    constexpr int new_list_picture = 1; // of the toolbar
+    constexpr int new_recipe_picture = 5;
+    const std::array images
+        = {list_icon(ImageList::toolbar, new_list_picture).pixmap(small_picture, splash.devicePixelRatioF()),
+           picture(splash_picture, splash.devicePixelRatioF()),
+           list_icon(ImageList::toolbar, new_recipe_picture).pixmap(small_picture, splash.devicePixelRatioF())};
+    constexpr std::array picture_names{"Shopping list", "Tarnwick", "Recipe"};
+    auto* pictures = new QHBoxLayout;
+    pictures->setSpacing(16);
+    for (size_t i = 0; i < images.size(); ++i) {
+        auto* image = new QLabel(&splash);
+        image->setObjectName(QStringLiteral("Picture1(%1)").arg(i));
+        image->setPixmap(images[i]);
+        image->setAccessibleName(QLatin1String(picture_names[i]));
+        pictures->addWidget(image, 0, Qt::AlignBottom);
+    }
+    return pictures;
+}
+
 } // namespace
 
 frmSplash::frmSplash()
@@ -25,20 +48,7 @@ frmSplash::frmSplash()
     rows->setContentsMargins(36, 28, 36, 24);
     rows->setSpacing(8);
 
-    constexpr int splash_picture = 165;
-    const std::array images = {list_icon(ImageList::toolbar, 1).pixmap(small_picture, devicePixelRatioF()),
-                               picture(splash_picture, devicePixelRatioF()),
-                               list_icon(ImageList::toolbar, 5).pixmap(small_picture, devicePixelRatioF())};
-    constexpr std::array picture_names{"Shopping list", "Tarnwick", "Recipe"};
-    auto* pictures = new QHBoxLayout;
-    pictures->setSpacing(16);
-    for (size_t i = 0; i < images.size(); ++i) {
-        auto* image = new QLabel(this);
-        image->setObjectName(QStringLiteral("Picture1(%1)").arg(i));
-        image->setPixmap(images[i]);
-        image->setAccessibleName(QLatin1String(picture_names[i]));
-        pictures->addWidget(image, 0, Qt::AlignBottom);
-    }
+    QHBoxLayout* pictures = make_pictures(*this);
     rows->addLayout(pictures);
     rows->setAlignment(pictures, Qt::AlignHCenter);
 

@@ -353,15 +353,15 @@ void Toolbar::show_sort(bool stock, bool by_name)
 void Toolbar::set_size_button_at_start(int type_size)
 {
     if (type_size < 12)
-        set_size_button(picture_size_up, QStringLiteral("UP"), QStringLiteral("Make size smaller"));
+        set_size_button(QStringLiteral("UP"), QStringLiteral("Make size smaller"));
     else
-        set_size_button(picture_size_down, QStringLiteral("DN"), QStringLiteral("Make size larger"));
+        set_size_button(QStringLiteral("DN"), QStringLiteral("Make size larger"));
 }
 
-void Toolbar::set_size_button(int image, const QString& tag, const QString& tool_tip)
+void Toolbar::set_size_button(const QString& tag, const QString& tool_tip)
 {
     set_tag(ToolButton::size_direction, tag);
-    set_picture(ToolButton::size, image);
+    set_picture(ToolButton::size, tag == QLatin1String("UP") ? picture_size_up : picture_size_down);
     set_tool_tip(ToolButton::size, tool_tip);
 }
 

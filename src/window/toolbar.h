@@ -78,8 +78,8 @@ public:
     /// Load's own setting of the size buttons, the reverse of what the cycle sets.
     void set_size_button_at_start(int type_size);
 
-    /// Button 18 and button 14's Tag for a size that the cycle has reached.
-    void set_size_button(int image, const QString& tag, const QString& tool_tip);
+    /// Button 18 and button 14's Tag, "UP" or "DN", for a size that the cycle has reached.
+    void set_size_button(const QString& tag, const QString& tool_tip);
 
     /// Height of the bar and the width that its fixed buttons and "More..." need, pixels.
     int height() const;

@@ -43,6 +43,15 @@ namespace {
 
 constexpr int non_stock_panel = 6;
 
+enum LeftTab { stock_tab, recipes_tab };
+enum RightTab { list_tab, page_tab };
+
+/// Pictures of the tabs in their image list.
+constexpr int stock_tab_picture = 1;
+constexpr int recipes_tab_picture = 2;
+constexpr int list_tab_picture = 3;
+constexpr int page_tab_picture = 4;
+
 CommandInputs::Selection selection_of(const TreeView& tree)
 {
     CommandInputs::Selection selection;
@@ -94,10 +103,10 @@ ViewState::ViewState(frmmain& main, QTabBar& left_tabs, QTabBar& right_tabs)
 
 void ViewState::connect_tabs()
 {
-    left_tabs_.addTab(list_icon(ImageList::tabs, 1), QStringLiteral("Stock"));
-    left_tabs_.addTab(list_icon(ImageList::tabs, 2), QStringLiteral("Recipes"));
-    right_tabs_.addTab(list_icon(ImageList::tabs, 3), QStringLiteral("Shopping lists"));
-    right_tabs_.addTab(list_icon(ImageList::tabs, 4), QStringLiteral("Recipe"));
+    left_tabs_.addTab(list_icon(ImageList::tabs, stock_tab_picture), QStringLiteral("Stock"));
+    left_tabs_.addTab(list_icon(ImageList::tabs, recipes_tab_picture), QStringLiteral("Recipes"));
+    right_tabs_.addTab(list_icon(ImageList::tabs, list_tab_picture), QStringLiteral("Shopping lists"));
+    right_tabs_.addTab(list_icon(ImageList::tabs, page_tab_picture), QStringLiteral("Recipe"));
     connect(&left_tabs_, &QTabBar::currentChanged, this, &ViewState::left_tab_clicked);
     connect(&right_tabs_, &QTabBar::currentChanged, this, &ViewState::right_tab_clicked);
     // A click on the tab in front changes nothing in the strip, but is a click all the same.
@@ -222,7 +231,7 @@ void ViewState::refresh_list_side()
     main_.list_pane().show_pane(true);
     set_edit_tool_tips(QStringLiteral("Edit item"), QStringLiteral("Delete item"));
     main_.list_pane().set_CreateList(list_state(inputs()) == ListState::none);
-    select_tab(right_tabs_, 0);
+    select_tab(right_tabs_, list_tab);
 }
 
 void ViewState::refresh_recipe_side()
@@ -236,7 +245,7 @@ void ViewState::refresh_recipe_side()
     page.show_pane(true);
     page.layout_page();
     set_edit_tool_tips(QStringLiteral("Edit ingredient"), QStringLiteral("Delete ingredient"));
-    select_tab(right_tabs_, 1);
+    select_tab(right_tabs_, page_tab);
 }
 
 void ViewState::set_edit_tool_tips(const QString& edit, const QString& remove)
@@ -261,7 +270,7 @@ void ViewState::show_tree(bool stock)
     main_.recipe_tree().view().setVisible(!stock);
     if (!main_.shared.form_loading)
         main_.settings().set_pref(QStringLiteral("tv_view"), stock ? QStringLiteral("1") : QStringLiteral("0"));
-    select_tab(left_tabs_, stock ? 0 : 1);
+    select_tab(left_tabs_, stock ? stock_tab : recipes_tab);
 }
 
 void ViewState::show_list_pane(bool list)
@@ -289,7 +298,7 @@ void ViewState::left_tab_clicked(int index)
     if (index < 0)
         return;
     main_.row_editor().lv_edit_off();
-    main_.program().show_stock(index == 0); // which stores the choice
+    main_.program().show_stock(index == stock_tab); // which stores the choice
     main_.visible_tree().setFocus(Qt::OtherFocusReason);
 }
 
@@ -298,7 +307,7 @@ void ViewState::right_tab_clicked(int index)
     if (index < 0)
         return;
     main_.row_editor().lv_edit_off();
-    choose_pane(index == 0);
+    choose_pane(index == list_tab);
     main_.keyboard_round().go_to_right_pane();
 }
 
@@ -358,16 +367,16 @@ void ViewState::caption_refresh()
     right_captions(list, recipe);
     if (!long_captions_fit(name))
         right_captions(QStringLiteral("Shopping lists"), QStringLiteral("Recipes"));
-    right_tabs_.setTabToolTip(0, plain_tool_tip(list));
-    right_tabs_.setTabToolTip(1, plain_tool_tip(recipe));
+    right_tabs_.setTabToolTip(list_tab, plain_tool_tip(list));
+    right_tabs_.setTabToolTip(page_tab, plain_tool_tip(recipe));
 }
 
 void ViewState::right_captions(const QString& list, const QString& recipe)
 {
-    if (right_tabs_.tabText(0) != shown_on_tab(list))
-        right_tabs_.setTabText(0, shown_on_tab(list));
-    if (right_tabs_.tabText(1) != shown_on_tab(recipe))
-        right_tabs_.setTabText(1, shown_on_tab(recipe));
+    if (right_tabs_.tabText(list_tab) != shown_on_tab(list))
+        right_tabs_.setTabText(list_tab, shown_on_tab(list));
+    if (right_tabs_.tabText(page_tab) != shown_on_tab(recipe))
+        right_tabs_.setTabText(page_tab, shown_on_tab(recipe));
 }
 
 bool ViewState::long_captions_fit(const QString& list_name) const
@@ -398,17 +407,16 @@ namespace {
 /// One row of the size cycle: where a click leads, and how button 18 looks afterwards.
 struct SizeStep {
     int size;
-    int image;
     const char* tag;
     const char* tool_tip;
 };
 
 SizeStep size_step(int size, const QString& tag)
 {
-    constexpr SizeStep to_small{9, 17, "UP", "Make size larger"};
-    constexpr SizeStep to_medium_going_up{10, 17, "UP", "Make size larger"};
-    constexpr SizeStep to_medium_going_down{10, 16, "DN", "Make size smaller"};
-    constexpr SizeStep to_large{12, 16, "DN", "Make size smaller"};
+    constexpr SizeStep to_small{9, "UP", "Make size larger"};
+    constexpr SizeStep to_medium_going_up{10, "UP", "Make size larger"};
+    constexpr SizeStep to_medium_going_down{10, "DN", "Make size smaller"};
+    constexpr SizeStep to_large{12, "DN", "Make size smaller"};
     if (size == 12)
         return to_medium_going_down;
     if (size == 10)
@@ -421,22 +429,22 @@ SizeStep size_step(int size, const QString& tag)
 void ViewState::size_cycle()
 {
     const SizeStep step = size_step(main_.shared.type_size, main_.toolbar().tag(ToolButton::size_direction));
-    change_type_size(step.size, step.image, text_of(step.tag), text_of(step.tool_tip));
+    change_type_size(step.size, text_of(step.tag), text_of(step.tool_tip));
 }
 
 void ViewState::set_type_size(int size)
 {
     const SizeStep away = size_step(size, main_.toolbar().tag(ToolButton::size_direction));
-    change_type_size(size, away.image, text_of(away.tag), text_of(away.tool_tip));
+    change_type_size(size, text_of(away.tag), text_of(away.tool_tip));
 }
 
-void ViewState::change_type_size(int size, int image, const QString& tag, const QString& tool_tip)
+void ViewState::change_type_size(int size, const QString& tag, const QString& tool_tip)
 {
     const UpdateLock lock(main_);
     main_.row_editor().interrupt();
     main_.recipe_page().close_line_editor();
     main_.shared.type_size = size;
-    main_.toolbar().set_size_button(image, tag, tool_tip);
+    main_.toolbar().set_size_button(tag, tool_tip);
     main_.toolbar().toolbar_fit();
     main_.layout_manager().font_reset(size);
     main_.layout_manager().lv_resize();

@@ -67,7 +67,7 @@ private:
     bool long_captions_fit(const QString& list_name) const;
     void redraw_list();
     void redraw_recipe();
-    void change_type_size(int size, int image, const QString& tag, const QString& tool_tip);
+    void change_type_size(int size, const QString& tag, const QString& tool_tip);
     void left_tab_clicked(int index);
     void right_tab_clicked(int index);
 
