@@ -1,5 +1,6 @@
 #include "data/settings.h"
 #include "probe/real_program.h"
+#include "support/file_bytes.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -13,16 +14,6 @@
 #include <sys/stat.h>
 
 using namespace tarnwick;
-
-namespace {
-
-QByteArray bytes_of(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-}
-
-} // namespace
 
 /// The real executable, copied to a folder of its own and started as a process. A plugin prints its windows.
 class tst_process : public QObject, private RealProgram {

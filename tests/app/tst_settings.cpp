@@ -1,6 +1,7 @@
 #include "data/settings.h"
 #include "data/runtime_error.h"
 #include "support/child_process.h"
+#include "support/file_bytes.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -34,12 +35,6 @@ template <typename Call> QString error_of(Call call)
 QString user_error(unsigned number, const QString& text)
 {
     return QStringLiteral("%1: %2").arg(static_cast<int>(user_errors + number)).arg(text);
-}
-
-QByteArray bytes_of(const QString& path)
-{
-    QFile in(path);
-    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray("(no file)");
 }
 
 } // namespace

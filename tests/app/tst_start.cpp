@@ -8,6 +8,7 @@
 #include "recipes/recipe_page.h"
 #include "window/commands.h"
 #include "window/layout.h"
+#include "support/file_bytes.h"
 #include "support/menu_hands.h"
 #include "support/test_window.h"
 #include "support/error_number.h"
@@ -26,12 +27,6 @@
 using namespace tarnwick;
 
 namespace {
-
-QByteArray bytes_of(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-}
 
 /// The number of the run-time error that loading the window gives; 0 when it gives none.
 int load_error(TestWindow& window)

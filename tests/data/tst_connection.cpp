@@ -1,9 +1,11 @@
 #include "data/connection.h"
+#include "data/opening.h"
 #include "data/query.h"
 #include "data/runtime_error.h"
 #include "data/schema.h"
 #include "support/child_process.h"
 #include "support/error_number.h"
+#include "support/file_bytes.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
@@ -14,38 +16,6 @@
 #include <QTest>
 
 using namespace tarnwick;
-
-namespace {
-
-QByteArray bytes_of(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
-}
-
-void write_bytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-/// "number: description" of the error that opening the file gives; "opened" when it gives none.
-QString verdict(const QString& path)
-{
-    Connection connection;
-    try {
-        connection.open(path);
-    } catch (...) {
-        const runtime_error error = current_error();
-        if (connection.is_open())
-            return QStringLiteral("left open");
-        return QStringLiteral("%1: %2").arg(error.number()).arg(error.description().section(u'\n', 0, 0));
-    }
-    return QStringLiteral("opened");
-}
-
-} // namespace
 
 class tst_connection : public QObject {
     Q_OBJECT
@@ -212,7 +182,7 @@ void tst_connection::a_read_only_file_is_refused()
     QFile::setPermissions(folder(), QFile::Permissions(0x7777));
     QFile::setPermissions(path(), QFile::Permissions(0x4444));
     const QString given = as_nobody([this] { return verdict(path()); });
-    QCOMPARE(given, QStringLiteral("8: The database file is read-only"));
+    QCOMPARE(given.section(u'\n', 0, 0), QStringLiteral("8: The database file is read-only"));
     QCOMPARE(bytes_of(path()), before);
 }
 
@@ -224,7 +194,7 @@ void tst_connection::a_read_only_folder_is_refused()
     QFile::setPermissions(folder(), QFile::Permissions(0x5555));
     const QString given = as_nobody([this] { return verdict(path()); });
     QFile::setPermissions(folder(), QFile::Permissions(0x7755));
-    QCOMPARE(given, QStringLiteral("8: The folder of the database is read-only"));
+    QCOMPARE(given.section(u'\n', 0, 0), QStringLiteral("8: The folder of the database is read-only"));
     QCOMPARE(bytes_of(path()), before);
 }
 

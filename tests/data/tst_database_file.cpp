@@ -1,8 +1,10 @@
 #include "data/connection.h"
+#include "data/opening.h"
 #include "data/query.h"
 #include "data/runtime_error.h"
 #include "data/schema.h"
 #include "support/child_process.h"
+#include "support/file_bytes.h"
 #include "support/table_dump.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -22,32 +24,6 @@
 using namespace tarnwick;
 
 namespace {
-
-QByteArray bytes_of(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
-}
-
-void write_bytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-/// "number: description" of the error that opening the file gives; "opened" when it gives none.
-QString verdict(const QString& path)
-{
-    Connection connection;
-    try {
-        connection.open(path);
-    } catch (...) {
-        const runtime_error error = current_error();
-        return QStringLiteral("%1: %2").arg(error.number()).arg(error.description());
-    }
-    return QStringLiteral("opened");
-}
 
 /// What SQLite itself says of a whole file; it may be changed by this.
 bool is_sound(const QString& path)

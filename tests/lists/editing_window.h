@@ -16,6 +16,12 @@
 
 namespace tarnwick {
 
+/// The controls of the boxes over an open row.
+inline constexpr const char* all_controls[]
+    = {"desc_brdr",    "qty_brdr",     "qty_btn(0)", "qty_btn(1)", "chck_box",   "cpn_bkgrnd",
+       "dp_frame",     "dp_brdr",      "cpn_brdr",   "dtp_btn",    "MonthView1", "aisle_brdr",
+       "aisle_btn(0)", "aisle_btn(1)", "frmEditDel", "imgedit",    "imgScratch"};
+
 /// The main window on a list of rows to edit, with the hands of a user on its grid and row editor.
 class EditingWindow : public TestWindow {
 public:

@@ -12,11 +12,6 @@ using namespace tarnwick;
 
 namespace {
 
-constexpr const char* all_controls[]
-    = {"desc_brdr",    "qty_brdr",     "qty_btn(0)", "qty_btn(1)", "chck_box",   "cpn_bkgrnd",
-       "dp_frame",     "dp_brdr",      "cpn_brdr",   "dtp_btn",    "MonthView1", "aisle_brdr",
-       "aisle_btn(0)", "aisle_btn(1)", "frmEditDel", "imgedit",    "imgScratch"};
-
 struct TextBox {
     const char* name;
     const char* field;

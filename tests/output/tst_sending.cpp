@@ -1,4 +1,5 @@
 #include "output/sending_steps.h"
+#include "support/file_bytes.h"
 #include "support/full_disk.h"
 #include "support/rtf_reader.h"
 #include "support/tool_button.h"
@@ -9,16 +10,6 @@
 
 using namespace tarnwick;
 using namespace tarnwick::sending_steps;
-
-namespace {
-
-QByteArray bytes_of(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-}
-
-} // namespace
 
 /// Lists and recipes on their way to the word processor, and what comes before any sending.
 class tst_sending : public QObject {
