@@ -119,7 +119,7 @@ void measure_recipe_page()
     add_recipes(window->connection(), 20);
     add_lines(window->connection());
     window->recipe_tree().recip_load(false);
-    window->shared.cur_recipe = long_recipe;
+    window->recipe_page().set_recipe(long_recipe);
     window->view_state().show_list_pane(false);
     Window::settle();
     const double ratio = median_ratio(
@@ -136,7 +136,7 @@ void measure_item_keystroke()
     Window window({9999, 200, 1, 10});
     add_recipes(window->connection(), 20);
     add_lines(window->connection());
-    window->shared.cur_recipe = long_recipe;
+    window->recipe_page().set_recipe(long_recipe);
     window->view_state().show_list_pane(false);
     Window::settle();
     QLineEdit* box = item_box(window);

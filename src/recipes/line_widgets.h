@@ -85,7 +85,6 @@ public:
     explicit PagePicture(QWidget* parent);
 
     void set_picture(int resource_number);
-    int picture_number() const { return picture_; }
 
 signals:
     void clicked();

@@ -380,11 +380,6 @@ QRect Layout::left_pane() const
     return main_.stock_tree().view().geometry();
 }
 
-QRect Layout::right_pane() const
-{
-    return right_;
-}
-
 QRect Layout::header_row() const
 {
     return header_;

@@ -46,7 +46,6 @@ public:
     void separator_fix();
 
     QRect left_pane() const; ///< tree rectangle in the central area
-    QRect right_pane() const; ///< grid rectangle in the central area
     QRect header_row() const; ///< header bar rectangle in the central area
 
 private:

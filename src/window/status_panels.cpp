@@ -125,11 +125,6 @@ void StatusPanels::set_text(const QString& text)
     panels_[1]->setToolTip(plain_tool_tip(text));
 }
 
-QString StatusPanels::text() const
-{
-    return panels_[1]->text();
-}
-
 void StatusPanels::set_type_size(int points)
 {
     for (size_t i = 1; i < panels_.size(); ++i) {

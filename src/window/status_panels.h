@@ -18,7 +18,6 @@ public:
 
     /// Text and tool tip of the first panel.
     void set_text(const QString& text);
-    QString text() const;
 
     void set_visible(int panel, bool visible); ///< panel 1 to 6
     void set_type_size(int points);

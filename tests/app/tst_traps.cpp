@@ -1,7 +1,9 @@
 #include "widgets/program.h"
 #include "data/runtime_error.h"
+#include "lists/list_pane.h"
 #include "lists/placing.h"
 #include "recipes/line_fixture.h"
+#include "widgets/list_grid.h"
 #include "window/layout.h"
 
 #include <QClipboard>
@@ -252,7 +254,7 @@ void tst_traps::a_resize_behind_the_last_message_stores_nothing()
     TestWindow window;
     frmmain& main = window.load();
     const QString width = window.pref(QStringLiteral("fwidth"));
-    const QRect pane = main.layout_manager().right_pane();
+    const QRect pane = main.list_pane().grid().geometry();
     {
         MessageScript script;
         expect_shut_down(script, [&](QDialog&) {
@@ -263,7 +265,7 @@ void tst_traps::a_resize_behind_the_last_message_stores_nothing()
     }
     QCOMPARE(window.ends, 1);
     QCOMPARE(window.pref(QStringLiteral("fwidth")), width);
-    QCOMPARE(main.layout_manager().right_pane(), pane);
+    QCOMPARE(main.list_pane().grid().geometry(), pane);
 }
 
 void tst_traps::one_failure_gives_one_message()

@@ -2,6 +2,7 @@
 #include "stock/item_editor_fixture.h"
 
 #include "household/household.h"
+#include "household/status.h"
 #include "lists/placing.h"
 #include "widgets/list_grid.h"
 #include "widgets/row_editor.h"

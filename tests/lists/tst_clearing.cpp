@@ -2,6 +2,8 @@
 
 #include "household/status.h"
 #include "lists/clearing.h"
+#include "support/database_steps.h"
+#include "support/menu_hands.h"
 #include "support/message_script.h"
 #include "support/table_dump.h"
 #include "widgets/row_editor.h"
@@ -14,7 +16,6 @@
 #include <QToolButton>
 
 #include <SQLiteCpp/SQLiteCpp.h>
-#include <sqlite3.h>
 
 using namespace tarnwick;
 
@@ -80,7 +81,7 @@ void tst_clearing::mode_2_deletes_the_unchecked_rows()
     QCOMPARE(home.list_rows(), QStringLiteral("1:1,2:1,4:1,5:0"));
     QCOMPARE(home.links(), QStringLiteral("1-1-1,2-2-1,4-1-2,5-3-2"));
     QCOMPARE(home.items(), QStringLiteral("Milk81,Bread71,Eggs60"));
-    main.list_pane().lv_load(home.weekly);
+    choose_list(home, home.weekly);
     QCOMPARE(home.grid(), QStringLiteral("Bread 1 179 122,Milk 1 179 122"));
 }
 
@@ -223,7 +224,6 @@ void tst_clearing::clearing_rewrites_the_panel_of_the_selected_item()
 
 void tst_clearing::clearing_costs_in_proportion_to_the_list()
 {
-    // Steps of the database's machine, which do not depend on how busy the computer is.
     const auto steps = [](int rows) {
         TestWindow window;
         const Key list = window.add_list(QStringLiteral("Weekly"));
@@ -233,18 +233,7 @@ void tst_clearing::clearing_costs_in_proportion_to_the_list()
                 window.add_row(window.add_item(QStringLiteral("Item %1").arg(i), 0, 7), list, true);
             transaction.commit();
         }
-        int counted = 0;
-        sqlite3* handle = window.db().db().getHandle();
-        sqlite3_progress_handler(
-            handle, 10,
-            [](void* count) {
-                ++*static_cast<int*>(count);
-                return 0;
-            },
-            &counted);
-        clear_rows(window.db(), list, ClearMode::delete_all);
-        sqlite3_progress_handler(handle, 0, nullptr, nullptr);
-        return counted;
+        return database_steps(window.db(), [&] { clear_rows(window.db(), list, ClearMode::delete_all); });
     };
     const int few = steps(200);
     const int many = steps(2000);

@@ -5,6 +5,7 @@
 
 #include "household/household.h"
 #include "household/placing_store.h"
+#include "household/status.h"
 #include "lists/placing.h"
 #include "support/table_dump.h"
 #include "widgets/row_editor.h"
@@ -402,7 +403,7 @@ void tst_clearing_dialog::deleting_the_last_row_of_a_list_leaves_the_list_itself
 
     // ... and all at once.
     home.add_row(home.bread, home.weekly, true);
-    main.list_pane().lv_load(home.weekly);
+    choose_list(home, home.weekly);
     MessageScript script;
     script.drive(choose_and_ok(all_option));
     script.expect(warning, question("items", QStringLiteral("Weekly")));

@@ -51,8 +51,8 @@ void tst_empty_states::the_invitation_stays_in_its_pane()
     const auto* frame = w.find<QFrame>(QStringLiteral("frmCreateList"));
     QVERIFY(frame->isVisible());
     const QRect seen = frame->mask().boundingRect().translated(frame->pos());
-    QVERIFY(main.layout_manager().right_pane().contains(seen));
-    QCOMPARE(seen.bottom(), main.layout_manager().right_pane().bottom());
+    QVERIFY(main.list_pane().grid().geometry().contains(seen));
+    QCOMPARE(seen.bottom(), main.list_pane().grid().geometry().bottom());
 }
 
 void tst_empty_states::no_line_of_the_invitation_is_a_single_word()

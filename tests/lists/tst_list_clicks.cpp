@@ -1,6 +1,7 @@
 #include "lists/editing_window.h"
 #include "window/commands.h"
 #include "window/status_panels.h"
+#include "support/shown_things.h"
 
 #include <QMenu>
 
@@ -52,7 +53,7 @@ void tst_list_clicks::a_click_on_any_cell_shows_the_status_of_its_row()
     for (const int row : {1, 0}) {
         w().main().set_status(QStringLiteral("before"));
         w().click_cell(row, column);
-        QCOMPARE(w().main().status_panels().text(), row == 0 ? active : inactive);
+        QCOMPARE(status_text(w().main()), row == 0 ? active : inactive);
         QCOMPARE(w().find<QWidget>(QStringLiteral("StatusBar1(1)"))->toolTip(), row == 0 ? active : inactive);
     }
 }
@@ -73,7 +74,7 @@ void tst_list_clicks::a_right_press_below_the_rows_marks_nothing_and_pops_up_the
     QTest::mouseRelease(w().grid().viewport(), Qt::RightButton, {}, below);
     QVERIFY(row_menu().isVisible());
     row_menu().close();
-    QCOMPARE(w().main().status_panels().text(), QStringLiteral("before"));
+    QCOMPARE(status_text(w().main()), QStringLiteral("before"));
 }
 
 void tst_list_clicks::a_click_below_the_last_row_closes_the_editor_whichever_row_is_current()

@@ -1,6 +1,7 @@
 #include "lists/editing_window.h"
 #include "window/commands.h"
 #include "support/edit_request.h"
+#include "support/menu_hands.h"
 #include "support/message_script.h"
 
 #include <QAction>
@@ -571,7 +572,7 @@ void tst_list_mouse::a_list_load_closes_the_editor()
     w().rows(3);
     w().open();
     w().open_row(1);
-    w().main().list_pane().lv_load(w().list);
+    choose_list(w(), w().list);
     QVERIFY(!w().editor().is_open());
     QVERIFY(!w().shown("frmEditDel"));
 }

@@ -1,6 +1,7 @@
 #include "data/query.h"
 #include "data/runtime_error.h"
 #include "household/list_store.h"
+#include "household/status.h"
 #include "support/test_window.h"
 #include "support/error_number.h"
 
@@ -122,9 +123,9 @@ void tst_list_store::coupon_shows_its_date_and_no_coupon_one_blank()
     Query(window->db(), "UPDATE groc_1 SET cpn = 1, created = '2026-03-04' WHERE key_id = ?", with).run();
     const std::vector<GridRow> read = rows(list);
     QCOMPARE(read[0].date, QStringLiteral("3/4/2026"));
-    QCOMPARE(read[0].coupon, 126);
+    QCOMPARE(read[0].coupon, picture_base::coupon_on);
     QCOMPARE(read[1].date, QStringLiteral(" "));
-    QCOMPARE(read[1].coupon, 117);
+    QCOMPARE(read[1].coupon, picture_base::coupon_off);
 }
 
 void tst_list_store::text_that_is_no_date_stays()
@@ -141,11 +142,11 @@ void tst_list_store::buy_it_mark_chooses_the_pictures()
     window->add_row(window->add_item(QStringLiteral("B"), 0), list, false);
     const std::vector<GridRow> read = rows(list);
     QVERIFY(read[0].to_get);
-    QCOMPARE(read[0].light, 179);
-    QCOMPARE(read[0].check, 122);
+    QCOMPARE(read[0].light, picture_base::light_on);
+    QCOMPARE(read[0].check, picture_base::check_on);
     QVERIFY(!read[1].to_get);
-    QCOMPARE(read[1].light, 183);
-    QCOMPARE(read[1].check, 113);
+    QCOMPARE(read[1].light, picture_base::light_off);
+    QCOMPARE(read[1].check, picture_base::check_off);
 }
 
 void tst_list_store::list_without_rows_is_marked_active()

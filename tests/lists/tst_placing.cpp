@@ -9,6 +9,7 @@
 #include "widgets/tree_view.h"
 #include "stock/stock_tree.h"
 #include "household/status.h"
+#include "support/database_steps.h"
 #include "support/last_placed.h"
 #include "support/menu_hands.h"
 #include "support/message_script.h"
@@ -21,7 +22,6 @@
 #include <QTest>
 
 #include <SQLiteCpp/SQLiteCpp.h>
-#include <sqlite3.h>
 
 using namespace tarnwick;
 
@@ -228,9 +228,9 @@ void tst_placing::placed_row_is_filled_and_current()
     QCOMPARE(int(row.list_key), int(home.weekly));
     QCOMPARE(int(row.item_key), int(home.milk));
     QVERIFY(row.to_get);
-    QCOMPARE(row.light, 179);
-    QCOMPARE(row.check, 122);
-    QCOMPARE(row.coupon, 117);
+    QCOMPARE(row.light, picture_base::light_on);
+    QCOMPARE(row.check, picture_base::check_on);
+    QCOMPARE(row.coupon, picture_base::coupon_off);
     QCOMPARE(home.cell(1, GridColumn::item), QStringLiteral("Milk"));
     QCOMPARE(home.cell(1, GridColumn::desc), QStringLiteral("low fat"));
     QCOMPARE(home.cell(1, GridColumn::qty), QStringLiteral("12"));
@@ -285,7 +285,7 @@ void tst_placing::menu_command_places_the_selected_item()
     QCOMPARE(home.cell(0, GridColumn::item), QStringLiteral("Milk"));
     QCOMPARE(home.cell(0, GridColumn::qty), QStringLiteral(" "));
     QCOMPARE(home.text("SELECT qty FROM groc_1"), QStringLiteral("0"));
-    main.list_pane().lv_load(home.weekly);
+    choose_list(home, home.weekly);
     QCOMPARE(home.cell(0, GridColumn::qty), QStringLiteral("0"));
 }
 
@@ -297,10 +297,10 @@ void tst_placing::row_placed_inactive_opens_ticked_while_the_item_is_active_else
     Placement placement = home.placement(home.milk, home.weekly);
     placement.to_get = false;
     main.placing().add_item(placement);
-    QCOMPARE(home.rows().row(0).check, 122);
+    QCOMPARE(home.rows().row(0).check, picture_base::check_on);
     QVERIFY(!home.rows().row(0).to_get);
-    main.list_pane().lv_load(home.weekly);
-    QCOMPARE(home.rows().row(0).check, 113);
+    choose_list(home, home.weekly);
+    QCOMPARE(home.rows().row(0).check, picture_base::check_off);
 }
 
 void tst_placing::quiet_placing_leaves_current_row_and_status()
@@ -383,7 +383,7 @@ void tst_placing::names_that_differ_in_case_or_symbols_sort_as_the_load_does()
     QStringList placed;
     for (const GridRow& row : home.rows().list_rows())
         placed += row.item + QString::number(row.groc_key);
-    main.list_pane().lv_load(home.weekly);
+    choose_list(home, home.weekly);
     QStringList loaded;
     for (const GridRow& row : home.rows().list_rows())
         loaded += row.item + QString::number(row.groc_key);
@@ -445,16 +445,16 @@ void tst_placing::toggle_flips_row_and_plain_status()
     frmmain& main = home.load();
     main.placing().toggle_buy_it(0);
     QVERIFY(home.rows().row(0).to_get);
-    QCOMPARE(home.rows().row(0).light, 179);
-    QCOMPARE(home.rows().row(0).check, 122);
+    QCOMPARE(home.rows().row(0).light, picture_base::light_on);
+    QCOMPARE(home.rows().row(0).check, picture_base::check_on);
     QCOMPARE(home.number("SELECT to_get FROM groc_1"), 1);
     QCOMPARE(home.text("SELECT status || '|' || to_get FROM items_1"), QStringLiteral("7|1"));
     QCOMPARE(home.panel(), QStringLiteral("Active On Weekly list :: OTHER category"));
     QCOMPARE(home.node_picture(home.milk), 7);
     main.placing().toggle_buy_it(0);
     QVERIFY(!home.rows().row(0).to_get);
-    QCOMPARE(home.rows().row(0).light, 183);
-    QCOMPARE(home.rows().row(0).check, 113);
+    QCOMPARE(home.rows().row(0).light, picture_base::light_off);
+    QCOMPARE(home.rows().row(0).check, picture_base::check_off);
     QCOMPARE(home.number("SELECT to_get FROM groc_1"), 0);
     QCOMPARE(home.text("SELECT status || '|' || to_get FROM items_1"), QStringLiteral("6|1"));
     QCOMPARE(home.panel(), QStringLiteral("Inactive On Weekly list :: OTHER category"));
@@ -525,7 +525,6 @@ void tst_placing::status_of_a_row_is_shown_on_request()
 
 void tst_placing::placing_costs_the_same_on_a_long_list()
 {
-    // Steps of the database's machine, which do not depend on how busy the computer is.
     const auto steps = [](int rows) {
         HomeWithLists home;
         {
@@ -535,18 +534,7 @@ void tst_placing::placing_costs_the_same_on_a_long_list()
             transaction.commit();
         }
         frmmain& main = home.load();
-        int counted = 0;
-        sqlite3* handle = main.connection().db().getHandle();
-        sqlite3_progress_handler(
-            handle, 10,
-            [](void* count) {
-                ++*static_cast<int*>(count);
-                return 0;
-            },
-            &counted);
-        main.placing().stock_to_list(home.milk);
-        sqlite3_progress_handler(handle, 0, nullptr, nullptr);
-        return counted;
+        return database_steps(main.connection(), [&] { main.placing().stock_to_list(home.milk); });
     };
     const int few = steps(50);
     const int many = steps(3000);

@@ -1,3 +1,4 @@
+#include "household/household.h"
 #include "lists/editing_window.h"
 #include "support/menu_hands.h"
 #include "window/commands.h"
@@ -10,15 +11,6 @@
 #include <QSignalSpy>
 
 using namespace tarnwick;
-
-namespace {
-
-constexpr const char* all_controls[]
-    = {"desc_brdr",    "qty_brdr",     "qty_btn(0)", "qty_btn(1)", "chck_box",   "cpn_bkgrnd",
-       "dp_frame",     "dp_brdr",      "cpn_brdr",   "dtp_btn",    "MonthView1", "aisle_brdr",
-       "aisle_btn(0)", "aisle_btn(1)", "frmEditDel", "imgedit",    "imgScratch"};
-
-} // namespace
 
 class tst_row_editor_use : public QObject {
     Q_OBJECT
@@ -452,7 +444,7 @@ void tst_row_editor_use::hiding_the_grid_closes_the_editor()
     w().rows(2);
     w().open();
     w().open_row(1);
-    w().main().list_pane().show_pane(false);
+    trigger(w(), "mnu_view_rcpepages");
     for (const char* control : all_controls)
         QVERIFY2(!w().shown(control), control);
 }
@@ -505,16 +497,18 @@ void tst_row_editor_use::the_editor_follows_its_row()
     w().rows(4);
     w().open();
     w().open_row(2);
-    GridRow first = w().grid().rows().row(0);
-    first.item = QStringLiteral("Aaa");
-    first.groc_key = 99;
-    w().grid().rows().insert_sorted(first);
+    Placement first;
+    first.list_key = w().list;
+    first.item_key = w().add_item(QStringLiteral("Aaa"), 0);
+    first.created = first.modified = w().date;
+    first.quiet = true;
+    QVERIFY(w().main().household().place(first) == Refusal::none);
     QCOMPARE(w().editor().edit_row(), 3);
     QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(GridColumn::desc).top());
     w().type_into("desc_brdr", QStringLiteral("moved"));
     QCOMPARE(w().field(3, "desc"), QStringLiteral("[moved]"));
     QCOMPARE(w().cell(3, GridColumn::desc), QStringLiteral("moved"));
-    w().grid().rows().remove_row(3);
+    w().main().household().remove_row(w().grid().rows().row(3).groc_key);
     QVERIFY(!w().editor().is_open());
 }
 

@@ -7,6 +7,7 @@
 #include "household/list_store.h"
 #include "lists/list_pane.h"
 #include "stock/stock_tree.h"
+#include "support/shown_things.h"
 #include "support/test_window.h"
 #include "widgets/list_grid.h"
 #include "widgets/node_key.h"
@@ -233,7 +234,7 @@ void Oracle::check_words()
     const QString key = node ? TreeView::key(node) : QString();
     const bool item = key.startsWith(QLatin1String("item"));
     const QString words = item ? get_status(db_, NodeKey::parse(key).record) : QString();
-    const QString shown = main_.status_panels().text();
+    const QString shown = status_text(main_);
     const bool hint = shown.startsWith(QLatin1String("No recipe is open."));
     if (item && key != selected_ && !renamed_ && !hint && !selected_.isEmpty() && shown != words)
         fault(QStringLiteral("%1 was selected, the panel says '%2' instead of '%3'").arg(key, shown, words));

@@ -10,6 +10,7 @@
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
 #include "stock/stock_tree.h"
+#include "support/shown_things.h"
 #include "support/test_window.h"
 #include "widgets/tree_view.h"
 
@@ -194,8 +195,8 @@ void Oracle::check_line(const IngredientLine& line, Key key)
     }
     const int real = true_code(db_, line.item_ref);
     const int plain = items_.value(line.item_ref).page;
-    const int light = line.lite->picture_number() - main_.shared.color_index;
-    const int box = line.Check1->picture_number() - main_.shared.color_index;
+    const int light = picture_of(*line.lite) - main_.shared.color_index;
+    const int box = picture_of(*line.Check1) - main_.shared.color_index;
     const auto shows = [&](int code) {
         const LinePictures pictures = pictures_of(code);
         return light == pictures.light && box == pictures.check && line.Check1->isEnabled() == pictures.enabled;

@@ -5,6 +5,7 @@
 #include "recipes/pick_list.h"
 #include "recipes/recipe_lines.h"
 #include "recipes/recipe_fixture.h"
+#include "support/shown_things.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -44,6 +45,9 @@ public:
         return *page().frame3().findChild<QAbstractButton*>(QLatin1String(name));
     }
     IngredientLine& line(int i) { return page().lines().at(static_cast<size_t>(i)); }
+    /// The pictures of a line as they are on the page colour 0.
+    int light(int i) { return picture_of(*line(i).lite) - main().shared.color_index; }
+    int check(int i) { return picture_of(*line(i).Check1) - main().shared.color_index; }
     int lines() { return page().recipe_lines().count(); }
 
     void click_line(int i, Qt::MouseButton button = Qt::LeftButton)

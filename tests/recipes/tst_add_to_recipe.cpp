@@ -1,6 +1,7 @@
 #include "recipes/line_fixture.h"
 
 #include "household/status.h"
+#include "support/shown_things.h"
 
 #include <QMessageBox>
 #include <QToolButton>
@@ -203,7 +204,7 @@ void tst_add_to_recipe::a_stock_item_is_added_by_the_menu()
     QCOMPARE(w.item().text(), QStringLiteral("Milk"));
     QCOMPARE(w.item().property("Tag").toString(), QStringLiteral("Milk"));
     QVERIFY(LineWindow::is_black_upright(w.item()));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.light(0), picture_base::light_unlisted);
     QTest::keyClicks(&w.qty(), QStringLiteral("1"));
     w.click_text();
     QVERIFY(!w.editor().is_open());
@@ -224,7 +225,7 @@ void tst_add_to_recipe::a_stock_item_keeps_its_line_under_another_name()
     w.click_text();
     QCOMPARE(w.text("SELECT item_ref || '|' || item FROM recipe_2"), QStringLiteral("%1|Whole milk").arg(milk));
     QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.light(0), picture_base::light_unlisted);
 }
 
 void tst_add_to_recipe::adding_the_same_stock_item_twice_is_allowed_after_the_question()

@@ -1,6 +1,7 @@
 #include "recipes/line_fixture.h"
 
 #include "household/status.h"
+#include "support/shown_things.h"
 
 using namespace tarnwick;
 
@@ -35,7 +36,7 @@ void tst_ingredient_link::a_typed_stock_name_links_a_new_line()
     w.click_text();
     QCOMPARE(w.number("SELECT item_ref FROM recipe_2"), int(milk));
     QCOMPARE(w.text("SELECT item FROM recipe_2"), QStringLiteral("milk"));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.light(0), picture_base::light_unlisted);
     QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
 }
@@ -67,7 +68,7 @@ void tst_ingredient_link::tab_through_a_typed_stock_name_links_a_new_line()
     QVERIFY(!w.editor().is_open());
     QCOMPARE(w.text("SELECT item || '|' || item_ref FROM recipe_2"),
              QStringLiteral("%1|%2").arg(written).arg(apple));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.light(0), picture_base::light_unlisted);
     QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), apple));
 }
 
@@ -99,7 +100,7 @@ void tst_ingredient_link::plural_and_singular_find_one_stock_item()
     QCOMPARE(w.stored(key, "item_ref"), QString::number(item));
     QCOMPARE(w.stored(key, "item"), typed);
     QCOMPARE(w.ingred(0), typed);
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.light(0), picture_base::light_unlisted);
     QCOMPARE(w.page().rcp_item(0), stock);
 }
 
@@ -125,20 +126,20 @@ void tst_ingredient_link::a_typed_name_shows_the_pictures_of_its_status_at_once(
     w.add_item(QStringLiteral("Apple"), 0);
     w.add_row(w.add_item(QStringLiteral("Bread"), 0), list, false);
     w.add_row(w.add_item(QStringLiteral("Cocoa"), 0), list, true);
-    const bool stock = light != 171;
+    const bool stock = light != picture_base::light_non_stock;
     // Begins with other pictures than those that are to come.
     const Key fish = w.add_item(QStringLiteral("Fish"), 0);
     w.add_row(fish, list, true);
     w.add_line(w.recipe, stock ? QStringLiteral("Salt") : QStringLiteral("Fish"), stock ? Key(-1) : fish);
     w.open();
-    QCOMPARE(w.line(0).lite->picture_number(), (stock ? 171 : 179) + color);
-    QCOMPARE(w.line(0).Check1->picture_number(), (stock ? 113 : 122) + color);
+    QCOMPARE(picture_of(*w.line(0).lite), (stock ? picture_base::light_non_stock : picture_base::light_on) + color);
+    QCOMPARE(picture_of(*w.line(0).Check1), (stock ? picture_base::check_off : picture_base::check_on) + color);
     w.open_line(0);
     QTest::mouseClick(&w.item(), Qt::LeftButton);
     w.type(w.item(), typed);
     QVERIFY(w.item().hasFocus());
-    QCOMPARE(w.line(0).lite->picture_number(), light + color);
-    QCOMPARE(w.line(0).Check1->picture_number(), check + color);
+    QCOMPARE(picture_of(*w.line(0).lite), light + color);
+    QCOMPARE(picture_of(*w.line(0).Check1), check + color);
     QVERIFY(w.line(0).Check1->isEnabled());
 }
 
@@ -154,11 +155,11 @@ void tst_ingredient_link::the_page_shows_the_link_of_every_keystroke_and_the_fil
     QTest::keyClicks(&w.item(), QStringLiteral("y"));
     QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
-    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
+    QCOMPARE(w.light(0), picture_base::light_non_stock);
     QTest::keyClick(&w.item(), Qt::Key_Backspace);
     QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.light(0), picture_base::light_unlisted);
 }
 
 void tst_ingredient_link::leaving_the_box_writes_name_and_link_at_once()
@@ -202,7 +203,7 @@ void tst_ingredient_link::the_name_that_the_line_had_gets_its_link_back()
     QTest::keyClick(&w.item(), Qt::Key_End);
     QTest::keyClicks(&w.item(), QStringLiteral("r"));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
-    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
+    QCOMPARE(w.light(0), picture_base::light_non_stock);
     if (box_left) {
         QTest::mouseClick(&w.desc(), Qt::LeftButton);
         QCOMPARE(w.stored(key, "item || item_ref"), QStringLiteral("Something whiter-1"));
@@ -211,12 +212,12 @@ void tst_ingredient_link::the_name_that_the_line_had_gets_its_link_back()
     }
     QTest::keyClick(&w.item(), Qt::Key_Backspace);
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.light(0), picture_base::light_unlisted);
     w.click_text();
     QVERIFY(!w.editor().is_open());
     QCOMPARE(w.stored(key, "item || item_ref"), QStringLiteral("Something white%1").arg(milk));
     QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.light(0), picture_base::light_unlisted);
 }
 
 void tst_ingredient_link::an_edit_that_is_thrown_away_shows_the_line_as_it_is_stored()
@@ -229,11 +230,11 @@ void tst_ingredient_link::an_edit_that_is_thrown_away_shows_the_line_as_it_is_st
     QTest::keyClicks(&w.qty(), QStringLiteral("3"));
     QTest::mouseClick(&w.item(), Qt::LeftButton);
     QTest::keyClicks(&w.item(), QStringLiteral("y"));
-    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
+    QCOMPARE(w.light(0), picture_base::light_non_stock);
     w.editor().hide_line();
     QCOMPARE(w.stored(key, "qty || item || item_ref"), QStringLiteral("3Milk%1").arg(milk));
     QCOMPARE(w.ingred(0), QStringLiteral("3 Milk"));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.light(0), picture_base::light_unlisted);
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
     QCOMPARE(w.line(0).ingred->toolTip(), get_ttt(w.db(), milk));
 }
@@ -253,7 +254,7 @@ void tst_ingredient_link::a_stock_item_that_goes_meanwhile_leaves_the_line_witho
     QCOMPARE(w.stored(key, "qty || item || item_ref"), QStringLiteral("3Milk-1"));
     QCOMPARE(w.ingred(0), QStringLiteral("3 Milk"));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
-    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
+    QCOMPARE(w.light(0), picture_base::light_non_stock);
 }
 
 void tst_ingredient_link::an_item_wanted_on_several_lists_leaves_the_pictures_while_typing()
@@ -268,10 +269,10 @@ void tst_ingredient_link::an_item_wanted_on_several_lists_leaves_the_pictures_wh
     QTest::mouseClick(&w.item(), Qt::LeftButton);
     w.type(w.item(), QStringLiteral("Milk"));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QString::number(milk));
-    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
+    QCOMPARE(w.light(0), picture_base::light_non_stock);
     w.click_text();
     QCOMPARE(w.stored(key, "item_ref"), QString::number(milk));
-    QCOMPARE(w.line(0).lite->picture_number(), 179 + 3);
+    QCOMPARE(w.light(0), picture_base::light_on);
     QVERIFY(!w.line(0).Check1->isEnabled());
 }
 

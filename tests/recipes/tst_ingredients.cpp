@@ -125,7 +125,7 @@ void tst_ingredients::a_new_line_is_written_with_blanks_for_what_is_not_given()
     QVERIFY(w.line(0).ingred->isVisible());
     QCOMPARE(w.line(0).ingred->text_color(), QColor(Qt::black));
     QCOMPARE(w.line(0).ingred->toolTip(), QStringLiteral("Non-stock item"));
-    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
+    QCOMPARE(w.light(0), picture_base::light_non_stock);
     QCOMPARE(w.tag(QStringLiteral("lite(0)")), w.text("SELECT key_id FROM recipe_2"));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
     QCOMPARE(w.tag(QStringLiteral("ingred(0)")), QStringLiteral("8^1^Rock salt"));

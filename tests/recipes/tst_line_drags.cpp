@@ -2,6 +2,7 @@
 #include "household/household.h"
 #include "recipes/line_fixture.h"
 #include "support/mouse_hand.h"
+#include "support/shown_things.h"
 #include "widgets/drag.h"
 
 #include <QLabel>
@@ -184,8 +185,8 @@ void tst_line_drags::light_tag_and_tool_tip_go_with_the_line()
     Lines w;
     w.open();
     const auto looks = [&w](int i) {
-        return QStringList{QString::number(w.line(i).lite->picture_number()),
-                           QString::number(w.line(i).Check1->picture_number()),
+        return QStringList{QString::number(picture_of(*w.line(i).lite)),
+                           QString::number(picture_of(*w.line(i).Check1)),
                            w.line(i).Check1->property("Tag").toString(), w.line(i).lite->property("Tag").toString(),
                            w.line(i).ingred->toolTip()};
     };

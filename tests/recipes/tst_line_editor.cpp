@@ -1,4 +1,5 @@
 #include "support/edit_request.h"
+#include "support/shown_things.h"
 #include "recipes/line_fixture.h"
 
 #include "household/status.h"
@@ -192,7 +193,7 @@ void tst_line_editor::tab_through_untouched_boxes_changes_nothing()
     QCOMPARE(w.stored(key, "item"), QStringLiteral("Whole milk"));
     QCOMPARE(w.stored(key, "measure"), QStringLiteral(" "));
     QCOMPARE(w.page().rcp_item(0), QStringLiteral("Whole milk"));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.light(0), picture_base::light_unlisted);
 }
 
 void tst_line_editor::enter_in_the_comment_ends_the_edit()
@@ -219,7 +220,7 @@ void tst_line_editor::a_changed_name_leaves_the_line_without_stock()
     w.type(w.item(), QStringLiteral("Oat drink"));
     w.tab(w.item());
     QCOMPARE(w.line(0).ingred->toolTip(), QStringLiteral("'Oat drink': Non-stock item"));
-    QCOMPARE(w.line(0).lite->picture_number(), 171 + 3);
+    QCOMPARE(w.light(0), picture_base::light_non_stock);
     w.tab(w.desc());
     QCOMPARE(w.stored(key, "item"), QStringLiteral("Oat drink"));
     QCOMPARE(w.stored(key, "item_ref"), QStringLiteral("-1"));
@@ -363,7 +364,7 @@ void tst_line_editor::imgedit_offers_a_non_stock_line_to_stock()
     }
     QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), 1);
     QCOMPARE(w.stored(key, "item_ref"), w.text("SELECT key_id FROM items_1 WHERE item = 'Saffron'"));
-    QCOMPARE(w.line(0).lite->picture_number(), 175 + 3);
+    QCOMPARE(w.light(0), picture_base::light_unlisted);
 }
 
 void tst_line_editor::another_recipe_keeps_what_was_typed()

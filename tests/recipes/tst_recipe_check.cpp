@@ -8,6 +8,7 @@
 #include "household/status.h"
 #include "window/view_state.h"
 #include "support/edit_request.h"
+#include "support/shown_things.h"
 #include "support/table_dump.h"
 
 #include <QDialog>
@@ -105,30 +106,30 @@ private slots:
 
 void tst_recipe_check::check_pictures_follow_the_status_data()
 {
-    QTest::addColumn<int>("code");
+    QTest::addColumn<QByteArray>("change");
     QTest::addColumn<int>("lite");
     QTest::addColumn<int>("check");
     QTest::addColumn<bool>("enabled");
-    QTest::newRow("unlisted") << 5 << 175 << 113 << true;
-    QTest::newRow("inactive") << 6 << 183 << 113 << true;
-    QTest::newRow("buy it") << 7 << 179 << 122 << true;
-    QTest::newRow("buy it on several") << 8 << 179 << 130 << false;
-    QTest::newRow("non-stock") << 9 << 171 << 113 << true;
+    QTest::newRow("unlisted") << QByteArray("DELETE FROM tie") << 175 << 113 << true;
+    QTest::newRow("inactive") << QByteArray("UPDATE groc_1 SET to_get = 0") << 183 << 113 << true;
+    QTest::newRow("buy it") << QByteArray("UPDATE groc_1 SET to_get = key_id = 1") << 179 << 122 << true;
+    QTest::newRow("buy it on several") << QByteArray("UPDATE groc_1 SET to_get = 1") << 179 << 130 << false;
+    QTest::newRow("non-stock") << QByteArray("UPDATE recipe_2 SET item_ref = -1") << 171 << 113 << true;
 }
 
 void tst_recipe_check::check_pictures_follow_the_status()
 {
-    QFETCH(int, code);
+    QFETCH(QByteArray, change);
     QFETCH(int, lite);
     QFETCH(int, check);
     QFETCH(bool, enabled);
-    CheckWindow window;
+    CheckWindow window(true, true);
+    window.db().db().exec(change.toStdString());
     window.load();
-    window.page().set_lites(0, code_of_number(code).value());
     QCOMPARE(window.picture("lite", 0), lite);
     QCOMPARE(window.picture("Check1", 0), check);
     QCOMPARE(window.control(QStringLiteral("Check1(0)")).isEnabled(), enabled);
-    window.page().set_lites(0, StatusCode::buy_it);
+    window.main().household().tick(window.row, window.list, false);
     QVERIFY(window.control(QStringLiteral("Check1(0)")).isEnabled());
 }
 
@@ -153,11 +154,11 @@ void tst_recipe_check::a_greyed_check_has_no_effect()
 {
     CheckWindow window(true, true);
     window.load();
-    QCOMPARE(window.picture("Check1", 0), 130);
+    QCOMPARE(window.picture("Check1", 0), picture_base::check_plus);
     const MessageScript no_dialog;
     window.click_check(0);
     QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 2);
-    QCOMPARE(window.picture("Check1", 0), 130);
+    QCOMPARE(window.picture("Check1", 0), picture_base::check_plus);
 }
 
 void tst_recipe_check::checking_an_inactive_line_marks_it_on_all_lists()
@@ -165,15 +166,15 @@ void tst_recipe_check::checking_an_inactive_line_marks_it_on_all_lists()
     CheckWindow window;
     window.add_row(window.item, window.add_list(QStringLiteral("Party")), false);
     window.load();
-    QCOMPARE(window.picture("lite", 0), 183);
+    QCOMPARE(window.picture("lite", 0), picture_base::light_off);
     window.click_check(0);
     QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 2);
     QCOMPARE(window.number("SELECT status FROM items_1"), 8);
-    QCOMPARE(window.picture("lite", 0), 179);
-    QCOMPARE(window.picture("Check1", 0), 122);
+    QCOMPARE(window.picture("lite", 0), picture_base::light_on);
+    QCOMPARE(window.picture("Check1", 0), picture_base::check_on);
     const QString words = get_status(window.db(), window.item);
     QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), words);
-    QCOMPARE(window.main().status_panels().text(), words);
+    QCOMPARE(status_text(window.main()), words);
     QTreeWidgetItem* node = window.main().stock_tree().item_node(window.item);
     QCOMPARE(TreeView::picture(node), 8);
     QCOMPARE(window.page().rcp_item_in_work(), QStringLiteral("Sea Salt"));
@@ -184,12 +185,12 @@ void tst_recipe_check::clearing_a_check_clears_it()
 {
     CheckWindow window(true);
     window.load();
-    QCOMPARE(window.picture("Check1", 0), 122);
+    QCOMPARE(window.picture("Check1", 0), picture_base::check_on);
     window.click_check(0);
     QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 0);
     QCOMPARE(window.number("SELECT status FROM items_1"), 6);
-    QCOMPARE(window.picture("lite", 0), 183);
-    QCOMPARE(window.picture("Check1", 0), 113);
+    QCOMPARE(window.picture("lite", 0), picture_base::light_off);
+    QCOMPARE(window.picture("Check1", 0), picture_base::check_off);
 }
 
 void tst_recipe_check::a_check_changes_the_row_of_the_list_on_show()
@@ -203,8 +204,8 @@ void tst_recipe_check::a_check_changes_the_row_of_the_list_on_show()
     QVERIFY(!rows.row(0).to_get);
     window.click_check(0);
     QVERIFY(rows.row(0).to_get);
-    QCOMPARE(rows.row(0).light, 179);
-    QCOMPARE(rows.row(0).check, 122);
+    QCOMPARE(rows.row(0).light, picture_base::light_on);
+    QCOMPARE(rows.row(0).check, picture_base::check_on);
 }
 
 void tst_recipe_check::a_check_leaves_the_grid_when_the_first_row_is_on_another_list()
@@ -239,8 +240,8 @@ void tst_recipe_check::a_check_changes_the_first_row_of_all_lists_on_show()
         const GridRow& row = window.rows().row(i);
         QVERIFY(row.groc_key == window.row || row.groc_key == second);
         QCOMPARE(row.to_get, row.groc_key == window.row);
-        QCOMPARE(row.light, row.groc_key == window.row ? 179 : 183);
-        QCOMPARE(row.check, row.groc_key == window.row ? 122 : 113);
+        QCOMPARE(row.light, row.groc_key == window.row ? picture_base::light_on : picture_base::light_off);
+        QCOMPARE(row.check, row.groc_key == window.row ? picture_base::check_on : picture_base::check_off);
     }
 }
 
@@ -269,7 +270,7 @@ void tst_recipe_check::a_greyed_check_is_enabled_again_when_one_list_wants_the_i
     CheckWindow window(true, true);
     window.load();
     QWidget& check = window.control(QStringLiteral("Check1(0)"));
-    QCOMPARE(window.picture("Check1", 0), 130);
+    QCOMPARE(window.picture("Check1", 0), picture_base::check_plus);
     QVERIFY(!check.isEnabled());
     window.click_tab(0);
     QVERIFY(window.rows().row(0).to_get);
@@ -278,11 +279,11 @@ void tst_recipe_check::a_greyed_check_is_enabled_again_when_one_list_wants_the_i
     window.click_tab(1);
     QVERIFY(check.isVisible());
     QVERIFY(check.isEnabled());
-    QCOMPARE(window.picture("Check1", 0), 122);
-    QCOMPARE(window.picture("lite", 0), 179);
+    QCOMPARE(window.picture("Check1", 0), picture_base::check_on);
+    QCOMPARE(window.picture("lite", 0), picture_base::light_on);
     window.click_check(0);
     QCOMPARE(window.number("SELECT sum(to_get) FROM groc_1"), 0);
-    QCOMPARE(window.picture("Check1", 0), 113);
+    QCOMPARE(window.picture("Check1", 0), picture_base::check_off);
 }
 
 void tst_recipe_check::checking_a_stock_line_on_no_list_opens_the_editor()
@@ -370,8 +371,8 @@ void tst_recipe_check::lines_of_an_item_follow_its_status()
     QVERIFY(!window.page().shows_item(window.item + 1));
     QVERIFY(!window.page().shows_item(-1));
     window.main().household().tick(window.row, window.list, true);
-    QCOMPARE(window.picture("lite", 0), 179);
-    QCOMPARE(window.picture("lite", 1), 171);
+    QCOMPARE(window.picture("lite", 0), picture_base::light_on);
+    QCOMPARE(window.picture("lite", 1), picture_base::light_non_stock);
     QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), get_ttt(window.db(), window.item));
     QCOMPARE(window.control(QStringLiteral("ingred(1)")).toolTip(), QStringLiteral("Non-stock item"));
 }
@@ -386,7 +387,7 @@ void tst_recipe_check::a_check_shows_on_every_line_of_its_item()
         QCOMPARE(window.number("SELECT to_get FROM groc_1"), wanted ? 1 : 0);
         for (const char* picture : {"lite", "Check1"})
             QCOMPARE(window.picture(picture, 2), window.picture(picture, 0));
-        QCOMPARE(window.picture("lite", 0), wanted ? 179 : 183);
+        QCOMPARE(window.picture("lite", 0), wanted ? picture_base::light_on : picture_base::light_off);
         const QString words = get_status(window.db(), window.item);
         for (const char* line : {"ingred(0)", "ingred(2)"})
             QVERIFY2(window.control(QLatin1String(line)).toolTip().endsWith(words), line);
@@ -397,21 +398,23 @@ void tst_recipe_check::unlinked_and_linked_lines_change_their_kind()
 {
     CheckWindow window;
     window.load();
-    ItemChange change;
-    change.cause = Cause::item_editor;
-    change.items.push_back({window.item, StatusCode::inactive, StatusCode::inactive, StatusCode::inactive});
-    change.record.emplace();
-    Query(window.db(), "UPDATE recipe_2 SET item_ref = -1").run();
-    window.page().line_stock().item_changed(change);
+    const auto save_as = [&](const QString& name) {
+        ItemEdit edit;
+        edit.item = window.item;
+        edit.name = name;
+        edit.renamed = true;
+        edit.today = window.date;
+        window.main().household().save_item(edit);
+    };
+    save_as(QStringLiteral("Rock salt"));
     QCOMPARE(window.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
-    QCOMPARE(window.picture("lite", 0), 171);
+    QCOMPARE(window.picture("lite", 0), picture_base::light_non_stock);
     QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), QStringLiteral("Non-stock item"));
-    Query(window.db(), "UPDATE recipe_2 SET item_ref = iif(key_id = ?, ?, -1)", window.plain, window.item).run();
-    window.page().line_stock().item_changed(change);
+    save_as(QStringLiteral("Spring water"));
     QCOMPARE(window.control(QStringLiteral("ingred(1)")).toolTip(),
              QStringLiteral("Spring water - ") + get_status(window.db(), window.item));
     QCOMPARE(window.tag(QStringLiteral("Check1(1)")), QString::number(window.item));
-    QCOMPARE(window.picture("lite", 1), 183);
+    QCOMPARE(window.picture("lite", 1), picture_base::light_off);
     QCOMPARE(window.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
 }
 
@@ -440,7 +443,7 @@ void tst_recipe_check::text_is_readable_on_every_page_colour()
         }
         QCOMPARE(window.page().frame4().palette().color(QPalette::Window), *page_color_of(index));
         QCOMPARE(window.page().lines()[0].ingred->text_color(), QColor(Qt::black));
-        QCOMPARE(window.page().lines()[0].lite->picture_number(), 183 + index);
+        QCOMPARE(picture_of(*window.page().lines()[0].lite), picture_base::light_off + index);
     }
 }
 
@@ -453,7 +456,7 @@ void tst_recipe_check::an_unknown_colour_leaves_the_page_readable()
     const QPalette colors = window.page().frame4().palette();
     QVERIFY(colors.color(QPalette::Window).lightness() > 200);
     QCOMPARE(colors.color(QPalette::WindowText), QColor(Qt::black));
-    QCOMPARE(window.page().lines()[0].lite->picture_number(), 183 + 3);
+    QCOMPARE(picture_of(*window.page().lines()[0].lite), picture_base::light_off + 3);
 }
 
 void tst_recipe_check::a_new_line_keeps_the_simple_height_until_the_next_load()

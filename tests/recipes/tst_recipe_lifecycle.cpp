@@ -3,6 +3,7 @@
 #include "data/runtime_error.h"
 #include "window/move_window.h"
 #include "support/error_number.h"
+#include "support/shown_things.h"
 #include "support/table_dump.h"
 #include "support/tool_button.h"
 
@@ -110,7 +111,7 @@ void tst_recipe_lifecycle::deleting_the_only_recipe_selects_its_category()
     QVERIFY(!window.Text1().isVisible());
     QVERIFY(!window.page().has_recipe());
     QCOMPARE(window.pref(QStringLiteral("arcp")), QStringLiteral("-1"));
-    QCOMPARE(window.main().status_panels().text(), QStringLiteral("desserts: 0 recipes"));
+    QCOMPARE(status_text(window.main()), QStringLiteral("desserts: 0 recipes"));
     const auto& hint = static_cast<QLabel&>(window.control(QStringLiteral("empty_hint")));
     QVERIFY(hint.isVisible());
     QCOMPARE(hint.text(), PageTexts::no_recipe_hint);

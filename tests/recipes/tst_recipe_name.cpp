@@ -1,4 +1,5 @@
 #include "recipes/line_fixture.h"
+#include "support/shown_things.h"
 #include "support/tool_button.h"
 
 #include <QClipboard>
@@ -34,10 +35,7 @@ public:
 
     QString tab() { return find<QTabBar>(QStringLiteral("TabStrip1(1)"))->tabText(1); }
 
-    QString caption(const char* command)
-    {
-        return Commands::plain_caption(main().commands().action(QLatin1String(command)));
-    }
+    QString caption(const char* command) { return main().commands().caption(QLatin1String(command)); }
 
     Key apple;
     Key cake;
@@ -70,7 +68,7 @@ void tst_recipe_name::each_key_renames_tab_menus_and_tool_tips()
     window.open();
     QCOMPARE(window.tab(), QStringLiteral("Recipe: Apple pie"));
     window.click_node(rcp(window.apple));
-    QCOMPARE(window.main().status_panels().text(), QStringLiteral("Apple pie recipe"));
+    QCOMPARE(status_text(window.main()), QStringLiteral("Apple pie recipe"));
     window.focus(window.title());
     QTest::keyClick(&window.title(), Qt::Key_End);
     QString name = QStringLiteral("Apple pie");
@@ -80,7 +78,7 @@ void tst_recipe_name::each_key_renames_tab_menus_and_tool_tips()
         const QString rest = u' ' + name + QStringLiteral(" recipe");
         QCOMPARE(window.tab(), QStringLiteral("Recipe: ") + name);
         QCOMPARE(window.tree().node(rcp(window.apple))->text(0), name);
-        QCOMPARE(window.main().status_panels().text(), name + QStringLiteral(" recipe"));
+        QCOMPARE(status_text(window.main()), name + QStringLiteral(" recipe"));
         for (const char* command : {"mnu_recipe_prnt", "mnu_recipe_del", "mnu_recipe_move"})
             QVERIFY2(window.caption(command).endsWith(rest), command);
         QCOMPARE(window.caption("mnu_tv_r_del"), QStringLiteral("Delete ") + name);

@@ -2,6 +2,7 @@
 
 #include "recipes/page_geometry.h"
 #include "household/status.h"
+#include "support/shown_things.h"
 #include "support/tool_button.h"
 
 #include <QClipboard>
@@ -385,7 +386,7 @@ void tst_recipe_page::a_new_ingredient_without_a_recipe_is_answered_with_the_hin
         QTest::keyClick(&window.main(), Qt::Key_I, Qt::ControlModifier);
     else
         QTest::mouseClick(&window.control(tool_button(ToolButton::ingredient)), Qt::LeftButton);
-    QCOMPARE(window.main().status_panels().text(), no_recipe);
+    QCOMPARE(status_text(window.main()), no_recipe);
     QVERIFY(!window.page().editor_open());
 }
 
@@ -413,7 +414,8 @@ void tst_recipe_page::a_blank_item_is_an_unlisted_stock_item()
     window.load();
     window.page().set_recipe(recipe);
     QCOMPARE(window.control(QStringLiteral("ingred(0)")).toolTip(), QStringLiteral("Unlisted stock item"));
-    QCOMPARE(window.control(QStringLiteral("lite(0)")).property("picture").toInt(), 171 + 3);
+    QCOMPARE(window.control(QStringLiteral("lite(0)")).property("picture").toInt(),
+             picture_base::light_non_stock + 3);
 }
 
 void tst_recipe_page::the_loaded_key_is_stored()

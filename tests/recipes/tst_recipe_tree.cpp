@@ -3,6 +3,7 @@
 #include "data/runtime_error.h"
 #include "household/recipe_categories.h"
 #include "support/error_number.h"
+#include "support/shown_things.h"
 #include "support/table_dump.h"
 
 #include <QMenu>
@@ -241,7 +242,7 @@ void tst_recipe_tree::a_click_on_a_recipe_shows_its_page()
     QCOMPARE(window.main().shared.cur_recipe_name, QStringLiteral("Pie"));
     QCOMPARE(window.pref(QStringLiteral("arcp")), QString::number(pie));
     QCOMPARE(window.page().scroll_bar().value(), 0);
-    QCOMPARE(window.main().status_panels().text(), QStringLiteral("Pie recipe"));
+    QCOMPARE(status_text(window.main()), QStringLiteral("Pie recipe"));
     QCOMPARE(window.main().commands().caption(QStringLiteral("mnu_tv_r_del")), QStringLiteral("Delete Pie"));
     QVERIFY(window.main().commands().action(QStringLiteral("mnu_tv_r_del")).isEnabled());
 }
@@ -253,7 +254,7 @@ void tst_recipe_tree::a_click_on_a_category_counts_its_recipes()
     window.add_recipe(QStringLiteral("Cake"), QStringLiteral("13"));
     window.load();
     window.click_node(QStringLiteral("rcat13"));
-    QCOMPARE(window.main().status_panels().text(), QStringLiteral("desserts: 2 recipes"));
+    QCOMPARE(status_text(window.main()), QStringLiteral("desserts: 2 recipes"));
     QVERIFY(!window.main().commands().action(QStringLiteral("mnu_tv_r_del")).isEnabled());
 }
 

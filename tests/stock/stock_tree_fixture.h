@@ -9,6 +9,7 @@
 #include "stock/floating_buttons.h"
 #include "stock/stock_tree.h"
 #include "support/menu_hands.h"
+#include "support/shown_things.h"
 #include "support/test_window.h"
 
 #include <QAction>
@@ -33,7 +34,7 @@ protected:
     QString caption(const char* name) { return commands().caption(QLatin1String(name)); }
     bool enabled(const char* name) { return commands().action(QLatin1String(name)).isEnabled(); }
     bool visible(const char* name) { return commands().action(QLatin1String(name)).isVisible(); }
-    QString status() { return window_->main().status_panels().text(); }
+    QString status() { return status_text(window_->main()); }
     int number(const char* sql) { return window_->number(sql); }
     const SharedValues& shared() { return window_->main().shared; }
 

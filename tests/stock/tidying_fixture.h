@@ -9,6 +9,7 @@
 #include "recipes/recipe_page.h"
 #include "support/message_script.h"
 #include "stock/stock_commands.h"
+#include "support/shown_things.h"
 #include "support/table_dump.h"
 #include "widgets/list_grid.h"
 
@@ -45,7 +46,7 @@ protected:
     {
         return window_->main().recipe_page().lines().at(static_cast<size_t>(index));
     }
-    int light(int index) { return line(index).lite->picture_number() - shared().color_index; }
+    int light(int index) { return picture_of(*line(index).lite) - shared().color_index; }
 };
 
 inline QStringList TidyingTest::texts_under(QTreeWidgetItem* node)

@@ -1,4 +1,5 @@
 #include "stock/tidying_fixture.h"
+#include "household/status.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -6,6 +6,7 @@
 #include "stock/floating_buttons.h"
 #include "household/recipe_store.h"
 #include "household/status.h"
+#include "support/shown_things.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -28,9 +29,9 @@ QStringList shown_state(frmmain& main, Key item)
     state << QStringLiteral("row editor %1").arg(main.row_editor().edit_row());
     const QTreeWidgetItem* node = main.stock_tree().item_node(item);
     state << node->text(0) << TreeView::tag(node) << QString::number(TreeView::picture(node))
-          << TreeView::key(node->parent()) << main.status_panels().text();
+          << TreeView::key(node->parent()) << status_text(main);
     for (const IngredientLine& line : main.recipe_page().lines())
-        state << QStringLiteral("%1|%2|%3").arg(line.item_ref).arg(line.tool_tip).arg(line.lite->picture_number());
+        state << QStringLiteral("%1|%2|%3").arg(line.item_ref).arg(line.tool_tip).arg(picture_of(*line.lite));
     return state;
 }
 
@@ -143,7 +144,7 @@ void tst_item_editor_ok::new_item_shows_in_tree_and_status_bar()
     QCOMPARE(TreeView::picture(node), 6);
     QCOMPARE(TreeView::tag(node), QStringLiteral("6"));
     QCOMPARE(main.stock_tree().view().selected(), node);
-    QCOMPARE(main.status_panels().text(), QStringLiteral("Inactive On Market list :: Bakery category"));
+    QCOMPARE(status_text(main), QStringLiteral("Inactive On Market list :: Bakery category"));
     QVERIFY(!main.floating_buttons().button(1).isVisible());
 }
 
@@ -160,7 +161,7 @@ void tst_item_editor_ok::new_item_on_no_list_offers_the_recipe_button()
         hands.choose_category(QStringLiteral("Bakery"));
         hands.press_ok();
     });
-    QCOMPARE(main.status_panels().text(), QStringLiteral("Not listed :: Bakery category"));
+    QCOMPARE(status_text(main), QStringLiteral("Not listed :: Bakery category"));
     QVERIFY(main.floating_buttons().button(1).isVisible());
     QCOMPARE(main.floating_buttons().button(1).toolTip(), QStringLiteral("Add Soap to recipe"));
 }
@@ -270,7 +271,7 @@ void tst_item_editor_ok::category_change_moves_the_node()
     QCOMPARE(TreeView::picture(node), 7);
     QCOMPARE(TreeView::tag(node), QStringLiteral("7"));
     QCOMPARE(main.stock_tree().view().selected(), node);
-    QCOMPARE(main.status_panels().text(), QStringLiteral("Active On Weekly list :: Bakery category"));
+    QCOMPARE(status_text(main), QStringLiteral("Active On Weekly list :: Bakery category"));
     test.open(2, test.milk, [&](EditorHands& hands) {
         hands.choose_category(QStringLiteral("[OTHER]")); // an item that exists is moved without the question
         hands.press_ok();
@@ -365,7 +366,7 @@ void tst_item_editor_ok::mode_5_links_the_one_line()
              QStringLiteral("Salt27"));
     QCOMPARE(test.line_links(), QStringLiteral("3,-1"));
     QCOMPARE(test.list_rows(), QStringLiteral("2: :0: :1:0"));
-    QCOMPARE(main.status_panels().text(), QStringLiteral("Active On Market list :: Bakery category"));
+    QCOMPARE(status_text(main), QStringLiteral("Active On Market list :: Bakery category"));
 }
 
 void tst_item_editor_ok::mode_5_twice_the_same_name_is_refused()
@@ -405,7 +406,7 @@ void tst_item_editor_ok::recipe_page_shows_light_and_tool_tip()
     RecipePage& page = main.recipe_page();
     QCOMPARE(page.recipe_lines().count(), 3);
     const auto light
-        = [&](int index) { return page.lines()[size_t(index)].lite->picture_number() - main.shared.color_index; };
+        = [&](int index) { return picture_of(*page.lines()[size_t(index)].lite) - main.shared.color_index; };
     const auto tool_tip = [&](int index) { return page.lines()[size_t(index)].tool_tip; };
     const auto item_ref = [&](int index) { return int(page.lines()[size_t(index)].item_ref); };
 
@@ -460,8 +461,7 @@ void tst_item_editor_ok::status_stored_and_shown_is_the_computed_one()
     });
     QCOMPARE(test.count("SELECT status FROM items_1 WHERE key_id = 1"), 8);
     QCOMPARE(TreeView::picture(main.stock_tree().item_node(test.milk)), 8);
-    QCOMPARE(main.status_panels().text(),
-             QStringLiteral("Active On Weekly list :: Active On Market list :: Dairy category"));
+    QCOMPARE(status_text(main), QStringLiteral("Active On Weekly list :: Active On Market list :: Dairy category"));
 }
 
 void tst_item_editor_ok::item_vanished_meanwhile_is_told()

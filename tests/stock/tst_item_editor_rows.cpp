@@ -2,6 +2,7 @@
 
 #include "lists/placing.h"
 #include "household/status.h"
+#include "support/shown_things.h"
 
 #include <QAbstractItemView>
 #include <QDate>
@@ -50,7 +51,7 @@ void tst_item_editor_rows::placing_writes_the_marked_row_with_its_cells()
     });
     QCOMPARE(test.list_rows(), QStringLiteral("2: :0:5:1:0"));
     QCOMPARE(test.count("SELECT status * 10 + to_get FROM items_1 WHERE key_id = 1"), 71);
-    QCOMPARE(main.status_panels().text(), QStringLiteral("Active On Market list :: Dairy category"));
+    QCOMPARE(status_text(main), QStringLiteral("Active On Market list :: Dairy category"));
     QCOMPARE(TreeView::picture(main.stock_tree().item_node(test.milk)), 7);
 }
 

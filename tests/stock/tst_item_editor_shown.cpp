@@ -1,6 +1,7 @@
 #include "household/household.h"
 #include "stock/item_editor_fixture.h"
 #include "support/last_placed.h"
+#include "support/shown_things.h"
 
 #include "recipes/line_widgets.h"
 #include "recipes/recipe_page.h"
@@ -39,7 +40,7 @@ public:
         for (const IngredientLine& line : window.main().recipe_page().lines())
             shown << QStringLiteral("%1|%2|%3")
                          .arg(line.Check1->property("Tag").toInt())
-                         .arg(line.lite->picture_number() - window.main().shared.color_index)
+                         .arg(picture_of(*line.lite) - window.main().shared.color_index)
                          .arg(line.ingred->toolTip());
         return shown;
     }
@@ -210,7 +211,7 @@ void tst_item_editor_shown::rows_taken_off_leave_the_grid_and_the_links_are_repa
     QCOMPARE(shown.rows(), 1);
     QCOMPARE(shown.row(0).groc_key, bread);
     QCOMPARE(TreeView::tag(main.stock_tree().item_node(test.milk)), QStringLiteral("5"));
-    QCOMPARE(main.status_panels().text(), QStringLiteral("Not listed :: Dairy category"));
+    QCOMPARE(status_text(main), QStringLiteral("Not listed :: Dairy category"));
     QCOMPARE(test.window.text("SELECT group_concat(groc_id) FROM tie"), QString::number(bread));
 }
 

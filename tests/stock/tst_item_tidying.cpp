@@ -1,6 +1,8 @@
 #include "stock/tidying_fixture.h"
+#include "household/status.h"
 
 #include "widgets/row_editor.h"
+#include "support/shown_things.h"
 #include "support/tool_button.h"
 
 #include <QApplication>
@@ -258,7 +260,7 @@ void tst_item_tidying::lines_of_a_deleted_item_become_non_stock_lines_of_the_sam
     QCOMPARE(refs(), QStringLiteral("-1 %1 -1").arg(butter_));
     for (const int index : {0, 2}) {
         QCOMPARE(light(index), int(picture_base::light_non_stock));
-        QCOMPARE(line(index).Check1->picture_number() - shared().color_index, int(picture_base::check_off));
+        QCOMPARE(picture_of(*line(index).Check1) - shared().color_index, int(picture_base::check_off));
         QCOMPARE(line(index).Check1->property("Tag").toString(), QStringLiteral("-1"));
         QCOMPARE(line(index).ingred->toolTip(), QStringLiteral("Non-stock item"));
     }

@@ -421,7 +421,7 @@ void tst_stock_tree::new_nodes_go_to_their_places_by_name()
     QCOMPARE(TreeView::key(cheese), QStringLiteral("item") + key_str(key));
     QCOMPARE(TreeView::tag(cheese), QStringLiteral("5"));
     QCOMPARE(tree().selected(), cheese);
-    window_->main().stock_tree().tv_load(true);
+    trigger(*window_, "mnu_view_sort_alpha");
     add_item(QStringLiteral("Cheese"));
     QCOMPARE(tree().topLevelItem(1)->text(0), QStringLiteral("Cheese"));
 }

@@ -1,5 +1,6 @@
 #include "data/runtime_error.h"
 #include "household/category_store.h"
+#include "household/household.h"
 #include "stock/stock_tree_fixture.h"
 #include "support/error_number.h"
 #include "support/message_script.h"
@@ -134,8 +135,7 @@ void tst_stock_tree_nodes::new_category_stands_right_beside_a_renamed_folder()
     load();
     QCOMPARE(folders(), QStringLiteral("Dairy Eggs Produce OTHER"));
     // A rename leaves the folder where it is until the next load.
-    Query(window_->db(), "UPDATE cat SET cat_desc = 'Zoo' WHERE key_id = ?", eggs).run();
-    window_->main().stock_tree().category_node(eggs)->setText(0, QStringLiteral("Zoo"));
+    QVERIFY(window_->main().household().rename_category(eggs, QStringLiteral("Zoo")));
     new_category(QStringLiteral("Quark"));
     QCOMPARE(folders(), QStringLiteral("Dairy Zoo Produce Quark OTHER"));
     new_category(QStringLiteral("Zucchini"));

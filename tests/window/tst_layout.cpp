@@ -131,12 +131,9 @@ void tst_layout::panes_do_not_overlap()
     const QRect area = bar(main).parentWidget()->rect();
     const QRect tabs = main.findChild<QTabBar*>(QStringLiteral("TabStrip1(1)"))->geometry();
     const QRect left_tabs = main.findChild<QTabBar*>(QStringLiteral("TabStrip1(0)"))->geometry();
-    const QRect rects[] = {main.toolbar().widget().geometry(),
-                           left_tabs,
-                           tabs,
-                           layout.left_pane(),
-                           layout.header_row(),
-                           layout.right_pane()};
+    const QRect rects[]
+        = {main.toolbar().widget().geometry(), left_tabs, tabs, layout.left_pane(), layout.header_row(),
+           main.list_pane().grid().geometry()};
     for (const QRect& rect : rects) {
         QVERIFY(rect.isValid());
         QVERIFY(area.contains(rect));
@@ -145,7 +142,7 @@ void tst_layout::panes_do_not_overlap()
     }
     QVERIFY(bar(main).x() > layout.left_pane().left());
     QVERIFY(bar(main).geometry().left() >= layout.left_pane().right());
-    QVERIFY(layout.right_pane().height() > 100);
+    QVERIFY(main.list_pane().grid().geometry().height() > 100);
 }
 
 void tst_layout::grid_takes_what_tree_and_margins_leave()
@@ -154,9 +151,8 @@ void tst_layout::grid_takes_what_tree_and_margins_leave()
     frmmain& main = w.load();
     const int tree = main.stock_tree().view().width();
     QCOMPARE(main.layout_manager().left_pane().left(), 4);
-    QCOMPARE(main.layout_manager().right_pane().width(), 1000 - tree - 20);
-    QCOMPARE(main.layout_manager().header_row().left(), main.layout_manager().right_pane().left());
-    QCOMPARE(main.list_pane().grid().geometry(), main.layout_manager().right_pane());
+    QCOMPARE(main.list_pane().grid().geometry().width(), 1000 - tree - 20);
+    QCOMPARE(main.layout_manager().header_row().left(), main.list_pane().grid().geometry().left());
     QCOMPARE(main.recipe_page().frame4().y(), main.layout_manager().header_row().top());
 }
 
@@ -182,7 +178,7 @@ void tst_layout::shadow_alone_moves_while_the_button_is_down()
     TestWindow w;
     frmmain& main = w.load();
     const int before = bar(main).x();
-    const QRect grid = main.layout_manager().right_pane();
+    const QRect grid = main.list_pane().grid().geometry();
     QVERIFY(!shadow(main)->isVisible());
     begin_drag(main, 50);
     QVERIFY(shadow(main)->isVisible());
@@ -191,7 +187,7 @@ void tst_layout::shadow_alone_moves_while_the_button_is_down()
     QCOMPARE(shadow(main)->y(), 40);
     QCOMPARE(shadow(main)->height(), bar(main).parentWidget()->height() - 45);
     QCOMPARE(bar(main).x(), before);
-    QCOMPARE(main.layout_manager().right_pane(), grid);
+    QCOMPARE(main.list_pane().grid().geometry(), grid);
     QTest::mouseRelease(&bar(main), Qt::LeftButton, {}, QPoint(52, 100));
     QCOMPARE(bar(main).x(), before + 50);
 }
@@ -207,7 +203,7 @@ void tst_layout::dragging_to_the_right_edge_stops_at_the_limit_390_pixels_from_t
     QCOMPARE(stored_separator(w), (1000 - 390) * 15);
     QTest::mouseRelease(&bar(main), Qt::LeftButton, {}, QPoint(2, 100));
     QCOMPARE(bar(main).x(), 1000 - 390);
-    QVERIFY(main.layout_manager().right_pane().right() < 1000);
+    QVERIFY(main.list_pane().grid().geometry().right() < 1000);
 }
 
 void tst_layout::dragging_to_the_left_edge_stops_160_pixels_from_it()
@@ -346,8 +342,8 @@ void tst_layout::a_very_narrow_window_keeps_the_separator_on_the_form_and_writes
     QVERIFY(bar(main).x() > 0);
     QVERIFY(bar(main).geometry().right() < main.width());
     QCOMPARE(stored_separator(w), bar(main).x() * 15);
-    QVERIFY(main.layout_manager().right_pane().width() >= 400);
-    QVERIFY(main.layout_manager().right_pane().right() < main.width());
+    QVERIFY(main.list_pane().grid().geometry().width() >= 400);
+    QVERIFY(main.list_pane().grid().geometry().right() < main.width());
     const int narrow = bar(main).x();
     resize(main, 1200, 700);
     QCOMPARE(bar(main).x(), narrow);
@@ -360,7 +356,7 @@ void tst_layout::a_resize_that_leaves_400_pixels_does_not_move_the_separator()
     const int before = bar(main).x();
     w.set_pref(QStringLiteral("seprtr"), QStringLiteral("77"));
     resize(main, before + 416, 600);
-    QCOMPARE(main.layout_manager().right_pane().width(), 400);
+    QCOMPARE(main.list_pane().grid().geometry().width(), 400);
     QCOMPARE(bar(main).x(), before);
     QCOMPARE(stored_separator(w), 77);
     resize(main, before + 415, 600);
@@ -389,7 +385,7 @@ void tst_layout::absurd_settings_give_a_usable_window()
     frmmain& main = w.load({});
     QVERIFY(main.width() >= main.minimumWidth());
     resize(main, 800, 600);
-    const QRect right = main.layout_manager().right_pane();
+    const QRect right = main.list_pane().grid().geometry();
     QVERIFY(main.layout_manager().left_pane().width() > 0);
     QVERIFY(right.width() >= 400);
     QVERIFY(right.height() > 100);
@@ -409,7 +405,7 @@ void tst_layout::type_sizes_make_the_rows_grow_in_order()
         const Layout& layout = main.layout_manager();
         const int bar = main.toolbar().widget().height(); // its captions follow the type size as well
         return Tops{main.findChild<QTabBar*>(QStringLiteral("TabStrip1(1)"))->height(),
-                    layout.header_row().top() - bar, layout.right_pane().top() - bar};
+                    layout.header_row().top() - bar, main.list_pane().grid().geometry().top() - bar};
     };
     const Tops small = tops(9);
     const Tops medium = tops(10);
@@ -435,7 +431,7 @@ void tst_layout::restart_at_size_12_gives_the_same_row_heights_as_the_menu()
         frmmain& second = by_start.load();
         QCOMPARE(second.list_pane().grid().row_height(), first.list_pane().grid().row_height());
         QCOMPARE(second.list_pane().grid().row_height(), size == 12 ? 28 : 24);
-        QCOMPARE(second.layout_manager().right_pane(), first.layout_manager().right_pane());
+        QCOMPARE(second.list_pane().grid().geometry(), first.list_pane().grid().geometry());
         QCOMPARE(second.layout_manager().header_row(), first.layout_manager().header_row());
         QCOMPARE(second.layout_manager().left_pane(), first.layout_manager().left_pane());
     }
@@ -542,7 +538,7 @@ void tst_layout::window_refuses_to_get_smaller_than_its_controls()
     frmmain& main = w.load();
     resize(main, 50, 50);
     QVERIFY(main.width() >= 484);
-    QVERIFY(main.layout_manager().right_pane().height() > 20);
+    QVERIFY(main.list_pane().grid().geometry().height() > 20);
     QVERIFY(main.toolbar().button(ToolButton::folders).geometry().right() < main.width());
 }
 

@@ -1,4 +1,5 @@
 #include "household/status.h"
+#include "household/household.h"
 #include "lists/list_pane.h"
 #include "recipes/recipe_page.h"
 #include "recipes/recipe_tree.h"
@@ -130,7 +131,9 @@ void tst_selection::menus_follow_a_new_node_a_sort_a_collapse_and_a_removal()
     check_selected();
     node(milk_)->parent()->setExpanded(true);
     click(node(milk_));
-    tree().remove_node(node(milk_));
+    window_->main().household().delete_item(milk_);
+    QCOMPARE(text_of_selected(), QStringLiteral("Dairy"));
+    click(node(butter_));
     QCOMPARE(text_of_selected(), QStringLiteral("Butter"));
     check_selected();
     QVERIFY(commands().action(QStringLiteral("mnu_view_sort_alpha")).isEnabled());
@@ -163,9 +166,8 @@ void tst_selection::status_follows_snap()
 
 void tst_selection::recipe_menus_and_status_follow_the_keys()
 {
-    load_recipe_of(milk_);
     Query(window_->db(), "INSERT INTO recipe_1 (key_id, r_name, r_body, cat) VALUES (2, 'Zuppa', ' ', '13')").run();
-    window_->main().recipe_tree().recip_load(false);
+    load_recipe_of(milk_);
     commands().action(QStringLiteral("mnu_view_rcp")).trigger();
     TreeView& recipes = window_->main().recipe_tree().view();
     recipes.setFocus();

@@ -1,9 +1,11 @@
 #include "data/query.h"
+#include "household/household.h"
 #include "lists/list_pane.h"
 #include "recipes/line_fixture.h"
 #include "stock/floating_buttons.h"
 #include "support/message_script.h"
 #include "support/mouse_hand.h"
+#include "support/shown_things.h"
 #include "support/table_dump.h"
 #include "widgets/drag.h"
 #include "widgets/list_grid.h"
@@ -58,7 +60,7 @@ public:
     ListGrid& grid() { return main().list_pane().grid(); }
     QLabel& label() { return *find<QLabel>(QStringLiteral("drag_label_tree")); }
     bool dragging() { return main().drag().running(); }
-    QString status() { return main().status_panels().text(); }
+    QString status() { return status_text(main()); }
     QPoint row(TreeView& tree, const QString& key) { return {150, tree.text_rect(tree.node(key)).center().y()}; }
     Qt::CursorShape pointer()
     {
@@ -652,8 +654,8 @@ void tst_tree_drags::an_item_that_vanishes_while_it_is_dragged_is_dropped_nowher
         w.show();
         const MessageScript script;
         w.take(w.milk);
-        w.stock().remove_node(w.stock().node(item_key(w.milk)));
-        Query(w.db(), "DELETE FROM items_1 WHERE key_id = ?", w.milk).run();
+        w.main().household().delete_item(w.milk);
+        QVERIFY(!w.stock().node(item_key(w.milk)));
         if (page)
             w.hand.drop_on(w.page().frame4(), {200, 300});
         else

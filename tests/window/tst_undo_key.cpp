@@ -1,5 +1,6 @@
 #include "lists/list_pane.h"
 #include "recipes/line_fixture.h"
+#include "support/shown_things.h"
 #include "support/table_dump.h"
 #include "widgets/list_grid.h"
 #include "household/household.h"
@@ -383,7 +384,7 @@ void tst_undo_key::the_panel_tells_of_the_returned_item()
     w.main().set_status(QStringLiteral("of Butter"));
     w.undo();
     QCOMPARE(w.grid().current_row(), 1);
-    QCOMPARE(w.main().status_panels().text(), get_status(w.db(), 2));
+    QCOMPARE(status_text(w.main()), get_status(w.db(), 2));
 }
 
 QTEST_MAIN(tst_undo_key)

@@ -12,6 +12,7 @@
 #include "window/view_state.h"
 #include "stock/stock_tree.h"
 #include "support/menu_hands.h"
+#include "support/shown_things.h"
 #include "support/test_window.h"
 #include "support/tool_button.h"
 
@@ -584,16 +585,16 @@ void tst_view_state::words_follow_the_views()
             QTest::mouseClick(&strip, Qt::LeftButton, {}, strip.tabRect(tab).center());
         else
             f.action(command).trigger();
-        return main.status_panels().text();
+        return status_text(main);
     };
     main.stock_tree().view().select(main.stock_tree().item_node(f.item()));
     const QString milk = QStringLiteral("Not listed :: Dairy category");
     const QString soup = QStringLiteral("Lentil soup recipe");
-    QCOMPARE(main.status_panels().text(), milk);
+    QCOMPARE(status_text(main), milk);
     QCOMPARE(choose("TabStrip1(1)", 1, "mnu_view_rcpepages"), milk);
     QCOMPARE(choose("TabStrip1(0)", 1, "mnu_view_rcp"), QString());
     QVERIFY(main.recipe_tree().choose(1));
-    QCOMPARE(main.status_panels().text(), soup);
+    QCOMPARE(status_text(main), soup);
     QCOMPARE(choose("TabStrip1(0)", 0, "mnu_view_stock"), milk);
     QCOMPARE(choose("TabStrip1(1)", 0, "mnu_view_shoplist"), milk);
     QCOMPARE(choose("TabStrip1(0)", 1, "mnu_view_rcp"), soup);

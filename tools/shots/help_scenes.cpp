@@ -75,7 +75,7 @@ void recipe(Studio& studio)
 {
     studio.start(look(false), window_size);
     QRect page = studio.main().layout_manager().header_row();
-    page.setBottom(studio.main().layout_manager().right_pane().bottom());
+    page.setBottom(studio.main().list_pane().grid().geometry().bottom());
     studio.keep(QStringLiteral("recipe"), part(studio, page));
 }
 
