@@ -6,11 +6,12 @@
 #include "widgets/pictures.h"
 #include "widgets/plain_controls.h"
 
-#include <QPainter>
-#include <QPainterPath>
+#include <QComboBox>
 #include <QFontMetrics>
 #include <QFrame>
 #include <QGroupBox>
+#include <QPainter>
+#include <QPainterPath>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -289,10 +290,19 @@ void PlainStyle::polish(QPalette& palette)
     }
 }
 
+// A wheel that turns above it on its way elsewhere is not to choose, nor to take the keyboard.
+void PlainStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    if (auto* choices = qobject_cast<QComboBox*>(widget); choices && choices->focusPolicy() == Qt::WheelFocus)
+        choices->setFocusPolicy(Qt::StrongFocus);
+}
+
 int PlainStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* data) const
 {
-    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_ComboBox_Popup || hint == SH_EtchDisabledText)
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_ComboBox_Popup || hint == SH_EtchDisabledText
+        || hint == SH_ComboBox_AllowWheelScrolling)
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
 }

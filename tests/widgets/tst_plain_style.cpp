@@ -25,6 +25,7 @@
 #include <QStyle>
 #include <QTest>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -71,6 +72,7 @@ private slots:
     void a_bar_with_nothing_to_scroll_has_no_slider();
     void a_progress_bar_is_filled_as_far_as_it_says();
     void a_menu_bar_tells_of_menus_that_have_no_room();
+    void the_wheel_leaves_a_closed_list_of_choices_alone();
 
 private:
     static void scales()
@@ -675,6 +677,29 @@ void tst_plain_style::a_menu_bar_tells_of_menus_that_have_no_room()
     const QImage picture = icon.pixmap(16, 16).toImage();
     QVERIFY(!picture.isNull());
     QVERIFY(best_contrast(picture, picture.rect(), QApplication::palette().color(QPalette::Window)) >= 3);
+}
+
+void tst_plain_style::the_wheel_leaves_a_closed_list_of_choices_alone()
+{
+    QWidget window;
+    QLineEdit name(&window);
+    QComboBox choices(&window);
+    choices.addItems({QStringLiteral("Bakery"), QStringLiteral("Dairy"), QStringLiteral("Fruit")});
+    choices.move(0, 40);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    name.setFocus();
+    const QPointF place(choices.rect().center());
+    for (const int step : {-120, -120, 120}) {
+        QWheelEvent turn(place, choices.mapToGlobal(place), {}, {0, step}, Qt::NoButton, Qt::NoModifier,
+                         Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&choices, &turn);
+        QCOMPARE(choices.currentIndex(), 0);
+    }
+    QVERIFY(!(choices.focusPolicy() & ~Qt::StrongFocus)); // the wheel does not take the keyboard either
+    QTest::keyClick(&choices, Qt::Key_Down);
+    QCOMPARE(choices.currentIndex(), 1);
 }
 
 QTEST_MAIN(tst_plain_style)
