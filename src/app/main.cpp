@@ -1,5 +1,6 @@
 #include "app/application.h"
 #include "app/desktop_environment.h"
+#include "app/font_loading.h"
 #include "app/instance_lock.h"
 #include "window/frmmain.h"
 #include "widgets/message_box.h"
@@ -35,8 +36,11 @@ int run(Application& application, Environment environment, InstanceLock& instanc
 
 int main(int argc, char** argv)
 {
+    FontLoading fonts;
     Application application(argc, argv);
-    const Environment environment = desktop_environment();
+    fonts.application_made();
+    Environment environment = desktop_environment();
+    environment.wait_for_fonts = [&fonts] { fonts.wait(); };
     InstanceLock instance(environment.program_folder + QStringLiteral("/twdata/groc.lock"));
     try {
         return run(application, environment, instance);
