@@ -16,6 +16,7 @@ namespace tarnwick {
 namespace {
 
 constexpr QSize frame_size(84, 60);
+constexpr int focus_line = 4; ///< thickness around the color that has the keyboard
 constexpr int inner_gap = 5; ///< of Shape1 round the chosen frame
 constexpr int outer_gap = 7; ///< of Shape2
 
@@ -106,9 +107,8 @@ void frmColor::make_color(int index)
     box->setObjectName(QStringLiteral("color(%1)").arg(index));
     box->setGeometry(QRect(QPoint(), frame_size).adjusted(1, 1, -1, -1));
     box->setFocusPolicy(Qt::StrongFocus);
-    box->setLineWidth(3); // of the frame that marks the keyboard's place
+    box->setLineWidth(focus_line - 1); // goes on from its frame's line, which is as thick with the keyboard
     box->setAccessibleName(color_name(index));
-    paint_ground(*box, color);
     box->installEventFilter(this);
 
     frm_color_[static_cast<size_t>(index)] = frame;
@@ -122,9 +122,11 @@ bool frmColor::eventFilter(QObject* watched, QEvent* event)
         return QDialog::eventFilter(watched, event);
     const int index = static_cast<int>(found - color_.begin());
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
-        for (QFrame* box : color_)
-            box->setFrameStyle(event->type() == QEvent::FocusIn && box == watched ? QFrame::Box | QFrame::Plain
-                                                                                  : QFrame::NoFrame);
+        for (size_t i = 0; i < color_.size(); ++i) {
+            const bool focused = event->type() == QEvent::FocusIn && color_[i] == watched;
+            color_[i]->setFrameStyle(focused ? QFrame::Box | QFrame::Plain : QFrame::NoFrame);
+            frm_color_[i]->setLineWidth(focused ? focus_line : 1);
+        }
         return false;
     }
     if (event->type() == QEvent::MouseButtonPress) {

@@ -2,6 +2,7 @@
 
 #include "household/household.h"
 #include "household/lists_store.h"
+#include "widgets/fitted_text.h"
 #include "widgets/pictures.h"
 #include "widgets/tool_tip.h"
 
@@ -33,6 +34,13 @@ constexpr QSize least_size(150, 130);
 constexpr int plain_picture = 1;
 constexpr int chosen_picture = 2;
 constexpr int new_picture = 3;
+
+constexpr int beside_hint = 40; ///< of the status bar, for its margin and the grip
+
+QString drop_hint()
+{
+    return QStringLiteral("Drag and drop stock items on any list");
+}
 
 int row_top(int index)
 {
@@ -114,7 +122,6 @@ list_list::list_list(Connection& connection, Drag& drag, QWidget* owner)
     Frame1_->setObjectName(QStringLiteral("Frame1"));
     VScroll1_->setObjectName(QStringLiteral("VScroll1"));
     StatusBar1_->setObjectName(QStringLiteral("StatusBar1"));
-    StatusBar1_->showMessage(QStringLiteral("Drag and drop stock items on any list"));
     make_notice();
     add_row();
     drag.add_target(*Frame1_, *this);
@@ -203,6 +210,7 @@ void list_list::place_rows()
     const int status_height = StatusBar1_->sizeHint().height();
     const QRect area(0, 0, width(), height() - status_height);
     StatusBar1_->setGeometry(0, area.height(), width(), status_height);
+    show_hint();
     Frame1_->setGeometry(area);
     const int beyond = std::max(0, static_cast<int>(rows_.size()) - rows_in_view());
     VScroll1_->setPageStep(rows_in_view());
@@ -223,6 +231,14 @@ void list_list::place_rows()
     const int notice_height = 4 * fontMetrics().lineSpacing();
     frmCreateList_->setGeometry(0, notice_top, area.width(), std::min(notice_height, area.height() - notice_top));
     txtCreateList_->setGeometry(frmCreateList_->rect());
+}
+
+void list_list::show_hint()
+{
+    const FittedText shown = fit_text(drop_hint(), font(), StatusBar1_->width() - beside_hint);
+    StatusBar1_->setFont(shown.font);
+    StatusBar1_->showMessage(shown.text);
+    StatusBar1_->setToolTip(shown.cut ? drop_hint() : QString());
 }
 
 void list_list::set_list(Key key)
@@ -288,9 +304,7 @@ void list_list::set_type_size(int points)
 
 QSize list_list::sizeHint() const
 {
-    constexpr int beside_text = 40;
-    const int text = StatusBar1_->fontMetrics().horizontalAdvance(StatusBar1_->currentMessage());
-    return design_size.expandedTo({text + beside_text, 0});
+    return design_size.expandedTo({fontMetrics().horizontalAdvance(drop_hint()) + beside_hint, 0});
 }
 
 void list_list::choose(Key key)

@@ -74,6 +74,7 @@ private:
     void fill_row(size_t index, Key key, const QString& name);
     void make_notice();
     void place_rows();
+    void show_hint();
     void paint_row(const ListRow& row) const;
     void show_picture(const ListRow& row) const;
     void choose(Key key);

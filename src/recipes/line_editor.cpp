@@ -287,6 +287,10 @@ bool LineEditor::eventFilter(QObject* watched, QEvent* event)
         if (field == qty && QApplication::focusWidget() == watched)
             picks_->fill(qty);
         return false;
+    case QEvent::Drop:
+        if (field)
+            enter_for_drop(*field);
+        return false;
     default:
         return false;
     }
@@ -315,6 +319,15 @@ void LineEditor::box_entered(IngredientField field)
     place();
     boxes_->edit(field).end(false);
     picks_->fill(field);
+}
+
+// A text of another program comes by the mouse, but moves no focus: it would land inside a placeholder.
+void LineEditor::enter_for_drop(IngredientField field)
+{
+    if (field == last_box_)
+        return;
+    left_box(last_box_);
+    go_to(field);
 }
 
 // A press on a tree is left to the tree, which finishes the edit itself and then takes no node.

@@ -86,6 +86,7 @@ private:
     // Focus
     void go_to(IngredientField field);
     void box_entered(IngredientField field);
+    void enter_for_drop(IngredientField field);
     void focus_left(std::optional<IngredientField> field, Qt::FocusReason reason);
     void list_left(Qt::FocusReason reason);
     void left_box(IngredientField field);

@@ -241,12 +241,30 @@ bool PageText::leaves_upward(const QKeyEvent& event) const
     return !row.isValid() || row.lineNumber() == 0;
 }
 
+/// The control would go by the height of its box, scroll it, and be scrolled back. False for another key.
+bool PageText::go_a_view(const QKeyEvent& event)
+{
+    const bool down = event.key() == Qt::Key_PageDown;
+    const auto held = event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier | Qt::ShiftModifier);
+    if ((!down && event.key() != Qt::Key_PageUp) || held)
+        return false;
+    QTextCursor caret = textCursor();
+    const auto mode = event.modifiers() & Qt::ShiftModifier ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor;
+    const int rows = std::max(1, view_height_ / row_height() - 1);
+    caret.setVisualNavigation(true);
+    caret.movePosition(down ? QTextCursor::Down : QTextCursor::Up, mode, rows);
+    setTextCursor(caret);
+    return true;
+}
+
 void PageText::keyPressEvent(QKeyEvent* event)
 {
     if (leaves_upward(*event)) {
         emit up_from_top();
         return;
     }
+    if (go_a_view(*event))
+        return;
     if (isReadOnly()) {
         QPlainTextEdit::keyPressEvent(event);
         return;
@@ -293,6 +311,16 @@ void PageText::insertFromMimeData(const QMimeData* source)
     step.endEditBlock();
     setTextCursor(step);
     ensureCursorVisible();
+}
+
+/// A text of another program is dropped on a box that need not have the focus.
+void PageText::dropEvent(QDropEvent* event)
+{
+    if (!isReadOnly() && canInsertFromMimeData(event->mimeData()) && !event->mimeData()->text().isEmpty())
+        empty_help_text();
+    QPlainTextEdit::dropEvent(event);
+    if (border_style_ == 1 && !is_blank())
+        set_border_style(0);
 }
 
 void PageText::wheelEvent(QWheelEvent* event)

@@ -29,6 +29,9 @@ public:
     int border_style() const { return border_style_; } ///< 1 while the box invites input
     void set_border_style(int style);
 
+    /// How much of the page is in view, pixels: as far the page keys go.
+    void set_view_height(int height) { view_height_ = height; }
+
     /// Closed to typing with a hint on the empty box; an empty hint opens it again.
     void close_with(const QString& hint);
 
@@ -59,11 +62,13 @@ protected:
     // would read what is not there.
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void empty_help_text();
     void text_changed();
     void fit_rows();
+    bool go_a_view(const QKeyEvent& event);
     int row_height() const;
     int scrolled_pixels() const;
     void append_degree();
@@ -73,6 +78,7 @@ private:
     QString last_characters(int count) const;
 
     int border_style_ = 0;
+    int view_height_ = 0;
     bool setting_ = false;
 };
 

@@ -236,7 +236,8 @@ int RecipePage::text_top() const
 {
     const int estimated = page_geometry::to_pixels(
         page_geometry::text_top(recipe_lines_->count(), recipe_lines_->wrap_extra(), program_.shared.type_size));
-    const int below_hint = hint_->isHidden() ? 0 : hint_->geometry().bottom() + text_gap / 2;
+    const bool above_text = !hint_->isHidden() && !text1_->isHidden();
+    const int below_hint = above_text ? hint_->geometry().bottom() + text_gap / 2 : 0;
     return std::max({estimated + recipe_lines_->surplus(), recipe_lines_->bottom() + text_gap, below_hint});
 }
 
@@ -247,6 +248,7 @@ void RecipePage::place_text()
     const bool too_low = shown < page_geometry::to_pixels(low_text);
     const int height = too_low ? least_text : std::max(least_text, shown - room_below);
     text1_->setGeometry(text_left, top, text_width(), height);
+    text1_->set_view_height(frame4_->height());
     text1_->verticalScrollBar()->setValue(0);
 }
 

@@ -21,6 +21,16 @@ double contrast(const QColor& a, const QColor& b)
     return (light + 0.05) / (dark + 0.05);
 }
 
+QColor clear_of(const QColor& other, QColor color, double wanted)
+{
+    constexpr int step = 104; // percent
+    constexpr int most_steps = 60;
+    const bool other_is_light = luminance(other) > 0.5;
+    for (int i = 0; i < most_steps && contrast(other, color) < wanted; ++i)
+        color = other_is_light ? color.darker(step) : color.lighter(step);
+    return color;
+}
+
 QColor blend(const QColor& base, const QColor& tint, double share)
 {
     const auto mix = [share](int a, int b) { return qRound(a + (b - a) * share); };

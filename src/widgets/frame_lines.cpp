@@ -33,9 +33,9 @@ QRect in_device_pixels(const QPainter& painter, const QRect& rect)
             QPoint(qRound(exact.right()) - 1, qRound(exact.bottom()) - 1)};
 }
 
-int line_width(const QPainter& painter)
+int line_width(const QPainter& painter, int thickness)
 {
-    return std::max(1, static_cast<int>(painter.deviceTransform().m11()));
+    return std::max(1, static_cast<int>(thickness * painter.deviceTransform().m11()));
 }
 
 QColor line_color(const QPalette& colors)
@@ -44,10 +44,15 @@ QColor line_color(const QPalette& colors)
     return blend(colors.color(QPalette::Window), colors.color(QPalette::WindowText), softness);
 }
 
-void draw_frame(QPainter& painter, const QRect& rect, const QColor& color)
+QColor focus_color(const QPalette& colors)
+{
+    return clear_of(colors.color(QPalette::Window), colors.color(QPalette::Highlight), visible_shape);
+}
+
+void draw_frame(QPainter& painter, const QRect& rect, const QColor& color, int thickness)
 {
     const QRect outer = in_device_pixels(painter, rect);
-    const int width = line_width(painter);
+    const int width = line_width(painter, thickness);
     const int right = outer.right() + 1 - width;
     const std::array edges = {QRect(outer.left(), outer.top(), outer.width(), width), lower_edge(outer, width),
                               QRect(outer.left(), outer.top(), width, outer.height()),

@@ -257,6 +257,7 @@ void ListGrid::set_page_color(const QColor& color, int color_index)
         colors.setColor(group, QPalette::Window, color);
         colors.setColor(group, QPalette::AlternateBase, blend(color, text, 0.04));
         colors.setColor(group, QPalette::Text, text);
+        colors.setColor(group, QPalette::WindowText, text);
         colors.setColor(group, QPalette::Highlight, blend(color, QColor(60, 110, 170), 0.28));
         colors.setColor(group, QPalette::HighlightedText, text);
     }

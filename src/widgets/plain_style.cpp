@@ -4,11 +4,13 @@
 #include "widgets/fitted_text.h"
 #include "widgets/frame_lines.h"
 #include "widgets/pictures.h"
+#include "widgets/plain_controls.h"
 
 #include <QPainter>
 #include <QPainterPath>
 #include <QFontMetrics>
 #include <QFrame>
+#include <QGroupBox>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -17,7 +19,6 @@
 namespace tarnwick {
 namespace {
 
-constexpr double readable_text = 4.5; ///< contrast
 constexpr int no_picture = 0;
 
 /// Our picture for a standard one, as image of ImageList::signs.
@@ -41,30 +42,6 @@ int sign_of(QStyle::StandardPixmap icon)
     default:
         return no_picture;
     }
-}
-
-/// The colour, darkened or lightened until the text is readable on it.
-QColor ground_for(const QColor& text, QColor ground)
-{
-    constexpr int step = 104; // percent
-    constexpr int most_steps = 60;
-    const bool text_is_light = luminance(text) > 0.5;
-    for (int i = 0; i < most_steps && contrast(text, ground) < readable_text; ++i)
-        ground = text_is_light ? ground.darker(step) : ground.lighter(step);
-    return ground;
-}
-
-/// The highlight, lightened where it would not stand out from a dark window.
-QColor focus_color(const QPalette& colors)
-{
-    constexpr double visible_shape = 3;
-    constexpr int step = 104; // percent
-    constexpr int most_steps = 40;
-    const QColor window = colors.color(QPalette::Window);
-    QColor mark = colors.color(QPalette::Highlight);
-    for (int i = 0; i < most_steps && contrast(mark, window) < visible_shape; ++i)
-        mark = luminance(window) < 0.5 ? mark.lighter(step) : mark.darker(step);
-    return mark;
 }
 
 /// From here on the painter draws in device pixels.
@@ -213,9 +190,19 @@ bool draw_plain_frame(const QStyleOptionFrame& frame, QPainter& painter)
     }
     if (!is_plain || frame.frameShape != QFrame::Box)
         return false;
-    for (int i = 0; i < frame.lineWidth; ++i)
-        draw_frame(painter, frame.rect.adjusted(i, i, -i, -i), ink);
+    draw_frame(painter, frame.rect, ink, frame.lineWidth);
     return true;
+}
+
+/// The height that the title of a group stands in, above the line around the group.
+int room_of_title(const QStyle& style, const QStyleOption& group, const QWidget* widget)
+{
+    constexpr int gap = 3;
+    const auto* box = qobject_cast<const QGroupBox*>(widget);
+    if (!box || (box->title().isEmpty() && !box->isCheckable()))
+        return 0;
+    return std::max(style.pixelMetric(QStyle::PM_IndicatorHeight, &group, widget), group.fontMetrics.height())
+        + gap;
 }
 
 /// A bar without shading. The style's own is a gradient, which takes several threads to paint.
@@ -223,7 +210,7 @@ void draw_scroll_bar(const QStyle& style, const QStyleOptionSlider& bar, QPainte
 {
     constexpr int margin = 3; // between slider and edge
     constexpr double groove = 0.06;
-    constexpr double resting = 0.48; // at least 3:1 on the groove
+    constexpr double resting = 0.48;
     constexpr double held = 0.62;
     const QColor ground = bar.palette.color(QPalette::Window);
     const QColor ink = bar.palette.color(QPalette::WindowText);
@@ -238,15 +225,18 @@ void draw_scroll_bar(const QStyle& style, const QStyleOptionSlider& bar, QPainte
     const auto draw_arrow = [&](QStyle::SubControl control, QStyle::PrimitiveElement arrow) {
         QStyleOption option = bar;
         option.rect = part(control);
+        option.palette.setColor(QPalette::ButtonText, ink);
         if (holds(control))
             painter.fillRect(option.rect, blend(ground, ink, 2 * groove));
         style.drawPrimitive(arrow, &option, &painter, widget);
     };
-    painter.fillRect(bar.rect, blend(ground, ink, groove));
+    const QColor behind = blend(ground, ink, groove);
+    painter.fillRect(bar.rect, behind);
     if (bar.maximum > bar.minimum) {
         const QRect slider = part(QStyle::SC_ScrollBarSlider);
+        const QColor color = blend(ground, ink, holds(QStyle::SC_ScrollBarSlider) ? held : resting);
         painter.fillRect(upright ? slider.adjusted(margin, 0, -margin, 0) : slider.adjusted(0, margin, 0, -margin),
-                         blend(ground, ink, holds(QStyle::SC_ScrollBarSlider) ? held : resting));
+                         clear_of(behind, color, visible_shape));
     }
     const bool mirrored = bar.direction == Qt::RightToLeft;
     draw_arrow(QStyle::SC_ScrollBarSubLine,
@@ -287,14 +277,18 @@ void PlainStyle::polish(QPalette& palette)
         QColor ground = palette.color(group, QPalette::Highlight);
         if (group == QPalette::Inactive) // greyer: the keyboard is elsewhere
             ground = blend(ground, QColor(qGray(ground.rgb()), qGray(ground.rgb()), qGray(ground.rgb())), 0.75);
-        palette.setColor(group, QPalette::Highlight, ground_for(text, ground));
+        palette.setColor(group, QPalette::Highlight, clear_of(text, ground, readable_text));
+        for (const auto link : {QPalette::Link, QPalette::LinkVisited})
+            palette.setColor(
+                group, link,
+                clear_of(palette.color(group, QPalette::Window), palette.color(group, link), readable_text));
     }
 }
 
 int PlainStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* data) const
 {
-    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_ComboBox_Popup)
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_ComboBox_Popup || hint == SH_EtchDisabledText)
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
@@ -327,9 +321,23 @@ void PlainStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_IndicatorRadioButton:
         draw_indicator(*option, *painter, element == PE_IndicatorRadioButton);
         return;
+    case PE_PanelButtonCommand:
+        draw_button(*option, *painter);
+        return;
+    case PE_FrameDefaultButton: // its button shows it
+        return;
+    case PE_FrameGroupBox:
+        draw_rounded(*painter, option->rect.adjusted(0, room_of_title(*this, *option, widget), 0, 0),
+                     Qt::transparent, line_color(option->palette));
+        return;
     default:
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        break;
     }
+    const auto* panel = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    if (panel && element == PE_PanelLineEdit && panel->lineWidth > 0)
+        draw_line_edit(*panel, *painter);
+    else
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
 void PlainStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -352,6 +360,16 @@ void PlainStyle::drawControl(ControlElement element, const QStyleOption* option,
         draw_progress(*progress, *painter);
         return;
     }
+    const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (entry && element == CE_MenuItem && entry->menuItemType == QStyleOptionMenuItem::Separator
+        && entry->text.isEmpty()) {
+        constexpr int margin = 5;
+        draw_lower_line(*painter,
+                        QRect(entry->rect.left(), entry->rect.center().y(), entry->rect.width(), 1)
+                            .adjusted(margin, 0, -margin, 0),
+                        line_color(entry->palette));
+        return;
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
     // Where a menu was closed by Escape, the bar keeps the keyboard.
     const bool closed = option->state.testFlag(State_Selected) && !option->state.testFlag(State_Sunken);
@@ -365,6 +383,11 @@ void PlainStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (bar && control == CC_ScrollBar) {
         draw_scroll_bar(*this, *bar, *painter, widget);
+        return;
+    }
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (combo && control == CC_ComboBox && combo->frame && !combo->editable) {
+        draw_combo_box(*combo, subControlRect(CC_ComboBox, combo, SC_ComboBoxArrow, widget), *painter);
         return;
     }
     const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);

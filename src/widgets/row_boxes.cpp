@@ -167,14 +167,23 @@ void RowBoxes::place(int row)
     show_at(*desc, box_rect(row, GridColumn::desc));
     const bool is_last
         = !host_.column_group_shown(ColumnGroup::coupon) && !host_.column_group_shown(ColumnGroup::aisle);
-    show_at(*qty, box_rect(row, GridColumn::qty, is_last ? 1 : 0));
+    show_number_at(*qty, box_rect(row, GridColumn::qty, is_last ? 1 : 0));
+    place_steppers(*qty, qty_btn);
     place_coupon_and_date(row);
     if (cpn_brdr->isHidden())
         close_calendar();
-    show_at(*aisle, host_.column_group_shown(ColumnGroup::aisle) ? box_rect(row, GridColumn::aisle) : QRect());
-    place_steppers(*qty, qty_btn);
+    show_number_at(*aisle,
+                   host_.column_group_shown(ColumnGroup::aisle) ? box_rect(row, GridColumn::aisle) : QRect());
     place_steppers(*aisle, aisle_btn);
     place_end_frame(row);
+}
+
+/// A long text that is being typed covers the boxes to the left of its own, the description's at most.
+void RowBoxes::show_number_at(CellBox& box, const QRect& rect)
+{
+    box.set_cell({}, 0);
+    show_at(box, rect);
+    box.set_cell(rect, desc->isHidden() ? rect.left() : desc->x());
 }
 
 void RowBoxes::place_steppers(const QWidget& box, const std::array<PictureButton*, 2>& buttons)

@@ -74,6 +74,7 @@ private:
     QRect box_rect(int row, GridColumn column, int less_wide = 0) const;
     void show_at(QWidget& control, const QRect& rect);
     void give_up_focus(const QWidget& control);
+    void show_number_at(CellBox& box, const QRect& rect);
     void place_steppers(const QWidget& box, const std::array<PictureButton*, 2>& buttons);
     void place_end_frame(int row);
     void set_margins();

@@ -13,6 +13,7 @@
 #include <QTextCharFormat>
 #include <QToolTip>
 
+#include <algorithm>
 #include <limits>
 
 namespace tarnwick {
@@ -47,11 +48,19 @@ void CellBox::keep_number_whole()
     fit_type();
 }
 
-/// Where the control itself draws its text.
+void CellBox::set_cell(const QRect& cell, int leftmost)
+{
+    cell_ = cell;
+    leftmost_ = leftmost;
+    fit_type();
+}
+
+/// Where the control itself draws its text. What can be typed in keeps a place for the caret.
 QRect CellBox::text_room() const
 {
     constexpr int own_margin = 2;
-    return rect().marginsRemoved(textMargins()).adjusted(own_margin, 0, -own_margin, 0);
+    const int caret = isReadOnly() ? 0 : 1;
+    return rect().marginsRemoved(textMargins()).adjusted(own_margin, 0, -own_margin - caret, 0);
 }
 
 bool CellBox::is_cut() const
@@ -66,8 +75,19 @@ void CellBox::fit_type()
     const QScopedValueRollback fitting(fitting_, true);
     QFont type = font();
     type.setStretch(QFont::AnyStretch);
-    if (const QFont fitted = fit_text(text(), type, text_room().width()).font; fitted != font())
-        setFont(fitted);
+    const int around = width() - text_room().width();
+    const int cell_width = cell_.isEmpty() ? width() : cell_.width();
+    const FittedText fitted = fit_text(text(), type, std::max(cell_width - around, 0));
+    const bool grows = fitted.cut && hasFocus() && !cell_.isEmpty();
+    if (const QFont& wanted = grows ? type : fitted.font; wanted != font())
+        setFont(wanted);
+    if (cell_.isEmpty())
+        return;
+    QRect place = cell_;
+    if (grows)
+        place.setLeft(std::clamp(cell_.right() + 1 - QFontMetrics(type).horizontalAdvance(text()) - around,
+                                 std::min(leftmost_, cell_.left()), cell_.left()));
+    setGeometry(place);
 }
 
 bool CellBox::event(QEvent* event)
@@ -89,6 +109,18 @@ void CellBox::changeEvent(QEvent* event)
 void CellBox::resizeEvent(QResizeEvent* event)
 {
     QLineEdit::resizeEvent(event);
+    fit_type();
+}
+
+void CellBox::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    fit_type();
+}
+
+void CellBox::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
     fit_type();
 }
 
@@ -127,9 +159,7 @@ void CellBox::paintEvent(QPaintEvent* event)
     else
         QLineEdit::paintEvent(event);
     QPainter painter(this);
-    draw_frame(painter, rect(), hasFocus() ? focus_line_ : line_);
-    if (hasFocus())
-        draw_frame(painter, rect().adjusted(1, 1, -1, -1), focus_line_);
+    draw_frame(painter, rect(), hasFocus() ? focus_line_ : line_, hasFocus() ? 2 : 1);
 }
 
 PictureButton::PictureButton(const QString& name, QWidget* parent)

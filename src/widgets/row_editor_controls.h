@@ -23,6 +23,10 @@ public:
     /// number that it begins with.
     void keep_number_whole();
 
+    /// The cell it lies over, in pixels of its parent, and how far to the left it may grow while it has the
+    /// keyboard and its text is too long for the cell even so. Without a cell it stays as it is.
+    void set_cell(const QRect& cell, int leftmost);
+
     /// Whether the caret stands at the first or last place. A box that takes no typing stands at both
     /// while its whole text is marked.
     bool caret_at_start() const;
@@ -32,6 +36,8 @@ protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -43,6 +49,8 @@ private:
 
     QColor line_;
     QColor focus_line_;
+    QRect cell_;
+    int leftmost_ = 0;
     bool keeps_number_ = false;
     bool fitting_ = false;
 };

@@ -120,7 +120,13 @@ void KeyboardRound::move(int step)
     const auto here = std::find_if(round.begin(), round.end(), [](const Stop& stop) { return stop.is_here; });
     // From elsewhere, such as a tab strip, the round begins at its first stop or its last.
     const int from = here != round.end() ? static_cast<int>(here - round.begin()) : step > 0 ? -1 : count;
-    give_to(*round[static_cast<size_t>((from + step + count) % count)].place);
+    QWidget* place = round[static_cast<size_t>((from + step + count) % count)].place;
+    if (!place->isVisible()) { // the line under its open boxes
+        main_.recipe_page().line_editor().leave();
+        place = right_pane_place();
+    }
+    if (place && place->isVisible())
+        give_to(*place);
 }
 
 /// A row or node that was scrolled away comes back with the keyboard; lines of the page do so by themselves.

@@ -97,6 +97,7 @@ protected:
 };
 
 constexpr int legend_begin = 2;
+constexpr int last_text_end = 5; ///< as far from the window's edge as the first text is
 
 } // namespace
 
@@ -104,6 +105,7 @@ StatusPanels::StatusPanels(QStatusBar& bar)
 {
     bar.setObjectName(QStringLiteral("StatusBar1"));
     bar.setSizeGripEnabled(false);
+    bar.setContentsMargins(0, 0, last_text_end, 0);
     panels_[1] = new ElidedLabel(&bar);
     panels_[1]->setTextFormat(Qt::PlainText);
     panels_[1]->setContentsMargins(6, 0, 6, 0);

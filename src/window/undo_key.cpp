@@ -30,6 +30,7 @@ UndoKey::UndoKey(Program& program, const RecipePage& page)
     , page_(page)
 {
     auto* undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), &program_.window);
+    undo->setContext(Qt::ApplicationShortcut); // the list manager stays open beside the window
     connect(undo, &QShortcut::activated, this, [this] {
         if (can_bring_back())
             program_.household.bring_back();

@@ -8,6 +8,7 @@
 #include "recipes/recipe_page.h"
 #include "window/commands.h"
 #include "window/layout.h"
+#include "support/menu_hands.h"
 #include "support/test_window.h"
 #include "support/error_number.h"
 #include "support/tool_button.h"
@@ -471,8 +472,9 @@ void tst_start::the_close_box_saves_the_window_and_closes_the_database()
     TestWindow window;
     window.set_pref(QStringLiteral("wstate"), QStringLiteral("0"));
     frmmain& main = window.load({900, 600});
-    main.shared.stock_view = false;
-    main.shared.list_pane_shown = false;
+    trigger(window, "mnu_view_rcp");
+    trigger(window, "mnu_view_rcpepages");
+    window.set_pref(QStringLiteral("tv_view"), QStringLiteral("untouched"));
     QVERIFY(main.close());
     QCOMPARE(window.ends, 1);
     QVERIFY(!main.connection().is_open());
@@ -489,16 +491,17 @@ void tst_start::exit_from_the_menu_writes_nothing()
     window.set_pref(QStringLiteral("wstate"), QStringLiteral("0"));
     frmmain& main = window.load({900, 600});
     QCoreApplication::processEvents();
+    trigger(window, "mnu_view_rcp");
+    trigger(window, "mnu_view_rcpepages");
+    window.set_pref(QStringLiteral("tv_view"), QStringLiteral("untouched"));
     const QByteArray before = bytes_of(window.environment().settings_file);
-    main.shared.stock_view = false;
-    main.shared.list_pane_shown = false;
     QAction& exit = main.commands().action(QStringLiteral("mnu_list_exit"));
     QVERIFY(exit.isEnabled());
     exit.trigger();
     QCOMPARE(window.ends, 1);
     QVERIFY(main.connection().is_open());
     QCOMPARE(bytes_of(window.environment().settings_file), before);
-    QCOMPARE(window.pref(QStringLiteral("tv_view")), QStringLiteral("1"));
+    QCOMPARE(window.pref(QStringLiteral("tv_view")), QStringLiteral("untouched"));
 }
 
 void tst_start::exit_from_the_menu_keeps_what_resize_and_view_switch_wrote()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "window/commands.h"
+#include "support/menu_hands.h"
 #include "support/message_script.h"
 #include "support/test_window.h"
 
@@ -14,22 +15,6 @@
 
 // The hands of a user on the list menu and its dialogs.
 namespace tarnwick {
-
-inline void trigger(TestWindow& window, const char* name)
-{
-    QAction& action = window.main().commands().action(QString::fromLatin1(name));
-    QVERIFY2(action.isEnabled(), name);
-    QVERIFY2(action.isVisible(), name);
-    action.trigger();
-}
-
-inline void choose(TestWindow& window, int entry)
-{
-    QAction& action = window.main().commands().list_entry(entry);
-    QVERIFY(action.isEnabled());
-    QVERIFY(action.isVisible());
-    action.trigger();
-}
 
 /// The shown entries of the list menu: caption, tag, and a mark for a tick.
 inline QStringList entries(TestWindow& window)

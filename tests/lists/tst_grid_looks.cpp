@@ -10,8 +10,12 @@
 #include <QImage>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QScopeGuard>
+#include <QScrollBar>
 #include <QTest>
 #include <QToolTip>
+
+#include <functional>
 
 using namespace tarnwick;
 
@@ -32,6 +36,8 @@ private slots:
     void a_quantity_stands_clear_of_its_steppers_data() { type_sizes(); }
     void a_quantity_stands_clear_of_its_steppers();
     void a_long_quantity_is_told_whole();
+    void a_long_quantity_is_seen_whole_while_it_is_typed_data() { type_sizes(); }
+    void a_long_quantity_is_seen_whole_while_it_is_typed();
     void captions_and_boxes_of_the_header_have_one_type_size_data() { type_sizes(); }
     void captions_and_boxes_of_the_header_have_one_type_size();
     void no_quantity_touches_the_box_of_the_coupon_data() { type_sizes(); }
@@ -41,6 +47,8 @@ private slots:
     void no_name_looks_out_behind_the_buttons_of_its_row_data() { type_sizes(); }
     void no_name_looks_out_behind_the_buttons_of_its_row();
     void the_frame_of_an_open_row_goes_on_under_its_buttons();
+    void the_scroll_bar_stands_out_on_a_dark_desktop_data() { page_colors(); }
+    void the_scroll_bar_stands_out_on_a_dark_desktop();
     void lines_of_the_header_are_equally_thick_data();
     void lines_of_the_header_are_equally_thick();
 
@@ -178,6 +186,52 @@ void tst_grid_looks::a_long_quantity_is_told_whole()
     QVERIFY(!tip_at(box, box->rect().center()).contains(QStringLiteral("2")));
 }
 
+void tst_grid_looks::a_long_quantity_is_seen_whole_while_it_is_typed()
+{
+    QFETCH(int, points);
+    window_->rows(3);
+    window_->open();
+    window_->main().view_state().set_type_size(points);
+    window_->open_row(1);
+    const auto no_coupons = [&] { window_->set_group(ColumnGroup::coupon, false); };
+    for (const auto& hide : {std::function<void()>([] {}), std::function<void()>(no_coupons)}) {
+        hide();
+        for (const char* name : {"qty", "aisle"}) {
+            const QByteArray box_name = QByteArray(name) + "_brdr";
+            QLineEdit& box = window_->box(box_name.constData());
+            const QRect cell = window_->in_form(box_name.constData());
+            for (const char* typed : {"1/2", "12A", "A-14", "12A-14", "1234567", "2 packs of 500 g"}) {
+                const QString text = QString::fromLatin1(typed);
+                window_->type_into(box_name.constData(), text);
+                box.grab(); // scrolls the text to its caret
+                const QRect now = window_->in_form(box_name.constData());
+                QCOMPARE(now.right(), cell.right());
+                QVERIFY(now.left() <= cell.left());
+                auto* stepper
+                    = window_->find<QAbstractButton>(QString::fromLatin1(name) + QStringLiteral("_btn(0)"));
+                const int steppers = box.mapFrom(stepper->parentWidget(), stepper->pos()).x();
+                // Begin and end of the text as the box itself finds them.
+                box.setCursorPosition(0);
+                const QImage from_begin = box.grab().toImage();
+                const int first = box.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+                box.setCursorPosition(static_cast<int>(text.size()));
+                const QImage from_end = box.grab().toImage();
+                const int last = box.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+                QVERIFY2(first >= 2 && last <= steppers, qPrintable(text));
+                QVERIFY2(last - first >= box.fontMetrics().horizontalAdvance(text) - 1, qPrintable(text));
+                const QColor page = box.palette().color(QPalette::Base);
+                QCOMPARE(best_contrast(from_end, QRect(2, 3, 1, box.height() - 6), page), 1.0);
+                QCOMPARE(best_contrast(from_begin, QRect(steppers, 3, 1, box.height() - 6), page), 1.0);
+                // Nothing lies over it.
+                for (const QPoint place : {QPoint(3, 5), QPoint(steppers - 3, 5)})
+                    QCOMPARE(box.parentWidget()->childAt(box.mapToParent(place)), &box);
+            }
+            window_->box("desc_brdr").setFocus();
+            QCOMPARE(window_->in_form(box_name.constData()), cell);
+        }
+    }
+}
+
 void tst_grid_looks::captions_and_boxes_of_the_header_have_one_type_size()
 {
     QFETCH(int, points);
@@ -276,6 +330,26 @@ void tst_grid_looks::the_frame_of_an_open_row_goes_on_under_its_buttons()
     for (int x = 0; x < image.width(); ++x)
         for (const int y : {0, image.height() - 1})
             QVERIFY2(contrast(image.pixelColor(x, y), *page_color_of(3)) >= 3, qPrintable(QString::number(x)));
+}
+
+/// The page has one of its four light colours there too.
+void tst_grid_looks::the_scroll_bar_stands_out_on_a_dark_desktop()
+{
+    QFETCH(int, color);
+    const QPalette before = QApplication::palette();
+    const auto back = qScopeGuard([before] { QApplication::setPalette(before); });
+    QApplication::setPalette(QPalette(QColor(48, 52, 56), QColor(42, 46, 50)));
+    window_->rows(60);
+    window_->open();
+    window_->main().view_state().set_color(color);
+    QScrollBar& bar = *window_->grid().verticalScrollBar();
+    const QImage image = bar.grab().toImage();
+    const QColor groove = image.pixelColor(bar.width() / 2, bar.height() - bar.width() - 4);
+    const QRect slider(2, bar.width() + 4, bar.width() - 4, 8);
+    const QRect arrow(0, 0, bar.width(), bar.width() - 4);
+    QVERIFY(luminance(groove) > 0.5);
+    QVERIFY(best_contrast(image, slider, groove) >= 3);
+    QVERIFY(best_contrast(image, arrow, groove) >= 3);
 }
 
 void tst_grid_looks::lines_of_the_header_are_equally_thick_data()

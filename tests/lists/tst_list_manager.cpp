@@ -3,11 +3,13 @@
 #include "data/query.h"
 #include "household/household.h"
 #include "recipes/recipe_page.h"
+#include "widgets/fitted_text.h"
 #include "widgets/plain_style.h"
 #include "widgets/row_editor.h"
 #include "window/view_state.h"
 #include "support/tool_button.h"
 
+#include <QSizeGrip>
 #include <QStatusBar>
 #include <QtTest>
 
@@ -87,6 +89,7 @@ private slots:
     // The window
     void menu_entry_and_button_open_and_close_the_window();
     void window_is_modeless_and_says_what_can_be_dropped();
+    void a_small_window_shows_no_half_letter_of_what_can_be_dropped();
     void escape_closes_it();
     void place_and_size_come_back_within_the_run();
     void many_lists_scroll();
@@ -451,6 +454,25 @@ void tst_list_manager::window_is_modeless_and_says_what_can_be_dropped()
     QCOMPARE(w.manager()->windowTitle(), QStringLiteral("Shopping lists"));
     QCOMPARE(w.part<QStatusBar>(QStringLiteral("StatusBar1"))->currentMessage(),
              QStringLiteral("Drag and drop stock items on any list"));
+}
+
+void tst_list_manager::a_small_window_shows_no_half_letter_of_what_can_be_dropped()
+{
+    ManagerWindow w;
+    w.open(three);
+    const auto& bar = *w.part<QStatusBar>(QStringLiteral("StatusBar1"));
+    const QString whole = bar.currentMessage();
+    QVERIFY(bar.toolTip().isEmpty());
+    w.manager()->resize(w.manager()->minimumSize());
+    const auto* grip = bar.findChild<QSizeGrip*>();
+    QVERIFY(grip);
+    QVERIFY(bar.currentMessage().endsWith(ellipsis));
+    QVERIFY(bar.fontMetrics().horizontalAdvance(bar.currentMessage()) < grip->x());
+    QCOMPARE(bar.toolTip(), whole);
+    w.manager()->resize(w.manager()->sizeHint());
+    QCOMPARE(bar.currentMessage(), whole);
+    QVERIFY(bar.fontMetrics().horizontalAdvance(whole) < grip->x());
+    QVERIFY(bar.toolTip().isEmpty());
 }
 
 void tst_list_manager::escape_closes_it()

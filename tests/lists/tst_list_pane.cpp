@@ -6,7 +6,9 @@
 #include "lists/list_menu.h"
 #include "lists/list_pane.h"
 #include "household/list_store.h"
+#include "household/household.h"
 #include "window/commands.h"
+#include "window/view_state.h"
 #include "support/error_number.h"
 #include "support/test_window.h"
 
@@ -22,7 +24,6 @@ using namespace tarnwick;
 namespace {
 
 constexpr int grid_width = 500;
-constexpr int ten_rows_high = 190;
 
 } // namespace
 
@@ -34,7 +35,7 @@ private slots:
     void load_shows_the_rows_of_the_list();
     void load_makes_the_first_row_current();
     void list_without_rows_is_active_and_can_be_renamed();
-    void all_lists_and_stale_keys_hide_the_rename_entry();
+    void all_lists_and_a_list_that_is_gone_hide_the_rename_entry();
     void all_lists_hold_the_same_item_twice_each_with_its_own_list();
     void quantity_empty_or_blank_shows_one_blank();
     void description_and_aisle_of_one_blank_show_as_blank();
@@ -57,11 +58,15 @@ private slots:
     void notice_stands_a_quarter_lower_than_the_grid();
     void hidden_pane_hides_grid_header_and_notice();
     void page_colour_reaches_grid_and_notice();
+    void a_page_colour_that_there_is_none_of_leaves_grid_and_notice_alike();
     void click_gives_the_grid_the_focus_and_the_tab_key_does_not();
     void placed_rows_stand_as_a_load_would_put_them();
 
 private:
     ListPane& open(Key list);
+    void widen_to(int width);
+    /// Puts a new stock item on a list, without the boxes over its row.
+    void place(const QString& name, Key list, bool quiet = false);
     ListGrid& grid() { return window->main().list_pane().grid(); }
     Key add(const char* name, Key list, bool to_get = false)
     {
@@ -87,19 +92,32 @@ void tst_list_pane::init()
     window->set_pref(QStringLiteral("aisle"), QStringLiteral("1"));
 }
 
-/// The window with a list on show in a grid of known size.
+/// The window with a list on show in a grid of known width.
 ListPane& tst_list_pane::open(Key list)
 {
-    frmmain& main = window->load();
-    main.shared.current_list = list;
-    grid().setGeometry(300, 80, grid_width, ten_rows_high);
-    ListPane& pane = main.list_pane();
-    pane.show_pane(true);
-    pane.lv_load(list);
-    grid().setGeometry(300, 80, grid_width, ten_rows_high);
-    pane.set_col_widths();
-    pane.set_headers();
-    return pane;
+    window->set_pref(QStringLiteral("alist"), QString::number(list));
+    window->load();
+    widen_to(grid_width);
+    return window->main().list_pane();
+}
+
+void tst_list_pane::widen_to(int width)
+{
+    frmmain& main = window->main();
+    main.resize(main.width() + width - grid().width(), main.height());
+    QCoreApplication::processEvents();
+    QCOMPARE(grid().width(), width);
+}
+
+void tst_list_pane::place(const QString& name, Key list, bool quiet)
+{
+    Placement placement;
+    placement.list_key = list;
+    placement.item_key = window->add_item(name, 0);
+    placement.created = placement.modified = window->date;
+    placement.quiet = quiet;
+    placement.opened = false;
+    QVERIFY(window->main().household().place(placement) == Refusal::none);
 }
 
 void tst_list_pane::load_shows_the_rows_of_the_list()
@@ -135,9 +153,9 @@ void tst_list_pane::load_makes_the_first_row_current()
     const Key list = window->add_list(QStringLiteral("Weekly"));
     for (const char* name : {"a", "b", "c"})
         add(name, list);
-    ListPane& pane = open(list);
+    open(list);
     grid().set_current(2, GridColumn::qty);
-    pane.lv_load(list);
+    choose_list(*window, list);
     QCOMPARE(grid().current_row(), 0);
     QCOMPARE(grid().current_col(), GridColumn::item);
 }
@@ -145,32 +163,34 @@ void tst_list_pane::load_makes_the_first_row_current()
 void tst_list_pane::list_without_rows_is_active_and_can_be_renamed()
 {
     const Key list = window->add_list(QStringLiteral("Weekly"));
-    ListPane& pane = open(list);
-    Query(window->db(), "UPDATE list_name SET active = 0").run();
-    QAction& rename = window->main().commands().action(QStringLiteral("mnu_list_RenameList"));
-    rename.setVisible(false);
-    pane.lv_load(list);
+    add("milk", window->add_list(QStringLiteral("Party")));
+    open(0);
+    const QAction& rename = window->main().commands().action(QStringLiteral("mnu_list_RenameList"));
+    QVERIFY(!rename.isVisible());
+    QCOMPARE(grid().rows().rows(), 1);
+    choose_list(*window, list);
     QCOMPARE(grid().rows().rows(), 0);
     QCOMPARE(grid().current_row(), -1);
-    QCOMPARE(window->number("SELECT active FROM list_name"), 1);
+    QCOMPARE(window->text("SELECT group_concat(list_name) FROM list_name WHERE active = 1"),
+             QStringLiteral("Weekly"));
     QVERIFY(rename.isVisible());
 }
 
-void tst_list_pane::all_lists_and_stale_keys_hide_the_rename_entry()
+void tst_list_pane::all_lists_and_a_list_that_is_gone_hide_the_rename_entry()
 {
     const Key list = window->add_list(QStringLiteral("Weekly"));
+    const Key other = window->add_list(QStringLiteral("Party"));
     add("milk", list);
-    ListPane& pane = open(list);
-    QAction& rename = window->main().commands().action(QStringLiteral("mnu_list_RenameList"));
+    open(list);
+    const QAction& rename = window->main().commands().action(QStringLiteral("mnu_list_RenameList"));
     QVERIFY(rename.isVisible());
-    window->main().shared.current_list = 0;
-    pane.lv_load(0);
+    choose_list(*window, 0);
     QVERIFY(!rename.isVisible());
     QVERIFY(window->main().shared.all_lists_view);
     QCOMPARE(grid().rows().rows(), 1);
-    for (const Key key : {list, Key(77)}) {
-        window->main().shared.current_list = key;
-        pane.lv_load(key);
+    Query(window->db(), "DELETE FROM list_name WHERE key_id = ?", other).run(); // by another program
+    for (const Key key : {list, other}) {
+        choose_list(*window, key);
         QCOMPARE(rename.isVisible(), key == list);
         QCOMPARE(grid().rows().rows(), key == list ? 1 : 0);
     }
@@ -237,8 +257,8 @@ void tst_list_pane::earlier_active_marks_stay()
 {
     const Key first = window->add_list(QStringLiteral("A"));
     const Key second = window->add_list(QStringLiteral("B"));
-    ListPane& pane = open(first);
-    pane.lv_load(second);
+    open(first);
+    choose_list(*window, second);
     QCOMPARE(window->number("SELECT COUNT(*) FROM list_name WHERE active = 1"), 2);
 }
 
@@ -257,18 +277,11 @@ void tst_list_pane::load_ticks_the_entry_of_the_list()
 {
     const Key first = window->add_list(QStringLiteral("A"));
     const Key second = window->add_list(QStringLiteral("B"));
-    ListPane& pane = open(first);
-    Commands& commands = window->main().commands();
-    commands.set_list_entry_count(3);
-    const QString tags[] = {QString::number(first), QString::number(second), QStringLiteral("0")};
-    for (int i = 0; i < 3; ++i) {
-        commands.list_entry(i).setCheckable(true);
-        Commands::set_list_entry_tag(commands.list_entry(i), tags[i]);
-    }
+    open(first);
+    const Commands& commands = window->main().commands();
     const Key keys[] = {first, second, 0};
-    for (int shown = 0; shown < 3; ++shown) {
-        window->main().shared.current_list = keys[shown];
-        pane.lv_load(keys[shown]);
+    for (const int shown : {1, 0, 2}) {
+        choose_list(*window, keys[shown]);
         for (int i = 0; i < 3; ++i)
             QCOMPARE(commands.list_entry(i).isChecked(), i == shown);
     }
@@ -276,24 +289,26 @@ void tst_list_pane::load_ticks_the_entry_of_the_list()
 
 void tst_list_pane::load_shows_the_list_pane()
 {
-    const Key list = window->add_list(QStringLiteral("A"));
-    ListPane& pane = open(list);
-    window->main().shared.list_pane_shown = false;
-    pane.lv_load(list);
+    open(window->add_list(QStringLiteral("A")));
+    trigger(*window, "mnu_view_rcpepages");
+    QVERIFY(!grid().isVisible());
+    make_list(*window, QStringLiteral("B"));
     QVERIFY(window->main().shared.list_pane_shown);
+    QVERIFY(grid().isVisible());
 }
 
 void tst_list_pane::change_of_the_scroll_bar_makes_column_3_current()
 {
     const Key list = window->add_list(QStringLiteral("A"));
-    ListPane& pane = open(list);
     for (int i = 0; i < 60; ++i)
         add("row", list);
-    pane.lv_load(list);
+    const Key empty = window->add_list(QStringLiteral("B"));
+    open(empty);
+    choose_list(*window, list);
     QVERIFY(grid().scroll_bar_shown());
     QCOMPARE(grid().current_row(), 0);
     QCOMPARE(grid().current_col(), GridColumn::desc);
-    pane.lv_load(list);
+    choose_list(*window, list);
     QCOMPARE(grid().current_col(), GridColumn::item);
 }
 
@@ -339,7 +354,7 @@ void tst_list_pane::toggle_levels_the_text_columns()
 {
     open(window->add_list(QStringLiteral("A")));
     QCOMPARE(text_columns_width(), 294 + 2);
-    grid().resize(grid_width + 1, ten_rows_high);
+    widen_to(grid_width + 1);
     grid().set_col_width(GridColumn::item, 201);
     grid().set_col_width(GridColumn::desc, 96);
     toggle_by_menu(ColumnGroup::coupon);
@@ -423,35 +438,30 @@ void tst_list_pane::placed_row_is_sorted_in_and_current()
     const Key list = window->add_list(QStringLiteral("A"));
     for (const char* name : {"Apple", "milk", "Zest"})
         add(name, list);
-    ListPane& pane = open(list);
-    GridRow row;
-    row.groc_key = 50;
-    row.item = QStringLiteral("MELON");
-    QCOMPARE(pane.add_row(row), 1);
+    open(list);
+    place(QStringLiteral("MELON"), list);
+    QCOMPARE(grid().rows().row(1).item, QStringLiteral("MELON"));
     QCOMPARE(grid().current_row(), 1);
     QCOMPARE(grid().current_col(), GridColumn::item);
-    row.groc_key = 51;
-    row.item = QStringLiteral("bread");
-    QCOMPARE(pane.add_row(row, false), 1);
-    QCOMPARE(grid().rows().row(grid().current_row()).groc_key, Key(50));
+    place(QStringLiteral("bread"), list, true);
+    QCOMPARE(grid().rows().row(1).item, QStringLiteral("bread"));
+    QCOMPARE(grid().rows().row(grid().current_row()).item, QStringLiteral("MELON"));
 }
 
 void tst_list_pane::placing_and_removing_follow_the_scroll_bar()
 {
     const Key list = window->add_list(QStringLiteral("A"));
-    const int rows_without_bar = 9;
-    for (int i = 0; i < rows_without_bar; ++i)
-        add("row", list);
-    ListPane& pane = open(list);
+    open(list);
     QVERIFY(!grid().scroll_bar_shown());
     const int wide = text_columns_width();
-    GridRow row;
-    row.groc_key = 500;
-    row.item = QStringLiteral("zest");
-    pane.add_row(row);
-    QVERIFY(grid().scroll_bar_shown());
+    int rows_without_bar = -1;
+    while (!grid().scroll_bar_shown()) {
+        QCOMPARE(text_columns_width(), wide);
+        place(QStringLiteral("row %1").arg(++rows_without_bar, 2, 10, QLatin1Char('0')), list);
+    }
+    QVERIFY(rows_without_bar > 10);
     QCOMPARE(text_columns_width(), wide - 17);
-    pane.remove_row(500);
+    window->main().household().remove_row(grid().rows().row(rows_without_bar).groc_key);
     QVERIFY(!grid().scroll_bar_shown());
     QCOMPARE(text_columns_width(), wide);
     QCOMPARE(grid().current_row(), rows_without_bar - 1);
@@ -461,62 +471,68 @@ void tst_list_pane::last_row_can_be_removed()
 {
     const Key list = window->add_list(QStringLiteral("A"));
     const Key milk = add("milk", list);
-    ListPane& pane = open(list);
-    pane.remove_row(99);
+    const Key elsewhere = add("bread", window->add_list(QStringLiteral("B")));
+    open(list);
+    window->main().household().remove_row(elsewhere);
     QCOMPARE(grid().rows().rows(), 1);
-    pane.remove_row(milk);
+    window->main().household().remove_row(milk);
     QCOMPARE(grid().rows().rows(), 0);
     QCOMPARE(grid().current_row(), -1);
 }
 
 void tst_list_pane::notice_stands_a_quarter_lower_than_the_grid()
 {
-    ListPane& pane = open(window->add_list(QStringLiteral("A")));
+    const Key list = window->add_list(QStringLiteral("A"));
+    open(list);
     auto* frame = window->find<QFrame>(QStringLiteral("frmCreateList"));
     auto* text = window->find<QTextBrowser>(QStringLiteral("txtCreateList"));
     QVERIFY(!frame->isVisible());
-    grid().setGeometry(300, 80, 480, 400);
-    pane.set_CreateList(true);
+    window->main().household().delete_list(list);
     QVERIFY(frame->isVisible());
-    QCOMPARE(frame->geometry(), QRect(300, 80 + 100, 480, 400));
-    QCOMPARE(text->height(), 200);
+    const int height = grid().height();
+    QCOMPARE(frame->geometry(), grid().geometry().translated(0, height / 4));
+    QCOMPARE(text->height(), height / 2);
     QCOMPARE(text->geometry().center().x(), frame->rect().center().x());
     QVERIFY(text->isReadOnly());
     QCOMPARE(text->toPlainText(),
              QStringLiteral("There are no shopping lists: \n\nTo create a new shopping list, click the 'New' list "
                             "button \non the toolbar (notepad icon marked 'New' on the far left) \n - or choose "
                             "'Shopping list/New list' from the menu bar"));
-    pane.set_CreateList(false);
+    make_list(*window, QStringLiteral("B"));
     QVERIFY(!frame->isVisible());
 }
 
 void tst_list_pane::hidden_pane_hides_grid_header_and_notice()
 {
-    ListPane& pane = open(window->add_list(QStringLiteral("A")));
-    pane.set_CreateList(true);
-    pane.show_pane(false);
+    const Key list = window->add_list(QStringLiteral("A"));
+    open(list);
+    window->main().household().delete_list(list);
+    QVERIFY(notice(*window)->isVisible());
+    trigger(*window, "mnu_view_rcpepages");
     QVERIFY(!grid().isVisible());
     for (const char* name :
          {"frmCreateList", "Cmd_ShowCol(0)", "listheader(0)", "listheader_lbl(1)", "listheader_sprtr(0)"})
         QVERIFY2(!window->find<QWidget>(QLatin1String(name))->isVisible(), name);
-    pane.show_pane(true);
+    trigger(*window, "mnu_view_shoplist");
     QVERIFY(grid().isVisible());
     QVERIFY(window->find<QWidget>(QStringLiteral("Cmd_ShowCol(0)"))->isVisible());
 }
 
 void tst_list_pane::page_colour_reaches_grid_and_notice()
 {
-    ListPane& pane = open(window->add_list(QStringLiteral("A")));
-    frmmain& main = window->main();
+    open(window->add_list(QStringLiteral("A")));
     for (int index = 0; index < 4; ++index) {
-        main.shared.color_index = index;
-        pane.set_page_color();
+        window->main().view_state().set_color(index);
         QCOMPARE(grid().palette().color(QPalette::Base), *page_color_of(index));
         auto* frame = window->find<QFrame>(QStringLiteral("frmCreateList"));
         QCOMPARE(frame->palette().color(QPalette::Window), *page_color_of(index));
     }
-    main.shared.color_index = 4; // as a damaged setting leaves it at a start
-    pane.set_page_color();
+}
+
+void tst_list_pane::a_page_colour_that_there_is_none_of_leaves_grid_and_notice_alike()
+{
+    window->set_pref(QStringLiteral("color"), QStringLiteral("4"));
+    open(window->add_list(QStringLiteral("A")));
     QCOMPARE(grid().palette().color(QPalette::Base),
              window->find<QWidget>(QStringLiteral("frmCreateList"))->palette().color(QPalette::Base));
     QVERIFY(grid().palette().color(QPalette::Base) != QColor(Qt::white));
@@ -538,17 +554,13 @@ void tst_list_pane::click_gives_the_grid_the_focus_and_the_tab_key_does_not()
 void tst_list_pane::placed_rows_stand_as_a_load_would_put_them()
 {
     const Key list = window->add_list(QStringLiteral("A"));
-    ListPane& pane = open(list);
-    for (const char* name : {"b", "A", "a", "B", "\xc3\xa4pfel", "Zest", "_x", "10", "9", "a"}) {
-        GridRow row;
-        row.item = QString::fromUtf8(name);
-        row.groc_key = window->add_row(window->add_item(row.item, 0), list, false);
-        pane.add_row(row);
-    }
+    open(list);
+    for (const char* name : {"b", "A", "a", "B", "\xc3\xa4pfel", "Zest", "_x", "10", "9", "a"})
+        place(QString::fromUtf8(name), list);
     std::vector<Key> placed;
     for (const GridRow& row : grid().rows().list_rows())
         placed.push_back(row.groc_key);
-    pane.lv_load(list);
+    choose_list(*window, list);
     std::vector<Key> loaded;
     for (const GridRow& row : grid().rows().list_rows())
         loaded.push_back(row.groc_key);

@@ -78,10 +78,8 @@ void tst_list_restart::no_list_in_the_setting_while_one_exists_shows_all_lists()
     main.resize(880, 560);
     QCoreApplication::processEvents();
     check();
-    main.shared.list_pane_shown = false;
-    main.l_r_refresh();
-    main.shared.list_pane_shown = true;
-    main.l_r_refresh();
+    trigger(window, "mnu_view_rcpepages");
+    trigger(window, "mnu_view_shoplist");
     check();
 }
 

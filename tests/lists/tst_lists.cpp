@@ -163,12 +163,13 @@ void tst_lists::menu_without_lists_is_hidden_and_the_notice_shows()
 void tst_lists::notice_stays_hidden_while_a_recipe_page_is_shown()
 {
     TestWindow window;
+    const Key weekly = window.add_list(QStringLiteral("Weekly"));
     frmmain& main = window.load();
-    main.shared.list_pane_shown = false;
-    main.lists().set_mnu_lists();
+    trigger(window, "mnu_view_rcpepages");
+    main.household().delete_list(weekly); // as the list manager does beside the page
+    QVERIFY(!main.shared.list_pane_shown);
     QVERIFY(!notice(window)->isVisible());
-    main.shared.list_pane_shown = true;
-    main.lists().set_mnu_lists();
+    trigger(window, "mnu_view_shoplist");
     QVERIFY(notice(window)->isVisible());
 }
 
@@ -194,9 +195,7 @@ void tst_lists::menu_with_several_lists_ends_with_all()
     QCOMPARE(entries(window),
              (QStringList{QStringLiteral("1: apples|3"), QStringLiteral("2: Camping|2|ticked"),
                           QStringLiteral("3: weekly|1"), QStringLiteral("4: All|0")}));
-    main.shared.current_list = 0;
-    main.shared.all_lists_view = true;
-    main.lists().set_mnu_lists();
+    choose_list(window, 0);
     QCOMPARE(entries(window),
              (QStringList{QStringLiteral("1: apples|3"), QStringLiteral("2: Camping|2"),
                           QStringLiteral("3: weekly|1"), QStringLiteral("4: All|0|ticked")}));
@@ -312,8 +311,7 @@ void tst_lists::choosing_turns_back_from_the_recipe_page()
     window.add_list(QStringLiteral("Weekly"));
     window.set_pref(QStringLiteral("alist"), QStringLiteral("1"));
     frmmain& main = window.load();
-    main.shared.list_pane_shown = false;
-    main.l_r_refresh();
+    trigger(window, "mnu_view_rcpepages");
     QVERIFY(!main.list_pane().grid().isVisible());
     choose(window, 0);
     QVERIFY(main.shared.list_pane_shown);

@@ -6,6 +6,7 @@
 #include "lists/placing.h"
 #include "stock/floating_buttons.h"
 #include "stock/stock_tree.h"
+#include "support/menu_hands.h"
 #include "support/message_script.h"
 #include "support/table_dump.h"
 #include "support/test_window.h"
@@ -160,8 +161,8 @@ void tst_missing_list::nothing_reads_as_all_lists()
     Window window;
     frmmain& main = window.load();
     for (const bool list_shown : {true, false}) {
-        main.shared.list_pane_shown = list_shown;
-        main.l_r_refresh();
+        trigger(window, list_shown ? "mnu_view_shoplist" : "mnu_view_rcpepages");
+        QCOMPARE(main.shared.list_pane_shown, list_shown);
         window.click_node(200);
         for (const QString& caption : window.captions()) {
             QVERIFY2(!caption.contains(QLatin1String("All list")), qPrintable(caption));

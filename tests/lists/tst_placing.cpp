@@ -10,6 +10,7 @@
 #include "stock/stock_tree.h"
 #include "household/status.h"
 #include "support/last_placed.h"
+#include "support/menu_hands.h"
 #include "support/message_script.h"
 #include "support/table_dump.h"
 #include "support/test_window.h"
@@ -48,7 +49,7 @@ public:
         placed.modified = date;
         return placed;
     }
-    void view_all() { main().list_pane().lv_load(main().shared.current_list = 0); }
+    void view_all() { choose_list(*this, 0); }
     GridModel& rows() { return main().list_pane().grid().rows(); }
     QString cell(int row, GridColumn column) { return rows().cell_text(row, column); }
     QString panel() { return main().findChild<QWidget*>(QStringLiteral("StatusBar1(1)"))->toolTip(); }

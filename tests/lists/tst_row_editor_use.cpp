@@ -1,4 +1,5 @@
 #include "lists/editing_window.h"
+#include "support/menu_hands.h"
 #include "window/commands.h"
 #include "widgets/pictures.h"
 #include "widgets/tree_view.h"
@@ -519,20 +520,19 @@ void tst_row_editor_use::the_editor_follows_its_row()
 
 void tst_row_editor_use::a_change_of_type_size_replaces_the_editor()
 {
+    w().set_pref(QStringLiteral("font"), QStringLiteral("7"));
     w().rows(3);
     w().open();
     w().open_row(1);
-    w().main().shared.type_size = 12;
-    w().grid().set_type_size(12);
-    w().editor().set_type_size(12);
+    QCOMPARE(w().widget("qty_btn(0)").property("picture").toInt(), 150);
+    QCOMPARE(w().box("desc_brdr").font().pointSize(), 9);
+    trigger(w(), "mnu_more_lrg");
+    w().open_row(1);
     QCOMPARE(w().in_form("desc_brdr").top(), w().cell_in_form(GridColumn::desc).top());
     QCOMPARE(w().in_form("desc_brdr").height(), 28);
     QCOMPARE(w().widget("qty_btn(0)").property("picture").toInt(), 152);
     QCOMPARE(w().widget("qty_btn(1)").property("picture").toInt(), 158);
     QCOMPARE(w().box("desc_brdr").font().pointSize(), 12);
-    w().editor().set_type_size(7);
-    QCOMPARE(w().widget("qty_btn(0)").property("picture").toInt(), 150);
-    QCOMPARE(w().box("desc_brdr").font().pointSize(), 9);
 }
 
 QTEST_MAIN(tst_row_editor_use)

@@ -22,6 +22,14 @@
 
 namespace tarnwick {
 
+/// A print option in the settings, as a start reads it.
+inline void set_report(TestWindow& w, const char* key, int value)
+{
+    w.set_pref(QStringLiteral("clean"), QStringLiteral("0")); // the first settings are there
+    Settings(w.environment().settings_file)
+        .write(QStringLiteral("trnwck"), QStringLiteral("reports"), QLatin1String(key), QString::number(value));
+}
+
 /// A printer that puts each job into a PDF file of its own.
 class TestPrinter {
 public:

@@ -37,14 +37,6 @@ QString refusal()
     return QStringLiteral("The printer does not take the pages.\nNothing more is printed.");
 }
 
-/// Print options in the settings, as a start reads them.
-void set_report(TestWindow& w, const char* key, const char* value)
-{
-    w.set_pref(QStringLiteral("clean"), QStringLiteral("0")); // the first settings are there
-    Settings(w.environment().settings_file)
-        .write(QStringLiteral("trnwck"), QStringLiteral("reports"), QLatin1String(key), QLatin1String(value));
-}
-
 /// What the window prints its list from.
 PrintSource source_of(TestWindow& w)
 {
@@ -206,8 +198,8 @@ void tst_list_printing::all_lists_print_under_their_title()
 {
     EditingWindow w;
     TestPrinter printer(w);
-    set_report(w, "sort", "0");
-    set_report(w, "active", "0");
+    set_report(w, "sort", 0);
+    set_report(w, "active", 0);
     w.row(QStringLiteral("Milk"));
     w.add_row(w.add_item(QStringLiteral("Wine"), 0), w.add_list(QStringLiteral("Party")), false);
     w.set_pref(QStringLiteral("alist"), QStringLiteral("0"));
@@ -232,8 +224,8 @@ void tst_list_printing::the_form_fills_the_printable_width_of_the_paper()
     EditingWindow w;
     TestPrinter printer(w);
     printer.paper = static_cast<QPageSize::PageSizeId>(paper);
-    set_report(w, "col_ct", "1");
-    set_report(w, "sort", "0");
+    set_report(w, "col_ct", 1);
+    set_report(w, "sort", 0);
     w.rows(3);
     w.open();
     trigger(w, "mnu_list_Print");
@@ -283,8 +275,8 @@ void tst_list_printing::texts_stand_where_the_page_has_them()
 {
     EditingWindow w;
     TestPrinter printer(w);
-    set_report(w, "col_ct", "1");
-    set_report(w, "sort", "0");
+    set_report(w, "col_ct", 1);
+    set_report(w, "sort", 0);
     w.row(QStringLiteral("Apples"), QStringLiteral(" "), QStringLiteral("12"), QStringLiteral("7"));
     w.row(QStringLiteral("Bread"), QStringLiteral(" "), QStringLiteral("34"), QStringLiteral("8"));
     w.open();
@@ -302,7 +294,7 @@ void tst_list_printing::a_text_too_long_is_cut_at_its_box()
 {
     EditingWindow w;
     TestPrinter printer(w);
-    set_report(w, "sort", "0");
+    set_report(w, "sort", 0);
     QString name;
     for (int i = 0; i < 12; ++i)
         name += QStringLiteral("word%1 ").arg(i);
@@ -323,7 +315,7 @@ void tst_list_printing::a_narrow_box_shows_three_digits_whole()
 {
     EditingWindow w;
     TestPrinter printer(w);
-    set_report(w, "size", "2");
+    set_report(w, "size", 2);
     w.row(QStringLiteral("Apples"), QStringLiteral(" "), QStringLiteral("888"), QStringLiteral("12A"));
     w.open();
     trigger(w, "mnu_list_Print");
@@ -470,7 +462,7 @@ void tst_list_printing::an_empty_list_is_told()
     for (const ToolButton which : {ToolButton::print, ToolButton::preview}) {
         EditingWindow w;
         TestPrinter printer(w);
-        set_report(w, "active", "0");
+        set_report(w, "active", 0);
         w.load();
         MessageScript script;
         script.expect(QStringLiteral("Valora info"), QStringLiteral("No items to print"));
@@ -517,7 +509,7 @@ void tst_list_printing::an_open_row_is_written_before_it_is_printed()
 {
     EditingWindow w;
     TestPrinter printer(w);
-    set_report(w, "sort", "0");
+    set_report(w, "sort", 0);
     w.rows(3);
     w.open();
     w.open_row(1);
@@ -571,7 +563,7 @@ void tst_list_printing::the_print_setup_without_rows_ends_in_no_items_to_print()
     const Key list = has_list ? w.add_list(QStringLiteral("Corner shop")) : -1;
     w.set_pref(QStringLiteral("alist"), QString::number(list));
     TestPrinter printer(w);
-    set_report(w, "active", active == 1 ? "1" : "0");
+    set_report(w, "active", active == 1 ? 1 : 0);
     w.load();
     QCOMPARE(w.main().shared.current_list > 0, has_list);
     MessageScript script;

@@ -12,6 +12,15 @@ using namespace tarnwick;
 
 namespace {
 
+/// All print options: order, columns, rows to buy alone, type size.
+void set_reports(TestWindow& w, int sort, int columns, int active, int size)
+{
+    set_report(w, "sort", sort);
+    set_report(w, "col_ct", columns);
+    set_report(w, "active", active);
+    set_report(w, "size", size);
+}
+
 /// Opens the preview of the list by its button and hands it to the function, which closes it.
 void preview(EditingWindow& w, const std::function<void(QDialog&)>& look)
 {
@@ -211,8 +220,8 @@ void tst_preview::the_frame_carries_what_is_painted()
     EditingWindow w;
     w.coupon(w.row(QStringLiteral("Apples"), QStringLiteral("red"), QStringLiteral("2"), QStringLiteral("7")),
              QStringLiteral("2026-03-01"), true);
+    set_reports(w, 0, 1, 0, 1);
     w.open();
-    w.main().shared.reports = {ReportSort::by_item, 1, 0, 1};
     preview(w, [](QDialog& window) {
         const QVariantMap item = shown(window, QStringLiteral("txtItem(0)"));
         QCOMPARE(item.value(QStringLiteral("text")).toString(), QStringLiteral("Apples: red"));
@@ -246,8 +255,8 @@ void tst_preview::what_the_frame_carries_is_renewed_at_each_page()
 {
     EditingWindow w;
     w.rows(100);
+    set_reports(w, 0, 1, 1, 0);
     w.open();
-    w.main().shared.reports = {ReportSort::by_item, 1, 1, 0};
     preview(w, [](QDialog& window) {
         QCOMPARE(shown_text(window, "txtItem(0)"), QStringLiteral("Item 000: some"));
         click(window, 3);
@@ -320,8 +329,8 @@ void tst_preview::preview_and_paper_look_the_same()
     EditingWindow w;
     TestPrinter printer(w);
     w.rows(150);
+    set_reports(w, sort, columns, 0, 1);
     w.open();
-    w.main().shared.reports = {report_sort_of(sort), columns, 0, 1};
     QList<QImage> previewed;
     preview(w, [&](QDialog& window) {
         for (;;) {
@@ -499,8 +508,8 @@ void tst_preview::an_open_row_is_closed_before_the_preview()
 {
     EditingWindow w;
     w.rows(3);
+    set_report(w, "sort", 0);
     w.open();
-    w.main().shared.reports.sort = ReportSort::by_item;
     w.open_row(1);
     w.type_into("desc_brdr", QStringLiteral("ripe"));
     preview(w, [&](QDialog& window) {

@@ -178,7 +178,11 @@ void tst_add_to_recipe::the_question_and_a_deleted_line_belong_to_the_recipe_on_
     w.add_line(w.recipe, QStringLiteral("Salt"));
     w.add_line(w.recipe, QStringLiteral("Milk"), milk);
     w.open();
-    w.main().shared.cur_recipe = other;
+    QVERIFY(w.page().ingredients().check_exist(milk));
+    w.trigger(QStringLiteral("mnu_view_rcp"));
+    w.click_node(rcp(other));
+    QVERIFY(!w.page().ingredients().check_exist(milk));
+    w.click_node(rcp(w.recipe));
     QVERIFY(w.page().ingredients().check_exist(milk));
     QTest::mouseClick(w.line(0).ingred, Qt::LeftButton);
     QTest::mouseClick(&w.button("imgScratch"), Qt::LeftButton);

@@ -375,8 +375,7 @@ void tst_line_editor::another_recipe_keeps_what_was_typed()
     w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
     QTest::mouseClick(&w.item(), Qt::LeftButton);
     w.type(w.item(), QStringLiteral("Pepper"));
-    w.main().shared.cur_recipe = other;
-    w.page().set_recipe(other);
+    w.click_node(rcp(other));
     QVERIFY(!w.editor().is_open());
     QCOMPARE(w.lines(), 0);
     QCOMPARE(w.text("SELECT item || ' ' || r_ref || ' ' || \"order\" FROM recipe_2 WHERE item = 'Pepper'"),
@@ -384,8 +383,7 @@ void tst_line_editor::another_recipe_keeps_what_was_typed()
     // A new line without a name is no line.
     w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
     QTest::keyClicks(&w.qty(), QStringLiteral("2"));
-    w.main().shared.cur_recipe = w.recipe;
-    w.page().set_recipe(w.recipe);
+    w.click_node(rcp(w.recipe));
     QCOMPARE(w.lines(), 2);
     QCOMPARE(w.number("SELECT count(*) FROM recipe_2"), 2);
 }

@@ -1,6 +1,8 @@
 #include "recipes/line_fixture.h"
 
 #include <QDialog>
+#include <QDropEvent>
+#include <QMimeData>
 
 using namespace tarnwick;
 
@@ -17,6 +19,9 @@ private slots:
     void cancel_in_the_item_editor_leaves_the_placeholder_in_the_quantity();
     void a_box_that_is_not_returned_to_shows_its_placeholder();
     void a_box_that_is_not_returned_to_keeps_its_text();
+    void a_text_dropped_on_a_placeholder_takes_its_place();
+    void a_text_dropped_beside_a_typed_one_leaves_it();
+    void a_name_dropped_with_an_apostrophe_is_refused();
 
 private:
     LineWindow& w() { return *window_; }
@@ -26,6 +31,17 @@ private:
         other.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&other));
         QVERIFY(!w().main().isActiveWindow());
+    }
+
+    static void drop_text(QLineEdit& box, const QString& text)
+    {
+        QMimeData data;
+        data.setText(text);
+        QDragEnterEvent enter({15, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&box, &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop({15, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&box, &drop);
     }
 
     std::unique_ptr<LineWindow> window_;
@@ -122,6 +138,50 @@ void tst_line_inactive_window::a_box_that_is_not_returned_to_keeps_its_text()
     QVERIFY(!w().editor().is_open());
     QCOMPARE(w().ingred(0), QStringLiteral("5 Oil"));
     QCOMPARE(w().stored(oil_, "qty"), QStringLiteral("5"));
+}
+
+void tst_line_inactive_window::a_text_dropped_on_a_placeholder_takes_its_place()
+{
+    QWidget other;
+    deactivate(other);
+    QCOMPARE(w().desc().text(), QStringLiteral("(Comment)"));
+    drop_text(w().desc(), QStringLiteral("cold pressed"));
+    QCOMPARE(w().desc().text(), QStringLiteral("cold pressed"));
+    QVERIFY(LineWindow::is_black_upright(w().desc()));
+    QCOMPARE(w().qty().text(), QStringLiteral("(Qty)"));
+    QCOMPARE(w().focused_after_message(), &w().desc());
+    w().click_text();
+    QCOMPARE(w().ingred(0), QStringLiteral("Oil cold pressed"));
+    QCOMPARE(w().stored(oil_, "comment"), QStringLiteral("cold pressed"));
+}
+
+void tst_line_inactive_window::a_text_dropped_beside_a_typed_one_leaves_it()
+{
+    QTest::keyClicks(&w().qty(), QStringLiteral("5"));
+    QWidget other;
+    deactivate(other);
+    drop_text(w().measure(), QStringLiteral("cup"));
+    w().click_line(1);
+    QCOMPARE(w().ingred(0), QStringLiteral("5 cup Oil"));
+    QCOMPARE(w().stored(oil_, "qty"), QStringLiteral("5"));
+    QCOMPARE(w().stored(oil_, "measure"), QStringLiteral("cup"));
+}
+
+void tst_line_inactive_window::a_name_dropped_with_an_apostrophe_is_refused()
+{
+    QWidget other;
+    deactivate(other);
+    {
+        MessageScript script;
+        script.expect(QStringLiteral("Valora info"),
+                      QStringLiteral("Sorry - you can't put an apostrophe\nin the item name"));
+        drop_text(w().item(), QStringLiteral("Sally's "));
+    }
+    QCOMPARE(w().item().text().count(u'\''), 0);
+    QCOMPARE(w().focused_after_message(), &w().item());
+    w().click_text();
+    QVERIFY(!w().editor().is_open());
+    QVERIFY(w().stored(oil_, "item").contains(QStringLiteral("Sallys ")));
 }
 
 QTEST_MAIN(tst_line_inactive_window)

@@ -4,8 +4,10 @@
 #include "window/commands.h"
 #include "widgets/tree_view.h"
 #include "household/category_store.h"
+#include "household/recipe_store.h"
 #include "stock/stock_commands.h"
 #include "stock/stock_tree.h"
+#include "support/menu_hands.h"
 #include "support/message_script.h"
 #include "support/table_dump.h"
 #include "support/test_window.h"
@@ -256,8 +258,8 @@ void tst_naming_dialog::type_size_is_9_or_10()
     QFETCH(int, window_size);
     QFETCH(int, dialog_size);
     TestWindow window;
+    window.set_pref(QStringLiteral("font"), QString::number(window_size));
     window.load();
-    window.main().shared.type_size = window_size;
     MessageScript script;
     script.drive([&](QDialog& form) {
         const Naming dialog(form);
@@ -292,17 +294,17 @@ void tst_naming_dialog::recipe_categories_stand_in_their_order()
 void tst_naming_dialog::category_of_the_selected_recipe_is_proposed()
 {
     TestWindow window;
-    window.load();
-    frmmain& main = window.main();
-    TreeView& tree = main.recipe_tree().view();
-    tree.clear_nodes();
-    QTreeWidgetItem* soups
-        = tree.add_node(nullptr, QStringLiteral("rcat11"), QStringLiteral("soups"), 3, QString());
-    QTreeWidgetItem* recipe
-        = tree.add_node(soups, QStringLiteral("rcp0001"), QStringLiteral("Broth"), 1, QString());
+    const Key broth = insert_recipe(window.db(), QStringLiteral("Broth"), QStringLiteral("11"));
+    RecipeTree& recipes = window.load().recipe_tree();
+    TreeView& tree = recipes.view();
+    QTreeWidgetItem* soups = tree.node(QStringLiteral("rcat11"));
+    QTreeWidgetItem* recipe = recipes.recipe_node(broth);
     const auto proposed = [&](QTreeWidgetItem* node, bool stock_view) {
-        tree.select(node);
-        main.shared.stock_view = stock_view;
+        trigger(window, "mnu_view_rcp");
+        tree.ensure_visible(node);
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.text_rect(node).center());
+        if (stock_view)
+            trigger(window, "mnu_view_stock");
         int index = -1;
         MessageScript script;
         script.drive([&index](QDialog& form) {

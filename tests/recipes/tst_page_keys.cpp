@@ -1,6 +1,9 @@
 #include "recipes/line_fixture.h"
 
 #include <QMenu>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
 
 using namespace tarnwick;
 
@@ -27,6 +30,7 @@ private slots:
     void escape_drops_a_new_line();
     void escape_in_the_pick_list_leaves_the_edit();
     void a_long_body_scrolls_by_rows();
+    void the_page_keys_go_a_view_further_in_a_long_body_and_back();
     void the_pick_list_is_as_wide_as_its_longest_name();
     void the_pick_list_is_no_wider_than_the_page_and_tells_whole_names();
 
@@ -293,6 +297,41 @@ void tst_page_keys::a_long_body_scrolls_by_rows()
         moved += by > 0 ? 1 : 0;
     }
     QVERIFY(moved > 30);
+}
+
+void tst_page_keys::the_page_keys_go_a_view_further_in_a_long_body_and_back()
+{
+    three_lines();
+    QString body;
+    for (int i = 0; i < 400; ++i)
+        body += QStringLiteral("Row %1\r\n").arg(i);
+    Query(w().db(), "UPDATE recipe_1 SET r_body = ?", body).run();
+    w().open({1000, 500});
+    w().focus(w().Text1());
+    const auto row = [this] { return w().Text1().textCursor().blockNumber(); };
+    const int view = w().page().frame4().height() / w().Text1().fontMetrics().lineSpacing();
+    QVERIFY(view > 10);
+    int before = row();
+    for (int i = 0; i < 4; ++i) {
+        key(Qt::Key_PageDown);
+        QVERIFY2(row() - before >= view - 3 && row() - before < view, qPrintable(QString::number(row() - before)));
+        QVERIFY(w().caret_is_in_view());
+        before = row();
+    }
+    key(Qt::Key_PageUp);
+    QVERIFY(before - row() >= view - 3 && before - row() < view);
+    QVERIFY(w().caret_is_in_view());
+    const int there = row();
+    QTest::keyClick(&w().Text1(), Qt::Key_PageDown, Qt::ShiftModifier);
+    const QTextCursor marked = w().Text1().textCursor();
+    QCOMPARE(marked.document()->findBlock(marked.anchor()).blockNumber(), there);
+    QVERIFY(row() - there >= view - 3 && row() - there < view);
+    for (int i = 0; i < 10; ++i)
+        key(Qt::Key_PageUp);
+    QCOMPARE(row(), 0);
+    for (int i = 0; i < 100; ++i)
+        key(Qt::Key_PageDown);
+    QVERIFY(row() >= 400 - 1);
 }
 
 void tst_page_keys::the_pick_list_is_as_wide_as_its_longest_name()

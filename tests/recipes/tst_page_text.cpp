@@ -22,6 +22,16 @@ void redo(PageText& box)
     QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
 }
 
+void drop_text(PageText& box, const QString& text)
+{
+    QMimeData data;
+    data.setText(text);
+    QDragEnterEvent enter({40, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(box.viewport(), &enter);
+    QDropEvent drop({40, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(box.viewport(), &drop);
+}
+
 } // namespace
 
 /// What goes into the instructions by clipboard, drop, undo and redo.
@@ -32,6 +42,8 @@ private slots:
     void pasting_what_is_no_text_changes_nothing();
     void every_text_box_of_many_lines_is_the_guarded_one();
     void a_drop_without_data_is_refused();
+    void a_text_dropped_on_the_help_text_takes_its_place();
+    void an_empty_text_dropped_leaves_the_help_text();
     void a_text_from_the_clipboard_is_pasted();
     void undo_takes_the_sign_alone_and_then_digit_by_digit_data();
     void undo_takes_the_sign_alone_and_then_digit_by_digit();
@@ -100,6 +112,26 @@ void tst_page_text::a_drop_without_data_is_refused()
     QDropEvent drop({5, 5}, Qt::CopyAction, nullptr, Qt::LeftButton, {});
     QCoreApplication::sendEvent(viewport, &drop);
     QCOMPARE(window.Text1().toPlainText(), QStringLiteral("Stir."));
+}
+
+void tst_page_text::a_text_dropped_on_the_help_text_takes_its_place()
+{
+    RecipeWindow window;
+    const Key recipe = window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"), help_text());
+    QVERIFY(window.Text1().is_help_text() && !window.Text1().hasFocus());
+    drop_text(window.Text1(), QStringLiteral("Roll it out."));
+    QCOMPARE(window.Text1().toPlainText(), QStringLiteral("Roll it out."));
+    QCOMPARE(window.Text1().border_style(), 0);
+    window.page().texts().edit_updt();
+    QCOMPARE(read_recipe(window.db(), recipe)->body, QStringLiteral("Roll it out."));
+}
+
+void tst_page_text::an_empty_text_dropped_leaves_the_help_text()
+{
+    RecipeWindow window;
+    window.open_recipe(QStringLiteral("Pie"), QStringLiteral("13"), help_text());
+    drop_text(window.Text1(), QString());
+    QVERIFY(window.Text1().is_help_text());
 }
 
 void tst_page_text::a_text_from_the_clipboard_is_pasted()

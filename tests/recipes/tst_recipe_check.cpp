@@ -6,6 +6,7 @@
 #include "lists/list_pane.h"
 #include "recipes/page_geometry.h"
 #include "household/status.h"
+#include "window/view_state.h"
 #include "support/edit_request.h"
 #include "support/table_dump.h"
 
@@ -419,8 +420,7 @@ void tst_recipe_check::type_size_places_the_lines_anew()
     CheckWindow window;
     window.load();
     QCOMPARE(window.control(QStringLiteral("ingred(1)")).y(), 60);
-    window.main().shared.type_size = 12;
-    window.page().set_type_size();
+    window.trigger(QStringLiteral("mnu_more_lrg"));
     QCOMPARE(window.control(QStringLiteral("ingred(1)")).y(), 67);
     QCOMPARE(window.control(QStringLiteral("ingred(1)")).font().pointSize(), 12);
     QCOMPARE(window.Text1().font().pointSize(), 12);
@@ -433,9 +433,7 @@ void tst_recipe_check::text_is_readable_on_every_page_colour()
     CheckWindow window;
     window.load();
     for (int index = 0; index < 4; ++index) {
-        window.main().shared.color_index = index;
-        window.page().set_page_color();
-        window.page().set_recipe(window.recipe);
+        window.main().view_state().set_color(index);
         for (QWidget* box : {static_cast<QWidget*>(&window.title()), static_cast<QWidget*>(&window.Text1())}) {
             QCOMPARE(box->palette().color(QPalette::Base), *page_color_of(index));
             QCOMPARE(box->palette().color(QPalette::Text), QColor(Qt::black));

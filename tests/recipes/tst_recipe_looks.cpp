@@ -273,6 +273,10 @@ void tst_recipe_looks::a_page_without_a_recipe_says_so_either_way()
     QVERIFY(by_hint.width() > 200);
     QVERIFY((by_hint.topLeft() - by_instructions.topLeft()).manhattanLength() <= 4);
     QVERIFY((by_hint.bottomRight() - by_instructions.bottomRight()).manhattanLength() <= 4);
+    for (int i = 0; i < 5; ++i)
+        w_->page().layout_page();
+    QCOMPARE(letters(), by_hint);
+    QVERIFY(!w_->find<QWidget>(QStringLiteral("VScroll1"))->isVisible());
 }
 
 QTEST_MAIN(tst_recipe_looks)

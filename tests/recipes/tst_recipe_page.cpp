@@ -6,6 +6,8 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
+#include <QScrollBar>
 #include <QTabBar>
 
 using namespace tarnwick;
@@ -34,6 +36,8 @@ private slots:
     void orders_run_without_gaps_after_a_delete_and_a_reload();
     void an_empty_recipe_hides_its_first_element_only();
     void no_recipe_hides_name_and_body();
+    void without_a_recipe_the_page_says_so_at_its_head_and_does_not_scroll_data();
+    void without_a_recipe_the_page_says_so_at_its_head_and_does_not_scroll();
     void a_page_without_a_recipe_is_closed_to_typing_data();
     void a_page_without_a_recipe_is_closed_to_typing();
     void a_new_ingredient_without_a_recipe_is_answered_with_the_hint_data();
@@ -265,6 +269,33 @@ void tst_recipe_page::no_recipe_hides_name_and_body()
     window.page().set_recipe(0);
     QVERIFY(window.title().isVisible());
     QCOMPARE(window.tag(QStringLiteral("title")), QStringLiteral("-1"));
+}
+
+void tst_recipe_page::without_a_recipe_the_page_says_so_at_its_head_and_does_not_scroll_data()
+{
+    QTest::addColumn<int>("points");
+    for (const int points : {9, 10, 12})
+        QTest::addRow("%d points", points) << points;
+}
+
+void tst_recipe_page::without_a_recipe_the_page_says_so_at_its_head_and_does_not_scroll()
+{
+    QFETCH(int, points);
+    RecipeWindow window;
+    window.set_pref(QStringLiteral("arcp"), QStringLiteral("-1"));
+    window.set_pref(QStringLiteral("font"), QString::number(points));
+    window.load();
+    const auto* hint = window.find<QLabel>(QStringLiteral("empty_hint"));
+    QVERIFY(hint->isVisible());
+    QCOMPARE(hint->text(), no_recipe);
+    const int top = hint->y();
+    QVERIFY2(top < 120, qPrintable(QString::number(top)));
+    for (int i = 1; i <= 5; ++i) {
+        window.main().resize(window.main().size() + QSize(10, 0));
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(hint->y(), top);
+    QVERIFY(!window.find<QScrollBar>(QStringLiteral("VScroll1"))->isVisible());
 }
 
 void tst_recipe_page::a_page_first_shown_when_all_recipes_are_gone_has_no_title()

@@ -381,11 +381,10 @@ void tst_recipe_text::loading_another_recipe_keeps_what_was_typed()
     const Key pie = window.add_recipe(QStringLiteral("Pie"), QStringLiteral("13"));
     const Key cake = window.add_recipe(QStringLiteral("Cake"), QStringLiteral("13"));
     window.load();
-    window.page().set_recipe(pie);
+    window.click_node(rcp(pie));
     window.focus(window.Text1());
     QTest::keyClicks(&window.Text1(), QStringLiteral("x"));
-    window.main().shared.cur_recipe = cake;
-    window.page().set_recipe(cake);
+    window.click_node(rcp(cake));
     QVERIFY(window.text("SELECT r_body FROM recipe_1 WHERE r_name = 'Pie'").contains(u'x'));
     QCOMPARE(window.text("SELECT r_body FROM recipe_1 WHERE r_name = 'Cake'"), QStringLiteral("Stir."));
     QCOMPARE(window.main().shared.cur_recipe, cake);

@@ -8,6 +8,7 @@
 #include "dialogs/l_item_edit.h"
 #include "stock/stock_tree.h"
 #include "support/edit_request.h"
+#include "support/menu_hands.h"
 #include "support/message_script.h"
 #include "support/test_window.h"
 

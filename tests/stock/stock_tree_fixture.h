@@ -8,6 +8,7 @@
 #include "widgets/tree_view.h"
 #include "stock/floating_buttons.h"
 #include "stock/stock_tree.h"
+#include "support/menu_hands.h"
 #include "support/test_window.h"
 
 #include <QAction>
@@ -34,7 +35,7 @@ protected:
     bool visible(const char* name) { return commands().action(QLatin1String(name)).isVisible(); }
     QString status() { return window_->main().status_panels().text(); }
     int number(const char* sql) { return window_->number(sql); }
-    SharedValues& shared() { return window_->main().shared; }
+    const SharedValues& shared() { return window_->main().shared; }
 
     void load();
     void load_flat();

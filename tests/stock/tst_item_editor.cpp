@@ -121,8 +121,7 @@ void tst_item_editor::new_item_in_the_all_lists_view_has_rows_for_all_lists_none
     EditorCase test;
     test.add_lists();
     test.window.load();
-    test.window.main().shared.current_list = 0;
-    test.window.main().shared.all_lists_view = true;
+    choose_list(test.window, 0);
     test.open(0, -1, [&](EditorHands& hands) {
         QCOMPARE(hands.grid().rows().rows(), 3);
         for (int row = 0; row < 3; ++row) {
@@ -137,7 +136,7 @@ void tst_item_editor::placing_pre_marks_the_list_it_came_to()
     EditorCase test;
     test.add_lists();
     test.window.load();
-    test.window.main().shared.current_list = test.market;
+    choose_list(test.window, test.market);
     test.open(1, test.milk, [&](EditorHands& hands) {
         QCOMPARE(hands.name().text(), QStringLiteral("Milk"));
         QCOMPARE(hands.category().currentText(), QStringLiteral("Dairy"));
@@ -159,8 +158,7 @@ void tst_item_editor::placing_in_the_all_lists_view_pre_marks_nothing()
     EditorCase test;
     test.add_lists();
     test.window.load();
-    test.window.main().shared.current_list = 0;
-    test.window.main().shared.all_lists_view = true;
+    choose_list(test.window, 0);
     test.open(1, test.milk, [&](EditorHands& hands) {
         for (int row = 0; row < 3; ++row)
             QCOMPARE(hands.row(row).light, picture_base::light_unlisted);
@@ -174,7 +172,7 @@ void tst_item_editor::placing_leaves_a_row_already_on_the_list_alone()
     test.add_lists();
     test.window.add_row(test.milk, test.market, false, QStringLiteral("fresh"));
     test.window.load();
-    test.window.main().shared.current_list = test.market;
+    choose_list(test.window, test.market);
     test.open(1, test.milk, [&](EditorHands& hands) {
         QCOMPARE(hands.row(1).light, picture_base::light_off);
         QCOMPARE(hands.row(1).desc, QStringLiteral("fresh"));
@@ -186,7 +184,7 @@ void tst_item_editor::placing_from_all_lists_of_the_manager_pre_marks_nothing()
     EditorCase test;
     test.add_lists();
     test.window.load();
-    test.window.main().shared.current_list = test.market;
+    choose_list(test.window, test.market);
     test.marked_list = 0;
     test.open(1, test.milk,
               [&](EditorHands& hands) { QCOMPARE(hands.row(1).light, picture_base::light_unlisted); });
@@ -235,7 +233,7 @@ void tst_item_editor::row_far_down_is_brought_into_view()
             QVERIFY(hands.grid().row_is_visible(49));
         },
         -1, row);
-    test.window.main().shared.current_list = 59;
+    choose_list(test.window, 59);
     test.open(1, test.milk, [&](EditorHands& hands) {
         QCOMPARE(hands.grid().current_row(), 58);
         QVERIFY(hands.grid().row_is_visible(58));
@@ -492,7 +490,7 @@ void tst_item_editor::edit_command_hands_over_the_row_of_the_current_list()
     test.window.add_row(test.milk, test.weekly, true);
     const Key row = test.window.add_row(test.milk, test.market, true);
     frmmain& main = test.window.load();
-    main.shared.current_list = test.market;
+    choose_list(test.window, test.market);
     QTreeWidgetItem* node = main.stock_tree().item_node(test.milk);
     QVERIFY(node);
     node->parent()->setExpanded(true);
@@ -501,7 +499,7 @@ void tst_item_editor::edit_command_hands_over_the_row_of_the_current_list()
     QAction& command = main.commands().action(QStringLiteral("mnu_tv_edit"));
     QVERIFY(command.isEnabled());
     for (const Key list : {test.market, test.party}) {
-        main.shared.current_list = list;
+        choose_list(test.window, list);
         MessageScript messages;
         messages.drive([&](QDialog& dialog) {
             QCOMPARE(dialog.windowTitle(), QStringLiteral("Editing Milk"));

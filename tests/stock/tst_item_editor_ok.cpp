@@ -287,8 +287,8 @@ void tst_item_editor_ok::unchanged_editor_writes_only_the_status()
     test.add_line(QStringLiteral("Milk"), -1);
     Query(test.window.db(), "UPDATE items_1 SET status = 8, modified = '2020-01-01'").run();
     test.window.load();
+    choose_list(test.window, test.weekly);
     for (const int mode : {1, 2, 3, 4}) {
-        test.window.main().shared.current_list = test.weekly;
         test.open(mode, test.milk, [&](EditorHands& hands) {
             if (mode == 1)
                 hands.messages.expect(QStringLiteral("Add to list"),

@@ -42,8 +42,7 @@ void tst_item_editor_rows::placing_writes_the_marked_row_with_its_cells()
     EditorCase test;
     test.add_lists();
     frmmain& main = test.window.load();
-    main.shared.current_list = test.market;
-    main.shared.all_lists_view = false;
+    choose_list(test.window, test.market);
     test.open(1, test.milk, [&](EditorHands& hands) {
         hands.type_cell(1, "aisle_brdr", QStringLiteral("5"));
         hands.press_ok();

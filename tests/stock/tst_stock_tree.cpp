@@ -253,11 +253,12 @@ void tst_stock_tree::long_name_is_cut_in_captions_and_whole_elsewhere()
 void tst_stock_tree::captions_follow_the_list_in_use()
 {
     load();
-    shared().current_list = 0;
+    choose_list(*window_, 0);
     click(node(milk_));
     QCOMPARE(caption("mnu_tv_ai"), QStringLiteral("Add Milk to a shopping list"));
     QVERIFY(enabled("mnu_tv_ai"));
-    shared().current_list = -1;
+    for (const Key list : {home_, party_})
+        window_->main().household().delete_list(list);
     click(node(butter_));
     QCOMPARE(caption("mnu_tv_ai"), QStringLiteral("Add to shopping list"));
     QVERIFY(!enabled("mnu_tv_ai"));

@@ -118,8 +118,7 @@ void tst_stock_tree_use::box_band_is_exact_in_both_views()
     QVERIFY(hits(43));
     QVERIFY(hits(55));
     QVERIFY(!hits(56));
-    shared().stock_alpha = true;
-    window_->main().stock_tree().tv_load(true);
+    trigger(*window_, "mnu_view_sort_alpha");
     QVERIFY(!hits(23));
     QVERIFY(hits(24));
     QVERIFY(hits(37));
@@ -254,7 +253,7 @@ void tst_stock_tree_use::box_and_button_stand_beside_the_name_in_a_narrow_tree()
 void tst_stock_tree_use::add_button_needs_a_list()
 {
     load();
-    shared().current_list = 0;
+    choose_list(*window_, 0);
     click(node(milk_));
     QVERIFY(!button(0).isVisible());
 }
@@ -273,10 +272,10 @@ void tst_stock_tree_use::listed_item_gets_the_locate_button()
 
 void tst_stock_tree_use::recipe_page_gets_the_recipe_button()
 {
+    const Key pancakes = insert_recipe(window_->db(), QStringLiteral("Pancakes"), QStringLiteral("02"));
+    window_->set_pref(QStringLiteral("arcp"), QString::number(pancakes));
     load();
-    shared().list_pane_shown = false;
-    shared().cur_recipe = insert_recipe(window_->db(), QStringLiteral("Pancakes"), QStringLiteral("02"));
-    shared().cur_recipe_name = QStringLiteral("Pancakes");
+    trigger(*window_, "mnu_view_rcpepages");
     click(node(milk_));
     QVERIFY(button(1).isVisible());
     QVERIFY(!button(0).isVisible());

@@ -8,7 +8,10 @@
 
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QComboBox>
+#include <QGroupBox>
 #include <QHash>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMainWindow>
 #include <QMenu>
@@ -17,6 +20,7 @@
 #include <QPalette>
 #include <QStyleOption>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QStyle>
 #include <QTest>
@@ -34,6 +38,9 @@ private slots:
     void white_text_is_readable_on_every_highlight_data();
     void white_text_is_readable_on_every_highlight();
     void a_highlight_without_the_keyboard_looks_different();
+    void a_link_is_readable_on_its_window_data() { desktops(); }
+    void a_link_is_readable_on_its_window();
+    void a_disabled_entry_of_a_menu_is_drawn_once();
     void message_boxes_have_four_pictures_of_our_own();
     void the_tab_in_front_is_open_to_its_pane();
     void tabs_have_crisp_lines_at_every_scale_data() { scales(); }
@@ -45,6 +52,14 @@ private slots:
     void boxes_and_circles_to_tick_stand_out();
     void focus_marks_stand_out_data() { desktops(); }
     void focus_marks_stand_out();
+    void the_keyboard_is_marked_on_buttons_and_boxes_data() { desktops(); }
+    void the_keyboard_is_marked_on_buttons_and_boxes();
+    void buttons_and_boxes_are_flat_and_crisp_at_every_scale_data() { scales(); }
+    void buttons_and_boxes_are_flat_and_crisp_at_every_scale();
+    void a_thick_frame_is_whole_at_every_scale_data() { scales(); }
+    void a_thick_frame_is_whole_at_every_scale();
+    void lines_of_a_menu_are_equally_thick_at_every_scale_data() { scales(); }
+    void lines_of_a_menu_are_equally_thick_at_every_scale();
     void a_menu_closed_by_escape_is_marked_in_the_bar();
     void lines_between_things_can_be_seen_data() { desktops(); }
     void lines_between_things_can_be_seen();
@@ -70,7 +85,9 @@ private:
         dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
         dark.setColor(QPalette::HighlightedText, Qt::white);
         PlainStyle().polish(dark);
-        QTest::newRow("light") << QApplication::style()->standardPalette();
+        QPalette light = QApplication::style()->standardPalette();
+        PlainStyle().polish(light);
+        QTest::newRow("light") << light;
         QTest::newRow("dark") << dark;
     }
 };
@@ -150,6 +167,29 @@ void tst_plain_style::white_text_is_readable_on_every_highlight()
     }
     if (contrast(highlight, text) >= 4.5)
         QCOMPARE(palette.color(QPalette::Active, QPalette::Highlight), highlight);
+}
+
+void tst_plain_style::a_link_is_readable_on_its_window()
+{
+    QFETCH(QPalette, colors);
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        for (const auto link : {QPalette::Link, QPalette::LinkVisited})
+            QVERIFY(contrast(colors.color(group, link), colors.color(group, QPalette::Window)) >= 4.5);
+}
+
+/// Without the second, shifted text that stands for relief.
+void tst_plain_style::a_disabled_entry_of_a_menu_is_drawn_once()
+{
+    QMenu menu;
+    menu.addAction(QStringLiteral("III"))->setEnabled(false);
+    QPalette colors = menu.palette();
+    colors.setColor(QPalette::Light, Qt::red);
+    menu.setPalette(colors);
+    menu.resize(menu.sizeHint());
+    const QImage image = menu.grab().toImage();
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            QVERIFY(image.pixelColor(x, y).saturation() < 128);
 }
 
 void tst_plain_style::a_highlight_without_the_keyboard_looks_different()
@@ -345,6 +385,154 @@ void tst_plain_style::focus_marks_stand_out()
         for (const QPoint edge : {QPoint(10, 2), QPoint(10, 17), QPoint(2, 10), QPoint(17, 10)})
             QVERIFY2(contrast(image.pixelColor(edge), ground) >= 3, qPrintable(ground.name()));
     }
+}
+
+void tst_plain_style::the_keyboard_is_marked_on_buttons_and_boxes()
+{
+    QFETCH(QPalette, colors);
+    const PlainStyle style;
+    const auto draw = [&](QStyle::State state, const auto& paint, auto option) {
+        option.palette = colors;
+        option.rect = QRect(0, 0, 60, 24);
+        option.state = QStyle::State_Enabled | state;
+        QImage image(60, 24, QImage::Format_RGB32);
+        image.fill(colors.color(QPalette::Window));
+        QPainter painter(&image);
+        paint(option, painter);
+        return image;
+    };
+    const auto stands_out = [&](const auto& paint, const auto& option) {
+        const QImage without = draw(QStyle::State_None, paint, option);
+        const QImage with = draw(QStyle::State_HasFocus, paint, option);
+        for (const QPoint edge : {QPoint(20, 0), QPoint(20, 23), QPoint(0, 12), QPoint(59, 12)})
+            QVERIFY(contrast(with.pixelColor(edge), colors.color(QPalette::Window)) >= 3);
+        for (const QPoint inner : {QPoint(20, 1), QPoint(20, 22), QPoint(1, 12), QPoint(58, 12)})
+            QVERIFY(contrast(with.pixelColor(inner), without.pixelColor(inner)) >= 3);
+    };
+    QStyleOptionButton button;
+    stands_out(
+        [&](const auto& option, QPainter& painter) {
+            style.drawControl(QStyle::CE_PushButtonBevel, &option, &painter, nullptr);
+        },
+        button);
+    button.features = QStyleOptionButton::DefaultButton;
+    stands_out(
+        [&](const auto& option, QPainter& painter) {
+            style.drawControl(QStyle::CE_PushButtonBevel, &option, &painter, nullptr);
+        },
+        button);
+    stands_out(
+        [&](const auto& option, QPainter& painter) {
+            style.drawComplexControl(QStyle::CC_ComboBox, &option, &painter, nullptr);
+        },
+        QStyleOptionComboBox());
+    QStyleOptionFrame box;
+    box.lineWidth = 1;
+    stands_out(
+        [&](const auto& option, QPainter& painter) {
+            style.drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, nullptr);
+        },
+        box);
+}
+
+void tst_plain_style::buttons_and_boxes_are_flat_and_crisp_at_every_scale()
+{
+    QFETCH(qreal, scale);
+    QWidget window;
+    QPushButton button(&window);
+    QComboBox combo(&window);
+    QLineEdit box(&window);
+    QGroupBox group(&window);
+    int top = 5;
+    for (QWidget* control : {static_cast<QWidget*>(&button), static_cast<QWidget*>(&combo),
+                             static_cast<QWidget*>(&box), static_cast<QWidget*>(&group)}) {
+        control->setGeometry(7, top, 91, 25);
+        top += 33;
+    }
+    button.setAutoDefault(false);
+    window.resize(110, top);
+    const QImage image = drawn(window, scale);
+    const int thickness = static_cast<int>(scale);
+    const QColor ground = window.palette().color(QPalette::Window);
+    for (const QWidget* control : window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        // Straight down through its empty left part: a line, one ground, a line, and nothing shaded.
+        const int x = qRound(27 * scale);
+        const int first = qRound(control->y() * scale);
+        const int end = qRound((control->geometry().bottom() + 1) * scale);
+        const QColor line = image.pixelColor(x, first);
+        QVERIFY(contrast(line, ground) >= 1.5);
+        for (int i = 0; i < thickness; ++i) {
+            QCOMPARE(image.pixelColor(x, first + i), line);
+            QCOMPARE(image.pixelColor(x, end - 1 - i), line);
+        }
+        QCOMPARE(image.pixelColor(x, first - 1), ground);
+        QCOMPARE(image.pixelColor(x, end), ground);
+        QVERIFY(image.pixelColor(x, first + thickness) != line);
+        for (int y = first + thickness; y < end - thickness; ++y)
+            QCOMPARE(image.pixelColor(x, y), image.pixelColor(x, first + thickness));
+        const int y = qRound((control->y() + 12) * scale);
+        const int right = qRound((control->geometry().right() + 1) * scale);
+        for (int i = 0; i < thickness; ++i) {
+            QCOMPARE(image.pixelColor(qRound(7 * scale) + i, y), line);
+            QCOMPARE(image.pixelColor(right - 1 - i, y), line);
+        }
+    }
+}
+
+void tst_plain_style::a_thick_frame_is_whole_at_every_scale()
+{
+    QFETCH(qreal, scale);
+    constexpr int lines = 4;
+    QWidget window;
+    QFrame frame(&window);
+    frame.setFrameStyle(QFrame::Box | QFrame::Plain);
+    frame.setLineWidth(lines);
+    frame.setGeometry(7, 5, 71, 53);
+    window.resize(90, 70);
+    const QImage image = drawn(window, scale);
+    const QColor ink = frame.palette().color(QPalette::WindowText);
+    const auto inked = [&](QPoint from, QPoint step) {
+        int count = 0;
+        for (QPoint place = from; image.pixelColor(place) == ink; place += step)
+            ++count;
+        return count;
+    };
+    const int middle_x = qRound(40 * scale);
+    const int middle_y = qRound(30 * scale);
+    const int thickness = static_cast<int>(lines * scale);
+    QCOMPARE(inked({qRound(7 * scale), middle_y}, {1, 0}), thickness);
+    QCOMPARE(inked({qRound(78 * scale) - 1, middle_y}, {-1, 0}), thickness);
+    QCOMPARE(inked({middle_x, qRound(5 * scale)}, {0, 1}), thickness);
+    QCOMPARE(inked({middle_x, qRound(58 * scale) - 1}, {0, -1}), thickness);
+}
+
+void tst_plain_style::lines_of_a_menu_are_equally_thick_at_every_scale()
+{
+    QFETCH(qreal, scale);
+    constexpr int lines = 6;
+    QMenu menu;
+    for (int i = 0; i < lines; ++i) {
+        menu.addAction(QStringLiteral("Entry"));
+        menu.addSeparator();
+    }
+    menu.addAction(QStringLiteral("Entry"));
+    menu.resize(menu.sizeHint());
+    const QImage image = drawn(menu, scale);
+    const QColor line = line_color(menu.palette());
+    const int x = image.width() - qRound(12 * scale); // behind the entries' texts
+    QList<int> thicknesses;
+    int thickness = 0;
+    for (int y = qRound(4 * scale); y < image.height() - qRound(4 * scale); ++y) {
+        if (image.pixelColor(x, y) == line) {
+            ++thickness;
+        } else {
+            QCOMPARE(image.pixelColor(x, y), image.pixelColor(x, qRound(4 * scale)));
+            if (thickness > 0)
+                thicknesses << thickness;
+            thickness = 0;
+        }
+    }
+    QCOMPARE(thicknesses, QList<int>(lines, static_cast<int>(scale)));
 }
 
 void tst_plain_style::a_menu_closed_by_escape_is_marked_in_the_bar()

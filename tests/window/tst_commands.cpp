@@ -4,6 +4,7 @@
 #include "window/commands.h"
 #include "window/menu_table.h"
 #include "window/view_state.h"
+#include "support/menu_hands.h"
 #include "support/test_window.h"
 
 #include <QAction>
@@ -209,26 +210,26 @@ void tst_commands::list_entries_stand_between_their_separators()
 void tst_commands::choosing_a_list_entry_reports_its_index_and_leaves_the_tick()
 {
     TestWindow w;
-    frmmain main(w.environment());
-    Commands& commands = main.commands();
-    QObject::disconnect(&commands, &Commands::list_chosen, nullptr, nullptr);
-    commands.set_list_entry_count(3);
+    w.add_list(QStringLiteral("Camping"));
+    const Key party = w.add_list(QStringLiteral("Party"));
+    w.set_pref(QStringLiteral("alist"), QString::number(party));
+    const Commands& commands = w.load().commands();
     const QSignalSpy chosen(&commands, &Commands::list_chosen);
-    QVERIFY(commands.list_entry(2).isEnabled());
-    commands.list_entry(2).trigger();
+    QVERIFY(commands.list_entry(1).isChecked());
+    choose_list(w, party);
     QCOMPARE(chosen.size(), 1);
-    QCOMPARE(chosen.at(0).at(0).toInt(), 2);
-    QVERIFY(!commands.list_entry(2).isChecked());
+    QCOMPARE(chosen.at(0).at(0).toInt(), 1);
+    QVERIFY(commands.list_entry(1).isChecked());
 }
 
 void tst_commands::a_choice_does_not_tick_by_itself()
 {
     TestWindow w;
-    frmmain main(w.environment());
-    QAction& manager = main.commands().action(QStringLiteral("mnu_more_sort_alpha"));
-    main.shared.stock_alpha = true;
-    manager.trigger();
-    QVERIFY(!manager.isChecked());
+    const Commands& commands = w.load().commands();
+    const QAction& by_category = commands.action(QStringLiteral("mnu_view_sort_cat"));
+    QVERIFY(by_category.isChecked());
+    trigger(w, "mnu_view_sort_cat"); // is in force already
+    QVERIFY(by_category.isChecked());
 }
 
 void tst_commands::exit_ends_the_program_and_writes_nothing()

@@ -63,6 +63,8 @@ private slots:
     void initTestCase() { QApplication::setStyle(new PlainStyle); }
     void f6_goes_round_tree_list_and_open_row();
     void f6_goes_round_tree_page_and_open_line();
+    void shift_f6_goes_from_the_boxes_of_a_line_to_the_line();
+    void shift_f6_from_a_line_without_a_name_asks_for_it();
     void f6_lands_on_the_instructions_of_a_recipe_without_lines();
     void f6_passes_by_a_page_that_shows_nothing();
     void f6_from_a_tab_strip_begins_the_round();
@@ -123,6 +125,35 @@ void tst_keyboard_round::f6_goes_round_tree_page_and_open_line()
     QCOMPARE(w.keyboard(), QStringLiteral("ingred(1)"));
 }
 
+void tst_keyboard_round::shift_f6_goes_from_the_boxes_of_a_line_to_the_line()
+{
+    Window w;
+    w.open_on(false);
+    w.open_line(1);
+    LineWindow::type(w.qty(), QStringLiteral("7"));
+    w.back();
+    QCOMPARE(w.keyboard(), QStringLiteral("ingred(1)"));
+    QVERIFY(!w.editor().is_open());
+    QCOMPARE(w.text("SELECT qty FROM recipe_2 WHERE \"order\" = 1"), QStringLiteral("7"));
+    w.back();
+    QCOMPARE(w.keyboard(), QStringLiteral("TreeView1(0)"));
+}
+
+void tst_keyboard_round::shift_f6_from_a_line_without_a_name_asks_for_it()
+{
+    Window w;
+    w.open_on(false);
+    w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
+    LineWindow::type(w.qty(), QStringLiteral("7"));
+    MessageScript script;
+    script.expect(
+        QStringLiteral("Ingredient name missing"),
+        QStringLiteral("Please provide a name for your ingredient\n(or hit CANCEL to cancel adding ingredient)"));
+    w.back();
+    QTRY_COMPARE(script.left(), 0);
+    QCOMPARE(w.main().focusWidget(), &w.item());
+}
+
 void tst_keyboard_round::f6_lands_on_the_instructions_of_a_recipe_without_lines()
 {
     Window w;
@@ -163,8 +194,14 @@ void tst_keyboard_round::a_change_of_the_right_pane_gives_the_keyboard_to_what_i
     QCOMPARE(w.keyboard(), QStringLiteral("ingred(0)"));
     w.trigger(QStringLiteral("mnu_view_shoplist"));
     QCOMPARE(w.keyboard(), QStringLiteral("Listview1"));
-    w.main().shared.cur_recipe = -1;
-    w.page().set_recipe(-1);
+    w.trigger(QStringLiteral("mnu_view_rcp"));
+    w.click_node(rcp(w.recipe));
+    MessageScript script;
+    script.expect(QStringLiteral("Warning"), deletion_question(QStringLiteral("Soup")), Answer::yes);
+    w.trigger(QStringLiteral("mnu_recipe_del"));
+    QVERIFY(w.focused_after_message());
+    w.trigger(QStringLiteral("mnu_view_stock"));
+    w.trigger(QStringLiteral("mnu_view_shoplist"));
     w.trigger(QStringLiteral("mnu_view_rcpepages"));
     QVERIFY(!w.Text1().isVisible());
     QCOMPARE(w.keyboard(), QStringLiteral("TreeView1(0)"));

@@ -566,6 +566,9 @@ void tst_layout::every_status_panel_has_room_in_a_narrow_window()
         const auto* panel = w.find<QWidget>(QStringLiteral("StatusBar1(%1)").arg(i));
         QVERIFY2(panel->width() >= panel->minimumSizeHint().width(), qPrintable(panel->objectName()));
     }
+    // The last text ends about as far from the window's edge as the first begins.
+    const auto* last = w.find<QWidget>(QStringLiteral("StatusBar1(6)"));
+    QVERIFY(last->mapTo(&w.main(), QPoint(last->width(), 0)).x() + 5 <= w.main().width());
 }
 
 void tst_layout::updates_are_on_again_after_every_operation()

@@ -2,6 +2,7 @@
 #include "recipes/recipe_fixture.h"
 #include "household/status.h"
 #include "support/message_script.h"
+#include "widgets/plain_style.h"
 #include "window/view_state.h"
 
 #include <QDialog>
@@ -61,6 +62,8 @@ QColor ground(QWidget& widget)
 class tst_page_colors : public QObject {
     Q_OBJECT
 private slots:
+    void initTestCase() { QApplication::setStyle(new PlainStyle); }
+    void the_frame_of_the_color_with_the_keyboard_is_whole_at_every_scale();
     void dialog_shows_the_four_colors_and_marks_the_present_one();
     void a_click_takes_effect_at_once_moves_the_mark_and_is_stored();
     void a_key_press_in_a_color_box_chooses_it();
@@ -117,6 +120,34 @@ void tst_page_colors::a_click_takes_effect_at_once_moves_the_mark_and_is_stored(
     });
     open_colors(w.main());
     QCOMPARE(ground(w.grid()), green);
+}
+
+void tst_page_colors::the_frame_of_the_color_with_the_keyboard_is_whole_at_every_scale()
+{
+    EditingWindow w;
+    w.row(QStringLiteral("Eggs"));
+    w.open();
+    MessageScript script;
+    script.drive([](QDialog& dialog) {
+        part(dialog, color_box(2)).setFocus();
+        QTRY_COMPARE(static_cast<QFrame&>(part(dialog, color_box(2))).frameShape(), QFrame::Box);
+        QWidget& marked = part(dialog, frame(2));
+        for (const qreal scale : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+            QImage image((QSizeF(dialog.size()) * scale).toSize(), QImage::Format_RGB32);
+            image.setDevicePixelRatio(scale);
+            dialog.render(&image);
+            const int y = qRound(marked.geometry().center().y() * scale);
+            const int left = qRound(marked.x() * scale);
+            const int right = qRound((marked.geometry().right() + 1) * scale);
+            const int thickness = static_cast<int>(4 * scale);
+            for (int x = left; x < right; ++x) {
+                const bool in_line = x < left + thickness || x >= right - thickness;
+                QCOMPARE(image.pixelColor(x, y), in_line ? QColor(Qt::black) : green);
+            }
+        }
+        dialog.close();
+    });
+    open_colors(w.main());
 }
 
 void tst_page_colors::a_key_press_in_a_color_box_chooses_it()

@@ -342,8 +342,8 @@ void tst_undo_key::a_line_does_not_come_back_to_another_recipe()
     w.open_on(false);
     w.remove_line(0);
     const QStringList before = table_dump(w.db());
-    w.main().shared.cur_recipe = pie;
-    w.page().set_recipe(pie);
+    w.trigger(QStringLiteral("mnu_view_rcp"));
+    w.click_node(rcp(pie));
     w.undo();
     QCOMPARE(table_dump(w.db()), before);
     QCOMPARE(w.lines(), 0);

@@ -1,5 +1,6 @@
 #include "window/frmmain.h"
 #include "data/query.h"
+#include "household/household.h"
 #include "widgets/list_grid.h"
 #include "lists/list_pane.h"
 #include "recipes/recipe_page.h"
@@ -10,6 +11,7 @@
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
 #include "stock/stock_tree.h"
+#include "support/menu_hands.h"
 #include "support/test_window.h"
 #include "support/tool_button.h"
 
@@ -28,13 +30,14 @@ enum ListKind { no_list, one_list, all_lists };
 constexpr ToolButton page_buttons[]
     = {ToolButton::print, ToolButton::preview, ToolButton::word_processor, ToolButton::email};
 
-/// The window with a list "Weekly", a recipe "Lentil soup", a category "Dairy" with the item "Milk".
+/// The window with the lists "Weekly", which is in use, and "Party", a recipe "Lentil soup", a category "Dairy"
+/// with the item "Milk".
 class Fixture {
 public:
-    explicit Fixture(bool with_list = true)
+    explicit Fixture(bool with_lists = true)
     {
-        if (with_list)
-            list_ = w.add_list(QStringLiteral("Weekly"));
+        if (with_lists)
+            lists_ = {list_ = w.add_list(QStringLiteral("Weekly")), w.add_list(QStringLiteral("Party"))};
         Query(w.db(), "INSERT INTO recipe_1 (key_id, r_name, r_body, cat) VALUES (1, 'Lentil soup', 'Boil.', '01')")
             .run();
         category_ = w.add_category(QStringLiteral("Dairy"), true);
@@ -48,13 +51,15 @@ public:
         return *main_;
     }
 
+    /// Chooses the views as a user does; for no list all of them are deleted.
     void set_view(bool stock, bool list, ListKind lists)
     {
-        main_->shared.stock_view = stock;
-        main_->shared.list_pane_shown = list;
-        main_->shared.all_lists_view = lists == all_lists;
-        main_->shared.current_list = lists == one_list ? list_ : lists == all_lists ? Key{0} : Key{-1};
-        main_->l_r_refresh();
+        if (lists != no_list)
+            choose_list(w, lists == one_list ? list_ : Key{0});
+        for (const Key each : lists == no_list ? lists_ : std::vector<Key>())
+            main_->household().delete_list(each);
+        trigger(w, stock ? "mnu_view_stock" : "mnu_view_rcp");
+        trigger(w, list ? "mnu_view_shoplist" : "mnu_view_rcpepages");
     }
 
     Key item() const { return item_; }
@@ -70,18 +75,12 @@ public:
             tree.select(node);
         return node;
     }
-    QTreeWidgetItem* select_recipe()
-    {
-        TreeView& tree = main_->recipe_tree().view();
-        const QString key = QStringLiteral("rcp0001");
-        if (!tree.node(key))
-            tree.add_node(nullptr, key, QStringLiteral("Lentil soup"), 1, QString());
-        return select(tree, key);
-    }
+    QTreeWidgetItem* select_recipe() { return select(main_->recipe_tree().view(), QStringLiteral("rcp0001")); }
     QTreeWidgetItem* select_stock(const QString& key) { return select(main_->stock_tree().view(), key); }
 
     TestWindow w;
     Key list_ = 0;
+    std::vector<Key> lists_;
     Key category_ = 0;
     Key item_ = 0;
     frmmain* main_ = nullptr;
@@ -281,9 +280,11 @@ void tst_view_state::recipe_buttons_need_a_recipe_on_the_page()
     QVERIFY(!main.recipe_page().has_recipe());
     for (const ToolButton button : page_buttons)
         QVERIFY(!f.button(button).isEnabled());
-    main.shared.cur_recipe = 1;
-    main.recipe_page().set_recipe(1);
-    main.l_r_refresh();
+    TreeView& tree = main.recipe_tree().view();
+    tree.ensure_visible(tree.node(QStringLiteral("rcp0001")));
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {},
+                      tree.text_rect(tree.node(QStringLiteral("rcp0001"))).center());
+    QVERIFY(main.recipe_page().has_recipe());
     for (const ToolButton button : page_buttons)
         QVERIFY(f.button(button).isEnabled());
 }
@@ -385,14 +386,12 @@ void tst_view_state::tool_tips_of_pencil_and_cross_follow_the_right_pane()
 void tst_view_state::a_list_name_like_markup_stands_letter_by_letter_in_tool_tips()
 {
     Fixture f;
-    f.load();
-    Query(f.w.db(), "UPDATE list_name SET list_name = '<b>x</b>'").run();
-    f.set_view(true, true, one_list);
+    frmmain& main = f.load();
+    main.household().rename_list(f.list_, QStringLiteral("<b>x</b>"));
     QCOMPARE(f.button(ToolButton::clear).toolTip(), QStringLiteral("<qt>Clear &lt;b&gt;x&lt;/b&gt; list</qt>"));
     QCOMPARE(f.tabs(1).tabToolTip(0), QStringLiteral("<qt>Shopping list: &lt;b&gt;x&lt;/b&gt;</qt>"));
     QCOMPARE(f.tabs(1).tabText(0), QStringLiteral("Shopping list: <b>x</b>"));
-    Query(f.w.db(), "UPDATE list_name SET list_name = 'Fish & Chips'").run();
-    f.set_view(true, true, one_list);
+    main.household().rename_list(f.list_, QStringLiteral("Fish & Chips"));
     QCOMPARE(f.button(ToolButton::clear).toolTip(), QStringLiteral("Clear Fish & Chips list"));
 }
 
@@ -447,17 +446,16 @@ void tst_view_state::sort_reloads_ticks_and_stores()
 void tst_view_state::menu_of_a_selected_recipe()
 {
     Fixture f;
-    frmmain& main = f.load();
+    f.load();
     f.set_view(false, true, one_list);
     QVERIFY(f.select_recipe());
-    main.view_state().refresh_commands();
     QCOMPARE(f.caption("mnu_recipe_prnt"), QStringLiteral("Print Lentil soup recipe"));
     QCOMPARE(f.caption("mnu_recipe_del"), QStringLiteral("Delete Lentil soup recipe"));
     QCOMPARE(f.caption("mnu_recipe_move"), QStringLiteral("Move Lentil soup recipe"));
     for (const char* name : {"mnu_recipe_prnt", "mnu_recipe_del", "mnu_recipe_move"})
         QVERIFY(f.action(name).isEnabled());
-    main.shared.recipe_alpha = true;
-    main.view_state().refresh_commands();
+    trigger(f.w, "mnu_view_sort_alpha_r");
+    QVERIFY(f.select_recipe());
     QVERIFY(f.action("mnu_recipe_prnt").isEnabled());
     QVERIFY(!f.action("mnu_recipe_move").isEnabled());
     f.set_view(true, true, one_list);
@@ -471,17 +469,16 @@ void tst_view_state::menu_of_a_selected_recipe()
 void tst_view_state::menu_of_a_selected_stock_item()
 {
     Fixture f;
-    frmmain& main = f.load();
+    f.load();
     QVERIFY(f.select_stock(QStringLiteral("item") + key_str(f.item_)));
-    main.view_state().refresh_commands();
     QCOMPARE(f.caption("mnu_edit_move"), QStringLiteral("Move Milk to a different category"));
     QCOMPARE(f.caption("mnu_edit_stock_to_list"), QStringLiteral("Add Milk to shopping list"));
     QCOMPARE(f.caption("mnu_edit_del_cat"), QStringLiteral("Delete Category"));
     QCOMPARE(f.caption("mnu_edit_rn_cat"), QStringLiteral("Rename Category"));
     QVERIFY(f.action("mnu_edit_move").isEnabled() && f.action("mnu_edit_stock_to_list").isEnabled());
     QVERIFY(!f.action("mnu_edit_del_cat").isEnabled() && !f.action("mnu_edit_rn_cat").isEnabled());
-    main.shared.stock_alpha = true;
-    main.view_state().refresh_commands();
+    trigger(f.w, "mnu_view_sort_alpha");
+    QVERIFY(f.select_stock(QStringLiteral("item") + key_str(f.item_)));
     QVERIFY(!f.action("mnu_edit_move").isEnabled());
     QVERIFY(f.action("mnu_edit_stock_to_list").isEnabled());
 }
@@ -489,9 +486,8 @@ void tst_view_state::menu_of_a_selected_stock_item()
 void tst_view_state::menu_of_a_selected_category()
 {
     Fixture f;
-    frmmain& main = f.load();
+    f.load();
     QVERIFY(f.select_stock(QStringLiteral("cat") + key_str(f.category_)));
-    main.view_state().refresh_commands();
     QCOMPARE(f.caption("mnu_edit_move"), QStringLiteral("Move item to a different category"));
     QCOMPARE(f.caption("mnu_edit_stock_to_list"), QStringLiteral("Add item to shopping list"));
     QCOMPARE(f.caption("mnu_edit_del_cat"), QStringLiteral("Delete Dairy category"));
@@ -503,9 +499,8 @@ void tst_view_state::menu_of_a_selected_category()
 void tst_view_state::menu_of_the_fixed_category()
 {
     Fixture f;
-    frmmain& main = f.load();
+    f.load();
     QVERIFY(f.select_stock(QStringLiteral("cat0000")));
-    main.view_state().refresh_commands();
     QCOMPARE(f.caption("mnu_edit_del_cat"), QStringLiteral("Delete category"));
     QCOMPARE(f.caption("mnu_edit_rn_cat"), QStringLiteral("Rename category"));
     for (const char* name : {"mnu_edit_move", "mnu_edit_stock_to_list", "mnu_edit_del_cat", "mnu_edit_rn_cat"})
@@ -525,17 +520,15 @@ void tst_view_state::menu_without_a_selection()
     for (const char* name : {"mnu_edit_move", "mnu_edit_stock_to_list", "mnu_edit_del_cat", "mnu_edit_rn_cat"})
         QVERIFY(!f.action(name).isEnabled());
     main.recipe_tree().view().clearSelection();
-    main.view_state().refresh_commands();
     QVERIFY(!f.action("mnu_recipe_del").isEnabled());
 }
 
 void tst_view_state::captions_fall_back_when_the_tab_strip_is_narrow()
 {
     Fixture f;
+    Query(f.w.db(), "UPDATE recipe_1 SET r_name = 'Lentil soup with a very long name indeed, and bread'").run();
+    f.w.set_pref(QStringLiteral("arcp"), QStringLiteral("1"));
     frmmain& main = f.load();
-    main.shared.cur_recipe = 1;
-    main.shared.cur_recipe_name = QStringLiteral("Lentil soup with a very long name indeed, and bread");
-    f.set_view(true, true, one_list);
     QCOMPARE(f.tabs(1).tabText(0), QStringLiteral("Shopping list: Weekly"));
     main.resize(main.minimumWidth(), 600);
     QApplication::processEvents();
@@ -551,8 +544,7 @@ void tst_view_state::ampersand_of_a_list_name_stands_on_tab_and_menu()
 {
     Fixture f;
     frmmain& main = f.load();
-    Query(f.w.db(), "UPDATE list_name SET list_name = 'Fish & Chips'").run();
-    f.set_view(true, true, one_list);
+    main.household().rename_list(f.list_, QStringLiteral("Fish & Chips"));
     QCOMPARE(f.tabs(1).tabText(0), QStringLiteral("Shopping list: Fish && Chips"));
     QCOMPARE(f.caption("mnu_list_del"), QStringLiteral("Delete Fish & Chips list"));
     QCOMPARE(f.action("mnu_list_del").text(), QStringLiteral("Delete Fish && Chips list"));
@@ -610,15 +602,9 @@ void tst_view_state::words_follow_the_views()
 void tst_view_state::loading_does_not_store_the_tree()
 {
     Fixture f;
-    frmmain& main = f.load();
-    main.shared.form_loading = true;
-    f.w.set_pref(QStringLiteral("tv_view"), QStringLiteral("untouched"));
-    main.view_state().view_rcps();
-    main.shared.stock_view = true;
-    main.l_r_refresh();
-    QCOMPARE(f.w.pref(QStringLiteral("tv_view")), QStringLiteral("untouched"));
-    main.shared.form_loading = false;
-    main.view_state().view_rcps();
+    f.w.set_pref(QStringLiteral("tv_view"), QStringLiteral("0"));
+    const frmmain& main = f.load(); // which refreshes the window before it reads the view
+    QVERIFY(!main.shared.stock_view);
     QCOMPARE(f.w.pref(QStringLiteral("tv_view")), QStringLiteral("0"));
 }
 

@@ -1,12 +1,12 @@
 #include "data/connection.h"
 #include "data/query.h"
-#include "data/settings.h"
 #include "probe/pie_household.h"
-#include "probe/real_program.h"
+#include "probe/real_keyboard.h"
 
 #include <QTest>
 
 using namespace tarnwick;
+using namespace tarnwick::real_keyboard;
 
 /// The real window by a real keyboard alone.
 class wm_keyboard : public QObject {
@@ -21,17 +21,6 @@ private slots:
     void a_removed_line_comes_back();
 
 private:
-    static void press(const char* keys)
-    {
-        QVERIFY(!RealProgram::xdotool({QStringLiteral("key"), QLatin1String(keys)}).isNull());
-    }
-    static void type(const QString& text)
-    {
-        QVERIFY(
-            !RealProgram::xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("40"), text})
-                 .isNull());
-    }
-    static QString keyboard(QProcess& process) { return RealProgram::ask(process, "focus"); }
     /// A real click into the first row of a grid, under the head of a column.
     static void click_cell(QProcess& process, const QByteArray& head)
     {
@@ -43,30 +32,11 @@ private:
                                        QStringLiteral("click"), QStringLiteral("1")})
                      .isNull());
     }
-    static bool is_shown(QProcess& process, const QByteArray& widget)
-    {
-        return RealProgram::ask(process, "get " + widget + " visible") == QStringLiteral("true");
-    }
     std::unique_ptr<QProcess> start(const char* lists_first)
     {
-        Settings settings(program_.settings());
-        settings.set_reg();
-        settings.set_pref(QStringLiteral("arcp"), QStringLiteral("1"));
-        settings.set_pref(QStringLiteral("alist"), QStringLiteral("1"));
-        settings.set_pref(QStringLiteral("lv_view"), QLatin1String(lists_first));
-        auto process = program_.start_listening();
-        if (!process
-            || !QTest::qWaitFor([&] { return keyboard(*process) == QStringLiteral("TreeView1(0)"); }, 30000))
-            return nullptr;
-        return process;
+        return start_with(program_, "TreeView1(0)", {{"arcp", "1"}, {"alist", "1"}, {"lv_view", lists_first}});
     }
-    QString text(const char* sql)
-    {
-        Connection connection;
-        connection.open(program_.database());
-        Query query(connection, sql);
-        return query.next() ? query.text(0) : QString();
-    }
+    QString text(const char* sql) { return stored(program_, sql); }
 
     RealProgram program_;
 };
@@ -110,8 +80,7 @@ void wm_keyboard::the_way_round_the_window_and_its_menus()
     QTRY_VERIFY(is_shown(*process, "mnu_lv"));
     press("Escape");
     QTRY_VERIFY(!is_shown(*process, "mnu_lv"));
-    RealProgram::tell(*process, "close");
-    RealProgram::lines_of(*process);
+    leave(*process);
 }
 
 void wm_keyboard::a_row_is_edited_and_given_back()
@@ -131,8 +100,7 @@ void wm_keyboard::a_row_is_edited_and_given_back()
     press("Escape");
     QTRY_COMPARE(keyboard(*process), QStringLiteral("Listview1"));
     press("space");
-    RealProgram::tell(*process, "close");
-    RealProgram::lines_of(*process);
+    leave(*process);
     QCOMPARE(text("SELECT qty || '/' || desc || '/' || to_get FROM groc_1"), QStringLiteral("5 kg/salted/0"));
 }
 
@@ -177,8 +145,7 @@ void wm_keyboard::one_click_into_a_cell_puts_the_caret_there()
     if (is_shown(*process, "l_item_edit"))
         press("Return"); // OK
     QTRY_COMPARE(text("SELECT qty || '/' || desc FROM groc_1"), stored);
-    RealProgram::tell(*process, "close");
-    RealProgram::lines_of(*process);
+    leave(*process);
 }
 
 void wm_keyboard::a_new_recipe_is_named_and_written()
@@ -195,8 +162,7 @@ void wm_keyboard::a_new_recipe_is_named_and_written()
     QTRY_COMPARE(keyboard(*process), QStringLiteral("Text1"));
     type(QStringLiteral("Simmer"));
     QTRY_COMPARE(RealProgram::ask(*process, "get Text1 plainText"), QStringLiteral("Simmer"));
-    RealProgram::tell(*process, "close");
-    RealProgram::lines_of(*process);
+    leave(*process);
     QCOMPARE(text("SELECT r_name || '/' || r_body FROM recipe_1 WHERE key_id = 2"), QStringLiteral("Stew/Simmer"));
 }
 
@@ -217,8 +183,7 @@ void wm_keyboard::a_removed_line_comes_back()
     type(QStringLiteral("9"));
     press("Escape");
     QTRY_COMPARE(keyboard(*process), QStringLiteral("ingred(1)"));
-    RealProgram::tell(*process, "close");
-    RealProgram::lines_of(*process);
+    leave(*process);
     QCOMPARE(text("SELECT group_concat(qty || item) FROM (SELECT * FROM recipe_2 ORDER BY \"order\")"),
              QStringLiteral("1Salt,1Oil"));
 }

@@ -57,6 +57,21 @@ void preview_shots(Studio& studio, const QString& name)
     });
 }
 
+/// The same for the preview of a recipe, which closes and comes again for another page.
+void recipe_preview_shots(Studio& studio, const QString& name)
+{
+    int page = 0;
+    const std::function<void(QDialog&)> look = [&](QDialog& dialog) {
+        studio.shot(++page == 1 ? name : QStringLiteral("%1-page-%2").arg(name).arg(page));
+        QWidget* next = studio.visible_child(QStringLiteral("Command1(3)"), &dialog);
+        if (!next || !next->isEnabled())
+            return;
+        studio.drive_next(look);
+        studio.click(next);
+    };
+    in_preview(studio, whole_page, look);
+}
+
 /// Every page of every form that the list's report has, in the preview and on paper.
 void list_pages(Studio& studio)
 {
@@ -76,14 +91,14 @@ void list_pages(Studio& studio)
 void recipe_pages(Studio& studio)
 {
     studio.start(first_recipe());
-    preview_shots(studio, QStringLiteral("preview-recipe"));
+    recipe_preview_shots(studio, QStringLiteral("preview-recipe"));
     studio.print(QStringLiteral("paper-recipe"), QStringLiteral("mnu_recipe_prnt"));
     PageText& body = studio.main().recipe_page().Text1();
     QString text = body.text();
     while (text.size() < 4000)
         text += QStringLiteral("\r\n") + body.text();
     body.set_text(text);
-    preview_shots(studio, QStringLiteral("preview-long-recipe"));
+    recipe_preview_shots(studio, QStringLiteral("preview-long-recipe"));
     studio.print(QStringLiteral("paper-long-recipe"), QStringLiteral("mnu_recipe_prnt"));
 }
 

@@ -61,6 +61,9 @@ public:
     /// in the end in any case.
     void with_dialog(const std::function<void()>& open, const std::function<void(QDialog&)>& drive);
 
+    /// Within the drive of a dialog: has the one driven that is shown when this is over.
+    void drive_next(const std::function<void(QDialog&)>& drive) { driver_ = drive; }
+
     /// Pops up a menu of the window at a point of the window, takes its picture and closes it.
     void menu_shot(const QString& menu, const QString& name);
 
