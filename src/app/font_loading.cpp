@@ -1,6 +1,7 @@
 #include "app/font_loading.h"
 
 #include <QFontDatabase>
+#include <QStringList>
 
 #include <clocale>
 #include <system_error>

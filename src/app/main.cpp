@@ -15,6 +15,7 @@ namespace {
 int run(Application& application, Environment environment, InstanceLock& instance)
 {
     if (instance.take() == InstanceLock::State::held_by_another) {
+        environment.wait_for_fonts();
         msg_box(
             nullptr,
             QStringLiteral("A previous instance of TarnWick\nis already running\n\n(%1)").arg(instance.folder()),

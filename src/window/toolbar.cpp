@@ -100,6 +100,7 @@ Toolbar::Toolbar(const SharedValues& shared, Commands& commands, Acts acts, QWid
     add_drop_down(ToolButton::size, "LRG", QStringLiteral("Large"));
     set_tag(ToolButton::folders, QStringLiteral("DFLT"));
     measure_widest();
+    place_buttons();
 }
 
 void Toolbar::measure_widest()
