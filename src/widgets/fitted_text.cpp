@@ -98,7 +98,7 @@ LaidOutText::LaidOutText(const QString& text, const QFont& font)
     layout_.endLayout();
     if (line.isValid()) {
         width_ = line.naturalTextWidth();
-        height_ = line.height();
+        height_ = line.ascent() + line.descent();
     }
 }
 

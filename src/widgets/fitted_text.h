@@ -36,7 +36,7 @@ public:
 
     qreal width() const { return width_; } ///< in pixels
 
-    /// Draws it in the painter's pen from the left of a room, in the middle of its height and cut at its edges.
+    /// Draws it in the painter's pen from the left of a room that is wide enough, in the middle of its height.
     void draw(QPainter& painter, const QRect& room) const;
 
 private:

@@ -103,7 +103,7 @@ private:
         const QRect room = cell.adjusted(cell_margin, 0, -1 - (is_open_name ? grid_.name_end() : 0), 0);
         painter.setPen(index.data(Qt::ForegroundRole).value<QColor>());
         const LaidOutText whole(text, font);
-        if (whole.width() <= room_in_cell(index, cell.width())) {
+        if (whole.width() <= std::min(room_in_cell(index, cell.width()), room.width())) {
             whole.draw(painter, room);
             return;
         }
