@@ -2,6 +2,7 @@
 
 #include "widgets/busy_pointer.h"
 #include "widgets/dialog_font.h"
+#include "widgets/drawn_controls.h"
 #include "widgets/shared_values.h"
 
 #include <QFrame>
@@ -104,6 +105,7 @@ void frmColor::make_color(int index)
     paint_ground(*frame, color);
 
     auto* box = new QFrame(frame);
+    set_drawn_control(*box, DrawnControl::choice);
     box->setObjectName(QStringLiteral("color(%1)").arg(index));
     box->setGeometry(QRect(QPoint(), frame_size).adjusted(1, 1, -1, -1));
     box->setFocusPolicy(Qt::StrongFocus);
@@ -167,6 +169,8 @@ void frmColor::place_shapes(int index)
     };
     place(*Shape1_, inner_gap);
     place(*Shape2_, outer_gap);
+    for (int i = 0; i < colors; ++i)
+        set_drawn_check(*color_[static_cast<size_t>(i)], i == index);
 }
 
 } // namespace tarnwick

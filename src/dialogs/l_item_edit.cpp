@@ -66,6 +66,7 @@ l_item_edit::l_item_edit(Program& program, EditRequest request)
     fill_categories(category);
     lite_updt(true);
     caption_updt(txt_item_->text());
+    opened_ = edit();
 }
 
 l_item_edit::~l_item_edit() = default;
@@ -365,6 +366,16 @@ void l_item_edit::ok()
 /// An error in the placing of a row ends as any placing does; the dialog closes.
 void l_item_edit::save()
 {
+    const ItemEdit edited = edit();
+    try {
+        request_.item = program_.household.save_item(edited);
+    } catch (const placing_error& error) {
+        program_.end_after_error(error);
+    }
+}
+
+ItemEdit l_item_edit::edit() const
+{
     ItemEdit edit;
     edit.item = request_.item;
     edit.line = request_.mode > EditMode::edit_item ? request_.line : Key(-1);
@@ -375,11 +386,15 @@ void l_item_edit::save()
     edit.today = program_.today();
     edit.quiet = request_.mode != EditMode::place_item;
     edit.rows = grid_->row_edits();
-    try {
-        request_.item = program_.household.save_item(edit);
-    } catch (const placing_error& error) {
-        program_.end_after_error(error);
-    }
+    return edit;
+}
+
+std::optional<RescuedItem> l_item_edit::unsaved() const
+{
+    RescuedItem item{old_name(), edit()};
+    if (leaving_ || item.edit == opened_)
+        return std::nullopt;
+    return item;
 }
 
 void l_item_edit::reject()

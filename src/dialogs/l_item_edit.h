@@ -1,9 +1,13 @@
 #pragma once
 
 #include "data/text.h"
+#include "household/item_saving.h"
 #include "household/item_store.h"
+#include "household/rescue.h"
 
 #include <QDialog>
+
+#include <optional>
 
 class QComboBox;
 class QLabel;
@@ -46,6 +50,9 @@ public:
     /// As it was opened, with the item found for a recipe line and, after OK, the item that was made.
     const EditRequest& request() const { return request_; }
 
+    /// What OK would write, with the item's old name; nothing while that is as it was opened, or is written.
+    std::optional<RescuedItem> unsaved() const;
+
     void reject() override; ///< CANCEL: nothing is written
 
 protected:
@@ -73,6 +80,7 @@ private:
     void new_category();
     void ok();
     void save();
+    ItemEdit edit() const;
 
     Program& program_;
     ItemStore store_;
@@ -86,6 +94,7 @@ private:
     QLabel* lbl_note_ = nullptr;
     QPushButton* ok_ = nullptr;
     QPushButton* cancel_ = nullptr;
+    ItemEdit opened_; ///< what OK would have written at once
     bool leaving_ = false;
 };
 

@@ -53,7 +53,7 @@ void move_item::make_controls()
     Label1_->setMinimumWidth(label_width);
     Combo1_ = new QComboBox(this);
     Combo1_->setObjectName(QStringLiteral("Combo1"));
-    Combo1_->setAccessibleName(QStringLiteral("Category"));
+    Combo1_->setAccessibleDescription(QStringLiteral("Category")); // its name is what is chosen
     Combo1_->setMinimumWidth(combo_width);
     Combo1_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     for (int i = 0; i < 2; ++i) {

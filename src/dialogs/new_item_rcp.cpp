@@ -57,7 +57,7 @@ void new_item_rcp::make_controls()
     keep_one_line(*Text1_);
     Combo1_ = new QComboBox(this);
     Combo1_->setObjectName(QStringLiteral("Combo1"));
-    Combo1_->setAccessibleName(QStringLiteral("Recipe category"));
+    Combo1_->setAccessibleDescription(QStringLiteral("Recipe category")); // its name is what is chosen
     for (int i = 0; i < 2; ++i) {
         Label1_[i] = new QLabel(this);
         Label1_[i]->setObjectName(QStringLiteral("Label1(%1)").arg(i));

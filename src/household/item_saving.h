@@ -27,6 +27,8 @@ struct RowEdit {
     QString desc;
     QString qty;
     QString aisle;
+
+    bool operator==(const RowEdit&) const = default;
 };
 
 /// What the item editor's OK is to write.
@@ -40,6 +42,8 @@ struct ItemEdit {
     QDate today;
     bool quiet = true; ///< a row that is placed is not brought to the user's eye
     std::vector<RowEdit> rows;
+
+    bool operator==(const ItemEdit&) const = default;
 };
 
 /// An error in the placing of a row, which is trapped where other errors are not.

@@ -2,13 +2,16 @@
 
 #include "data/keys.h"
 #include "data/query.h"
+#include "household/item_store.h"
 #include "household/line_draft.h"
+#include "household/placing_store.h"
 #include "household/status.h"
 
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
@@ -78,6 +81,62 @@ IngredientRow line_of(const QJsonObject& json)
     return {key_of(json[QLatin1String("key")]),     key_of(json[QLatin1String("item_ref")]),
             json[QLatin1String("qty")].toString(),  json[QLatin1String("measure")].toString(),
             json[QLatin1String("item")].toString(), json[QLatin1String("comment")].toString()};
+}
+
+QJsonObject json_of(const RowEdit& row)
+{
+    return {{QStringLiteral("action"), static_cast<int>(row.action)},
+            {QStringLiteral("row"), row.groc_key},
+            {QStringLiteral("list"), row.list_key},
+            {QStringLiteral("to_get"), row.to_get},
+            {QStringLiteral("coupon"), row.coupon},
+            {QStringLiteral("date"), row.date},
+            {QStringLiteral("desc"), row.desc},
+            {QStringLiteral("qty"), row.qty},
+            {QStringLiteral("aisle"), row.aisle}};
+}
+
+RowEdit row_of(const QJsonObject& json)
+{
+    return {static_cast<RowAction>(json[QLatin1String("action")].toInt()),
+            key_of(json[QLatin1String("row")]),
+            key_of(json[QLatin1String("list")]),
+            json[QLatin1String("to_get")].toBool(),
+            json[QLatin1String("coupon")].toBool(),
+            json[QLatin1String("date")].toString(),
+            json[QLatin1String("desc")].toString(),
+            json[QLatin1String("qty")].toString(),
+            json[QLatin1String("aisle")].toString()};
+}
+
+QJsonObject json_of(const RescuedItem& item)
+{
+    QJsonArray rows;
+    for (const RowEdit& row : item.edit.rows)
+        rows.append(json_of(row));
+    return {{QStringLiteral("old_name"), item.old_name},
+            {QStringLiteral("item"), item.edit.item},
+            {QStringLiteral("line"), item.edit.line},
+            {QStringLiteral("name"), item.edit.name},
+            {QStringLiteral("link_namesakes"), item.edit.link_namesakes},
+            {QStringLiteral("category"), item.edit.category},
+            {QStringLiteral("today"), item.edit.today.toString(Qt::ISODate)},
+            {QStringLiteral("rows"), rows}};
+}
+
+RescuedItem item_of(const QJsonObject& json)
+{
+    RescuedItem item{json[QLatin1String("old_name")].toString(), {}};
+    item.edit.item = key_of(json[QLatin1String("item")]);
+    item.edit.line = key_of(json[QLatin1String("line")]);
+    item.edit.name = json[QLatin1String("name")].toString();
+    item.edit.renamed = item.edit.item > 0 && item.edit.name != item.old_name;
+    item.edit.link_namesakes = json[QLatin1String("link_namesakes")].toBool();
+    item.edit.category = key_of(json[QLatin1String("category")]);
+    item.edit.today = QDate::fromString(json[QLatin1String("today")].toString(), Qt::ISODate);
+    for (const QJsonValue row : json[QLatin1String("rows")].toArray())
+        item.edit.rows.push_back(row_of(row.toObject()));
+    return item;
 }
 
 bool same_texts(const IngredientRow& one, const IngredientRow& other)
@@ -153,6 +212,36 @@ void put_back_line(Connection& connection, const RescuedLine& line, Key recipe)
     save_line(connection, draft);
 }
 
+/// False when the item, or the name that it is to have, is another's meanwhile.
+bool put_back_item(Connection& connection, const RescuedItem& item)
+{
+    ItemEdit edit = item.edit;
+    strip_apostrophes(edit.name);
+    ItemStore store(connection);
+    const auto stored = store.item(edit.item);
+    const bool is_new = edit.item < 0;
+    if (edit.name.isEmpty() || (!is_new && (!stored || stored->name != item.old_name)))
+        return false;
+    if ((is_new || edit.renamed) && store.name_in_use(edit.name, edit.item))
+        return false;
+    const auto categories = store.categories();
+    const auto is_there = [&edit](const CategoryEntry& category) { return category.key == edit.category; };
+    if (std::none_of(categories.begin(), categories.end(), is_there))
+        edit.category = 0;
+    std::erase_if(edit.rows, [&](const RowEdit& row) {
+        return row.action == RowAction::place && item_on_list(connection, edit.item, row.list_key);
+    });
+    write_item_edit(connection, edit);
+    return true;
+}
+
+bool put_back_field(Connection& connection, const RescuedField& field)
+{
+    return Query(connection, "SELECT key_id FROM groc_1 WHERE key_id = ? AND item = ?", field.groc_key, field.item)
+               .next()
+        && write_row_field(connection, field.groc_key, field.field, trim(field.typed));
+}
+
 } // namespace
 
 QString rescue_contents(const Rescue& rescue)
@@ -166,6 +255,8 @@ QString rescue_contents(const Rescue& rescue)
                      .arg(trim(name), rescue.line->typed.display_text());
     if (rescue.field)
         lines += QStringLiteral("List row \"%1\": \"%2\"").arg(rescue.field->item, rescue.field->typed);
+    if (rescue.item)
+        lines += QStringLiteral("Stock item \"%1\"").arg(rescue.item->edit.name);
     return lines.join(u'\n');
 }
 
@@ -184,6 +275,8 @@ QString write_rescue(const Rescue& rescue, const QString& database)
                                 {QStringLiteral("item"), rescue.field->item},
                                 {QStringLiteral("field"), static_cast<int>(rescue.field->field)},
                                 {QStringLiteral("typed"), rescue.field->typed}});
+    if (rescue.item)
+        json.insert(QStringLiteral("stock_item"), json_of(*rescue.item));
     const QByteArray bytes = QJsonDocument(json).toJson();
     const QString beside = QFileInfo(database).absolutePath();
     QString first = free_name(beside, beside_name, suffix);
@@ -230,6 +323,8 @@ std::optional<Rescue> read_rescue(const QString& file)
         rescue.field = RescuedField{key_of(field[QLatin1String("row")]), field[QLatin1String("item")].toString(),
                                     static_cast<RowField>(field[QLatin1String("field")].toInt()),
                                     field[QLatin1String("typed")].toString()};
+    if (const QJsonObject item = json[QLatin1String("stock_item")].toObject(); !item.isEmpty())
+        rescue.item = item_of(item);
     return rescue.is_empty() ? std::nullopt : std::optional(rescue);
 }
 
@@ -245,14 +340,9 @@ bool put_back(Connection& connection, const Rescue& rescue)
             recipe = recipe_of_its_own(connection, rescue.before.name);
         put_back_line(connection, *rescue.line, recipe);
     }
-    bool complete = true;
-    if (rescue.field) {
-        const RescuedField& field = *rescue.field;
-        complete = Query(connection, "SELECT key_id FROM groc_1 WHERE key_id = ? AND item = ?", field.groc_key,
-                         field.item)
-                       .next()
-            && write_row_field(connection, field.groc_key, field.field, trim(field.typed));
-    }
+    bool complete = !rescue.field || put_back_field(connection, *rescue.field);
+    if (rescue.item && !put_back_item(connection, *rescue.item))
+        complete = false;
     transaction.commit();
     return complete;
 }

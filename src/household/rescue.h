@@ -2,6 +2,7 @@
 
 #include "data/connection.h"
 #include "data/text.h"
+#include "household/item_saving.h"
 #include "household/row_store.h"
 #include "household/recipe_store.h"
 
@@ -26,6 +27,12 @@ struct RescuedField {
     QString typed;
 };
 
+/// What stood in the item editor, and the name of the item there before; empty for a new one.
+struct RescuedItem {
+    QString old_name;
+    ItemEdit edit;
+};
+
 /// What was typed and not stored when an error ended the program.
 struct Rescue {
     Key recipe = -1;
@@ -33,8 +40,9 @@ struct Rescue {
     std::optional<RecipeText> typed;
     std::optional<RescuedLine> line;
     std::optional<RescuedField> field;
+    std::optional<RescuedItem> item;
 
-    bool is_empty() const { return !typed && !line && !field; }
+    bool is_empty() const { return !typed && !line && !field && !item; }
 };
 
 /// What a rescue holds, in the user's words: one line for each thing.
@@ -51,7 +59,8 @@ QStringList rescue_files(const QString& database);
 std::optional<Rescue> read_rescue(const QString& file);
 
 /// Stores what was typed, in one transaction: over what it was typed over, behind what was changed since, or in a
-/// recipe of its own when that is gone. False when a list row is gone, whose text then stays in the file alone.
+/// recipe of its own when that is gone. False when a list row or a stock item is gone, or a new item has no name
+/// of its own: what was typed for it then stays in the file alone.
 /// Throws SQLite::Exception.
 bool put_back(Connection& connection, const Rescue& rescue);
 

@@ -2,6 +2,7 @@
 
 #include "household/household.h"
 #include "household/lists_store.h"
+#include "widgets/drawn_controls.h"
 #include "widgets/fitted_text.h"
 #include "widgets/pictures.h"
 #include "widgets/tool_tip.h"
@@ -173,6 +174,7 @@ void list_list::list_clear(size_t rows_left)
 void list_list::add_row()
 {
     auto* frame = new RowFrame(Frame1_);
+    set_drawn_control(*frame, DrawnControl::choice);
     frame->setObjectName(numbered("frm_list", rows_.size()));
     frame->setFocusPolicy(Qt::StrongFocus);
     auto* image = new QLabel(frame);
@@ -197,6 +199,7 @@ void list_list::fill_row(size_t index, Key key, const QString& name)
     row.label->setText(name);
     row.frame->setToolTip(plain_tool_tip(name));
     row.frame->setAccessibleName(name);
+    set_drawn_control(*row.frame, key == create_list ? DrawnControl::button : DrawnControl::choice);
     show_picture(row);
 }
 
@@ -258,6 +261,7 @@ void list_list::show_picture(const ListRow& row) const
     QFont font; // nothing but the weight is set, so that the size stays the window's
     font.setBold(number == chosen_picture);
     row.label->setFont(font);
+    set_drawn_check(*row.frame, row.key == chosen_);
 }
 
 void list_list::lists_changed(const ListsChange& change)

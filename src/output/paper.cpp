@@ -5,6 +5,7 @@
 #include "widgets/message_box.h"
 
 #include <QBuffer>
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QLocale>
@@ -15,6 +16,7 @@
 #include <QSaveFile>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -84,6 +86,10 @@ QString ask_for_file(QWidget& owner, const Paper& paper, const QString& name)
     dialog.setDefaultSuffix(QStringLiteral("pdf"));
     dialog.setDirectory(QDir(paper.documents_folder).exists() ? paper.documents_folder : QDir::homePath());
     dialog.selectFile(pdf_file_name(name));
+    for (const auto& [part, purpose] :
+         {std::pair{"lookInCombo", "Folder"}, std::pair{"fileTypeCombo", "Kind of file"}})
+        if (auto* box = dialog.findChild<QComboBox*>(QLatin1String(part)))
+            box->setAccessibleDescription(QLatin1String(purpose));
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 

@@ -1,5 +1,6 @@
 #include "stock/floating_buttons.h"
 
+#include "widgets/last_press.h"
 #include "widgets/node_key.h"
 #include "widgets/program.h"
 #include "widgets/shared_values.h"
@@ -78,6 +79,7 @@ void FloatingButtons::follow_tree()
         hide(add_to_page);
     });
     TreeView& tree = tree_.view();
+    LastPress::require_on(*tree.viewport()); // under a button that goes with the first press of a double click
     connect(&tree, &TreeView::selection_changed, this, &FloatingButtons::follow_selection);
     connect(&tree, &TreeView::indentation_changed, this, &FloatingButtons::follow_selection);
     for (auto moved : {&QTreeWidget::itemExpanded, &QTreeWidget::itemCollapsed})

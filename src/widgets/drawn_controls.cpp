@@ -23,6 +23,10 @@ QAccessible::Role role_of(DrawnControl kind)
         return QAccessible::Button;
     case DrawnControl::check_box:
         return QAccessible::CheckBox;
+    case DrawnControl::choice:
+        return QAccessible::RadioButton;
+    case DrawnControl::separator:
+        return QAccessible::Splitter;
     default:
         return QAccessible::Graphic;
     }
@@ -41,7 +45,7 @@ public:
     QAccessible::State state() const override
     {
         QAccessible::State state = QAccessibleWidget::state();
-        if (kind_of(*widget()) == DrawnControl::check_box) {
+        if (const auto kind = kind_of(*widget()); kind == DrawnControl::check_box || kind == DrawnControl::choice) {
             state.checkable = true;
             state.checked = widget()->property(drawn_check).toBool();
         }

@@ -165,9 +165,9 @@ constexpr auto stock_tree_images = std::to_array<Drawing>({
 });
 
 constexpr auto list_manager_images = std::to_array<Drawing>({
-    {1, small_size, "list"},
-    {2, small_size, "list_chosen"},
-    {3, small_size, "list_new"},
+    on_page(1, small_size, "list"),
+    on_page(2, small_size, "list_chosen"),
+    on_page(3, small_size, "list_new"),
 });
 
 constexpr auto toolbar_images = std::to_array<Drawing>({

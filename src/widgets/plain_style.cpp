@@ -6,11 +6,12 @@
 #include "widgets/pictures.h"
 #include "widgets/plain_controls.h"
 
-#include <QPainter>
-#include <QPainterPath>
+#include <QComboBox>
 #include <QFontMetrics>
 #include <QFrame>
 #include <QGroupBox>
+#include <QPainter>
+#include <QPainterPath>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -91,8 +92,12 @@ void draw_tab(const QStyleOptionTab& tab, QPainter& painter)
     const QColor rest = blend(colors.color(QPalette::Window), colors.color(QPalette::WindowText), 0.06);
     const bool hovered = tab.state & QStyle::State_MouseOver;
     painter.fillPath(outline, in_front ? colors.color(QPalette::Base) : hovered ? rest.lighter(104) : rest);
-    painter.fillRect(QRect(QPoint(shape.left(), sides.bottom() + 1), shape.bottomRight()),
-                     colors.color(QPalette::Base));
+    const QRect foot(QPoint(shape.left(), sides.bottom() + 1), shape.bottomRight());
+    painter.fillRect(foot, colors.color(QPalette::Base));
+    const bool over_edge
+        = tab.position == QStyleOptionTab::Beginning || tab.position == QStyleOptionTab::OnlyOneTab;
+    if (over_edge) // the left line of the pane
+        painter.fillRect(foot.left(), foot.top(), line, foot.height(), line_color(colors));
     painter.setPen(QPen(line_color(colors), line, Qt::SolidLine, Qt::FlatCap));
     painter.drawPath(outline);
     if (in_front)
@@ -285,10 +290,19 @@ void PlainStyle::polish(QPalette& palette)
     }
 }
 
+// A wheel that turns above it on its way elsewhere is not to choose, nor to take the keyboard.
+void PlainStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    if (auto* choices = qobject_cast<QComboBox*>(widget); choices && choices->focusPolicy() == Qt::WheelFocus)
+        choices->setFocusPolicy(Qt::StrongFocus);
+}
+
 int PlainStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* data) const
 {
-    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_ComboBox_Popup || hint == SH_EtchDisabledText)
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_ComboBox_Popup || hint == SH_EtchDisabledText
+        || hint == SH_ComboBox_AllowWheelScrolling)
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
 }

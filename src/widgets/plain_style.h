@@ -6,12 +6,13 @@ namespace tarnwick {
 
 /// The look of the program: Fusion, made flat. Pictures of its own in message boxes and calendar, tabs that grow
 /// out of their pane, scroll bars without shading, frames of one line, and a highlight that white text is readable
-/// on.
+/// on. The wheel leaves a closed list of choices alone.
 class PlainStyle : public QProxyStyle {
 public:
     PlainStyle();
 
     void polish(QPalette& palette) override;
+    void polish(QWidget* widget) override;
     using QProxyStyle::polish;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override;

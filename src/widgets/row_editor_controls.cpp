@@ -55,11 +55,11 @@ void CellBox::set_cell(const QRect& cell, int leftmost)
     fit_type();
 }
 
-/// Where the control itself draws its text. What can be typed in keeps a place for the caret.
+/// Where the control itself draws its text. With the keyboard it keeps a place for the caret.
 QRect CellBox::text_room() const
 {
     constexpr int own_margin = 2;
-    const int caret = isReadOnly() ? 0 : 1;
+    const int caret = isReadOnly() || !hasFocus() ? 0 : 1;
     return rect().marginsRemoved(textMargins()).adjusted(own_margin, 0, -own_margin - caret, 0);
 }
 
@@ -154,7 +154,9 @@ bool CellBox::caret_at_end() const
 
 void CellBox::paintEvent(QPaintEvent* event)
 {
-    if (keeps_number_ && !hasFocus() && is_cut())
+    // What fills its room the control itself would draw scrolled, for the caret's sake.
+    const bool filled = fontMetrics().horizontalAdvance(text()) >= text_room().width();
+    if (keeps_number_ && !hasFocus() && filled)
         paint_number();
     else
         QLineEdit::paintEvent(event);

@@ -1,5 +1,6 @@
 #include "widgets/separator.h"
 
+#include "widgets/drawn_controls.h"
 #include "widgets/frame_lines.h"
 
 #include <QKeyEvent>
@@ -25,6 +26,7 @@ Separator::Separator(QWidget* area)
     : QFrame(area)
     , frame2_(new QFrame(area))
 {
+    set_drawn_control(*this, DrawnControl::separator);
     setObjectName(QStringLiteral("Frame1"));
     setCursor(Qt::SplitHCursor);
     setFocusPolicy(Qt::ClickFocus);

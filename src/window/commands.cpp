@@ -28,6 +28,7 @@ Commands::Commands(frmmain& main, QMenuBar& bar)
     : main_(main)
 {
     bar.setObjectName(QStringLiteral("menu_bar"));
+    bar.setAccessibleName(QStringLiteral("Menus"));
     for (const MenuRow& row : menu_table())
         add(row, bar);
 }
@@ -67,7 +68,8 @@ void Commands::add_menu(const MenuRow& row, QMenuBar& bar)
     entry.setObjectName(name);
     QString caption = text_of(row.caption);
     const QString title = caption;
-    set_plain_caption(entry, caption.remove(u'&'));
+    made->setAccessibleName(caption.remove(u'&'));
+    set_plain_caption(entry, caption);
     if (!inside)
         entry.setText(title);
     if (inside)

@@ -211,11 +211,11 @@ constexpr MenuRow rows[] = {
     {command, "mnu_help", "mnu_help_launch", "Tarnwick help topics", [](frmmain& m) { launch_help(m.program()); }},
     {command, "mnu_help", "mnu_help_about", "About TarnWick", [](frmmain& m) { show_about(m.program()); }},
 
-    {popup, "", "mnu_lv", ""},
+    {popup, "", "mnu_lv", "List row"},
     {command, "mnu_lv", "mnu_lv_ed", "Edit item", [](frmmain& m) { emit m.commands().edit_row_wanted(); }},
     {command, "mnu_lv", "mnu_lv_di", "Remove item", [](frmmain& m) { emit m.commands().remove_row_wanted(); }},
 
-    {popup, "", "mnu_tv", ""},
+    {popup, "", "mnu_tv", "Stock"},
     {command, "mnu_tv", "mnu_tv_ni", "New stock item", new_item},
     {command, "mnu_tv", "mnu_tv_edit", "Edit stock item", [](frmmain& m) { m.stock_commands().edit_stock_item(); }},
     {command, "mnu_tv", "mnu_tv_di", "Delete item", delete_item},
@@ -230,16 +230,16 @@ constexpr MenuRow rows[] = {
     {command, "mnu_tv", "mnu_tv_ai", "Add item to list", item_to_list},
     {command, "mnu_tv", "mnu_tv_air", "Add item to recipe", item_to_recipe},
 
-    {popup, "", "mnu_tv_r", ""},
+    {popup, "", "mnu_tv_r", "Recipes"},
     {command, "mnu_tv_r", "mnu_tv_r_del", "Delete recipe", delete_recipe},
     {command, "mnu_tv_r", "mnu_tv_r_move", "Move recipe",
      [](frmmain& m) { show_move_item(m.program(), m.panes(), false); }},
     {command, "mnu_tv_r", "mnu_tv_r_new", "New recipe", new_recipe},
 
-    {popup, "", "mnu_ingred", ""},
+    {popup, "", "mnu_ingred", "Ingredient"},
     {command, "mnu_ingred", "mnu_ingred_del", "Delete ingredient", delete_ingredient},
 
-    {popup, "", "mnu_more", ""},
+    {popup, "", "mnu_more", "More"},
     {command, "mnu_more", "mnu_more_find", "Find",
      [](frmmain& m) {
          show_find(m.program(), m.panes(), m.view_state(),

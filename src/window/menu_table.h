@@ -22,7 +22,8 @@ struct MenuRow {
     MenuKind kind;
     const char* parent; ///< name of the menu that holds it; empty on the bar and for pop-ups
     const char* name;
-    const char* caption; ///< of a menu of the bar with '&' before the letter that opens it with Alt
+    const char* caption; ///< of a menu of the bar with '&' before the letter that opens it with Alt; of a pop-up
+                         ///< its name to a screen reader
     void (*run)(frmmain&) = nullptr; ///< none: the command has no effect
 };
 

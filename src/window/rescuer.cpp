@@ -1,5 +1,6 @@
 #include "window/rescuer.h"
 
+#include "dialogs/l_item_edit.h"
 #include "household/rescue.h"
 #include "household/row_store.h"
 #include "lists/list_pane.h"
@@ -8,6 +9,7 @@
 #include "widgets/message_box.h"
 #include "widgets/row_editor.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -25,6 +27,16 @@ std::optional<RescuedField> unstored_field(ListPane& list)
                         rows.cell_text(editor.edit_row(), *editor.unstored_column())};
 }
 
+/// Of the item editor that is open, if one is.
+std::optional<RescuedItem> unsaved_item()
+{
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (const auto* editor = qobject_cast<const l_item_edit*>(window); editor && editor->isVisible())
+            return editor->unsaved();
+    }
+    return std::nullopt;
+}
+
 void offer(Connection& connection, const QString& file, const Rescue& rescue)
 {
     const QString title = QStringLiteral("TarnWick");
@@ -40,7 +52,9 @@ void offer(Connection& connection, const QString& file, const Rescue& rescue)
         QFile::remove(file);
     else
         msg_box(nullptr,
-                QStringLiteral("The list row is gone. Its text is kept in the file\n") + set_rescue_aside(file),
+                (rescue.item ? QStringLiteral("The stock item cannot be put back. It is kept in the file\n")
+                             : QStringLiteral("The list row is gone. Its text is kept in the file\n"))
+                    + set_rescue_aside(file),
                 box::information, title);
 }
 
@@ -52,6 +66,7 @@ void rescue_typed(const RecipePage& page, ListPane& list, const QString& databas
         Rescue rescue;
         page.add_unstored(rescue);
         rescue.field = unstored_field(list);
+        rescue.item = unsaved_item();
         if (!rescue.is_empty())
             write_rescue(rescue, database);
     } catch (...) {

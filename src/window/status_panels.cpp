@@ -104,6 +104,7 @@ constexpr int last_text_end = 5; ///< as far from the window's edge as the first
 StatusPanels::StatusPanels(QStatusBar& bar)
 {
     bar.setObjectName(QStringLiteral("StatusBar1"));
+    bar.setAccessibleName(QStringLiteral("Status"));
     bar.setSizeGripEnabled(false);
     bar.setContentsMargins(0, 0, last_text_end, 0);
     panels_[1] = new ElidedLabel(&bar);

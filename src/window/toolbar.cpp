@@ -139,6 +139,7 @@ void Toolbar::add_drop_down(ToolButton which, const char* key, const QString& ca
     QToolButton& owner = tool_button(which);
     if (!owner.menu()) {
         owner.setMenu(new QMenu(&owner));
+        owner.menu()->setAccessibleName(owner.text());
         owner.setPopupMode(QToolButton::MenuButtonPopup);
     }
     QAction* action = owner.menu()->addAction(caption);

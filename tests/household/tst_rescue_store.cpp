@@ -1,3 +1,4 @@
+#include "data/keys.h"
 #include "data/query.h"
 #include "data/schema.h"
 #include "household/line_draft.h"
@@ -37,11 +38,19 @@ private slots:
     void a_line_changed_meanwhile_stays_and_a_new_one_follows();
     void a_new_line_is_added_at_the_end_with_its_link();
     void a_row_gets_its_text_back_unless_it_is_another_row();
+    void a_new_stock_item_is_made_and_put_on_its_lists();
+    void a_stock_item_gets_its_name_and_the_texts_of_its_rows();
+    void a_stock_item_whose_name_is_taken_stays_in_the_file();
+    void a_stock_item_that_is_gone_is_not_made_again();
 
 private:
     QString database() const { return folder_->filePath(QStringLiteral("twdata/groc.mdb")); }
     QString text(const char* sql);
     Rescue soup(const QString& name, const QString& body) const;
+    Key add_list(const QString& name);
+    static RowEdit row_on(Key list);
+    Rescue typed_item(Key item, const QString& old_name, const QString& name, const RowEdit& row) const;
+    QString rows();
 
     std::unique_ptr<QTemporaryDir> folder_;
     std::unique_ptr<Connection> connection_;
@@ -73,6 +82,42 @@ Rescue tst_rescue_store::soup(const QString& name, const QString& body) const
     rescue.before = {QStringLiteral("Soup"), QStringLiteral("Stir.")};
     rescue.typed = RecipeText{name, body};
     return rescue;
+}
+
+Key tst_rescue_store::add_list(const QString& name)
+{
+    const Key key = get_node(*connection_, Table::list_name);
+    Query(*connection_, "INSERT INTO list_name (key_id, list_name) VALUES (?, ?)", key, name).run();
+    return key;
+}
+
+RowEdit tst_rescue_store::row_on(Key list)
+{
+    RowEdit row;
+    row.action = RowAction::place;
+    row.list_key = list;
+    row.to_get = true;
+    return row;
+}
+
+/// As it comes out of a rescue file.
+Rescue tst_rescue_store::typed_item(Key item, const QString& old_name, const QString& name,
+                                    const RowEdit& row) const
+{
+    Rescue rescue;
+    rescue.item = RescuedItem{old_name, {}};
+    rescue.item->edit.item = item;
+    rescue.item->edit.name = name;
+    rescue.item->edit.today = QDate(2026, 3, 14);
+    rescue.item->edit.rows = {row};
+    return read_rescue(write_rescue(rescue, database())).value_or(Rescue());
+}
+
+QString tst_rescue_store::rows()
+{
+    return text("SELECT group_concat(t.list || ':' || g.item || ':' || g.desc || ':' || g.qty || ':' || g.aisle"
+                " || ':' || g.cpn || ':' || g.created || ':' || g.to_get, ' / ')"
+                " FROM groc_1 g, tie t WHERE t.groc_id = g.key_id");
 }
 
 void tst_rescue_store::a_rescue_is_read_as_it_was_written()
@@ -266,6 +311,59 @@ void tst_rescue_store::a_row_gets_its_text_back_unless_it_is_another_row()
     rescue.field->typed = QStringLiteral("3");
     QVERIFY(!put_back(*connection_, rescue));
     QCOMPARE(text("SELECT qty FROM groc_1"), QStringLiteral("2 l"));
+}
+
+void tst_rescue_store::a_new_stock_item_is_made_and_put_on_its_lists()
+{
+    const Key list = add_list(QStringLiteral("Weekly"));
+    RowEdit row = row_on(list);
+    row.coupon = true;
+    row.date = QStringLiteral("12/24/2026");
+    row.desc = QStringLiteral("cold");
+    row.qty = QStringLiteral("2 kg");
+    row.aisle = QStringLiteral("9");
+    const Rescue rescue = typed_item(-1, QString(), QStringLiteral("Bob's milk"), row);
+    QCOMPARE(rescue_contents(rescue), QStringLiteral("Stock item \"Bob's milk\""));
+    QVERIFY(put_back(*connection_, rescue));
+    QCOMPARE(text("SELECT item || ':' || cat || ':' || status FROM items_1"), QStringLiteral("Bobs milk:0:7"));
+    QCOMPARE(rows(), QStringLiteral("%1:Bobs milk:cold:2 kg:9:1:2026-12-24:1").arg(list));
+    QVERIFY(!put_back(*connection_, rescue)); // the name is there now
+    QCOMPARE(text("SELECT count(*) FROM items_1"), QStringLiteral("1"));
+}
+
+void tst_rescue_store::a_stock_item_gets_its_name_and_the_texts_of_its_rows()
+{
+    const Key list = add_list(QStringLiteral("Weekly"));
+    QVERIFY(put_back(*connection_, typed_item(-1, QString(), QStringLiteral("Milk"), row_on(list))));
+    RowEdit row = row_on(list);
+    row.action = RowAction::rewrite;
+    row.groc_key = 1;
+    row.desc = QStringLiteral("cold");
+    QVERIFY(put_back(*connection_, typed_item(1, QStringLiteral("Milk"), QStringLiteral("Oat milk"), row)));
+    QCOMPARE(text("SELECT item FROM items_1"), QStringLiteral("Oat milk"));
+    QVERIFY2(rows().startsWith(QStringLiteral("%1:Oat milk:cold:").arg(list)), qPrintable(rows()));
+    // It was written after all, and the error came behind that.
+    QVERIFY(put_back(*connection_,
+                     typed_item(1, QStringLiteral("Oat milk"), QStringLiteral("Oat milk"), row_on(list))));
+    QCOMPARE(text("SELECT count(*) FROM groc_1"), QStringLiteral("1"));
+}
+
+void tst_rescue_store::a_stock_item_whose_name_is_taken_stays_in_the_file()
+{
+    QVERIFY(put_back(*connection_, typed_item(-1, QString(), QStringLiteral("Milk"), {})));
+    QVERIFY(put_back(*connection_, typed_item(-1, QString(), QStringLiteral("Oats"), {})));
+    QVERIFY(!put_back(*connection_, typed_item(-1, QString(), QStringLiteral("MILK"), {})));
+    QVERIFY(!put_back(*connection_, typed_item(2, QStringLiteral("Oats"), QStringLiteral("Milk"), {})));
+    QVERIFY(!put_back(*connection_, typed_item(-1, QString(), QString(), {})));
+    QCOMPARE(text("SELECT group_concat(item) FROM items_1"), QStringLiteral("Milk,Oats"));
+}
+
+void tst_rescue_store::a_stock_item_that_is_gone_is_not_made_again()
+{
+    QVERIFY(put_back(*connection_, typed_item(-1, QString(), QStringLiteral("Milk"), {})));
+    QVERIFY(!put_back(*connection_, typed_item(1, QStringLiteral("Oats"), QStringLiteral("Oats, rolled"), {})));
+    QVERIFY(!put_back(*connection_, typed_item(2, QStringLiteral("Oats"), QStringLiteral("Oats, rolled"), {})));
+    QCOMPARE(text("SELECT group_concat(item) FROM items_1"), QStringLiteral("Milk"));
 }
 
 QTEST_GUILESS_MAIN(tst_rescue_store)

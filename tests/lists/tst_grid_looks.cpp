@@ -4,6 +4,7 @@
 #include "support/contrast.h"
 #include "widgets/frame_lines.h"
 #include "widgets/plain_style.h"
+#include "widgets/row_editor_controls.h"
 #include "widgets/tree_view.h"
 #include "window/view_state.h"
 
@@ -36,6 +37,7 @@ private slots:
     void a_quantity_stands_clear_of_its_steppers_data() { type_sizes(); }
     void a_quantity_stands_clear_of_its_steppers();
     void a_long_quantity_is_told_whole();
+    void a_quantity_that_just_fits_is_seen_whole();
     void a_long_quantity_is_seen_whole_while_it_is_typed_data() { type_sizes(); }
     void a_long_quantity_is_seen_whole_while_it_is_typed();
     void captions_and_boxes_of_the_header_have_one_type_size_data() { type_sizes(); }
@@ -184,6 +186,25 @@ void tst_grid_looks::a_long_quantity_is_told_whole()
     QVERIFY(tip_at(box, box->rect().center()).contains(QStringLiteral("500 grams of it")));
     box->setText(QStringLiteral("2"));
     QVERIFY(!tip_at(box, box->rect().center()).contains(QStringLiteral("2")));
+}
+
+void tst_grid_looks::a_quantity_that_just_fits_is_seen_whole()
+{
+    constexpr int beside_text = 4;
+    for (const char* typed : {"12", "1 kg", "Produce"}) {
+        const QString text = QString::fromLatin1(typed);
+        CellBox box(QStringLiteral("box"), nullptr);
+        box.keep_number_whole();
+        box.setText(text);
+        const int advance = box.fontMetrics().horizontalAdvance(text);
+        const auto drawn = [&](int room) {
+            box.resize(room + beside_text, 24);
+            return box.grab(QRect(2, 2, advance, 20)).toImage();
+        };
+        const QImage with_room = drawn(advance + 30);
+        QCOMPARE(drawn(advance), with_room);
+        QCOMPARE(box.fontMetrics().horizontalAdvance(text), advance);
+    }
 }
 
 void tst_grid_looks::a_long_quantity_is_seen_whole_while_it_is_typed()

@@ -7,7 +7,9 @@
 //   ready             is printed back
 //   do ACTION         triggers an enabled action by its object name
 //   type NAME TEXT    types into a visible line of text and prints what it then holds
-//   under NAME        the windows that come up from now on come with this button, or their first, under the pointer
+//   under NAME        the windows that come up from now on come with this button under the pointer; with the one
+//   that
+//                     refuses, or their first, where they have none of this name
 // Its eyes, answered behind "= ":
 //   where NAME        x y width height on the screen of a visible widget
 //   node KEY          the same for the text of a tree node in view
@@ -25,6 +27,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QGenericPlugin>
 #include <QHash>
 #include <QKeyEvent>
@@ -129,6 +132,8 @@ private:
     {
         QWidget* button = dialog.findChild<QWidget*>(under_);
         if (!button)
+            button = refusing_button(dialog);
+        if (!button)
             button = dialog.findChild<QPushButton*>();
         if (!button)
             return;
@@ -137,6 +142,15 @@ private:
             dialog.layout()->activate();
         // The frame is not known before the window manager has drawn it, and not counted then.
         dialog.move(QCursor::pos() - button->mapTo(&dialog, button->rect().center()));
+    }
+
+    static QWidget* refusing_button(const QDialog& dialog)
+    {
+        if (const auto* row = dialog.findChild<QDialogButtonBox*>())
+            for (const auto which : {QDialogButtonBox::Cancel, QDialogButtonBox::No})
+                if (QWidget* button = row->button(which))
+                    return button;
+        return nullptr;
     }
 
     static QString entry_place(const QString& name)

@@ -53,7 +53,8 @@ inline bool opens_menu(QProcess& process, const char* keys, const QByteArray& me
 /// Starts with settings as those of a first run but for some, and waits until a control has the keyboard; null when
 /// that does not come.
 inline std::unique_ptr<QProcess> start_with(const RealProgram& program, const char* control,
-                                            std::initializer_list<std::pair<const char*, const char*>> changed)
+                                            std::initializer_list<std::pair<const char*, const char*>> changed,
+                                            RealProgram::Probe probe = RealProgram::Probe::listens)
 {
     {
         Settings settings(program.settings());
@@ -61,7 +62,7 @@ inline std::unique_ptr<QProcess> start_with(const RealProgram& program, const ch
         for (const auto& [key, value] : changed)
             settings.set_pref(QLatin1String(key), QLatin1String(value));
     }
-    auto process = program.start_listening();
+    auto process = program.start_listening(probe);
     if (!process
         || !QTest::qWaitFor([&] { return keyboard(*process) == QLatin1String(control); }, RealProgram::patience_ms))
         return nullptr;

@@ -11,21 +11,24 @@ class tst_frame_lines : public QObject {
 private slots:
     void no_scale_factor_loses_or_blurs_a_line_data();
     void no_scale_factor_loses_or_blurs_a_line();
-    void lines_along_one_edge_are_as_thick_data() { no_scale_factor_loses_or_blurs_a_line_data(); }
+    void lines_along_one_edge_are_as_thick_data();
     void lines_along_one_edge_are_as_thick();
 };
 
 void tst_frame_lines::no_scale_factor_loses_or_blurs_a_line_data()
 {
     QTest::addColumn<qreal>("scale");
-    for (const char* scale : {"1", "1.25", "1.5", "1.75", "2"})
-        QTest::newRow(scale) << QByteArray(scale).toDouble();
+    QTest::addColumn<int>("lines");
+    for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0})
+        for (const int lines : {1, 2, 3})
+            QTest::addRow("%d at %g", lines, scale) << scale << lines;
 }
 
 void tst_frame_lines::no_scale_factor_loses_or_blurs_a_line()
 {
     QFETCH(qreal, scale);
-    const int thickness = static_cast<int>(scale);
+    QFETCH(int, lines);
+    const int thickness = static_cast<int>(lines * scale);
     for (int place = 0; place < 8; ++place) {
         for (int size = 15; size < 20; ++size) {
             QImage image(QSize(40, 40) * scale, QImage::Format_RGB32);
@@ -33,7 +36,7 @@ void tst_frame_lines::no_scale_factor_loses_or_blurs_a_line()
             image.fill(Qt::white);
             QPainter painter(&image);
             painter.translate(place, place); // as a widget stands in its window
-            draw_frame(painter, QRect(0, 0, size, size), Qt::black);
+            draw_frame(painter, QRect(0, 0, size, size), Qt::black, lines);
             painter.end();
             const int first = qRound(place * scale);
             const int end = qRound((place + size) * scale);
@@ -46,6 +49,13 @@ void tst_frame_lines::no_scale_factor_loses_or_blurs_a_line()
             }
         }
     }
+}
+
+void tst_frame_lines::lines_along_one_edge_are_as_thick_data()
+{
+    QTest::addColumn<qreal>("scale");
+    for (const char* scale : {"1", "1.25", "1.5", "1.75", "2"})
+        QTest::newRow(scale) << QByteArray(scale).toDouble();
 }
 
 void tst_frame_lines::lines_along_one_edge_are_as_thick()

@@ -25,6 +25,7 @@
 #include <QStyle>
 #include <QTest>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -63,12 +64,15 @@ private slots:
     void a_menu_closed_by_escape_is_marked_in_the_bar();
     void lines_between_things_can_be_seen_data() { desktops(); }
     void lines_between_things_can_be_seen();
+    void groups_of_a_menu_and_of_a_dialog_are_told_apart_data() { desktops(); }
+    void groups_of_a_menu_and_of_a_dialog_are_told_apart();
     void nothing_hangs_below_the_month_of_a_calendar();
     void the_slider_of_a_scroll_bar_stands_out_and_is_without_shading_data();
     void the_slider_of_a_scroll_bar_stands_out_and_is_without_shading();
     void a_bar_with_nothing_to_scroll_has_no_slider();
     void a_progress_bar_is_filled_as_far_as_it_says();
     void a_menu_bar_tells_of_menus_that_have_no_room();
+    void the_wheel_leaves_a_closed_list_of_choices_alone();
 
 private:
     static void scales()
@@ -263,6 +267,10 @@ void tst_plain_style::tabs_have_crisp_lines_at_every_scale()
     QCOMPARE(image.pixelColor(right, foot + thickness - 1), line);
     for (int row = foot + thickness; row < image.height(); ++row)
         QVERIFY(image.pixelColor(right, row) != line);
+    // Its left line is that of the pane as well.
+    const int left = qRound(strip.tabs.x() * scale);
+    for (int row = y; row < image.height(); ++row)
+        QCOMPARE(image.pixelColor(left, row), line);
 }
 
 void tst_plain_style::captions_stay_readable_in_a_narrow_strip()
@@ -567,6 +575,28 @@ void tst_plain_style::lines_between_things_can_be_seen()
     QVERIFY(contrast(line_color(colors), colors.color(QPalette::Window)) < 4.5);
 }
 
+void tst_plain_style::groups_of_a_menu_and_of_a_dialog_are_told_apart()
+{
+    QFETCH(QPalette, colors);
+    QMenu menu;
+    menu.setPalette(colors);
+    menu.addAction(QStringLiteral("New"));
+    QAction* separator = menu.addSeparator();
+    menu.addAction(QStringLiteral("Exit"));
+    menu.resize(menu.sizeHint());
+    const QImage entries = menu.grab().toImage();
+    const QRect entry = menu.actionGeometry(separator);
+    const QPoint left(entry.left() + 1, entry.center().y());
+    QVERIFY(best_contrast(entries, entry.adjusted(10, 0, -10, 0), entries.pixelColor(left)) >= 1.5);
+
+    QGroupBox box;
+    box.setPalette(colors);
+    box.resize(80, 60);
+    const QImage group = box.grab().toImage();
+    QVERIFY(contrast(group.pixelColor(0, 30), group.pixelColor(4, 30)) >= 1.5);
+    QVERIFY(contrast(group.pixelColor(79, 30), group.pixelColor(75, 30)) >= 1.5);
+}
+
 void tst_plain_style::nothing_hangs_below_the_month_of_a_calendar()
 {
     QCalendarWidget calendar;
@@ -647,6 +677,29 @@ void tst_plain_style::a_menu_bar_tells_of_menus_that_have_no_room()
     const QImage picture = icon.pixmap(16, 16).toImage();
     QVERIFY(!picture.isNull());
     QVERIFY(best_contrast(picture, picture.rect(), QApplication::palette().color(QPalette::Window)) >= 3);
+}
+
+void tst_plain_style::the_wheel_leaves_a_closed_list_of_choices_alone()
+{
+    QWidget window;
+    QLineEdit name(&window);
+    QComboBox choices(&window);
+    choices.addItems({QStringLiteral("Bakery"), QStringLiteral("Dairy"), QStringLiteral("Fruit")});
+    choices.move(0, 40);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    name.setFocus();
+    const QPointF place(choices.rect().center());
+    for (const int step : {-120, -120, 120}) {
+        QWheelEvent turn(place, choices.mapToGlobal(place), {}, {0, step}, Qt::NoButton, Qt::NoModifier,
+                         Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&choices, &turn);
+        QCOMPARE(choices.currentIndex(), 0);
+    }
+    QVERIFY(!(choices.focusPolicy() & ~Qt::StrongFocus)); // the wheel does not take the keyboard either
+    QTest::keyClick(&choices, Qt::Key_Down);
+    QCOMPARE(choices.currentIndex(), 1);
 }
 
 QTEST_MAIN(tst_plain_style)

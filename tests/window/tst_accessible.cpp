@@ -4,15 +4,18 @@
 #include "output/list_to_get.h"
 #include "recipes/line_fixture.h"
 #include "stock/stock_tree.h"
+#include "widgets/drawn_controls.h"
 #include "widgets/list_grid.h"
 #include "widgets/row_editor.h"
 #include "support/opened_windows.h"
 #include "support/tool_button.h"
 #include "window/commands.h"
+#include "window/toolbar.h"
 #include "window/frmsplash.h"
 
 #include <QAccessible>
 #include <QAbstractScrollArea>
+#include <QComboBox>
 #include <QDirIterator>
 #include <QMenu>
 #include <QRegularExpression>
@@ -36,6 +39,9 @@ bool needs_name(const QAccessibleInterface& one)
     case QAccessible::Graphic:
     case QAccessible::List:
     case QAccessible::MenuItem:
+    case QAccessible::MenuBar:
+    case QAccessible::PopupMenu:
+    case QAccessible::StatusBar:
     case QAccessible::PageTab:
     case QAccessible::Slider:
     case QAccessible::SpinBox:
@@ -57,13 +63,30 @@ bool needs_name(const QAccessibleInterface& one)
     }
 }
 
+/// A combo box is named by what is chosen in it. What it is for, a label or its description tells.
+bool has_name(const QAccessibleInterface& one)
+{
+    if (!one.text(QAccessible::Description).trimmed().isEmpty())
+        return true;
+    if (one.role() == QAccessible::ComboBox)
+        return !one.relations(QAccessible::Label).isEmpty();
+    return !one.text(QAccessible::Name).trimmed().isEmpty();
+}
+
+/// Whether the keyboard gets to a control of which nothing is told but its frame.
+bool is_silent(const QAccessibleInterface& one)
+{
+    const auto* control = qobject_cast<const QWidget*>(one.object());
+    const bool plain = one.role() == QAccessible::Client || one.role() == QAccessible::Border;
+    return plain && control && control->isEnabled() && control->focusPolicy() != Qt::NoFocus
+        && !control->focusProxy();
+}
+
 void add_nameless(QAccessibleInterface* one, QStringList& found)
 {
     if (!one || one->state().invisible)
         return;
-    const bool named = !one->text(QAccessible::Name).trimmed().isEmpty()
-        || !one->text(QAccessible::Description).trimmed().isEmpty();
-    if (needs_name(*one) && !named)
+    if (is_silent(*one) || (needs_name(*one) && !has_name(*one)))
         found << QStringLiteral("%1 (%2, role %3)")
                      .arg(one->object() ? one->object()->objectName() : QStringLiteral("a part"),
                           QString::fromLatin1(one->object() ? one->object()->metaObject()->className() : ""))
@@ -143,6 +166,10 @@ private slots:
     void boxes_and_lights_of_the_page_tell_their_state();
     void the_coupon_box_of_an_open_row_is_a_check_box();
     void the_two_new_buttons_differ();
+    void the_page_colours_are_choices();
+    void the_rows_of_the_list_manager_tell_the_list_on_show();
+    void every_control_of_an_open_row_in_the_item_editor_has_a_name();
+    void every_entry_under_a_button_of_the_toolbar_has_a_name();
 };
 
 void tst_accessible::the_walk_finds_what_has_no_name()
@@ -152,6 +179,21 @@ void tst_accessible::the_walk_finds_what_has_no_name()
     window.show();
     QCOMPARE(nameless().size(), 1);
     button.setToolTip(QStringLiteral("Does it"));
+    QCOMPARE(nameless().join(u'|'), QString());
+    QComboBox combo(&window);
+    combo.addItem(QStringLiteral("Dairy"));
+    QFrame frame(&window);
+    QFrame drawn(&window);
+    set_drawn_control(drawn, DrawnControl::button);
+    drawn.setAccessibleName(QStringLiteral("Red"));
+    drawn.setFocusPolicy(Qt::StrongFocus);
+    frame.setFocusPolicy(Qt::StrongFocus);
+    for (QWidget* one :
+         {static_cast<QWidget*>(&combo), static_cast<QWidget*>(&frame), static_cast<QWidget*>(&drawn)})
+        one->show();
+    QCOMPARE(nameless().size(), 2);
+    combo.setAccessibleDescription(QStringLiteral("Category"));
+    frame.setFocusPolicy(Qt::NoFocus);
     QCOMPARE(nameless().join(u'|'), QString());
 }
 
@@ -423,6 +465,89 @@ void tst_accessible::the_two_new_buttons_differ()
     const QString recipe = access(w.control(tool_button(ToolButton::new_recipe))).text(QAccessible::Name);
     QCOMPARE(list, QStringLiteral("New shopping list"));
     QCOMPARE(recipe, QStringLiteral("New recipe"));
+}
+
+namespace {
+
+/// The names of choices, the chosen one with a star.
+QStringList choices(const QWidget& window, const QString& name)
+{
+    QStringList told;
+    for (int i = 0;; ++i) {
+        auto* control = window.findChild<QWidget*>(name.arg(i));
+        if (!control)
+            return told;
+        const QAccessibleInterface& heard = access(*control);
+        if (heard.role() == QAccessible::RadioButton && heard.state().checkable)
+            told << heard.text(QAccessible::Name) + (heard.state().checked ? QStringLiteral("*") : QString());
+    }
+}
+
+} // namespace
+
+void tst_accessible::the_page_colours_are_choices()
+{
+    Window w;
+    w.set_pref(QStringLiteral("color"), QStringLiteral("1"));
+    w.start();
+    QStringList before;
+    QStringList after;
+    use_opened_window(w, QStringLiteral("mnu_view_color"), [&](QDialog* dialog) {
+        before = choices(*dialog, QStringLiteral("color(%1)"));
+        QTest::mouseClick(dialog->findChild<QWidget*>(QStringLiteral("color(2)")), Qt::LeftButton);
+        after = choices(*dialog, QStringLiteral("color(%1)"));
+    });
+    QCOMPARE(before.join(u' '), QStringLiteral("White Pink* Green Blue"));
+    QCOMPARE(after.join(u' '), QStringLiteral("White Pink Green* Blue"));
+}
+
+void tst_accessible::the_rows_of_the_list_manager_tell_the_list_on_show()
+{
+    Window w;
+    w.start();
+    w.trigger(QStringLiteral("mnu_tools_listlist"));
+    QWidget& manager = *window_of(QStringLiteral("list_list"));
+    QCOMPARE(choices(manager, QStringLiteral("frm_list(%1)")).join(u' '), QStringLiteral("Home* Party All"));
+    w.main().commands().list_entry(1).trigger();
+    QCOMPARE(choices(manager, QStringLiteral("frm_list(%1)")).join(u' '), QStringLiteral("Home Party* All"));
+    manager.close();
+}
+
+void tst_accessible::every_control_of_an_open_row_in_the_item_editor_has_a_name()
+{
+    Window w;
+    w.start();
+    w.main().stock_tree().view().select(w.main().stock_tree().item_node(w.items[2]));
+    QStringList found{QStringLiteral("no row was opened")};
+    use_opened_window(w, QStringLiteral("mnu_tv_edit"), [&](QDialog* dialog) {
+        auto* grid = dialog->findChild<ListGrid*>();
+        grid->setFocus();
+        grid->set_current(0, GridColumn::item);
+        QTest::keyClick(grid, Qt::Key_F2);
+        QVERIFY(dialog->findChild<QWidget*>(QStringLiteral("desc_brdr"))->isVisible());
+        found = nameless();
+        QTest::mouseClick(dialog->findChild<QWidget*>(QStringLiteral("dtp_btn")), Qt::LeftButton);
+        QVERIFY(dialog->findChild<QWidget*>(QStringLiteral("MonthView1"))->isVisible());
+        found << nameless();
+    });
+    QCOMPARE(found.join(u'|'), QString());
+}
+
+void tst_accessible::every_entry_under_a_button_of_the_toolbar_has_a_name()
+{
+    Window w;
+    w.start();
+    int lists = 0;
+    for (const QToolButton* button : w.main().toolbar().widget().findChildren<QToolButton*>()) {
+        if (!button->menu())
+            continue;
+        button->menu()->popup(w.main().mapToGlobal(QPoint(50, 50)));
+        QVERIFY(button->menu()->isVisible());
+        QCOMPARE(nameless().join(u'|'), QString());
+        button->menu()->close();
+        ++lists;
+    }
+    QVERIFY(lists >= 3);
 }
 
 QTEST_MAIN(tst_accessible)

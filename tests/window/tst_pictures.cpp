@@ -184,6 +184,7 @@ private slots:
     void every_list_image_has_its_size_data();
     void every_list_image_has_its_size();
     void unknown_numbers_give_nothing();
+    void the_list_manager_keeps_its_pictures_on_a_dark_desktop();
     void a_scale_that_is_not_positive_gives_nothing();
     void page_color_variants_leave_the_page_around_them();
     void lights_stand_out_all_round_on_every_page_data();
@@ -265,6 +266,16 @@ void tst_pictures::unknown_numbers_give_nothing()
     QVERIFY(list_image(ImageList::toolbar, 9).isNull());
     QVERIFY(list_image(ImageList::toolbar, 19).isNull());
     QVERIFY(!list_image_size(ImageList::toolbar, 19).isValid());
+}
+
+/// Its rows lie on the page, which is light on a dark desktop too.
+void tst_pictures::the_list_manager_keeps_its_pictures_on_a_dark_desktop()
+{
+    for (int index = 1; index <= 3; ++index) {
+        const QImage on_light = list_image(ImageList::list_manager, index).toImage();
+        const auto dark = with_window_color(QColor(42, 46, 50));
+        QCOMPARE(list_image(ImageList::list_manager, index).toImage(), on_light);
+    }
 }
 
 void tst_pictures::a_scale_that_is_not_positive_gives_nothing()

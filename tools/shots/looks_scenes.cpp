@@ -21,6 +21,8 @@ namespace {
 using Prefs = QHash<QString, QString>;
 
 constexpr QSize narrow(560, 480);
+constexpr QSize usual(1024, 720);
+constexpr QSize large(1600, 900);
 constexpr QSize wide(2560, 900);
 
 class LooksScenes {
@@ -136,6 +138,14 @@ void LooksScenes::narrow_and_wide()
     shot("wide-list-row-open");
     start(false, false, nullptr, wide);
     shot("wide-page");
+    start(true, true, nullptr, usual);
+    shot("usual-list");
+    start(false, false, nullptr, usual);
+    shot("usual-page");
+    start(true, true, nullptr, large);
+    shot("large-list");
+    start(false, false, nullptr, large);
+    shot("large-page");
 }
 
 } // namespace
