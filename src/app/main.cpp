@@ -1,5 +1,6 @@
 #include "app/application.h"
 #include "app/desktop_environment.h"
+#include "app/end_signals.h"
 #include "app/font_loading.h"
 #include "app/instance_lock.h"
 #include "window/frmmain.h"
@@ -30,6 +31,13 @@ int run(Application& application, Environment environment, InstanceLock& instanc
     frmmain main(environment);
     main.load();
     application.set_started(main);
+    const EndSignals end_signals([&main, &environment] {
+        // Behind an error nothing is saved any more.
+        if (main.shared.ending)
+            environment.end_program(EXIT_FAILURE);
+        else
+            main.close();
+    });
     return QApplication::exec();
 }
 
