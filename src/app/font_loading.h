@@ -6,7 +6,8 @@
 namespace tarnwick {
 
 /// Finds the system's fonts in a thread of its own, while the main thread comes up: first what the system has, and,
-/// as soon as there is an application, what that makes of it. Made before the application.
+/// as soon as there is an application, what that makes of it. Made before the application, and waited for before
+/// that ends.
 class FontLoading {
 public:
     FontLoading();

@@ -86,10 +86,10 @@ QString key_str(int key)
 {
     if (key < 0 || key > 9999)
         return {};
-    std::array digits{u'0', u'0', u'0', u'0'};
+    std::array<QChar, 4> digits{u'0', u'0', u'0', u'0'};
     for (size_t i = digits.size(); key > 0; key /= 10)
-        digits.at(--i) = static_cast<char16_t>(u'0' + key % 10);
-    return QString::fromUtf16(digits.data(), digits.size());
+        digits.at(--i) = QChar(u'0' + key % 10);
+    return QString(digits.data(), digits.size());
 }
 
 QString strip_apostrophes(QString& text)
