@@ -4,6 +4,7 @@
 #include "measure.h"
 
 #include "app/application.h"
+#include "app/font_loading.h"
 #include "window/frmmain.h"
 
 #include <QElapsedTimer>
@@ -144,8 +145,12 @@ int show_bare_window(int argc, char** argv)
 
 int show_program(int argc, char** argv, const QString& folder)
 {
+    FontLoading fonts;
     Application application(argc, argv);
-    frmmain window(environment_of(folder));
+    fonts.application_made();
+    Environment environment = environment_of(folder);
+    environment.wait_for_fonts = [&fonts] { fonts.wait(); };
+    frmmain window(environment);
     PaintWatch watch(window);
     window.load();
     watch.wait();

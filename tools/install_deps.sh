@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
     make g++ cmake ninja-build ccache
     qt6-base-dev qt6-svg-dev libqt6svg6 libgl-dev
-    libsqlitecpp-dev libsqlite3-dev
+    libsqlitecpp-dev libsqlite3-dev libfontconfig-dev
     xvfb openbox xdotool fontconfig fonts-dejavu-core poppler-utils
 )
 if [[ "${1:-}" == --ci ]]; then

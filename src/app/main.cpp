@@ -1,5 +1,7 @@
 #include "app/application.h"
 #include "app/desktop_environment.h"
+#include "app/end_signals.h"
+#include "app/font_loading.h"
 #include "app/instance_lock.h"
 #include "window/frmmain.h"
 #include "widgets/message_box.h"
@@ -14,6 +16,7 @@ namespace {
 int run(Application& application, Environment environment, InstanceLock& instance)
 {
     if (instance.take() == InstanceLock::State::held_by_another) {
+        environment.wait_for_fonts();
         msg_box(
             nullptr,
             QStringLiteral("A previous instance of TarnWick\nis already running\n\n(%1)").arg(instance.folder()),
@@ -28,6 +31,13 @@ int run(Application& application, Environment environment, InstanceLock& instanc
     frmmain main(environment);
     main.load();
     application.set_started(main);
+    const EndSignals end_signals([&main, &environment] {
+        // Behind an error nothing is saved any more.
+        if (main.shared.ending)
+            environment.end_program(EXIT_FAILURE);
+        else
+            main.close();
+    });
     return QApplication::exec();
 }
 
@@ -35,8 +45,11 @@ int run(Application& application, Environment environment, InstanceLock& instanc
 
 int main(int argc, char** argv)
 {
+    FontLoading fonts;
     Application application(argc, argv);
-    const Environment environment = desktop_environment();
+    fonts.application_made();
+    Environment environment = desktop_environment();
+    environment.wait_for_fonts = [&fonts] { fonts.wait(); };
     InstanceLock instance(environment.program_folder + QStringLiteral("/twdata/groc.lock"));
     try {
         return run(application, environment, instance);

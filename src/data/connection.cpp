@@ -66,15 +66,28 @@ Connection::~Connection()
     close();
 }
 
-void Connection::open(const QString& path)
+void Connection::open(const QString& path, const std::optional<FileState>& sound)
 {
     close();
     path_ = path;
     refuse_irregular(path);
-    when_unlocked([this] { open_once(); });
+    when_unlocked([this, &sound] { open_once(sound); });
 }
 
-void Connection::open_once()
+void Connection::open_to_read(const QString& path)
+{
+    close();
+    path_ = path;
+    refuse_irregular(path);
+    if (has_unfinished_change(path))
+        refuse(SQLITE_BUSY, QStringLiteral("The database has an unfinished change"), path);
+    refuse_foreign(path, path);
+    database_ = std::make_unique<SQLite::Database>(path.toStdString(), SQLite::OPEN_READONLY);
+    statements_ = std::make_unique<Statements>();
+    refuse_unusable(*database_, path);
+}
+
+void Connection::open_once(const std::optional<FileState>& sound)
 {
     try {
         const bool unfinished = has_unfinished_change(path_);
@@ -88,7 +101,10 @@ void Connection::open_once()
         sqlite3_busy_handler(
             database_->getHandle(),
             [](void* self, int) { return static_cast<Connection*>(self)->wait_a_little() ? 1 : 0; }, this);
-        refuse_unusable(*database_, path_);
+        if (sound && file_state(path_) == sound)
+            install_collation(database_->getHandle());
+        else
+            refuse_unusable(*database_, path_);
         // Without spilling, a journal that can be played back always holds the first page, by which it is known.
         database_->exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = FULL; PRAGMA cache_spill = OFF");
         upgrade(*this);

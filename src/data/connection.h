@@ -1,10 +1,13 @@
 #pragma once
 
+#include "data/database_file.h"
+
 #include <QElapsedTimer>
 #include <QString>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -38,8 +41,12 @@ public:
 
     /// Opens an existing database file for reading and writing and takes an older one to the newest version. Throws
     /// a run-time error with SQLite's number when the file is missing, read-only, damaged, newer than the program
-    /// or no database of ours; such a file and its journal are left untouched.
-    void open(const QString& path);
+    /// or no database of ours; such a file and its journal are left untouched. A file in a state that was found
+    /// sound already is not checked again.
+    void open(const QString& path, const std::optional<FileState>& sound = std::nullopt);
+
+    /// Opens it to be read alone, as it is and without waiting. Throws the same, also for an unfinished change.
+    void open_to_read(const QString& path);
 
     /// Opens the file of the last `open` again if the connection is closed.
     void reopen();
@@ -54,7 +61,7 @@ private:
 
     std::unique_ptr<SQLite::Statement> take_statement(std::string_view sql);
     void keep_statement(std::unique_ptr<SQLite::Statement> statement);
-    void open_once();
+    void open_once(const std::optional<FileState>& sound);
     void when_unlocked(const std::function<void()>& attempt);
     bool wait_a_little();
     void end_waiting();

@@ -181,6 +181,20 @@ std::unique_ptr<QTemporaryDir> copy_files(const QString& path)
 
 } // namespace
 
+std::optional<FileState> file_state(const QString& path)
+{
+    struct stat found { };
+    QFile file(path);
+    if (::stat(QFile::encodeName(path).constData(), &found) != 0 || !S_ISREG(found.st_mode)
+        || !file.open(QIODevice::ReadOnly) || ::fstat(file.handle(), &found) != 0)
+        return std::nullopt;
+    const QByteArray header = file.read(header_size);
+    if (!is_header(header))
+        return std::nullopt;
+    return FileState{found.st_dev,         found.st_ino,          found.st_size,
+                     found.st_mtim.tv_sec, found.st_mtim.tv_nsec, number_at(header, change_counter_offset)};
+}
+
 void refuse(int number, const QString& text, const QString& path)
 {
     throw runtime_error(number, text + QStringLiteral("\n(") + path + u')');

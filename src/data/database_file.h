@@ -3,9 +3,25 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 // What is looked at in the database file and the files beside it before SQLite opens, and perhaps changes, any.
 namespace tarnwick {
+
+/// What tells one state of a file from another: SQLite counts every change in it, others leave another time.
+struct FileState {
+    quint64 device = 0;
+    quint64 node = 0;
+    qint64 size = 0;
+    qint64 changed_s = 0;
+    qint64 changed_ns = 0;
+    quint32 change_count = 0;
+
+    bool operator==(const FileState&) const = default;
+};
+
+/// The state that a file is in now; nothing when it cannot be read or is no database.
+std::optional<FileState> file_state(const QString& path);
 
 /// Throws a run-time error with SQLite's number and the path of the file in its text.
 [[noreturn]] void refuse(int number, const QString& text, const QString& path);

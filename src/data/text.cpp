@@ -2,6 +2,7 @@
 
 #include "data/runtime_error.h"
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -85,10 +86,10 @@ QString key_str(int key)
 {
     if (key < 0 || key > 9999)
         return {};
-    QString digits(4, u'0');
-    for (qsizetype i = digits.size(); key > 0; key /= 10)
-        digits[--i] = QChar(u'0' + key % 10);
-    return digits;
+    std::array<QChar, 4> digits{u'0', u'0', u'0', u'0'};
+    for (size_t i = digits.size(); key > 0; key /= 10)
+        digits.at(--i) = QChar(u'0' + key % 10);
+    return QString(digits.data(), digits.size());
 }
 
 QString strip_apostrophes(QString& text)

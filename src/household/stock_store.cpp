@@ -33,26 +33,29 @@ std::vector<CatalogueFolder> read_categories(Connection& connection)
     return categories;
 }
 
-void read_items(Connection& connection, const std::function<void(const CatalogueItem&)>& take)
+std::vector<NamedItem> read_named_items(Connection& connection)
 {
-    struct Row {
-        NameKey name;
-        Key key;
-        Key category;
-        int status;
-    };
-    std::vector<Row> items;
+    std::vector<NamedItem> items;
     Query rows(connection, "SELECT key_id, item, cat, status FROM items_1 ORDER BY key_id");
     while (rows.next())
         items.push_back({NameKey(rows.text(1)), rows.key(0), rows.key(2), rows.number(3)});
+    return items;
+}
+
+std::vector<CatalogueItem> in_name_order(const std::vector<NamedItem>& items)
+{
     // Sorted here, where a name is looked at once: the order of a query would compare texts over and over.
-    std::vector<const Row*> order;
+    std::vector<const NamedItem*> order;
     order.reserve(items.size());
-    for (const Row& item : items)
+    for (const NamedItem& item : items)
         order.push_back(&item);
-    std::stable_sort(order.begin(), order.end(), [](const Row* a, const Row* b) { return a->name < b->name; });
-    for (const Row* item : order)
-        take({item->key, trim(item->name.name()), item->category, item->status});
+    std::stable_sort(order.begin(), order.end(),
+                     [](const NamedItem* a, const NamedItem* b) { return a->name < b->name; });
+    std::vector<CatalogueItem> sorted;
+    sorted.reserve(items.size());
+    for (const NamedItem* item : order)
+        sorted.push_back({item->key, trim(item->name.name()), item->category, item->status});
+    return sorted;
 }
 
 void store_expand(Connection& connection, Key category, bool open)

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "data/collation.h"
 #include "data/connection.h"
 #include "data/text.h"
 
 #include <QString>
 
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -43,8 +43,17 @@ void prepare_folders(Connection& connection);
 /// The user's categories in name order, OTHER last.
 std::vector<CatalogueFolder> read_categories(Connection& connection);
 
-/// All stock items in name order.
-void read_items(Connection& connection, const std::function<void(const CatalogueItem&)>& take);
+/// A stock item as it is read, before it is sorted.
+struct NamedItem {
+    NameKey name;
+    Key key = 0;
+    Key category = 0;
+    int status = 0;
+};
+
+/// All stock items, and the same in name order.
+std::vector<NamedItem> read_named_items(Connection& connection);
+std::vector<CatalogueItem> in_name_order(const std::vector<NamedItem>& items);
 
 /// Stores that a category is open or closed in the tree. No such category: nothing.
 void store_expand(Connection& connection, Key category, bool open);

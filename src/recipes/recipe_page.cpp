@@ -186,6 +186,8 @@ bool RecipePage::eventFilter(QObject* watched, QEvent* event)
     if (watched == title_ && event->type() == QEvent::FocusIn
         && comes_by_key(static_cast<QFocusEvent*>(event)->reason()))
         show_control(*title_);
+    if (watched == frame4_ && event->type() == QEvent::Show)
+        set_title_font();
     if (watched == frame4_ && event->type() == QEvent::Wheel)
         return scroll_bar_->isVisible() && QCoreApplication::sendEvent(scroll_bar_, event);
     return QObject::eventFilter(watched, event);
@@ -389,9 +391,17 @@ void RecipePage::set_type_size()
     font.setPointSize(usable_points(program_.shared.type_size));
     recipe_lines_->set_fonts(font);
     text1_->setFont(font);
+    if (!frame4_->isHidden())
+        set_title_font();
+    layout_page();
+}
+
+/// The bold type is opened when the page is shown, which it need not be at a start.
+void RecipePage::set_title_font()
+{
+    QFont font = text1_->font();
     font.setBold(true);
     title_->setFont(font);
-    layout_page();
 }
 
 void RecipePage::make_line_editor()

@@ -153,6 +153,7 @@ signals:
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void make_page();
+    void set_title_font();
     void make_line_editor();
     void fill_lines(Key recipe);
     bool takes_lines();

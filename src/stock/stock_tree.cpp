@@ -8,6 +8,7 @@
 #include "widgets/busy_pointer.h"
 #include "widgets/tree_view.h"
 #include "household/category_store.h"
+#include "household/early_reading.h"
 #include "household/item_change.h"
 #include "household/status.h"
 #include "household/stock_store.h"
@@ -72,7 +73,7 @@ void StockTree::connect_events()
             [](QTreeWidgetItem* node, bool& cancel) { cancel = NodeKey::of(node).is_other(); });
 }
 
-void StockTree::tv_load(bool alpha)
+void StockTree::tv_load(bool alpha, EarlyReading* early)
 {
     tree_.finish_label_edit();
     const BusyPointer busy;
@@ -84,7 +85,7 @@ void StockTree::tv_load(bool alpha)
     emit loading(alpha);
     if (!alpha)
         load_folders();
-    load_items(alpha);
+    load_items(alpha, early);
     open_folders();
     tree_.show();
     if (had_focus)
@@ -127,8 +128,8 @@ QTreeWidgetItem* StockTree::make_folder(const CatalogueFolder& category)
     return node;
 }
 
-/// Adds the items folder by folder in one piece each; the query has them in name order already.
-void StockTree::load_items(bool alpha)
+/// Adds the items folder by folder in one piece each; they are in name order already.
+void StockTree::load_items(bool alpha, EarlyReading* early)
 {
     struct Folder {
         QTreeWidgetItem* node;
@@ -148,7 +149,11 @@ void StockTree::load_items(bool alpha)
         (folder ? folder->items : flat).append(node);
     };
     try {
-        read_items(program_.connection, take);
+        std::optional<std::vector<CatalogueItem>> items = early ? early->take_items() : std::nullopt;
+        if (!items)
+            items = in_name_order(read_named_items(program_.connection));
+        for (const CatalogueItem& item : *items)
+            take(item);
     } catch (...) {
         for (const Folder& folder : std::as_const(folders))
             flat.append(folder.items);

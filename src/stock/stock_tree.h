@@ -12,6 +12,7 @@ class QTreeWidgetItem;
 namespace tarnwick {
 
 struct Program;
+class EarlyReading;
 class StockClicks;
 class TreeView;
 enum class StatusCode;
@@ -29,8 +30,9 @@ public:
 
     TreeView& view() { return tree_; }
 
-    /// Rebuilds the tree: folders with their items, or one flat list when `alpha`.
-    void tv_load(bool alpha);
+    /// Rebuilds the tree: folders with their items, or one flat list when `alpha`. Items that were read early are
+    /// taken from there.
+    void tv_load(bool alpha, EarlyReading* early = nullptr);
 
     /// Closes every folder and stores that.
     void close_folders();
@@ -67,7 +69,7 @@ private:
     void connect_events();
     void load_folders();
     QTreeWidgetItem* make_folder(const CatalogueFolder& category);
-    void load_items(bool alpha);
+    void load_items(bool alpha, EarlyReading* early);
     void open_folders();
     void expanded(QTreeWidgetItem* node, bool open);
     void show_closed(QTreeWidgetItem& folder); ///< its picture alone

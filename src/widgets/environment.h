@@ -13,6 +13,7 @@ namespace tarnwick {
 
 /// What the program takes from the machine it runs on; tests give their own.
 struct Environment {
+    std::function<void()> wait_for_fonts = [] {}; ///< called before the first text is laid out
     QString program_folder; ///< holds `twdata`, `ico` and `help`
     QString settings_file; ///< the INI file of the settings
     std::function<QDate()> today; ///< the present date

@@ -1,6 +1,7 @@
 #include "widgets/fitted_text.h"
 
 #include <QFontMetrics>
+#include <QPainter>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -15,21 +16,26 @@ namespace {
 constexpr std::array narrow_types = {90, 75, 60};
 constexpr int narrowest_number = 50;
 
-/// The font in the widest type, not under `least` percent, in which the text fits.
+/// The font in the widest type, not under `least` percent, in which the text fits. One in which it surely does not,
+/// with a pixel a letter for rounding, is not opened.
 std::optional<QFont> fitting_font(const QString& text, QFont font, int width, int least)
 {
-    const auto fits = [&] { return QFontMetrics(font).horizontalAdvance(text) <= width; };
-    if (fits())
+    const int whole = QFontMetrics(font).horizontalAdvance(text);
+    if (whole <= width)
         return font;
+    const auto fits = [&](int percent) {
+        if (whole * percent / 100 - text.size() > width)
+            return false;
+        font.setStretch(percent);
+        return QFontMetrics(font).horizontalAdvance(text) <= width;
+    };
     for (const int percent : narrow_types) {
         if (percent <= least)
             break;
-        font.setStretch(percent);
-        if (fits())
+        if (fits(percent))
             return font;
     }
-    font.setStretch(least);
-    return fits() ? std::optional(font) : std::nullopt;
+    return fits(least) ? std::optional(font) : std::nullopt;
 }
 
 /// "2", "1.5", "1/2", "1 1/2", "2½" or "11/28/2026" at the beginning of a text; empty without digits there.
@@ -77,6 +83,36 @@ FittedText fit_number(const QString& text, const QFont& font, int width)
     QFont narrow = font;
     narrow.setStretch(narrowest_type);
     return {QString(ellipsis), narrow, true};
+}
+
+LaidOutText::LaidOutText(const QString& text, const QFont& font)
+    : layout_(text, font)
+{
+    QTextOption whole_line;
+    whole_line.setWrapMode(QTextOption::NoWrap);
+    whole_line.setFlags(QTextOption::IncludeTrailingSpaces);
+    layout_.setTextOption(whole_line);
+    layout_.setCacheEnabled(true);
+    layout_.beginLayout();
+    const QTextLine line = layout_.createLine();
+    layout_.endLayout();
+    if (line.isValid()) {
+        width_ = line.naturalTextWidth();
+        height_ = line.ascent() + line.descent();
+    }
+}
+
+void LaidOutText::draw(QPainter& painter, const QRect& room) const
+{
+    const QRectF place(room.x(), room.y() + (room.height() - height_) / 2, width_, height_);
+    const bool is_cut = !QRectF(room).contains(place);
+    if (is_cut) {
+        painter.save();
+        painter.setClipRect(room, Qt::IntersectClip);
+    }
+    layout_.draw(&painter, place.topLeft());
+    if (is_cut)
+        painter.restore();
 }
 
 } // namespace tarnwick

@@ -2,6 +2,10 @@
 
 #include <QFont>
 #include <QString>
+#include <QTextLayout>
+
+class QPainter;
+class QRect;
 
 namespace tarnwick {
 
@@ -24,5 +28,21 @@ FittedText fit_text(const QString& text, const QFont& font, int width, int narro
 /// The same for a quantity, a date or an aisle, which is never cut inside the number that it begins with nor inside
 /// a word behind it: rather the number alone is shown, in still narrower type where it must, or else no part of it.
 FittedText fit_number(const QString& text, const QFont& font, int width);
+
+/// A text on one line that is laid out once, to be measured and then drawn: most texts of a list have room enough.
+class LaidOutText {
+public:
+    LaidOutText(const QString& text, const QFont& font);
+
+    qreal width() const { return width_; } ///< in pixels
+
+    /// Draws it in the painter's pen from the left of a room that is wide enough, in the middle of its height.
+    void draw(QPainter& painter, const QRect& room) const;
+
+private:
+    QTextLayout layout_;
+    qreal width_ = 0;
+    qreal height_ = 0;
+};
 
 } // namespace tarnwick

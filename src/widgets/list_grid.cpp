@@ -8,6 +8,7 @@
 #include "widgets/pictures.h"
 #include "widgets/tool_tip.h"
 
+#include <QHash>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QItemSelectionModel>
@@ -31,13 +32,19 @@ constexpr std::array full_widths = {18, 18, 120, 120, 36, 18, 80, 36};
 
 constexpr int bar_width = 3; ///< of the mark at the left end of the current row; the lights begin right of it
 
+/// Pixels for the text of a cell.
+int room_in_cell(const QModelIndex& index, int cell_width)
+{
+    constexpr int before_box = 3; // the box of the coupon follows the quantity
+    return cell_width - cell_margin - (index.column() == column_number(GridColumn::qty) ? before_box : 1);
+}
+
 /// A cell's text as it stands in its room. Only names and descriptions may be cut anywhere.
 FittedText text_in_cell(const QModelIndex& index, int cell_width)
 {
     const QString text = index.data(Qt::DisplayRole).toString();
     const QFont font = index.data(Qt::FontRole).value<QFont>();
-    constexpr int before_box = 3; // the box of the coupon follows the quantity
-    const int room = cell_width - cell_margin - (index.column() == column_number(GridColumn::qty) ? before_box : 1);
+    const int room = room_in_cell(index, cell_width);
     if (index.column() != column_number(GridColumn::item) && index.column() != column_number(GridColumn::desc))
         return fit_number(text, font, room);
     const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, room);
@@ -70,14 +77,7 @@ public:
                                 option.rect.y() + (option.rect.height() - size.height()) / 2, image);
             return;
         }
-        const FittedText shown = text_in_cell(index, option.rect.width());
-        if (shown.text.isEmpty())
-            return;
-        const bool is_open_name = index.column() == column_number(GridColumn::item) && shown.font.bold();
-        painter->setFont(shown.font);
-        painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
-        painter->drawText(option.rect.adjusted(cell_margin, 0, -1 - (is_open_name ? grid_.name_end() : 0), 0),
-                          Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
+        paint_text(*painter, option.rect, index);
     }
 
     /// Tells the whole text of a cell that shows only a part of it.
@@ -93,7 +93,41 @@ public:
     }
 
 private:
+    void paint_text(QPainter& painter, const QRect& cell, const QModelIndex& index) const
+    {
+        const QString text = index.data(Qt::DisplayRole).toString();
+        if (text.isEmpty())
+            return;
+        const QFont font = index.data(Qt::FontRole).value<QFont>();
+        const bool is_open_name = index.column() == column_number(GridColumn::item) && font.bold();
+        const QRect room = cell.adjusted(cell_margin, 0, -1 - (is_open_name ? grid_.name_end() : 0), 0);
+        painter.setPen(index.data(Qt::ForegroundRole).value<QColor>());
+        const LaidOutText whole(text, font);
+        if (whole.width() <= std::min(room_in_cell(index, cell.width()), room.width())) {
+            whole.draw(painter, room);
+            return;
+        }
+        const FittedText& shown = fitted(index, text, font, cell.width());
+        painter.setFont(shown.font);
+        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
+    }
+
+    /// A text that has not room enough is fitted once: most of them are numbers, of which there are few.
+    const FittedText& fitted(const QModelIndex& index, const QString& text, const QFont& font, int cell_width) const
+    {
+        constexpr qsizetype most_kept = 1000;
+        const QString kept_as
+            = QStringLiteral("%1|%2|%3|%4").arg(index.column()).arg(cell_width).arg(font.key(), text);
+        const auto found = fitted_.constFind(kept_as);
+        if (found != fitted_.cend())
+            return *found;
+        if (fitted_.size() >= most_kept)
+            fitted_.clear();
+        return *fitted_.insert(kept_as, text_in_cell(index, cell_width));
+    }
+
     ListGrid& grid_;
+    mutable QHash<QString, FittedText> fitted_;
 };
 
 /// The column widths allow for a bar of this width whatever the style draws.

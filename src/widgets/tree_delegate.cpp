@@ -71,8 +71,10 @@ int draw_name(QPainter* painter, const QRect& rect, const FittedText& shown)
         constexpr int flags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
         painter->setFont(shown.font);
         painter->drawText(rect, flags, letters);
-        painter->setFont(narrowed(shown.font, mark_type));
-        painter->drawText(rect.adjusted(width, 0, 0, 0), flags, marked ? QString(ellipsis) : QString());
+        if (marked) {
+            painter->setFont(narrowed(shown.font, mark_type));
+            painter->drawText(rect.adjusted(width, 0, 0, 0), flags, ellipsis);
+        }
     }
     return width + (marked ? mark_width(shown.font) : 0);
 }
@@ -92,6 +94,11 @@ TreeDelegate::TreeDelegate(ImageList pictures, TreeView& tree)
 bool TreeDelegate::fit(int width)
 {
     type_ = tree_.font();
+    // In most trees there is room even for the sign of the cut in its own width; the narrow type is not opened
+    // then.
+    if (width - QFontMetrics(type_).horizontalAdvance(QStringLiteral("Hmnnoo\u2026")) - name_margin
+        >= std::max(child_text, flat_text))
+        return std::exchange(child_text_, child_text) != child_text;
     const int before
         = std::exchange(child_text_, std::clamp(width - told_width(type_), least_child_text, child_text));
     const int room = width - (tree_.is_flat() ? flat_text : child_text_);
@@ -160,19 +167,26 @@ void TreeDelegate::paint_text(QPainter& painter, const QStyleOptionViewItem& opt
     const QVariant color = index.data(Qt::ForegroundRole);
     const QPalette::ColorGroup group
         = option.state & QStyle::State_Active && tree_.hasFocus() ? QPalette::Active : QPalette::Inactive;
-    const FittedText shown = shown_name(index.data().toString(), rect.width() - name_margin);
+    const QString name = index.data().toString();
+    const int room = rect.width() - name_margin;
+    const LaidOutText whole(name, type_);
+    const bool fits = whole.width() <= room;
+    const FittedText shown = fits ? FittedText{name, type_, false} : shown_name(name, room);
 
     painter.save();
     QColor pen = color.isValid() ? color.value<QBrush>().color() : option.palette.color(group, QPalette::Text);
     if (option.state & QStyle::State_Selected) {
-        const QRect behind(rect.left() - name_margin, rect.top() + 1,
-                           draw_name(nullptr, rect, shown) + 2 * name_margin, rect.height() - 2);
+        const int width = fits ? qRound(whole.width()) : draw_name(nullptr, rect, shown);
+        const QRect behind(rect.left() - name_margin, rect.top() + 1, width + 2 * name_margin, rect.height() - 2);
         // Also behind a label with a colour of its own, which could not be read on the highlight.
         painter.fillRect(behind, option.palette.color(group, QPalette::Highlight));
         pen = option.palette.color(group, QPalette::HighlightedText);
     }
     painter.setPen(pen);
-    draw_name(&painter, rect, shown);
+    if (fits)
+        whole.draw(painter, rect);
+    else
+        draw_name(&painter, rect, shown);
     painter.restore();
 }
 

@@ -553,6 +553,8 @@ void TreeView::changeEvent(QEvent* event)
 
 void TreeView::fit_names()
 {
+    if (!testAttribute(Qt::WA_Resized))
+        return; // a width that nobody gave it is not shown in
     if (delegate_->fit(viewport()->width()))
         emit indentation_changed();
 }

@@ -5,6 +5,7 @@
 #include "widgets/message_box.h"
 #include "widgets/program.h"
 #include "widgets/update_lock.h"
+#include "household/early_reading.h"
 #include "household/household.h"
 #include "lists/clearing.h"
 #include "lists/grid_listener.h"
@@ -94,6 +95,7 @@ QTabBar* make_tabs(const QString& name, QWidget* parent)
 frmmain::frmmain(Environment environment)
     : environment_(std::move(environment))
     , settings_(environment_.settings_file)
+    , early_reading_(std::make_unique<EarlyReading>(environment_.database_file()))
 {
     setObjectName(QStringLiteral("frmmain"));
     setWindowTitle(QStringLiteral("Tarnwick"));
@@ -141,6 +143,7 @@ void frmmain::make_program()
 void frmmain::make_commands()
 {
     commands_ = std::make_unique<Commands>(*this, *menuBar());
+    environment_.wait_for_fonts();
     status_panels_ = std::make_unique<StatusPanels>(*statusBar());
     toolbar_ = std::make_unique<Toolbar>(
         shared, *commands_,
@@ -256,7 +259,7 @@ void frmmain::load()
     toolbar_->set_size_button_at_start(shared.type_size);
     toolbar_->toolbar_fit();
 
-    connection_.open(environment_.database_file());
+    connection_.open(environment_.database_file(), early_reading_->sound_state());
     offer_rescued(connection_, environment_.database_file());
     shared.current_list = to_int16(settings_.pref(QStringLiteral("alist"), QStringLiteral("0")));
     shared.all_lists_view = settings_.pref(QStringLiteral("s_all"), QStringLiteral("0")) == QLatin1String("1");
@@ -291,7 +294,8 @@ void frmmain::load_trees()
     };
     shared.stock_alpha = by_name("sort");
     shared.recipe_alpha = by_name("sort_r");
-    stock_tree_->tv_load(shared.stock_alpha);
+    stock_tree_->tv_load(shared.stock_alpha, early_reading_.get());
+    early_reading_.reset();
     recipe_tree_->recip_load(shared.recipe_alpha);
 }
 

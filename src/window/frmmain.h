@@ -16,6 +16,7 @@ namespace tarnwick {
 class Clearing;
 class Commands;
 class Drag;
+class EarlyReading;
 class FloatingButtons;
 class GridListener;
 class Household;
@@ -129,6 +130,7 @@ private:
 
     Environment environment_;
     Settings settings_;
+    std::unique_ptr<EarlyReading> early_reading_; ///< from the construction to the load of the stock tree
     Connection connection_;
 
     QWidget* area_ = nullptr;

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QTest>
 
+#include <csignal>
 #include <memory>
 #include <sys/stat.h>
 
@@ -44,6 +45,9 @@ private slots:
     void a_locked_database_is_waited_for_as_often_as_wanted();
     void a_locked_database_at_the_start_is_waited_for();
     void an_edited_recipe_is_stored_before_any_setting_is_written();
+    void an_end_by_the_system_stores_what_was_typed_data();
+    void an_end_by_the_system_stores_what_was_typed();
+    void an_ignored_signal_stays_ignored();
 
 private:
     /// A process on the page of a recipe "Soup" whose title has got an unsaved "s" in front; null when it does not
@@ -468,6 +472,41 @@ void tst_process::an_edited_recipe_is_stored_before_any_setting_is_written()
     QVERIFY(process->exitCode() != 0);
     QCOMPARE(recipe_name(), QStringLiteral("sSoup"));
     QVERIFY(!files().contains(QStringLiteral("rescue.json")));
+}
+
+void tst_process::an_end_by_the_system_stores_what_was_typed_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("log-out") << SIGTERM;
+    QTest::newRow("terminal closed") << SIGHUP;
+    QTest::newRow("terminal interrupts") << SIGINT;
+}
+
+void tst_process::an_end_by_the_system_stores_what_was_typed()
+{
+    QFETCH(int, signal);
+    const auto process = start_with_edited_recipe();
+    QVERIFY(process);
+    QCOMPARE(recipe_name(), QStringLiteral("Soup"));
+    QCOMPARE(::kill(static_cast<pid_t>(process->processId()), signal), 0);
+    QCOMPARE(lines_of(*process), QStringList());
+    QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process->exitCode(), 0);
+    QCOMPARE(recipe_name(), QStringLiteral("sSoup"));
+    QVERIFY(!files().contains(QStringLiteral("groc.lock")));
+}
+
+void tst_process::an_ignored_signal_stays_ignored()
+{
+    std::signal(SIGHUP, SIG_IGN);
+    const auto process = start_with_edited_recipe();
+    std::signal(SIGHUP, SIG_DFL);
+    QVERIFY(process);
+    QCOMPARE(::kill(static_cast<pid_t>(process->processId()), SIGHUP), 0);
+    tell(*process, "ready");
+    QVERIFY(wait_for(*process, "ready"));
+    tell(*process, "close");
+    QCOMPARE(lines_of(*process), QStringList());
 }
 
 QTEST_GUILESS_MAIN(tst_process)

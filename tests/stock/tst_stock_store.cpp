@@ -92,9 +92,8 @@ void tst_stock_store::items_come_by_name_with_the_stored_status()
     window_->add_item(QStringLiteral("milk"), 3, 8);
     window_->add_item(QStringLiteral("Butter "), 4, 6);
     QStringList seen;
-    read_items(window_->db(), [&](const CatalogueItem& item) {
+    for (const CatalogueItem& item : in_name_order(read_named_items(window_->db())))
         seen << QStringLiteral("%1 %2 %3 %4").arg(item.key).arg(item.name).arg(item.category).arg(item.status);
-    });
     QCOMPARE(seen, QStringList({QStringLiteral("2 Butter 4 6"), QStringLiteral("1 milk 3 8")}));
 }
 

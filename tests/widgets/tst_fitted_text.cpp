@@ -1,6 +1,9 @@
 #include "widgets/fitted_text.h"
 
 #include <QFontMetrics>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
 #include <QTest>
 
 using namespace tarnwick;
@@ -24,6 +27,8 @@ int width_of(const QString& text, const QFont& font)
 class tst_fitted_text : public QObject {
     Q_OBJECT
 private slots:
+    void a_text_laid_out_once_is_drawn_like_any_other_data();
+    void a_text_laid_out_once_is_drawn_like_any_other();
     void a_text_with_room_stays_as_it_is();
     void a_text_with_too_little_room_gets_narrower_type_before_it_is_cut();
     void a_place_too_narrow_for_the_sign_of_a_cut_shows_letters();
@@ -149,6 +154,50 @@ void tst_fitted_text::a_unit_is_shown_whole_or_not_at_all()
                 seen << fitted;
         QCOMPARE(seen, shown);
     }
+}
+
+void tst_fitted_text::a_text_laid_out_once_is_drawn_like_any_other_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QSize>("room");
+    QTest::addColumn<int>("points");
+    for (const int points : {9, 10, 12}) {
+        const auto row = [points](const char* name, const QString& text, QSize room) {
+            QTest::addRow("%s, %d points", name, points) << text << room << points;
+        };
+        row("name", QStringLiteral("Apples, Granny Smith"), {200, 19});
+        row("odd height", QStringLiteral("Jam"), {200, 20});
+        row("accents", QStringLiteral("Crème fraîche ½"), {200, 24});
+        row("blanks at both ends", QStringLiteral(" 2 lbs "), {200, 24});
+        row("room too low", QStringLiteral("gjpq"), {200, 9});
+    }
+}
+
+void tst_fitted_text::a_text_laid_out_once_is_drawn_like_any_other()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QSize, room);
+    QFETCH(const int, points);
+    QFont font = QGuiApplication::font();
+    font.setPointSize(points);
+    const QRect place({5, 7}, room);
+    const auto drawn = [](const auto& draw) {
+        QImage image(220, 40, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setPen(Qt::darkBlue);
+        draw(painter);
+        return image;
+    };
+    const LaidOutText laid_out(text, font);
+    const QImage once = drawn([&](QPainter& painter) { laid_out.draw(painter, place); });
+    const QImage any = drawn([&](QPainter& painter) {
+        painter.setFont(font);
+        painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    });
+    QVERIFY(any != drawn([](QPainter&) {}));
+    QCOMPARE(once, any);
+    QCOMPARE(qRound(laid_out.width()), QFontMetrics(font).horizontalAdvance(text));
 }
 
 QTEST_MAIN(tst_fitted_text)

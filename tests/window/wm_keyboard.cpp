@@ -19,6 +19,8 @@ private slots:
     void one_click_into_a_cell_puts_the_caret_there();
     void a_new_recipe_is_named_and_written();
     void a_removed_line_comes_back();
+    void the_item_editor_puts_the_item_on_another_list();
+    void ok_that_places_nothing_says_so();
 
 private:
     /// A real click into the first row of a grid, under the head of a column.
@@ -37,6 +39,15 @@ private:
         return start_with(program_, "TreeView1(0)", {{"arcp", "1"}, {"alist", "1"}, {"lv_view", lists_first}});
     }
     QString text(const char* sql) { return stored(program_, sql); }
+    /// Another list, and an item that is on none.
+    void add_party()
+    {
+        Connection connection;
+        connection.open(program_.database());
+        for (const char* sql : {"INSERT INTO list_name (key_id, list_name, active) VALUES (2, 'Party', 0)",
+                                "INSERT INTO items_1 (key_id, item, cat, status) VALUES (2, 'Yeast', 0, 5)"})
+            Query(connection, sql).run();
+    }
 
     RealProgram program_;
 };
@@ -186,6 +197,52 @@ void wm_keyboard::a_removed_line_comes_back()
     leave(*process);
     QCOMPARE(text("SELECT group_concat(qty || item) FROM (SELECT * FROM recipe_2 ORDER BY \"order\")"),
              QStringLiteral("1Salt,1Oil"));
+}
+
+void wm_keyboard::the_item_editor_puts_the_item_on_another_list()
+{
+    add_party();
+    const auto process = start("1");
+    QVERIFY(process);
+    QVERIFY(leads_to(*process, "F6", "Listview1"));
+    press("shift+F10");
+    QTRY_VERIFY(is_shown(*process, "mnu_lv"));
+    press("Down");
+    press("Return");
+    QTRY_VERIFY(is_shown(*process, "l_item_edit"));
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("txt_item"));
+    for (const char* next : {"Combo1", "CmdNewCat", "Listview1"})
+        QVERIFY2(leads_to(*process, "Tab", next), next);
+    press("Down");
+    QVERIFY(leads_to(*process, "F2", "desc_brdr"));
+    type(QStringLiteral("soft"));
+    QVERIFY(leads_to(*process, "Escape", "Listview1"));
+    QVERIFY(is_shown(*process, "l_item_edit"));
+    press("space");
+    press("Return"); // OK
+    QTRY_COMPARE(text("SELECT g.item || trim(g.desc) || g.to_get FROM groc_1 g, tie t WHERE t.groc_id = g.key_id "
+                      "AND t.list = 2"),
+                 QStringLiteral("Butter1"));
+    leave(*process);
+}
+
+void wm_keyboard::ok_that_places_nothing_says_so()
+{
+    add_party();
+    const auto process
+        = start_with(program_, "TreeView1(0)", {{"alist", "1"}, {"lv_view", "1"}, {"sort", "alpha"}});
+    QVERIFY(process);
+    RealProgram::tell(*process, "do mnu_list_list(2)"); // all lists
+    type(QStringLiteral("yea"));
+    QTest::qWait(700); // a blank is then no more a letter
+    press("space");
+    QTRY_VERIFY(is_shown(*process, "l_item_edit"));
+    QTRY_COMPARE(keyboard(*process), QStringLiteral("txt_item"));
+    press("Return"); // OK
+    QVERIFY(RealProgram::wait_for(*process, "Yeast was not added to any list"));
+    QTRY_VERIFY(!is_shown(*process, "l_item_edit"));
+    QCOMPARE(text("SELECT count(*) FROM tie"), QStringLiteral("1"));
+    leave(*process);
 }
 
 QTEST_GUILESS_MAIN(wm_keyboard)

@@ -122,12 +122,15 @@ QImage Studio::scene()
         windows.append(window);
         bounds |= window->geometry();
     }
-    // The main window lies at the bottom; pop-up windows were opened from what is below them.
+    // The main window lies at the bottom; pop-up windows were opened from what is below them, and the dialog that
+    // waits for an answer lies over those that it was opened from.
     const auto height_of = [this](const QWidget* window) {
         if (window == main_.get())
             return 0;
         const Qt::WindowType type = window->windowType();
-        return type == Qt::ToolTip ? 3 : type == Qt::Popup ? 2 : 1;
+        if (type == Qt::ToolTip || type == Qt::Popup)
+            return type == Qt::ToolTip ? 4 : 3;
+        return window == QApplication::activeModalWidget() ? 2 : 1;
     };
     std::stable_sort(windows.begin(), windows.end(),
                      [&](const QWidget* left, const QWidget* right) { return height_of(left) < height_of(right); });
