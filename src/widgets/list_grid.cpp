@@ -39,12 +39,20 @@ int room_in_cell(const QModelIndex& index, int cell_width)
     return cell_width - cell_margin - (index.column() == column_number(GridColumn::qty) ? before_box : 1);
 }
 
+/// The name of the open row, which shares its cell with pencil and cross.
+bool is_open_name(const QModelIndex& index, const QFont& font)
+{
+    return index.column() == column_number(GridColumn::item) && font.bold();
+}
+
 /// A cell's text as it stands in its room. Only names and descriptions may be cut anywhere.
 FittedText text_in_cell(const QModelIndex& index, int cell_width)
 {
     const QString text = index.data(Qt::DisplayRole).toString();
     const QFont font = index.data(Qt::FontRole).value<QFont>();
     const int room = room_in_cell(index, cell_width);
+    if (is_open_name(index, font))
+        return fit_text(text, font, room);
     if (index.column() != column_number(GridColumn::item) && index.column() != column_number(GridColumn::desc))
         return fit_number(text, font, room);
     const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, room);
@@ -87,27 +95,33 @@ public:
         if (event->type() != QEvent::ToolTip)
             return QStyledItemDelegate::helpEvent(event, view, option, index);
         const QString text = index.data(Qt::ToolTipRole).toString().trimmed();
-        const bool cut_off = text_in_cell(index, option.rect.width()).cut;
+        const bool cut_off = text_in_cell(index, width_for_text(option.rect.width(), index)).cut;
         QToolTip::showText(event->globalPos(), cut_off ? plain_tool_tip(text) : QString(), view);
         return true;
     }
 
 private:
+    /// Pixels of a cell that are there for its text.
+    int width_for_text(int cell_width, const QModelIndex& index) const
+    {
+        return cell_width - (is_open_name(index, index.data(Qt::FontRole).value<QFont>()) ? grid_.name_end() : 0);
+    }
+
     void paint_text(QPainter& painter, const QRect& cell, const QModelIndex& index) const
     {
         const QString text = index.data(Qt::DisplayRole).toString();
         if (text.isEmpty())
             return;
         const QFont font = index.data(Qt::FontRole).value<QFont>();
-        const bool is_open_name = index.column() == column_number(GridColumn::item) && font.bold();
-        const QRect room = cell.adjusted(cell_margin, 0, -1 - (is_open_name ? grid_.name_end() : 0), 0);
+        const int width = width_for_text(cell.width(), index);
+        const QRect room = cell.adjusted(cell_margin, 0, width - cell.width() - 1, 0);
         painter.setPen(index.data(Qt::ForegroundRole).value<QColor>());
         const LaidOutText whole(text, font);
-        if (whole.width() <= std::min(room_in_cell(index, cell.width()), room.width())) {
+        if (whole.width() <= room_in_cell(index, width)) {
             whole.draw(painter, room);
             return;
         }
-        const FittedText& shown = fitted(index, text, font, cell.width());
+        const FittedText& shown = fitted(index, text, font, width);
         painter.setFont(shown.font);
         painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown.text);
     }

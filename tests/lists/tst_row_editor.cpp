@@ -37,6 +37,7 @@ private slots:
     void steppers_stand_one_above_the_other_data() { sizes_and_groups(); }
     void steppers_stand_one_above_the_other();
     void pencil_and_cross_stand_at_the_end_of_the_name();
+    void a_name_ends_before_pencil_and_cross_in_a_narrow_column();
     void boxes_open_with_the_text_of_their_cells();
     void texts_take_the_type_size_data();
     void texts_take_the_type_size();
@@ -206,6 +207,31 @@ void tst_row_editor::pencil_and_cross_stand_at_the_end_of_the_name()
     w().grid().set_col_width(GridColumn::item, 40);
     w().open_row(1);
     QVERIFY(!w().shown("frmEditDel"));
+}
+
+void tst_row_editor::a_name_ends_before_pencil_and_cross_in_a_narrow_column()
+{
+    w().row(QStringLiteral("Mmmmmmmmmmmmmmmm"));
+    w().open();
+    w().grid().set_col_width(GridColumn::item, 70);
+    w().open_row(0);
+    QVERIFY(w().shown("frmEditDel"));
+    const QRect cell = w().cell_in_form(GridColumn::item);
+    const QImage picture = w().form().grab().toImage();
+    const auto has_ink = [&](int x) {
+        const QColor ground = picture.pixelColor(x, cell.top() + 1);
+        for (int y = cell.top() + 2; y < cell.bottom() - 1; ++y)
+            if (qAbs(picture.pixelColor(x, y).lightness() - ground.lightness()) > 40)
+                return true;
+        return false;
+    };
+    const int frame = w().in_form("frmEditDel").left();
+    bool name_is_seen = false;
+    for (int x = cell.left() + 6; x < frame - 3; ++x)
+        name_is_seen = name_is_seen || has_ink(x);
+    QVERIFY(name_is_seen);
+    for (int x = frame - 3; x < frame; ++x)
+        QVERIFY2(!has_ink(x), qPrintable(QStringLiteral("%1 pixels before the frame").arg(frame - x)));
 }
 
 void tst_row_editor::boxes_open_with_the_text_of_their_cells()
