@@ -243,7 +243,7 @@ void RowBoxes::place_end_frame(int row)
     const QRect frame(desc->x() - gap - width, name.top(), width, name.height());
     const bool fits = host_.has_edit_buttons() && !desc->isHidden() && name.width() >= width + gap + least;
     show_at(*frmEditDel, fits ? frame : QRect());
-    grid_.set_name_end(!fits ? 0 : is_wide ? gap : gap + width); // a wide frame lets the name fade out
+    grid_.set_name_end(!fits ? 0 : is_wide ? gap : width + 2 * gap); // in a wide frame the name fades out
     const int picture = imgedit->sizeHint().width();
     imgedit->setGeometry(fade, 0, picture, frame.height());
     imgScratch->setGeometry(fade + picture + between, 0, picture, frame.height());

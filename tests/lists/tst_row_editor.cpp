@@ -217,7 +217,7 @@ void tst_row_editor::a_name_ends_before_pencil_and_cross_in_a_narrow_column()
     w().open_row(0);
     QVERIFY(w().shown("frmEditDel"));
     const QRect cell = w().cell_in_form(GridColumn::item);
-    const QImage picture = w().form().grab().toImage();
+    const QImage picture = w().grid().parentWidget()->grab().toImage();
     const auto has_ink = [&](int x) {
         const QColor ground = picture.pixelColor(x, cell.top() + 1);
         for (int y = cell.top() + 2; y < cell.bottom() - 1; ++y)
