@@ -31,13 +31,7 @@ int run(Application& application, Environment environment, InstanceLock& instanc
     frmmain main(environment);
     main.load();
     application.set_started(main);
-    const EndSignals end_signals([&main, &environment] {
-        // Behind an error nothing is saved any more.
-        if (main.shared.ending)
-            environment.end_program(EXIT_FAILURE);
-        else
-            main.close();
-    });
+    const EndSignals end_signals([&main] { main.end_for_system(); });
     return QApplication::exec();
 }
 

@@ -33,7 +33,7 @@ struct RescuedItem {
     ItemEdit edit;
 };
 
-/// What was typed and not stored when an error ended the program.
+/// What was typed and not stored when an error or the system ended the program.
 struct Rescue {
     Key recipe = -1;
     RecipeText before; ///< name and instructions of the recipe as they were stored

@@ -411,7 +411,7 @@ void LineEditor::end_edit()
         lf_validate(Qt::OtherFocusReason);
 }
 
-void LineEditor::close_quietly()
+void LineEditor::store_quietly()
 {
     if (!open_ || busy_)
         return;
@@ -419,13 +419,18 @@ void LineEditor::close_quietly()
         name_->drop_apostrophes();
     left_box(last_box_);
     if (draft_.edited.item.isEmpty()) {
-        if (draft_.is_new()) {
-            ingredients_->cancel();
+        if (draft_.is_new())
             return;
-        }
         name_->restore();
     }
     lf_finish();
+}
+
+void LineEditor::close_quietly()
+{
+    store_quietly();
+    if (open_ && !busy_ && draft_.is_new() && draft_.edited.item.isEmpty())
+        ingredients_->cancel();
 }
 
 bool LineEditor::may_close() const

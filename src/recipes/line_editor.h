@@ -62,8 +62,10 @@ public:
     /// usable name it stays, and asks soon.
     void leave();
 
-    /// Saves what can be saved and closes without a message: the page is about to change.
-    void close_quietly();
+    /// Saves what can be saved without a message and closes; stays open when a new line has no name.
+    void store_quietly();
+
+    void close_quietly(); ///< the same, and drops the line without a name: the page is about to change
 
     Ingredients& ingredients() { return *ingredients_; }
 

@@ -17,6 +17,7 @@
 #include "lists/lists.h"
 #include "lists/placing.h"
 #include "widgets/row_editor.h"
+#include "recipes/line_editor.h"
 #include "recipes/line_listener.h"
 #include "recipes/line_stock.h"
 #include "recipes/page_texts.h"
@@ -430,14 +431,27 @@ void frmmain::shut_down(const runtime_error& error)
 void frmmain::closeEvent(QCloseEvent* event)
 {
     stock_tree_->view().finish_label_edit();
-    unload();
+    recipe_page_->close_line_editor();
+    store_window();
     event->accept();
     environment_.end_program(EXIT_SUCCESS);
 }
 
-void frmmain::unload()
+void frmmain::end_for_system()
 {
-    recipe_page_->close_line_editor();
+    if (shared.ending) {
+        environment_.end_program(EXIT_FAILURE);
+        return;
+    }
+    stock_tree_->view().finish_label_edit();
+    recipe_page_->line_editor().store_quietly();
+    store_window();
+    begin_ending();
+    environment_.end_program(EXIT_SUCCESS);
+}
+
+void frmmain::store_window()
+{
     if (recipe_page_->texts().is_edited())
         recipe_page_->texts().edit_updt();
     const int state = isMinimized() ? 1 : isMaximized() ? 2 : 0;

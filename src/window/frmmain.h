@@ -96,8 +96,11 @@ public:
     /// `mnu_list_exit`: ends the program at once; nothing is saved.
     void exit_at_once();
 
-    /// Before the message of an error that ends the program: rescues what is typed; nothing is saved any more.
-    /// False when an error has come this far already.
+    /// When the system ends the program: stores what the close box stores and rescues the rest of what is typed.
+    void end_for_system();
+
+    /// At an end that no user has chosen: rescues what is typed and not stored; nothing is saved any more. False
+    /// when one has come this far already.
     bool begin_ending() noexcept;
 
     /// The message of an error that a procedure has trapped, then the end of the program with a failure; nothing is
@@ -125,7 +128,7 @@ private:
     void restore_panes();
     void appear();
     void write_size();
-    void unload();
+    void store_window();
     void refresh_after_resize();
 
     Environment environment_;

@@ -40,7 +40,7 @@ std::optional<RescuedItem> unsaved_item()
 void offer(Connection& connection, const QString& file, const Rescue& rescue)
 {
     const QString title = QStringLiteral("TarnWick");
-    const QString text = QStringLiteral("TarnWick was ended by an error before this was stored:\n\n%1\n\n"
+    const QString text = QStringLiteral("TarnWick was ended before this was stored:\n\n%1\n\n"
                                         "Put it back now?\n"
                                         "No keeps it in a file in the folder\n%2")
                              .arg(rescue_contents(rescue), QFileInfo(file).absolutePath());

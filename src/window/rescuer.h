@@ -8,8 +8,8 @@ class Connection;
 class ListPane;
 class RecipePage;
 
-/// Before the message of an error that ends the program: writes what is typed on page and list and not stored into
-/// a rescue file for the database.
+/// At an end that no user has chosen: writes what is typed on page and list and in the item editor and not stored
+/// into a rescue file for the database.
 void rescue_typed(const RecipePage& page, ListPane& list, const QString& database) noexcept;
 
 /// At a start, before anything of the database is shown: says what earlier runs have rescued, puts it back when the

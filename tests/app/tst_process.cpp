@@ -398,7 +398,7 @@ void tst_process::a_recipe_that_cannot_be_saved_is_rescued_and_put_back_at_the_n
     qputenv("PROBE_ANSWERS", "Yes");
     const QStringList next = lines_of(*start(Probe::closes));
     QCOMPARE(next.size(), 2);
-    QVERIFY2(next[0].startsWith(QStringLiteral("message TarnWick: TarnWick was ended by an error before this was "
+    QVERIFY2(next[0].startsWith(QStringLiteral("message TarnWick: TarnWick was ended before this was "
                                                "stored:||Recipe \"sSoup\": name and instructions||")),
              qPrintable(next[0]));
     QCOMPARE(recipe_name(), QStringLiteral("sSoup"));

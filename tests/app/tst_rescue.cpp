@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include <cerrno>
+#include <csignal>
 #include <memory>
 #include <sys/mount.h>
 
@@ -52,7 +53,7 @@ private:
 
 } // namespace
 
-/// What is typed in the real program when an error ends it: the next start puts it back.
+/// What is typed in the real program when an error or the system ends it: the next start puts it back.
 class tst_rescue : public QObject, private RealProgram {
     Q_OBJECT
 private slots:
@@ -62,6 +63,9 @@ private slots:
     void an_open_new_line_comes_back();
     void an_open_row_of_the_list_comes_back();
     void a_full_disk_leaves_the_text_in_the_state_folder();
+    void an_item_editor_open_at_a_log_out_comes_back();
+    void a_nameless_line_open_at_a_log_out_comes_back();
+    void a_nameless_line_open_at_the_close_box_is_dropped();
 
 private:
     void change(const char* sql) const
@@ -80,6 +84,10 @@ private:
 
     /// Checks that the process ends as a failure, with one message and `cause` on the standard error.
     static void expect_end(QProcess& process, const char* message, const char* cause);
+    /// Checks that the process ends at a log-out, without a word.
+    static void expect_log_out(QProcess& process);
+    /// A process on the page of "Soup" with a quantity on a new line that has no name yet.
+    std::unique_ptr<QProcess> start_with_nameless_line() const;
     /// Starts again, says Yes to the one question and checks what it names.
     void put_back(const char* contents) const;
 };
@@ -124,12 +132,32 @@ void tst_rescue::expect_end(QProcess& process, const char* message, const char* 
     QVERIFY(process.exitCode() != 0);
 }
 
+void tst_rescue::expect_log_out(QProcess& process)
+{
+    QCOMPARE(::kill(static_cast<pid_t>(process.processId()), SIGTERM), 0);
+    QCOMPARE(lines_of(process), QStringList());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 0);
+}
+
+std::unique_ptr<QProcess> tst_rescue::start_with_nameless_line() const
+{
+    fill_household();
+    set_view("0");
+    auto process = start_listening();
+    if (!process)
+        return nullptr;
+    tell(*process, "do mnu_recipe_add_ingred");
+    tell(*process, "type ing_flt_txtQty 2");
+    return wait_for(*process, "line 2") ? std::move(process) : nullptr;
+}
+
 void tst_rescue::put_back(const char* contents) const
 {
     qputenv("PROBE_ANSWERS", "Yes");
     const QStringList lines = lines_of(*start(Probe::closes));
     QCOMPARE(lines.size(), 2);
-    QVERIFY2(lines[0].startsWith(QStringLiteral("message TarnWick: TarnWick was ended by an error before this was "
+    QVERIFY2(lines[0].startsWith(QStringLiteral("message TarnWick: TarnWick was ended before this was "
                                                 "stored:||")
                                  + QLatin1String(contents) + QLatin1String("||")),
              qPrintable(lines[0]));
@@ -207,6 +235,54 @@ void tst_rescue::a_full_disk_leaves_the_text_in_the_state_folder()
         return;
     QCOMPARE(text("SELECT r_name FROM recipe_1"), QStringLiteral("sSoup"));
     QVERIFY(QDir(state()).entryList({QStringLiteral("*.json")}, QDir::Files).isEmpty());
+}
+
+void tst_rescue::an_item_editor_open_at_a_log_out_comes_back()
+{
+    fill_household();
+    set_view("0");
+    const auto process = start_listening();
+    QVERIFY(process);
+    tell(*process, "type title s");
+    QVERIFY(wait_for(*process, "line sSoup"));
+    tell(*process, "open mnu_edit_add_stck");
+    QTRY_VERIFY(!ask(*process, "where txt_item").isNull());
+    tell(*process, "type txt_item Soap");
+    QVERIFY(wait_for(*process, "line Soap"));
+    expect_log_out(*process);
+    if (QTest::currentTestFailed())
+        return;
+    QCOMPARE(text("SELECT r_name FROM recipe_1"), QStringLiteral("sSoup"));
+    QCOMPARE(text("SELECT group_concat(item) FROM items_1"), QStringLiteral("Milk"));
+    put_back("Stock item \"Soap\"");
+    if (QTest::currentTestFailed())
+        return;
+    QCOMPARE(text("SELECT group_concat(item) FROM items_1"), QStringLiteral("Milk,Soap"));
+}
+
+void tst_rescue::a_nameless_line_open_at_a_log_out_comes_back()
+{
+    const auto process = start_with_nameless_line();
+    QVERIFY(process);
+    expect_log_out(*process);
+    if (QTest::currentTestFailed())
+        return;
+    QCOMPARE(text("SELECT count(*) FROM recipe_2"), QStringLiteral("0"));
+    put_back("Recipe \"Soup\": ingredient \"2 \"");
+    if (QTest::currentTestFailed())
+        return;
+    QCOMPARE(text("SELECT r_ref || '/' || qty FROM recipe_2"), QStringLiteral("1/2"));
+}
+
+void tst_rescue::a_nameless_line_open_at_the_close_box_is_dropped()
+{
+    const auto process = start_with_nameless_line();
+    QVERIFY(process);
+    tell(*process, "close");
+    QCOMPARE(lines_of(*process), QStringList());
+    QCOMPARE(process->exitCode(), 0);
+    QCOMPARE(text("SELECT count(*) FROM recipe_2"), QStringLiteral("0"));
+    QVERIFY(rescue_files(database()).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_rescue)

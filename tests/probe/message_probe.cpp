@@ -6,6 +6,7 @@
 //   close             closes the main window
 //   ready             is printed back
 //   do ACTION         triggers an enabled action by its object name
+//   open ACTION       the same from the event loop, which then goes on under the dialog that the action opens
 //   type NAME TEXT    types into a visible line of text and prints what it then holds
 //   under NAME        the windows that come up from now on come with this button under the pointer; with the one
 //   that
@@ -302,7 +303,8 @@ private:
         }
         const QString verb = command.section(u' ', 0, 0);
         const QString name = command.section(u' ', 1, 1);
-        auto* action = verb == QLatin1String("do") ? window.findChild<QAction*>(name) : nullptr;
+        const bool opens = verb == QLatin1String("open");
+        auto* action = opens || verb == QLatin1String("do") ? window.findChild<QAction*>(name) : nullptr;
         auto* line = verb == QLatin1String("type") ? window.findChild<QLineEdit*>(name) : nullptr;
         if (command == QLatin1String("close")) {
             window.close();
@@ -310,6 +312,8 @@ private:
             under_ = name;
         } else if (command == QLatin1String("ready")) {
             print(command);
+        } else if (action && action->isEnabled() && opens) {
+            QTimer::singleShot(0, action, &QAction::trigger);
         } else if (action && action->isEnabled()) {
             action->trigger();
         } else if (line && line->isVisible()) {
