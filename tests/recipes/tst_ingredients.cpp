@@ -41,6 +41,7 @@ private slots:
     void a_new_line_opens_empty_with_red_placeholders();
     void a_new_line_is_written_with_blanks_for_what_is_not_given();
     void a_new_line_takes_the_next_place();
+    void a_new_line_keeps_the_simple_height_until_the_next_load();
     void ctrl_i_adds_an_ingredient_from_anywhere_on_the_page();
     void ctrl_i_does_nothing_on_the_list_pane();
     void adding_again_finishes_the_line_under_work();
@@ -129,6 +130,28 @@ void tst_ingredients::a_new_line_is_written_with_blanks_for_what_is_not_given()
     QCOMPARE(w.tag(QStringLiteral("lite(0)")), w.text("SELECT key_id FROM recipe_2"));
     QCOMPARE(w.tag(QStringLiteral("Check1(0)")), QStringLiteral("-1"));
     QCOMPARE(w.tag(QStringLiteral("ingred(0)")), QStringLiteral("8^1^Rock salt"));
+}
+
+void tst_ingredients::a_new_line_keeps_the_simple_height_until_the_next_load()
+{
+    LineWindow w;
+    w.add_line(w.recipe, QStringLiteral("Salt"));
+    w.set_pref(QStringLiteral("font"), QStringLiteral("10"));
+    w.open();
+    const int body = w.Text1().y();
+    w.trigger(QStringLiteral("mnu_recipe_add_ingred"));
+    w.tab(w.qty());
+    w.tab(w.measure());
+    w.type(w.item(), QStringLiteral("Thyme"));
+    w.tab(w.item());
+    w.tab(w.desc());
+    QWidget& line = w.control(QStringLiteral("ingred(1)"));
+    QVERIFY(line.isVisible());
+    QCOMPARE(line.height(), std::max(16, line.fontMetrics().height()));
+    QCOMPARE(w.Text1().y(), body + 20);
+    QCOMPARE(w.tag(QStringLiteral("lite(1)")), w.text("SELECT key_id FROM recipe_2 WHERE item = 'Thyme'"));
+    w.page().set_recipe(w.recipe);
+    QCOMPARE(line.height(), 20);
 }
 
 void tst_ingredients::a_new_line_takes_the_next_place()

@@ -100,8 +100,6 @@ private slots:
     void type_size_places_the_lines_anew();
     void text_is_readable_on_every_page_colour();
     void an_unknown_colour_leaves_the_page_readable();
-    void a_new_line_keeps_the_simple_height_until_the_next_load();
-    void dropping_the_last_line_restores_the_body();
 };
 
 void tst_recipe_check::check_pictures_follow_the_status_data()
@@ -457,42 +455,6 @@ void tst_recipe_check::an_unknown_colour_leaves_the_page_readable()
     QVERIFY(colors.color(QPalette::Window).lightness() > 200);
     QCOMPARE(colors.color(QPalette::WindowText), QColor(Qt::black));
     QCOMPARE(picture_of(*window.page().lines()[0].lite), picture_base::light_off + 3);
-}
-
-void tst_recipe_check::a_new_line_keeps_the_simple_height_until_the_next_load()
-{
-    CheckWindow window;
-    window.set_pref(QStringLiteral("font"), QStringLiteral("10"));
-    window.load();
-    const int body = window.Text1().y();
-    QCOMPARE(window.page().next_index(), 2);
-    const Key key = window.add_line(window.recipe, QStringLiteral("Thyme"));
-    QCOMPARE(window.page().new_line(key, -1, QStringLiteral("Thyme"), QStringLiteral("Thyme")), 2);
-    QWidget& line = window.control(QStringLiteral("ingred(2)"));
-    QVERIFY(line.isVisible());
-    QCOMPARE(line.y(), 80);
-    QCOMPARE(line.height(), std::max(16, line.fontMetrics().height()));
-    QCOMPARE(window.Text1().y(), body + 20);
-    QCOMPARE(window.page().state.cur_line, 2);
-    QCOMPARE(window.tag(QStringLiteral("lite(2)")), QString::number(key));
-    window.page().set_recipe(window.recipe);
-    QCOMPARE(line.height(), 20);
-}
-
-void tst_recipe_check::dropping_the_last_line_restores_the_body()
-{
-    CheckWindow window;
-    window.load();
-    const int body = window.Text1().y();
-    window.page().new_line(99, -1, QStringLiteral("Thyme"), QStringLiteral("Thyme"));
-    window.page().drop_last_line();
-    QCOMPARE(window.Text1().y(), body);
-    QVERIFY(!window.control(QStringLiteral("ingred(2)")).isVisible());
-    window.page().drop_last_line();
-    window.page().drop_last_line();
-    QCOMPARE(window.page().next_index(), 0);
-    QVERIFY(!window.control(QStringLiteral("ingred(0)")).isVisible());
-    QCOMPARE(window.tag(QStringLiteral("lite(0)")), QStringLiteral("-1"));
 }
 
 QTEST_MAIN(tst_recipe_check)

@@ -78,7 +78,7 @@ private slots:
     void a_button_that_shows_the_keyboard_stands_out();
     void f6_and_escape_go_back_from_the_toolbar_data();
     void f6_and_escape_go_back_from_the_toolbar();
-    void a_button_that_its_press_made_grey_gives_the_keyboard_back();
+    void a_button_that_turns_grey_gives_the_keyboard_to_the_grid();
     void a_click_on_a_button_leaves_the_keyboard_in_the_box_that_is_typed_in();
     void f10_from_a_label_that_is_typed_goes_back_to_the_tree();
     void f8_goes_to_the_separator_and_arrows_move_it();
@@ -360,16 +360,26 @@ void tst_keyboard_round::f6_and_escape_go_back_from_the_toolbar()
     }
 }
 
-void tst_keyboard_round::a_button_that_its_press_made_grey_gives_the_keyboard_back()
+void tst_keyboard_round::a_button_that_turns_grey_gives_the_keyboard_to_the_grid()
 {
     Window w;
     w.open_on(true);
     w.main().resize(1200, 600);
     w.key(Qt::Key_F10);
-    QWidget& button = w.main().toolbar().button(ToolButton::new_list);
-    QVERIFY(button.hasFocus());
-    button.setEnabled(false);
-    QTRY_COMPARE(w.keyboard(), QStringLiteral("TreeView1(0)"));
+    while (w.keyboard() != tool_button(ToolButton::print)) {
+        const QString before = w.keyboard();
+        w.key(Qt::Key_Right);
+        QVERIFY(w.keyboard() != before);
+    }
+    MessageScript script;
+    script.expect(QStringLiteral("Warning"),
+                  QStringLiteral("The Home list has 2 items on it\nAre you sure you want to delete it?"),
+                  Answer::yes);
+    w.trigger(QStringLiteral("mnu_list_del"));
+    QVERIFY(!w.main().toolbar().button(ToolButton::print).isEnabled());
+    w.main().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&w.main()));
+    QTRY_COMPARE(w.keyboard(), QStringLiteral("Listview1"));
 }
 
 void tst_keyboard_round::a_click_on_a_button_leaves_the_keyboard_in_the_box_that_is_typed_in()
