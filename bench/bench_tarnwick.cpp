@@ -49,6 +49,8 @@ int main(int argc, char** argv)
 {
     if (argc == 2 && std::strcmp(argv[1], "--bare") == 0)
         return show_bare_window(argc, argv);
+    if (argc == 2 && std::strcmp(argv[1], "--plain") == 0)
+        return show_plain_controls(argc, argv);
     if (argc == 3 && std::strcmp(argv[1], "--program") == 0)
         return show_program(argc, argv, QString::fromLocal8Bit(argv[2]));
     Application application(argc, argv);

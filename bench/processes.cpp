@@ -9,8 +9,16 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLabel>
 #include <QMainWindow>
+#include <QMenuBar>
 #include <QProcess>
+#include <QSplitter>
+#include <QStandardItemModel>
+#include <QStatusBar>
+#include <QTableView>
+#include <QToolBar>
+#include <QTreeWidget>
 
 #include <cstdio>
 #include <cstdlib>
@@ -109,11 +117,11 @@ struct Ratios {
     double memory = 0;
 };
 
-/// Bare window and program take turns.
-Ratios against_bare_window(const Catalogue& catalogue)
+/// A child with such arguments and the program take turns.
+Ratios against(const QString& other, const Catalogue& catalogue)
 {
     constexpr int runs = 21;
-    const QStringList bare = {QStringLiteral("--bare")};
+    const QStringList bare = {other};
     const QStringList program = {QStringLiteral("--program"), catalogue.folder()};
     run_child(bare);
     run_child(program);
@@ -130,7 +138,67 @@ Ratios against_bare_window(const Catalogue& catalogue)
     return {median(start), median(processor), median(memory)};
 }
 
+QTreeWidget* make_plain_tree()
+{
+    constexpr int folders = 20;
+    constexpr int items = 25;
+    constexpr int open = 4;
+    auto* tree = new QTreeWidget;
+    tree->setHeaderHidden(true);
+    tree->setUniformRowHeights(true);
+    for (int i = 0; i < folders; ++i) {
+        auto* folder = new QTreeWidgetItem({QStringLiteral("Category %1").arg(i)});
+        for (int k = 0; k < items; ++k)
+            folder->addChild(new QTreeWidgetItem({QStringLiteral("Item %1 of the house").arg(i * items + k)}));
+        tree->addTopLevelItem(folder);
+        folder->setExpanded(i < open);
+    }
+    return tree;
+}
+
+QTableView* make_plain_table()
+{
+    constexpr int rows = 60;
+    constexpr int columns = 8;
+    auto* model = new QStandardItemModel(rows, columns);
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column)
+            model->setItem(row, column, new QStandardItem(QStringLiteral("Cell %1 %2").arg(row).arg(column)));
+    auto* table = new QTableView;
+    table->setModel(model);
+    return table;
+}
+
 } // namespace
+
+int show_plain_controls(int argc, char** argv)
+{
+    constexpr int menus = 6;
+    constexpr int commands = 8;
+    constexpr int buttons = 9;
+    constexpr int panels = 5;
+    Application application(argc, argv);
+    QMainWindow window;
+    for (int i = 0; i < menus; ++i) {
+        QMenu* menu = window.menuBar()->addMenu(QStringLiteral("Menu %1").arg(i));
+        for (int k = 0; k < commands; ++k)
+            menu->addAction(QStringLiteral("Command %1").arg(k));
+    }
+    QToolBar* bar = window.addToolBar(QStringLiteral("Commands"));
+    for (int i = 0; i < buttons; ++i)
+        bar->addAction(QStringLiteral("Button %1").arg(i));
+    for (int i = 0; i < panels; ++i)
+        window.statusBar()->addWidget(new QLabel(QStringLiteral("Text %1").arg(i)));
+    auto* panes = new QSplitter;
+    panes->addWidget(make_plain_tree());
+    panes->addWidget(make_plain_table());
+    window.setCentralWidget(panes);
+    PaintWatch watch(window);
+    window.resize(1000, 700);
+    window.show();
+    watch.wait();
+    report_and_end();
+}
 
 int show_bare_window(int argc, char** argv)
 {
@@ -161,13 +229,16 @@ void measure_processes()
 {
     const Catalogue usual({500, 20, 5, 60});
     const Catalogue large({9999, 200, 5, 60});
-    const Ratios at_500 = against_bare_window(usual);
-    const Ratios at_9999 = against_bare_window(large);
+    const Ratios at_500 = against(QStringLiteral("--bare"), usual);
+    const Ratios at_9999 = against(QStringLiteral("--bare"), large);
+    const Ratios to_controls = against(QStringLiteral("--plain"), usual);
     constexpr double bound_at_500 = 2;
     constexpr double bound_at_9999 = 3;
     print_ratio("start to first paint, 500 items in 20 categories, 5 lists : bare window", at_500.start,
                 bound_at_500);
     print_ratio("processor time of the same", at_500.processor, bound_at_500);
+    print_ratio("start to first paint, 500 items : plain controls of these kinds, no data", to_controls.start,
+                1.2);
     print_ratio("start to first paint, 9,999 items in 200 categories : bare window", at_9999.start, bound_at_9999);
     print_ratio("processor time of the same", at_9999.processor, bound_at_9999);
     print_ratio("peak memory with 9,999 items : bare window", at_9999.memory, 3);
