@@ -237,8 +237,7 @@ void measure_processes()
     print_ratio("start to first paint, 500 items in 20 categories, 5 lists : bare window", at_500.start,
                 bound_at_500);
     print_ratio("processor time of the same", at_500.processor, bound_at_500);
-    print_ratio("start to first paint, 500 items : plain controls of these kinds, no data", to_controls.start,
-                1.2);
+    print_ratio("start to first paint, 500 items : plain controls of these kinds, no data", to_controls.start, 1.2);
     print_ratio("start to first paint, 9,999 items in 200 categories : bare window", at_9999.start, bound_at_9999);
     print_ratio("processor time of the same", at_9999.processor, bound_at_9999);
     print_ratio("peak memory with 9,999 items : bare window", at_9999.memory, 3);
