@@ -1,8 +1,12 @@
 #include "household/recipe_store.h"
 
+#include "data/collation.h"
 #include "data/keys.h"
 #include "data/query.h"
 #include "household/treatment.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 
@@ -41,10 +45,26 @@ QString with_crlf(const QString& text)
 
 std::vector<RecipeRow> read_recipes(Connection& connection)
 {
-    std::vector<RecipeRow> rows;
-    Query query(connection, "SELECT r.r_name, r.key_id, r.cat FROM recipe_1 r WHERE r.key_id > 0 ORDER BY r_name");
+    struct Named {
+        NameKey name;
+        RecipeRow row;
+    };
+    std::vector<Named> found;
+    Query query(connection,
+                "SELECT r.r_name, r.key_id, r.cat FROM recipe_1 r WHERE r.key_id > 0 ORDER BY r.key_id");
     while (query.next())
-        rows.push_back({query.key(1), trim(query.text(0)), trim(query.text(2))});
+        found.push_back({NameKey(query.text(0)), {query.key(1), {}, trim(query.text(2))}});
+    std::vector<Named*> order;
+    order.reserve(found.size());
+    for (Named& recipe : found)
+        order.push_back(&recipe);
+    std::stable_sort(order.begin(), order.end(), [](const Named* a, const Named* b) { return a->name < b->name; });
+    std::vector<RecipeRow> rows;
+    rows.reserve(order.size());
+    for (Named* recipe : order) {
+        recipe->row.name = trim(recipe->name.name());
+        rows.push_back(std::move(recipe->row));
+    }
     return rows;
 }
 

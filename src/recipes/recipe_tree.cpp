@@ -39,10 +39,14 @@ QString category_key(const QString& category)
 /// Place of a stored category in the fixed order; an unknown one counts with the last, the others.
 size_t category_index(const QString& category)
 {
-    const int count = static_cast<int>(recipe_categories().size());
-    const int number = category.toInt();
-    const bool known = number >= 1 && number <= count && recipe_category(number - 1) == category;
-    return static_cast<size_t>(known ? number - 1 : count - 1);
+    static const QStringList stored = [] {
+        QStringList all;
+        for (int i = 0; i < recipe_categories().size(); ++i)
+            all.append(recipe_category(i));
+        return all;
+    }();
+    const auto known = stored.indexOf(category);
+    return static_cast<size_t>(known >= 0 ? known : stored.size() - 1);
 }
 
 } // namespace
