@@ -1,7 +1,6 @@
 #pragma once
 
 #include "data/text.h"
-#include "household/report_options.h"
 
 #include <QColor>
 #include <QString>
@@ -28,7 +27,6 @@ struct SharedValues {
     bool all_lists_view = false; ///< the grid shows all lists together
     Key cur_recipe = 0; ///< recipe on the page; 0 none chosen yet, -1 none
     QString cur_recipe_name;
-    ReportOptions reports;
 
     std::optional<QColor> page_color() const { return page_color_of(color_index); }
 };

@@ -308,23 +308,9 @@ void frmmain::read_views()
     shared.stock_view = is_one("tv_view");
 }
 
-ReportOptions frmmain::read_report_options()
-{
-    const auto number = [this](const char* key, const char* standard) {
-        return to_int16(settings_.read(QLatin1String(settings_app::main), QStringLiteral("reports"),
-                                       QLatin1String(key), QLatin1String(standard)));
-    };
-    ReportOptions options;
-    options.sort = report_sort_of(number("sort", "1"));
-    options.col_ct = number("col_ct", "2");
-    options.active = number("active", "1");
-    options.size = number("size", "0");
-    return options;
-}
-
 void frmmain::restore_window()
 {
-    shared.reports = read_report_options();
+    output_->read_reports();
     layout_->set_separator(pixels_of(settings_.pref(QStringLiteral("seprtr"), twips_text(default_separator_px))));
     const int height = pixels_of(settings_.pref(QStringLiteral("fheight"), twips_text(default_height_px)));
     const int width = pixels_of(settings_.pref(QStringLiteral("fwidth"), twips_text(default_width_px)));

@@ -121,7 +121,6 @@ private:
     void make_panes();
     void connect_household();
     void read_page_color();
-    ReportOptions read_report_options();
     void read_views();
     void load_trees();
     void restore_window();

@@ -1,5 +1,7 @@
 #include "window/output_commands.h"
 
+#include "data/settings.h"
+#include "data/text.h"
 #include "output/pic_frm.h"
 #include "output/printing.h"
 #include "output/sending.h"
@@ -23,6 +25,18 @@ OutputCommands::OutputCommands(Program& program, const Panes& panes)
     : program_(program)
     , panes_(panes)
 {
+}
+
+void OutputCommands::read_reports()
+{
+    const auto number = [this](const char* key, const char* standard) {
+        return to_int16(program_.settings.read(QLatin1String(settings_app::main), QStringLiteral("reports"),
+                                               QLatin1String(key), QLatin1String(standard)));
+    };
+    reports_.sort = report_sort_of(number("sort", "1"));
+    reports_.col_ct = number("col_ct", "2");
+    reports_.active = number("active", "1");
+    reports_.size = number("size", "0");
 }
 
 /// The recipe on the page. A start on the list leaves the page unread: then the one it would show. Tells the user
@@ -60,7 +74,7 @@ void OutputCommands::put_out_list(QWidget& owner, bool preview)
         return;
     const SharedValues& shared = program_.shared;
     Key page = 1;
-    print_list_pages({program_.connection, shared.current_list, shared.reports, shared.type_size, program_.today(),
+    print_list_pages({program_.connection, shared.current_list, reports_, shared.type_size, program_.today(),
                       paper_of(program_.environment)},
                      owner, page, preview);
 }
@@ -104,7 +118,7 @@ void OutputCommands::send_to_email(bool is_recipe)
 
 void OutputCommands::show_print_setup()
 {
-    pic_frm setup(program_.shared.reports, program_.settings, program_.shared.type_size, &program_.window);
+    pic_frm setup(reports_, program_.settings, program_.shared.type_size, &program_.window);
     connect(&setup, &pic_frm::print_wanted, &setup, [&](bool preview) { put_out_list(setup, preview); });
     setup.exec();
 }

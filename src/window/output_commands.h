@@ -1,6 +1,7 @@
 #pragma once
 
 #include "household/recipe_sheet.h"
+#include "household/report_options.h"
 
 #include <QObject>
 
@@ -18,6 +19,9 @@ class OutputCommands : public QObject {
     Q_OBJECT
 public:
     OutputCommands(Program& program, const Panes& panes);
+
+    void read_reports(); ///< the options of printing, from the settings
+    ReportOptions& reports() { return reports_; } ///< as `pic_frm` leaves them
 
     void print_list(); ///< the list in use
     void print_recipe();
@@ -40,6 +44,7 @@ private:
 
     Program& program_;
     const Panes& panes_;
+    ReportOptions reports_;
 };
 
 } // namespace tarnwick

@@ -11,6 +11,7 @@
 #include "support/file_bytes.h"
 #include "support/menu_hands.h"
 #include "support/test_window.h"
+#include "window/output_commands.h"
 #include "support/error_number.h"
 #include "support/tool_button.h"
 
@@ -207,7 +208,7 @@ void tst_start::values_of_the_other_applications_do_not_come_back()
     frmmain& main = window.load();
     QCOMPARE(main.shared.current_list, first);
     QVERIFY(!main.shared.all_lists_view);
-    QCOMPARE(main.shared.reports.col_ct, Key{2});
+    QCOMPARE(main.output().reports().col_ct, Key{2});
 }
 
 void tst_start::the_column_switches_come_back_as_they_stood_under_the_main_name()

@@ -6,6 +6,7 @@
 #include "output/printing.h"
 #include "window/view_state.h"
 #include "support/tool_button.h"
+#include "window/output_commands.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -41,9 +42,12 @@ QString refusal()
 PrintSource source_of(TestWindow& w)
 {
     frmmain& main = w.main();
-    return {main.connection(),   main.shared.current_list,
-            main.shared.reports, main.shared.type_size,
-            main.today(),        {main.environment().printer, main.environment().documents_folder}};
+    return {main.connection(),
+            main.shared.current_list,
+            main.output().reports(),
+            main.shared.type_size,
+            main.today(),
+            {main.environment().printer, main.environment().documents_folder}};
 }
 
 /// Types a path into the file dialog and saves.

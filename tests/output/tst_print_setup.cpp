@@ -1,6 +1,7 @@
 #include "output/pic_frm.h"
 #include "support/message_script.h"
 #include "support/test_window.h"
+#include "window/output_commands.h"
 #include "window/commands.h"
 #include "support/tool_button.h"
 
@@ -251,13 +252,13 @@ void tst_print_setup::a_change_lasts_until_the_program_ends()
     };
     script.drive(change);
     first.commands().run(QStringLiteral("mnu_list_prntsetup"));
-    QCOMPARE(first.shared.reports.sort, ReportSort::by_aisle);
+    QCOMPARE(first.output().reports().sort, ReportSort::by_aisle);
     script.drive([](QDialog& dialog) {
         QVERIFY(dialog.findChild<QRadioButton*>(QStringLiteral("Option2(2)"))->isChecked());
         dialog.reject();
     });
     first.commands().run(QStringLiteral("mnu_list_prntsetup"));
-    QCOMPARE(window_->load().shared.reports.sort, ReportSort::by_category);
+    QCOMPARE(window_->load().output().reports().sort, ReportSort::by_category);
 }
 
 void tst_print_setup::the_sample_follows_columns_and_order_data()

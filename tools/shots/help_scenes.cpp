@@ -11,6 +11,7 @@
 #include "widgets/tree_view.h"
 #include "window/frmmain.h"
 #include "window/layout.h"
+#include "window/output_commands.h"
 
 #include <QDialog>
 #include <QFrame>
@@ -82,7 +83,7 @@ void recipe(Studio& studio)
 void preview(Studio& studio)
 {
     studio.start(look(true), window_size);
-    studio.main().shared.reports = {ReportSort::by_category, 2, 0, 1};
+    studio.main().output().reports() = {ReportSort::by_category, 2, 0, 1};
     studio.with_dialog(
         [&] {
             studio.click(studio.visible_child(QStringLiteral("Toolbar1(11)")), {10, 20});

@@ -5,6 +5,7 @@
 #include "recipes/page_text.h"
 #include "recipes/recipe_page.h"
 #include "window/frmmain.h"
+#include "window/output_commands.h"
 
 #include <QDialog>
 
@@ -76,7 +77,7 @@ void recipe_preview_shots(Studio& studio, const QString& name)
 void list_pages(Studio& studio)
 {
     studio.start(all_lists());
-    ReportOptions& options = studio.main().shared.reports;
+    ReportOptions& options = studio.main().output().reports();
     for (Key columns = 1; columns <= 2; ++columns)
         for (Key sort = 0; sort <= 2; ++sort)
             for (Key size = 0; size <= 2; ++size) {
