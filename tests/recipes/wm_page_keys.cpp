@@ -197,8 +197,8 @@ void wm_page_keys::a_long_body_scrolls_by_rows_and_views()
     for (int i = 0; i < 50; ++i) {
         const int before = page_top(*process);
         press("Down");
-        QTest::qWaitFor([&] { return page_top(*process) != before; }, 300);
-        const int by = before - page_top(*process);
+        const bool scrolled = QTest::qWaitFor([&] { return page_top(*process) != before; }, 300);
+        const int by = scrolled ? before - page_top(*process) : 0; // the caret may find the next row in sight
         highest = std::max(highest, by);
         moved += by > 0 ? 1 : 0;
     }
