@@ -2,6 +2,7 @@
 
 #include "data/connection.h"
 
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -58,8 +59,12 @@ void EarlyReading::read()
     found_.set_value(reading ? std::optional(reading->state) : std::nullopt);
     if (!reading)
         return;
-    items_ = in_name_order(reading->items);
-    items_are_read_ = true;
+    try {
+        items_ = in_name_order(reading->items);
+        items_are_read_ = true;
+    } catch (const std::bad_alloc&) {
+        // Whoever opens the file reads them.
+    }
 }
 
 std::optional<FileState> EarlyReading::sound_state()

@@ -1,12 +1,9 @@
 #include "household/recipe_store.h"
 
-#include "data/collation.h"
 #include "data/keys.h"
+#include "data/name_order.h"
 #include "data/query.h"
 #include "household/treatment.h"
-
-#include <algorithm>
-#include <utility>
 
 namespace tarnwick {
 
@@ -47,24 +44,18 @@ std::vector<RecipeRow> read_recipes(Connection& connection)
 {
     struct Named {
         NameKey name;
-        RecipeRow row;
+        Key key;
+        QString cat;
     };
     std::vector<Named> found;
     Query query(connection,
                 "SELECT r.r_name, r.key_id, r.cat FROM recipe_1 r WHERE r.key_id > 0 ORDER BY r.key_id");
     while (query.next())
-        found.push_back({NameKey(query.text(0)), {query.key(1), {}, trim(query.text(2))}});
-    std::vector<Named*> order;
-    order.reserve(found.size());
-    for (Named& recipe : found)
-        order.push_back(&recipe);
-    std::stable_sort(order.begin(), order.end(), [](const Named* a, const Named* b) { return a->name < b->name; });
+        found.push_back({NameKey(query.text(0)), query.key(1), trim(query.text(2))});
     std::vector<RecipeRow> rows;
-    rows.reserve(order.size());
-    for (Named* recipe : order) {
-        recipe->row.name = trim(recipe->name.name());
-        rows.push_back(std::move(recipe->row));
-    }
+    rows.reserve(found.size());
+    for (const Named* recipe : in_order_of_names(found))
+        rows.push_back({recipe->key, trim(recipe->name.name()), recipe->cat});
     return rows;
 }
 

@@ -1,10 +1,8 @@
 #include "household/stock_store.h"
 
-#include "data/collation.h"
+#include "data/name_order.h"
 #include "data/query.h"
 #include "household/treatment.h"
-
-#include <algorithm>
 
 namespace tarnwick {
 
@@ -44,16 +42,9 @@ std::vector<NamedItem> read_named_items(Connection& connection)
 
 std::vector<CatalogueItem> in_name_order(const std::vector<NamedItem>& items)
 {
-    // Sorted here, where a name is looked at once: the order of a query would compare texts over and over.
-    std::vector<const NamedItem*> order;
-    order.reserve(items.size());
-    for (const NamedItem& item : items)
-        order.push_back(&item);
-    std::stable_sort(order.begin(), order.end(),
-                     [](const NamedItem* a, const NamedItem* b) { return a->name < b->name; });
     std::vector<CatalogueItem> sorted;
     sorted.reserve(items.size());
-    for (const NamedItem* item : order)
+    for (const NamedItem* item : in_order_of_names(items))
         sorted.push_back({item->key, trim(item->name.name()), item->category, item->status});
     return sorted;
 }
